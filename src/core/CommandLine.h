@@ -1,0 +1,14 @@
+// Reads the command line with which the control program starts this one: the name of the per-vehicle database, then
+// switches that are found anywhere in the line, as substrings, whatever their case.
+#pragma once
+
+#include "core/ProgramState.h"
+
+#include <string_view>
+
+namespace trekor {
+
+// False when the line is blank: the caller shows the message and ends the program.
+bool ReadCommandLine(std::string_view line, CommandLineFlags& flags, RunFlags& run);
+
+} // namespace trekor

@@ -1,0 +1,141 @@
+// The shared state of the program: plain fields, written where a decision is made and read where it is needed. One thread,
+// no locks, no caching. It is cut into small records, so that a procedure takes no more than it needs.
+//
+// Beware of pumps: a socket message can run in the middle of another operation, so FromLink must be read afresh at each test.
+#pragma once
+
+#include "platform/Clock.h"
+#include "values/Station.h"
+#include "values/UnitSettings.h"
+#include "values/UnitValues.h"
+
+#include <cstdint>
+#include <string>
+
+namespace trekor {
+
+// Paths of drive letters and backslashes, filled once at the start.
+struct FolderPaths {
+  std::string AppPath, ParentPath, RootFolder, VdbFolder, MdbFolder, SharedMdbFolder;
+  std::string GraphicsPath, VideoPath; // these and the Audio ones end with "\"
+  std::string AudioLanguagePath, AudioTonesPath, AudioSystemPath, AudioEnglishPath;
+  bool HardwareCreated = false; // the program's own database was missing at the start
+  std::string ComputerName, AppVersion, ProgramName;
+  float WinVersion = 0; // compared with 2006 only
+};
+
+struct CommandLineFlags {
+  std::string HardwareName; // first word: the per-vehicle database
+  std::string CmdDrive;     // one letter kept out of the backup drives
+  float CmdBValue = 0;
+  bool CmdKlv7 = false, CmdR = false, CmdX = false, FormEditOff = false;
+  std::string Language = "English", CapColumn = "CapEnglish", TipColumn = "TipEnglish", HelpColumn = "HelpEnglish";
+};
+
+enum class RunStates : int { Idle = 0, Running = 1, Paused = 2 };
+
+struct RunFlags {
+  int RunState = 0;      // 0 idle, 1 running, 2 paused; written by the run alone
+  bool FromLink = false; // an incoming message is being carried out
+  bool DmiReceived = false; // set by the first "DMI", ends the simulation
+  bool Simulator = false;
+  int UserLevel = 0; // -1, 0, 1 or 9
+  bool DataFileOpen = false;
+};
+
+// Kilometres inside.
+struct Positions {
+  explicit Positions(const UnitSettings& units);
+  Station PreviousStation, KeyStation, NextStation, StepSize, StationMaximum, StationMinimum;
+  Velocity SpeedValue; // created at the start, read by nothing
+  Station DmiStation;
+  bool DmiIncreasing = false;
+  int DmiSetValue = 0;   // the first word of SET DMI, sent back as it came
+  double DmiAtStart = 0; // DmiStation when the run was started
+  double NextStepKm = 0, StepKm = 0;
+};
+
+// The last "GPS" message.
+struct GpsFix {
+  double GpsTime = 0, GpsLatitude = 0, GpsLongitude = 0;
+  float GpsHeight = 0;
+  int GpsStatus = 0, GpsSVs = 0;
+  float GpsField8 = 0;
+  int GpsField9 = 0, GpsField10 = 0;
+  bool GpsSeen = false, GpsFresh = false;
+};
+
+struct People {
+  std::string OperatorName, DriverName, VehicleName;
+};
+
+// The current road and the stretch of it, from the link or the new-file form.
+struct FacilityRecord {
+  std::string FacilityName, FacilityCode, FacilityState, FacilityDistrict, FacilityCity, FacilityClass, FacilityMedian,
+      FacilityEdge;
+  int FacilityLanes = 0;
+  std::string SectionName, SectionCode, SectionComment, SectionHeading, LaneNumber, Lane, SectionType, SectionSurface,
+      SectionSpeed, SectionLength, SectionWidth, SectionStart, SectionEnd;
+  double SectionTraffic = 0;
+  int FacilityDirection = 0, StartingDirection = 0; // heading codes: 1 N, 2 S, 3 E, 4 W, 0 none
+  std::string SessionDistrict, SessionClass;        // nothing sets these two: sessions hold them empty, as they always did
+  std::string NetworkDb, SectionsPath;
+};
+
+// Where the data file is and what it is called.
+struct FileNaming {
+  std::string DataPath;   // folder, no trailing backslash
+  std::string BackupPath; // empty: no backup
+  std::string DataName;   // without extension
+  std::string DataFilePath, DataGuid;
+  std::string AsciiName;       // name of the last comma file, without folder and extension; never cleared
+  std::int32_t SessionID = 0, StationID = 0;
+  LocalTime LastCloseTime;
+};
+
+// The options of the first row of the table, with the texts as stored. Check marks are 0 or 1 there, plain flags here.
+struct OptionState {
+  LocalTime OptionsDate;
+  std::string OptionsUser, OptionUnits, OptionFileUnits;
+  int DrivingSide = 0, GeographicFormat = 0;
+  bool KeepMdb = false, WriteAscii = false;
+  bool ErrorText = false, ErrorVoice = false, WarningText = false, WarningVoice = false;
+  bool AssistanceText = false, AssistanceVoice = false, DataColVoice = false;
+  std::int32_t TrayColor = 0;
+  bool OptionsChanged = false;
+};
+
+struct DbVersion {
+  int Major = 0, Minor = 0;
+};
+
+// The template versions as the last updates found them, for the about window.
+struct DbVersions {
+  DbVersion Program, Software, Messages, Observations, DataFile, Sections, HardWare;
+};
+
+struct ProgramState {
+  ProgramState() : position(units) {}
+  ProgramState(const ProgramState&) = delete;
+  ProgramState& operator=(const ProgramState&) = delete;
+
+  UnitSettings units;
+  FolderPaths folders;
+  CommandLineFlags command;
+  RunFlags run;
+  Positions position;
+  GpsFix gps;
+  People people;
+  FacilityRecord facility;
+  FileNaming file;
+  OptionState options;
+  DbVersions versions;
+  std::int32_t TestSetupID = 0;
+  std::string TestSetupName;
+};
+
+inline Positions::Positions(const UnitSettings& units)
+    : PreviousStation(units), KeyStation(units), NextStation(units), StepSize(units), StationMaximum(units),
+      StationMinimum(units), SpeedValue(units), DmiStation(units) {}
+
+} // namespace trekor

@@ -1,0 +1,105 @@
+// The data file of a job: naming, creating, opening, its rows, closing. At most one is open.
+//
+// Durability: while a file is open for collection it is locked exclusively and written through a log with full
+// synchronisation, one transaction for each grid row that is flushed. Killing the program at any moment leaves a file
+// that holds every row that had left the buffer, and no half row.
+#pragma once
+
+#include "core/ProgramState.h"
+#include "platform/Platform.h"
+#include "setup/TestSetup.h"
+#include "store/Database.h"
+#include "store/Recordset.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace trekor {
+
+// GUID as 32 capital hexadecimal digits, or with dashes between the four parts (8-4-4-16); "" when the system gives none.
+std::string NewGuid(bool withDashes, Process& process);
+// The next name of a series that is free: ROAD09 with ROAD10 beside it gives ROAD11, ROAD gives ROAD1.
+std::string NextFreeName(const std::string& path, Drives& drives);
+// Copies every file of a folder that matches a pattern into another folder, over existing ones; what fails is skipped.
+void CopyFiles(const std::string& folder, const std::string& pattern, const std::string& target, Drives& drives);
+
+// One row of Sessions, as read or as written.
+struct SessionRow {
+  std::int32_t SessionID = 0;
+  std::string GUID, Program, Operator, Electronics, TestSetup, Units;
+  LocalTime Date;
+  std::string FacilityName, FacilityCode;
+  int FacilityDirection = 0;
+  std::string FacilityType;
+  int FacilityLanes = 0;
+  std::string SectionName, SectionCode;
+  int SectionDirection = 0; // saving keeps what reading left: 0 in a fresh run
+  std::string SectionHeading; // the word of SectionDirection
+  std::string District, Class, Start, End, Lane, LaneNumber;
+  double StationMin = 0, StationMax = 0, SegmentSize = 0; // file units
+  int StationDirection = 0;
+};
+
+// One row of Stations, as read.
+struct StationRow {
+  std::int32_t SessionID = 0, StationID = 0;
+  double Station = 0; // file units
+  int StationUnit = 0, StationDirection = 0, StationType = 0;
+  std::string Lane, LaneNumber;
+  LocalTime Time;
+  int GPSStatus = 0;
+  double GPSTime = 0, Latitude = 0, Longitude = 0;
+  float Height = 0;
+  std::int32_t GPSSVs = 0;
+};
+
+// The fields of a station that the caller gives.
+struct NewStation {
+  int StationType = 0;
+  std::string FileText; // the position in file units
+  LocalTime Time;
+  int GPSStatus = 0;
+  double GPSTime = 0, Latitude = 0, Longitude = 0;
+  float Height = 0;
+  int GPSSVs = 0;
+};
+
+class DataFiles {
+public:
+  DataFiles(ProgramState& state, Platform& platform);
+  ~DataFiles();
+  // At the start: brings the layout template up to date. False: the program ends.
+  bool Init_DataFiles();
+
+  // The form's Prepare_File without its view: a new file from the template, its session and its observations.
+  // True when the file is open.
+  bool CreateDataFile(const TestSetup& setup);
+  // An existing file for more collection: a new session in it. True when the file is open.
+  bool ReopenDataFile(const TestSetup& setup);
+  bool OpenDataFile();
+  void CloseDataFile();
+
+  void NewSession();
+  void EditSession();
+  void ReadSession(); // the current row of Sessions into `session`
+  void AddObservation(const ClassObservation& observation);
+  std::int32_t AddStation(const NewStation& station);
+  void ReadStation(const Recordset& row, StationRow& into) const;
+  void AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode, const std::string& regData);
+  // Around the rows of one flushed grid row: they reach the disk together, with one synchronisation.
+  void BeginRow();
+  void EndRow();
+
+  SessionRow session;
+  std::unique_ptr<Database> database;
+  std::unique_ptr<Recordset> rsSessions, rsObservations, rsStations, rsRegistrations;
+
+private:
+  void SaveSession();
+  ProgramState& state;
+  Platform& platform;
+  Station RecordStation, sessionMin, sessionMax, sessionStep;
+};
+
+} // namespace trekor

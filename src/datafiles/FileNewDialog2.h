@@ -1,0 +1,45 @@
+// The form that asks for the name and place of a new data file.
+#pragma once
+
+#include "datafiles/DataFiles.h"
+#include "forms/Form.h"
+#include "options/Sections.h"
+#include "texts/Message.h"
+#include "texts/Texts.h"
+
+namespace trekor {
+
+struct FileNewForm : Form {
+  FileNewForm() : Form("FileNewDialog2") {}
+  ComboBox DriveSelect{*this, "DriveSelect"};
+  ListBox DirectorySelect{*this, "DirectorySelect", Kind::DirListBox};
+  ListBox FileSelect{*this, "FileSelect", Kind::FileListBox};
+  Label Labels0{*this, "Labels", 0}, Labels1{*this, "Labels", 1}, Labels2{*this, "Labels", 2}, Labels9{*this, "Labels", 9},
+      Labels10{*this, "Labels", 10}, LabelSetup{*this, "LabelSetup"}, LabelPath{*this, "LabelPath"},
+      LabelBackup{*this, "LabelBackup"}, LabelUnits{*this, "LabelUnits"}, LabelFiles{*this, "LabelFiles"};
+  TextBox Texts0{*this, "Texts", 0}, Texts1{*this, "Texts", 1}, Texts2{*this, "Texts", 2}, Texts9{*this, "Texts", 9},
+      Texts10{*this, "Texts", 10};
+  Label TestSetupLabel{*this, "TestSetupLabel"}, FullPathLabel{*this, "FullPathLabel"},
+      FiledUnitsLabel{*this, "FiledUnitsLabel"}, FiledStationsLabel{*this, "FiledStationsLabel"};
+  ComboBox cboBackup{*this, "cboBackup"};
+  CommandButton CmdOK{*this, "CmdOK"}, CmdCancel{*this, "CmdCancel"};
+  Timer BlinkTimer{*this, "BlinkTimer"};
+};
+
+class FileNewDialog2 {
+public:
+  FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
+                 Sections& sections);
+  // Shows the form modally. state.file.DataName is empty afterwards when the user cancelled.
+  void ShowDialog();
+  FileNewForm form;
+
+private:
+  ProgramState& state;
+  Platform& platform;
+  TextDatabase& texts;
+  MessageCatalogue& messages;
+  Sections& sections;
+};
+
+} // namespace trekor

@@ -1,0 +1,123 @@
+// The base of all control models. A form is a list of named controls; a database dresses it, a view shows it, the logic
+// listens. Models know no pixels: geometry is in twips, 1440 to the inch, 15 to a pixel at 96 dots an inch.
+//
+// Two ways to write: Set... is code writing the model, the view follows. The operator's act comes in through verbs (Type,
+// Click, Select, Press ...), which store it and raise the control's own handler. Whether a write by code raises the
+// handler too is decided once a kind and said at its head.
+#pragma once
+
+#include <string>
+
+namespace trekor {
+
+class Form;
+class Control;
+
+// What has changed, told to the one listener.
+enum class Change {
+  Caption,
+  Text,
+  Value,
+  Enabled,
+  Visible,
+  ToolTip,
+  Geometry,
+  List,     // the entries of a list, tabs, buttons
+  Selection, // ListIndex, selected tab, selected text, current cell
+  Picture,
+  Colour,
+  Font,
+  Interval, // timers: interval or enabled
+  Cells,    // grids: see Grid::TakeChanges
+};
+
+class ControlListener {
+public:
+  virtual ~ControlListener() = default;
+  virtual void ControlChanged(Control& control, Change what) = 0;
+};
+
+// The type names of the property store, see the table of kinds in texts/.
+enum class Kind {
+  Form,
+  Label,
+  TextBox,
+  RichTextBox,
+  CheckBox,
+  OptionButton,
+  ComboBox,
+  ListBox,
+  CommandButton,
+  Frame,
+  Image,
+  FlexGrid,
+  TabStrip,
+  ToolBar,
+  StatusBar,
+  Menu,
+  Timer,
+  ImageList,
+  TreeView,
+  DriveListBox,
+  DirListBox,
+  FileListBox,
+};
+
+struct Font {
+  std::string Name; // empty: the form's own
+  double Size = 0;  // points; 0: the form's own
+  bool Bold = false;
+  int Charset = 1;
+  bool operator==(const Font&) const = default;
+};
+
+class Control {
+public:
+  // Registers itself with the form, in the order of declaration. `index` is -1 for a control that is no element of an array.
+  Control(Form& owner, Kind kind, std::string name, int index = -1);
+  virtual ~Control();
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+
+  Form& Owner() const { return owner; }
+  Kind TypeOf() const { return kind; }
+  const std::string& Name() const { return name; }
+  int Index() const { return index; }
+  // "Texts(7)" for an element of an array, else the name.
+  std::string FullName() const;
+
+  int Left = 0, Top = 0, Width = 0, Height = 0; // twips within the container; write through Move
+  void Move(int left, int top, int width, int height);
+  // The frame that holds this control, or nothing for the form itself.
+  Control* Container = nullptr;
+
+  bool Visible() const { return visible; }
+  void SetVisible(bool on);
+  bool Enabled() const { return enabled; }
+  void SetEnabled(bool on);
+  const std::string& Tag() const { return tag; }
+  void SetTag(std::string text) { tag = std::move(text); }
+  const std::string& ToolTipText() const { return tip; }
+  void SetToolTipText(std::string text);
+  const Font& FontOf() const { return font; }
+  void SetFont(Font f);
+
+  // One listener, the view; nothing is told while there is none.
+  void SetListener(ControlListener* l) { listener = l; }
+  ControlListener* Listener() const { return listener; }
+
+protected:
+  void Tell(Change what);
+
+private:
+  Form& owner;
+  Kind kind;
+  std::string name;
+  int index;
+  bool visible = true, enabled = true;
+  std::string tag, tip;
+  Font font;
+  ControlListener* listener = nullptr;
+};
+
+} // namespace trekor

@@ -1,0 +1,289 @@
+// The plain kinds of control. Each says what its handlers hear of.
+#pragma once
+
+#include "forms/Control.h"
+
+#include <functional>
+#include <vector>
+
+namespace trekor {
+
+using Handler = std::function<void()>;
+// A key goes to the handler as a Windows key code and shift state (1 Shift, 2 Ctrl, 4 Alt); true: the key is taken.
+using KeyHandler = std::function<bool(int keyCode, int shift)>;
+
+// A text or picture; a click is the operator's only act.
+class Label : public Control {
+public:
+  Label(Form& owner, std::string name, int index = -1) : Control(owner, Kind::Label, std::move(name), index) {}
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string text);
+  int ForeColor() const { return colour; } // 0xRRGGBB, -1: the form's own
+  void SetForeColor(int rgb);
+  void Click();
+  Handler OnClick, OnDblClick;
+
+private:
+  std::string caption;
+  int colour = -1;
+};
+
+// One line, or several, of text. Change is raised by code and by the operator alike, and only when the text differs.
+class TextBox : public Control {
+public:
+  TextBox(Form& owner, std::string name, int index = -1, Kind kind = Kind::TextBox)
+      : Control(owner, kind, std::move(name), index) {}
+  const std::string& Text() const { return text; }
+  void SetText(std::string t);
+  bool ReadOnly = false;
+  int MaxLength = 0; // characters the operator may type; 0: no limit
+  int SelStart = 0, SelLength = 0; // characters
+  void SelectAll();
+  // Puts the caret at the start, nothing selected.
+  void CaretToStart();
+
+  // The operator's acts.
+  void Type(std::string t); // the whole new text, cut to MaxLength
+  void GetFocus();
+  void LoseFocus();
+  bool Press(int keyCode, int shift);
+  void Click();
+  void DblClick();
+
+  Handler OnChange, OnGotFocus, OnLostFocus, OnClick, OnDblClick;
+  KeyHandler OnKeyDown;
+  // May turn a typed character into another or refuse it (0).
+  std::function<char32_t(char32_t)> OnKeyPress;
+
+private:
+  std::string text;
+};
+
+// 0 unticked, 1 ticked, 2 grey. Click is raised by the operator and by a write of code that changes the value.
+class CheckBox : public Control {
+public:
+  CheckBox(Form& owner, std::string name, int index = -1) : Control(owner, Kind::CheckBox, std::move(name), index) {}
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string t);
+  int Value() const { return value; }
+  void SetValue(int v);
+  void Click(); // the operator's: 0 becomes 1, else 0
+  Handler OnClick;
+
+private:
+  std::string caption;
+  int value = 0;
+};
+
+// One of the group in its container. Setting one clears the others; Click is raised when it becomes true.
+class OptionButton : public Control {
+public:
+  OptionButton(Form& owner, std::string name, int index = -1)
+      : Control(owner, Kind::OptionButton, std::move(name), index) {}
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string t);
+  bool Value() const { return value; }
+  void SetValue(bool v);
+  void Click();
+  Handler OnClick;
+
+private:
+  std::string caption;
+  bool value = false;
+};
+
+// A drop-down list. Click is raised by the operator's choice and by code that sets another ListIndex.
+class ComboBox : public Control {
+public:
+  ComboBox(Form& owner, std::string name, int index = -1) : Control(owner, Kind::ComboBox, std::move(name), index) {}
+  bool DropDownList = true; // false: the text can be typed
+  void Clear();
+  void AddItem(std::string text);
+  int ListCount() const { return static_cast<int>(items.size()); }
+  const std::string& List(int i) const;
+  int ListIndex() const { return selected; } // -1: none
+  void SetListIndex(int i);
+  const std::string& Text() const;
+  void SetText(std::string t); // for a box that can be typed
+  void Select(int i);          // the operator's choice
+  Handler OnClick, OnChange;
+
+private:
+  std::vector<std::string> items;
+  int selected = -1;
+  std::string text;
+};
+
+// A list with one or several selected entries. Drive, folder and file lists are lists too: their kind tells the store
+// what they take, their logic fills them.
+class ListBox : public Control {
+public:
+  ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}
+  bool MultiSelect = false;
+  void Clear();
+  void AddItem(std::string text);
+  int ListCount() const { return static_cast<int>(items.size()); }
+  const std::string& List(int i) const;
+  int ListIndex() const { return current; }
+  void SetListIndex(int i);
+  bool Selected(int i) const;
+  void SetSelected(int i, bool on);
+  void Select(int i);   // the operator's click
+  void DblClick(int i); // and double click
+  bool Press(int keyCode, int shift);
+  Handler OnClick, OnDblClick;
+  KeyHandler OnKeyDown;
+
+private:
+  std::vector<std::string> items;
+  std::vector<bool> chosen;
+  int current = -1;
+};
+
+// Click is the operator's.
+class CommandButton : public Control {
+public:
+  CommandButton(Form& owner, std::string name, int index = -1)
+      : Control(owner, Kind::CommandButton, std::move(name), index) {}
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string t);
+  bool Default = false, Cancel = false; // Enter or Esc anywhere on the form presses it
+  void Click();
+  Handler OnClick;
+
+private:
+  std::string caption;
+};
+
+class Frame : public Control {
+public:
+  Frame(Form& owner, std::string name, int index = -1) : Control(owner, Kind::Frame, std::move(name), index) {}
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string t);
+
+private:
+  std::string caption;
+};
+
+// Shows the picture of a key (see ImageList); the empty key shows nothing. A disabled picture does not react.
+class Image : public Control {
+public:
+  Image(Form& owner, std::string name, int index = -1) : Control(owner, Kind::Image, std::move(name), index) {}
+  const std::string& Picture() const { return picture; }
+  void SetPicture(std::string key);
+  void Click();
+  Handler OnClick;
+
+private:
+  std::string picture;
+};
+
+// The tabs above a place that shows one frame at a time. Click is raised by the operator and by code that selects another.
+class TabStrip : public Control {
+public:
+  TabStrip(Form& owner, std::string name) : Control(owner, Kind::TabStrip, std::move(name)) {}
+  struct Tab {
+    std::string Key, Caption;
+  };
+  void Clear();
+  void Add(std::string key, std::string caption);
+  int Count() const { return static_cast<int>(tabs.size()); }
+  const Tab& Tabs(int i) const { return tabs.at(static_cast<std::size_t>(i)); }
+  void SetCaption(int i, std::string caption);
+  int Selected() const { return selected; } // 0-based, -1: none
+  void SetSelected(int i);
+  void Select(int i);
+  Handler OnClick;
+
+private:
+  std::vector<Tab> tabs;
+  int selected = -1;
+};
+
+// Buttons by key. The handler hears the key of the button that the operator has clicked.
+class ToolBar : public Control {
+public:
+  ToolBar(Form& owner, std::string name) : Control(owner, Kind::ToolBar, std::move(name)) {}
+  struct Button {
+    std::string Key, Caption, ToolTip, Picture;
+    bool Enabled = true;
+  };
+  void Add(Button button);
+  int Count() const { return static_cast<int>(buttons.size()); }
+  const Button& Buttons(int i) const { return buttons.at(static_cast<std::size_t>(i)); }
+  bool ButtonEnabled(const std::string& key) const;
+  void SetButtonEnabled(const std::string& key, bool on);
+  void SetButtonTip(int i, std::string tip);
+  void SetButtonCaption(int i, std::string caption);
+  void ClickButton(const std::string& key);
+  std::function<void(const std::string& key)> OnButtonClick;
+
+private:
+  std::vector<Button> buttons;
+};
+
+class StatusBar : public Control {
+public:
+  StatusBar(Form& owner, std::string name) : Control(owner, Kind::StatusBar, std::move(name)) {}
+  const std::string& SimpleText() const { return text; }
+  void SetSimpleText(std::string t);
+
+private:
+  std::string text;
+};
+
+// An entry of the menu bar; an entry with children opens them. Click is the operator's.
+class Menu : public Control {
+public:
+  Menu(Form& owner, std::string name, Menu* parent = nullptr)
+      : Control(owner, Kind::Menu, std::move(name)), Parent(parent) {}
+  Menu* const Parent;
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string t);
+  bool Checked() const { return checked; }
+  void SetChecked(bool on);
+  void Click();
+  Handler OnClick;
+
+private:
+  std::string caption;
+  bool checked = false;
+};
+
+// Fires every Interval milliseconds while enabled. The view's timer calls Fire; a test calls it itself.
+class Timer : public Control {
+public:
+  Timer(Form& owner, std::string name) : Control(owner, Kind::Timer, std::move(name)) {}
+  int Interval() const { return interval; }
+  void SetInterval(int milliseconds);
+  bool Running() const { return running; }
+  void SetRunning(bool on);
+  void Fire(); // nothing while not running
+  Handler OnTimer;
+
+private:
+  int interval = 0;
+  bool running = false;
+};
+
+// Pictures by key, not shown itself. A key is the file name in upper case; Tag is the file name as it stands; File is the
+// path of drive letter and backslashes, empty for a picture built into the views.
+class ImageList : public Control {
+public:
+  ImageList(Form& owner, std::string name) : Control(owner, Kind::ImageList, std::move(name)) {}
+  struct Picture {
+    std::string Key, Tag, File;
+  };
+  void Clear();
+  // A second picture of the same key is refused, as the first one stays.
+  bool Add(Picture picture);
+  int Count() const { return static_cast<int>(pictures.size()); }
+  const Picture& At(int i) const { return pictures.at(static_cast<std::size_t>(i)); }
+  // Nothing when the list has no such key; keys compare without case.
+  const Picture* Find(const std::string& key) const;
+
+private:
+  std::vector<Picture> pictures;
+};
+
+} // namespace trekor

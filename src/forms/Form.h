@@ -1,0 +1,77 @@
+// A window as data: its controls in order, its own properties, and what it hears. Whether it is shown is asked of the
+// Shell; Shown tells what is so.
+#pragma once
+
+#include "forms/Control.h"
+#include "forms/Controls.h"
+
+#include <memory>
+
+namespace trekor {
+
+class Form {
+public:
+  explicit Form(std::string name);
+  virtual ~Form();
+  Form(const Form&) = delete;
+  Form& operator=(const Form&) = delete;
+
+  const std::string& Name() const { return name; }
+  const std::vector<Control*>& Controls() const { return controls; }
+  // By name and index, compared without case; nothing when there is none.
+  Control* Find(const std::string& controlName, int index = -1) const;
+
+  const std::string& Caption() const { return caption; }
+  void SetCaption(std::string text);
+  int Left = 0, Top = 0, Width = 0, Height = 0; // twips; Height is the inside, without the title bar; write through Move
+  void Move(int left, int top, int width, int height);
+  std::string Tag;
+  Font FontOf;
+  int BackColor = -1; // 0xRRGGBB, -1: the system's
+  bool Loaded = false;
+  bool Shown = false;
+  bool ToolWindow = false; // floats above the main form
+  // 0 normal, 1 minimised, 2 maximised. The view writes it when the window changes; code through SetWindowState.
+  int WindowState() const { return windowState; }
+  void SetWindowState(int state);
+  // Brings the picture up to date at once.
+  void Refresh();
+
+  // The control that has the focus, or nothing. Written by the view.
+  Control* ActiveControl = nullptr;
+
+  // What the form hears. KeyDown comes before any control: true takes the key. KeyPress true throws a typed character away.
+  KeyHandler OnKeyDown;
+  std::function<bool(char32_t)> OnKeyPress;
+  Handler OnActivate, OnResize;
+  // The close box: true lets the window go, after OnUnload has run; false keeps it (a form that only hides itself).
+  std::function<bool()> OnQueryUnload;
+  Handler OnUnload;
+
+  // An element of a control array that the property store asks for and that does not exist yet. The form makes the usual
+  // kinds for the generic names Labels, Texts, Commands, Frames, Checks, Options and owns them; nothing for other names.
+  virtual Control* LoadElement(const std::string& arrayName, int index);
+
+  // The view's ear for the form itself and for controls that come later.
+  class Listener {
+  public:
+    virtual ~Listener() = default;
+    virtual void FormChanged(Form& form, Change what) = 0;
+    virtual void ControlAdded(Form& form, Control& control) = 0;
+    virtual void FormRefresh(Form& form) = 0;
+  };
+  void SetListener(Listener* l) { listener = l; }
+
+private:
+  friend class Control;
+  void Register(Control& control);
+  void Forget(Control& control);
+
+  std::string name, caption;
+  int windowState = 0;
+  std::vector<Control*> controls;
+  std::vector<std::unique_ptr<Control>> elements; // made by LoadElement
+  Listener* listener = nullptr;
+};
+
+} // namespace trekor

@@ -1,0 +1,114 @@
+// A table of cells with fixed rows, a current cell, merged cells and pictures. Newest rows are inserted at the top, so rows
+// are kept in a deque and a shift costs nothing of the cells' own.
+//
+// While redraw is off nothing is told; what was done is kept and told once, when it goes on again. A view asks
+// TakeChanges and repaints no more than that.
+#pragma once
+
+#include "forms/Control.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace trekor {
+
+enum class Align { Left, Centre, Right };
+
+class Grid : public Control {
+public:
+  Grid(Form& owner, std::string name) : Control(owner, Kind::FlexGrid, std::move(name)) {}
+
+  int Rows() const { return static_cast<int>(rows.size()); }
+  int Cols() const { return columns; }
+  int FixedRows() const { return fixedRows; }
+  void SetFixedRows(int n) { fixedRows = n; }
+  void SetCols(int n);
+  // Rows are added at the end or cut there.
+  void SetRows(int n);
+
+  // A row at `row` with the text in its first column; rows below move down. Out of range (below 0 or beyond the end): skipped.
+  void AddItem(const std::string& text, int row);
+  // Skipped when there is no such row.
+  void RemoveItem(int row);
+
+  // Reading a cell that does not exist gives the empty text; writing one is skipped.
+  const std::string& Text(int row, int col) const;
+  void SetText(int row, int col, std::string text);
+  const std::string& CellPicture(int row, int col) const; // a key as in ImageList, "" none
+  void SetCellPicture(int row, int col, std::string key);
+  Align CellAlignment(int row, int col) const;
+  void SetCellAlignment(int row, int col, Align a);
+  void SetColAlignment(int col, Align a); // for cells that have none of their own
+  int ColWidth(int col) const;            // twips; -1: the view's own
+  void SetColWidth(int col, int twips);
+  // Neighbouring cells with equal texts show as one, along a merged row or down a merged column.
+  bool MergeRow(int row) const;
+  void SetMergeRow(int row, bool on);
+  bool MergeCol(int col) const;
+  void SetMergeCol(int col, bool on);
+
+  // The current cell and the other end of the selection. Code moves it without raising anything.
+  int Row() const { return row; }
+  int Col() const { return col; }
+  int RowSel() const { return rowSel; }
+  int ColSel() const { return colSel; }
+  void SetRow(int r);
+  void SetCol(int c);
+  void SetColSel(int c);
+  void SetRowSel(int r);
+  // Selection marks: whether the selection is painted, and whether the operator may move it.
+  bool SelectionMarks() const { return marks; }
+  void SetSelectionMarks(bool on);
+  bool Redraw() const { return redraw; }
+  void SetRedraw(bool on);
+  // Back to the fixed rows; contents of those stay.
+  void ClearToFixedRows();
+
+  // The operator moves the current cell with mouse or arrow keys; EnterCell is raised.
+  void SelectCell(int r, int c);
+  // The operator's mouse on a cell.
+  void Click(int r, int c);
+  std::function<void()> OnEnterCell;
+  std::function<void(int r, int c)> OnClick;
+  std::function<void()> OnDblClick;
+
+  // What was done since the last call, for the view.
+  struct Changes {
+    bool all = false;           // repaint everything (columns, many rows, cleared)
+    bool selection = false;
+    struct Step {
+      enum Sort { RowInserted, RowRemoved, Cell } sort;
+      int row, col;
+    };
+    std::vector<Step> steps;    // in the order in which they happened; empty when all is set
+  };
+  Changes TakeChanges();
+
+private:
+  struct CellData {
+    std::string text, picture;
+    int align = -1; // -1: the column's
+  };
+  struct RowData {
+    std::vector<CellData> cells;
+    bool merged = false;
+  };
+  CellData* CellAt(int r, int c);
+  const CellData* CellAt(int r, int c) const;
+  void Note(Changes::Step::Sort sort, int r, int c);
+  void NoteAll();
+  void TellIfDrawn();
+
+  std::deque<RowData> rows;
+  int columns = 0, fixedRows = 0;
+  std::vector<int> colWidths;
+  std::vector<Align> colAlign;
+  std::vector<bool> colMerged;
+  int row = 0, col = 0, rowSel = 0, colSel = 0;
+  bool marks = false, redraw = true;
+  Changes pending;
+};
+
+} // namespace trekor

@@ -1,0 +1,30 @@
+// The options: a history table whose first row of the index rules (ids are loaded highest first, so that is the row saved
+// last). They live in the program state while the program runs.
+#pragma once
+
+#include "core/ProgramState.h"
+#include "platform/Platform.h"
+#include "store/Database.h"
+#include "texts/Message.h"
+
+#include <memory>
+
+namespace trekor {
+
+class OptionsDatabase {
+public:
+  OptionsDatabase(ProgramState& state, Platform& platform, MessageCatalogue& messages);
+  // Updates and opens Software.mdb, loads the options, updates and opens Messages.mdb. False: the program ends.
+  bool LoadSoftwareDatabases();
+  void LoadOptions();
+  void SaveOptions();
+  void Close();
+
+private:
+  ProgramState& state;
+  Platform& platform;
+  MessageCatalogue& messages;
+  std::unique_ptr<Database> database;
+};
+
+} // namespace trekor

@@ -1,0 +1,49 @@
+// An on-screen picture of the keyboard or the keypad: which cell is which key, and whose icon stands on it.
+#pragma once
+
+#include "forms/Grid.h"
+#include "setup/TestSetup.h"
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace trekor {
+
+// The code of a key from the text on it; -1 for the keys that carry nothing.
+int KeyBoard_KeyCode(const std::string& text);
+int KeyPad_KeyCode(const std::string& text);
+
+// Where each key stands in the docked grids: row and first column by key code + 1, -1 where no key is.
+struct KeyTables {
+  KeyTables();
+  std::array<std::int16_t, 202> KeyBoardRow, KeyBoardCol, KeyPadRow, KeyPadCol;
+};
+
+class ClassKeyBoard {
+public:
+  ClassKeyBoard(KeyTables& tables, const TestSetup& setup);
+  // The row's keys from unit `start` to unit `end`; a whole end means the end of that unit, a fractional one an exact edge.
+  void Make_KeyRow(const std::vector<std::string>& keys, int row, double start, double end);
+  void MakeKeyBoard(Grid& grid, bool floating);
+  void MakeKeyPad(Grid& grid, bool floating);
+  void AddKey(int i) { Paint_Key(true, i); }
+  void RemoveKey(int i) { Paint_Key(false, i); }
+  void AddSetup() { Paint_Setup(true); }
+  void RemoveSetup() { Paint_Setup(false); }
+  bool IsKeyPad() const { return keypad; }
+  // The text on the key of a code, "" when the key is not on this picture.
+  std::string KeyText(int code) const;
+
+private:
+  void Paint_Key(bool show, int i);
+  void Paint_Setup(bool show);
+  KeyTables& tables;
+  const TestSetup& setup;
+  Grid* grid = nullptr;
+  int columnsPerKey = 1;
+  bool floating = false, keypad = false;
+};
+
+} // namespace trekor

@@ -1,0 +1,32 @@
+// The vocabulary database Observations.mdb: items, folders, setups, lookups. Its recordsets stay open for the program's life.
+#pragma once
+
+#include "core/ProgramState.h"
+#include "platform/Platform.h"
+#include "store/Database.h"
+#include "store/Recordset.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace trekor {
+
+class SetupDatabase {
+public:
+  SetupDatabase(ProgramState& state, Platform& platform);
+  ~SetupDatabase();
+  // Update check, open, recordsets. False: the program ends. A database without tables gets its message and stays closed.
+  bool LoadDatabase();
+  void CloseDatabase();
+
+  std::unique_ptr<Database> ObsDB;
+  std::unique_ptr<Recordset> rsObservations, rsLanguages, rsObsLinguistic, rsSetups, rsSetupNames, rsDataTypes,
+      rsKeyingCodes, rsRegModes;
+
+private:
+  ProgramState& state;
+  Platform& platform;
+};
+
+} // namespace trekor

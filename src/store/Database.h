@@ -1,0 +1,89 @@
+// The database engine of the house: SQLite files behind the few operations that the program asks of an engine. This room
+// is the only one that knows sqlite3.
+//
+// Paths are native. Field types are those declared in a table (SMALLINT, INTEGER, REAL, SINGLE, TEXT(n), DATETIME,
+// BOOLEAN, LONGBINARY), and a recordset keeps what a type means: 16-bit range, single precision, text length, -1 and 0
+// for a boolean. Text is UTF-8; text keys compare without case (NOCASE, so that any SQLite tool can open the file).
+// Nothing throws; what fails gives false or an empty pointer, and LastError tells why (on standard error too when
+// TREKOR_TRACE is set).
+#pragma once
+
+#include "store/FieldValue.h"
+
+#include <memory>
+#include <string>
+#include <vector>
+
+struct sqlite3;
+
+namespace trekor {
+
+class Recordset;
+
+enum class FieldType { SmallInt, Integer, Real, Single, Text, DateTime, Boolean, LongBinary };
+
+struct FieldDefinition {
+  std::string name;
+  FieldType type = FieldType::Text;
+  int size = 0; // longest text in characters; 0: no limit
+  bool required = false;
+  bool autoNumber = false;
+  FieldValue defaultValue;
+};
+
+struct IndexDefinition {
+  std::string name; // as given to Recordset::SetIndex
+  std::vector<std::string> fields;
+  bool unique = false, primary = false;
+};
+
+enum class OpenMode {
+  Shared,         // read and write, others may too
+  ReadOnly,       // shared, nothing is ever written
+  Exclusive,      // the lock is taken at once and kept
+  ExclusiveDurable // Exclusive, and every transaction is on the disk when it ends: WAL, full synchronisation
+};
+
+class Database {
+public:
+  // Opens an existing file; empty when it is missing, no database, damaged, locked or not readable. Never creates.
+  static std::unique_ptr<Database> Open(const std::string& nativePath, OpenMode mode, std::string* error = nullptr);
+  // Makes a new empty database; false when the file exists or cannot be made. `locale` is kept as a note in the file.
+  static bool Create(const std::string& nativePath, const std::string& locale);
+  ~Database(); // as Close
+  Database(const Database&) = delete;
+  Database& operator=(const Database&) = delete;
+
+  // Folds a durable file back into one plain file and closes it. Recordsets must be gone before.
+  void Close();
+
+  // Tables of users, without the engine's own, in the order of creation.
+  std::vector<std::string> TableNames() const;
+  bool HasTable(const std::string& name) const;
+  std::vector<FieldDefinition> Fields(const std::string& table) const;
+  std::vector<IndexDefinition> Indexes(const std::string& table) const;
+  // Adds a column to an existing table.
+  bool AppendField(const std::string& table, const FieldDefinition& field);
+
+  // Empty when the table is missing or the query is wrong. A recordset must not outlive its database.
+  std::unique_ptr<Recordset> OpenTable(const std::string& name);
+  std::unique_ptr<Recordset> OpenQuery(const std::string& sql);
+  // Runs statements without a result (template building, tests).
+  bool Execute(const std::string& sql);
+
+  // One transaction around several updates; nested pairs count as one. Without them every Update stands alone.
+  bool Begin();
+  bool Commit();
+  void Rollback();
+
+  const std::string& LastError() const;
+  const std::string& Path() const; // native
+  sqlite3* Handle() const;         // for this room and its measurements only
+
+private:
+  Database();
+  struct Parts;
+  std::unique_ptr<Parts> parts;
+};
+
+} // namespace trekor

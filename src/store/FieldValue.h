@@ -1,0 +1,45 @@
+// One field of a row: null, a whole number, a real number, text (UTF-8) or bytes. Dates are text "YYYY-MM-DD HH:MM:SS",
+// local time; booleans are -1 and 0.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <variant>
+#include <vector>
+
+namespace trekor {
+
+using Bytes = std::vector<unsigned char>;
+
+class FieldValue {
+public:
+  FieldValue() = default;
+  FieldValue(int v) : held(static_cast<std::int64_t>(v)) {}
+  FieldValue(std::int64_t v) : held(v) {}
+  FieldValue(bool v) : held(static_cast<std::int64_t>(v ? -1 : 0)) {}
+  FieldValue(double v) : held(v) {}
+  FieldValue(std::string v) : held(std::move(v)) {}
+  FieldValue(const char* v) : held(std::string(v)) {}
+  FieldValue(Bytes v) : held(std::move(v)) {}
+
+  bool IsNull() const { return held.index() == 0; }
+  bool IsInteger() const { return held.index() == 1; }
+  bool IsReal() const { return held.index() == 2; }
+  bool IsText() const { return held.index() == 3; }
+  bool IsBytes() const { return held.index() == 4; }
+
+  // The value as each kind; null reads as 0, "" or no bytes. A text reads as the number that it begins with; a number
+  // reads as its shortest text with "." as decimal mark; a real reads as an integer rounded to nearest, ties to even.
+  std::int64_t Integer() const;
+  double Number() const;
+  std::string Text() const;
+  bool Flag() const { return Integer() != 0; } // any non-zero counts as true
+  const Bytes& Blob() const;
+
+  bool operator==(const FieldValue&) const = default;
+
+private:
+  std::variant<std::monostate, std::int64_t, double, std::string, Bytes> held;
+};
+
+} // namespace trekor

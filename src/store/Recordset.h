@@ -1,0 +1,76 @@
+// A cursor over the rows of a table or a query, with a row buffer for adding and editing.
+//
+// Fields are addressed by name or by place (0-based). A name without a table finds the first field of that name,
+// without regard to case; in a join "Observations.ObsCode" names the table too. Reading a missing field, or any field
+// where there is no current row, gives null and HasField false.
+//
+// Lifetime: belongs to its Database. Nothing throws.
+#pragma once
+
+#include "store/FieldValue.h"
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace trekor {
+
+class Database;
+
+class Recordset {
+public:
+  ~Recordset();
+  Recordset(const Recordset&) = delete;
+  Recordset& operator=(const Recordset&) = delete;
+
+  // The index that orders a table-type recordset and that Seek uses ("SessionID", "NameIndex", ...). A primary key may be
+  // named by its first field. False when the table has no such index.
+  bool SetIndex(const std::string& name);
+  // "=" on the current index; on no match the position stays where it was and false comes back. Text compares without case.
+  bool Seek(const FieldValue& key);
+
+  bool Bof() const;
+  bool Eof() const;
+  void MoveFirst();
+  void MoveNext();
+  void MoveLast();
+  // All rows of the recordset, exact also for a sorted join.
+  int RecordCount();
+  // Runs the query again (a table: looks again) and stands on the first row.
+  void Requery();
+
+  int FieldCount() const;
+  std::string FieldName(int place) const;
+  std::string FieldTable(int place) const; // the table that a joined field comes from
+  int FieldPlace(std::string_view name) const; // -1 when missing
+  bool HasField(std::string_view name) const { return FieldPlace(name) >= 0; }
+  // While a row is added or edited: the buffer; otherwise the current row.
+  FieldValue Get(std::string_view name) const;
+  FieldValue Get(int place) const;
+
+  // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable.
+  bool AddNew();
+  // Copies the current row into the buffer.
+  bool Edit();
+  // Writes into the buffer; false (buffer unchanged) when the field is missing, not of this table, or the value does not
+  // fit its type (a SMALLINT outside 16 bits, a text that is no number). A text longer than its field is cut, counted in
+  // characters. Whole-number fields take reals rounded to nearest, ties to even.
+  bool Set(std::string_view name, const FieldValue& value);
+  bool Set(int place, const FieldValue& value);
+  // Adds bytes behind those that a LONGBINARY field of the buffer already holds.
+  bool AppendChunk(std::string_view name, const unsigned char* bytes, std::size_t count);
+  // Stores the buffer. The current position does not move to an added row (MoveLast does).
+  bool Update();
+  // Drops the buffer.
+  void CancelUpdate();
+  // Deletes the current row; the position then stands before the next row, so that MoveNext goes on naturally.
+  bool Delete();
+
+private:
+  friend class Database;
+  Recordset();
+  struct Parts;
+  std::unique_ptr<Parts> parts;
+};
+
+} // namespace trekor

@@ -1,0 +1,27 @@
+// The vocabulary of road distance units, codes 0 to 8 (KM, M, ML, MLFT, FEET, YARDS, INCH, STNFEET, STNM).
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace trekor {
+
+constexpr double MilesPerKm = 0.621371192237334;
+
+// Short name for people; "" outside the table.
+std::string UnitName(int code);
+// Word on the link, "KM" ...; "" outside the table. And back, upper case; nothing for another word.
+std::string UnitWord(int code);
+std::optional<int> UnitCode(std::string_view word);
+
+// The unit as the comma file writes it: long name and one digit.
+struct FileUnit {
+  std::string FileUnitName, FileUnitCode;
+};
+// For codes 0 to 5 sets both; for any other the name keeps its old content and the digit becomes "0".
+void FileUnitWord(int fileStationUnit, FileUnit& unit);
+// The pattern of a station in the comma file; "" for codes above 5.
+std::string FileStationPattern(int fileStationUnit);
+
+} // namespace trekor

@@ -1,0 +1,72 @@
+// A value object: one number in a fixed internal unit with limits and patterns, answered raw, in the user's units and in
+// the file's units. Numeric itself has no unit; Deflection, Length, Velocity, MeterFeet (UnitValues.h) and Station give
+// theirs by overriding the private conversions. "No value" is the number NaN of NumberText.h.
+#pragma once
+
+#include "values/UnitSettings.h"
+
+#include <string>
+#include <string_view>
+
+namespace trekor {
+
+class Numeric {
+public:
+  explicit Numeric(const UnitSettings& settings);
+  virtual ~Numeric() = default;
+
+  // Raw: internal unit, no limit. The link delivers through this door.
+  double Default() const { return Number; }
+  void SetDefault(double x) { Number = x; }
+  // True when the number lies within the limits; in the unit classes also when it is NaN.
+  virtual bool Test() const;
+  // The user's units; a set is brought to the nearer limit. The same for the file's units.
+  double Value() const;
+  void SetValue(double x);
+  double FileValue() const;
+  void SetFileValue(double x);
+  // Text in the user's units ("" for NaN); FixedText is right-aligned to the width of its pattern.
+  std::string Text() const;
+  virtual std::string FixedText() const;
+  void SetText(std::string_view text);
+  // Text in the file's units, "." as decimal mark whatever the locale.
+  std::string FileText() const;
+  void SetFileText(std::string_view text);
+  double Min() const { return Lower; }
+  void SetMin(double x) { Lower = x; }
+  std::string MinText() const;
+  void SetMinText(std::string_view text);
+  double Max() const { return Upper; }
+  void SetMax(double x) { Upper = x; }
+  std::string MaxText() const;
+  void SetMaxText(std::string_view text);
+  const std::string& SIFormat() const { return PatternSI; }
+  void SetSIFormat(std::string pattern) { PatternSI = std::move(pattern); }
+  const std::string& USFormat() const { return PatternUS; }
+  void SetUSFormat(std::string pattern) { PatternUS = std::move(pattern); }
+  const std::string& UserFormat() const;
+  void SetUserFormat(std::string pattern);
+  virtual bool AlternateUnit() const { return false; }
+  virtual void SetAlternateUnit(bool on);
+
+protected:
+  const UnitSettings& Settings() const { return settings; }
+  double Number = 0, Lower = 0, Upper = 10000;
+  std::string PatternSI = "#####0", PatternUS = "##0.00";
+
+private:
+  virtual double ToInternal(double x) const;
+  virtual double FileToInternal(double x) const;
+  virtual double FromInternal(double x) const;
+  virtual double InternalToFile(double x) const;
+  virtual std::string FormatText(double number) const;
+  virtual std::string FormatFixed(double number) const;
+  virtual std::string FormatFile(double number) const;
+  virtual double ParseText(std::string_view text) const;
+  virtual double ParseFile(std::string_view text) const;
+  double Clamp(double x) const;
+
+  const UnitSettings& settings;
+};
+
+} // namespace trekor

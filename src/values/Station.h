@@ -1,0 +1,35 @@
+// A position along the road: kilometres inside, nine units outside (the unit codes of UnitSettings.h), plus notation
+// ("12+34.5") for the station units, miles and feet in one number for mile.feet ("12.3456": 12 miles, 3456 feet).
+#pragma once
+
+#include "values/Numeric.h"
+
+namespace trekor {
+
+class Station : public Numeric {
+public:
+  explicit Station(const UnitSettings& settings);
+  bool Test() const override;
+  std::string FixedText() const override; // eight blanks for NaN
+  static double StationToKm(double value, int unit);
+  static double KmToStation(double km, int unit);
+
+private:
+  double ToInternal(double x) const override;
+  double FileToInternal(double x) const override;
+  double FromInternal(double x) const override;
+  double InternalToFile(double x) const override;
+  std::string FormatText(double number) const override;
+  std::string FormatFixed(double number) const override;
+  std::string FormatFile(double number) const override;
+  double ParseText(std::string_view text) const override;
+  double ParseFile(std::string_view text) const override;
+
+  std::string PatternInch = "#######0", PatternMileFeet = "##0.0000", PatternStnFeet = "##000.0",
+              PatternStnMeter = "#0000.0";
+};
+
+// Removes the first inner "+" of a station text or, failing that, the first inner "-": "12+34.5" gives "1234.5".
+std::string StationDigits(std::string_view text);
+
+} // namespace trekor

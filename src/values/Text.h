@@ -1,0 +1,30 @@
+// Text helpers. Text is UTF-8 inside; widths and cuts count characters. Blanks are the character 32 alone.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace trekor {
+
+std::string Trim(std::string_view text);
+std::string_view TrimView(std::string_view text);
+// Upper and lower case of Latin, Greek and Cyrillic letters; everything else stays.
+std::string Upper(std::string_view text);
+std::string Lower(std::string_view text);
+bool SameText(std::string_view a, std::string_view b); // without regard to case
+int CharCount(std::string_view text);
+// The first n characters.
+std::string CutText(std::string_view text, int n);
+// Exactly n characters: cut, or padded with blanks on the right.
+std::string FixedWidth(std::string_view text, int n);
+// The parts between the separators; one empty part for the empty text.
+std::vector<std::string> SplitText(std::string_view text, char separator);
+
+// The code page of the link and of the comma file. What it lacks becomes "?"; the five bytes that it leaves undefined
+// stand for the control characters of the same number. Bytes of invalid UTF-8 become "?" too.
+std::string ToWindows1252(std::string_view utf8);
+void AppendWindows1252(std::string& out, std::string_view utf8);
+std::string FromWindows1252(std::string_view bytes);
+
+} // namespace trekor
