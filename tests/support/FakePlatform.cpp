@@ -1,0 +1,271 @@
+#include "support/FakePlatform.h"
+
+#include "values/Text.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
+#include <fstream>
+#include <sstream>
+#include <system_error>
+#include <unistd.h>
+#include <utility>
+
+namespace trekor::tests {
+
+namespace fs = std::filesystem;
+
+LocalTime FakeClock::Now() {
+  std::tm t{};
+  t.tm_year = start.year - 1900;
+  t.tm_mon = start.month - 1;
+  t.tm_mday = start.day;
+  t.tm_hour = start.hour;
+  t.tm_min = start.minute;
+  t.tm_sec = start.second + static_cast<int>(now / 1000);
+  const std::time_t moment = timegm(&t);
+  gmtime_r(&moment, &t);
+  return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday, t.tm_hour, t.tm_min, t.tm_sec};
+}
+
+void FakePump::ProcessEvents() {
+  ++count;
+  clock.Advance(millisecondsPerPump);
+  const auto due = later.upper_bound(count);
+  for (auto it = later.begin(); it != due; ++it)
+    events.push_back(it->second);
+  later.erase(later.begin(), due);
+  while (!events.empty()) {
+    const auto event = std::move(events.front());
+    events.pop_front(); // first, as the event may pump again
+    event();
+  }
+}
+
+void FakeSocket::Connect(const std::string& h, int p) {
+  ++connects;
+  host = h;
+  port = p;
+  state = SocketState::Connecting;
+  pump.Post([this] {
+    if (state != SocketState::Connecting)
+      return;
+    if (!accepts)
+      return Fail(10061);
+    state = SocketState::Connected;
+    if (events)
+      events->Socket_Connect();
+  });
+}
+
+void FakeSocket::Close() {
+  state = SocketState::Closed;
+}
+
+bool FakeSocket::Send(std::string_view bytes) {
+  if (state != SocketState::Connected)
+    return false;
+  sent.append(bytes);
+  return true;
+}
+
+std::string FakeSocket::ReadAll() {
+  return std::exchange(incoming, {});
+}
+
+void FakeSocket::Deliver(std::string bytes) {
+  pump.Post([this, b = std::move(bytes)] { DeliverNow(b); });
+}
+
+void FakeSocket::DeliverNow(std::string bytes) {
+  incoming += bytes;
+  if (events)
+    events->Socket_DataArrival();
+}
+
+void FakeSocket::PeerClose() {
+  state = SocketState::PeerClosing;
+  if (events)
+    events->Socket_Close();
+}
+
+void FakeSocket::Fail(int number) {
+  state = SocketState::Error;
+  if (events)
+    events->Socket_Error(number);
+}
+
+std::vector<std::string> FakeSocket::TakeLines() {
+  std::vector<std::string> lines;
+  for (auto end = sent.find("\r\n", taken); end != std::string::npos; end = sent.find("\r\n", taken)) {
+    lines.push_back(sent.substr(taken, end - taken));
+    taken = end + 2;
+  }
+  return lines;
+}
+
+std::vector<std::string> FakeSoundPlayer::TakePlayed() {
+  return std::exchange(played, {});
+}
+
+FakeDrives::FakeDrives() {
+  std::string pattern = (fs::temp_directory_path() / "trekor-XXXXXX").string();
+  root = mkdtemp(pattern.data());
+  fs::create_directories(root / "C" / "Trekor");
+}
+
+FakeDrives::~FakeDrives() {
+  std::error_code ignored;
+  fs::remove_all(root, ignored);
+}
+
+std::string FakeDrives::NativePath(const std::string& path) {
+  if (path.size() < 2 || path[1] != ':')
+    return (root / "nowhere").string();
+  fs::path native = root / Upper(path.substr(0, 1));
+  for (const auto& part : SplitText(path.substr(2), '\\')) {
+    if (part.empty())
+      continue;
+    fs::path next = native / part;
+    std::error_code ignored;
+    if (!fs::exists(next, ignored))
+      for (const auto& entry : fs::directory_iterator(native, ignored))
+        if (SameText(entry.path().filename().string(), part))
+          next = entry.path();
+    native = next;
+  }
+  return native.string();
+}
+
+bool FakeDrives::DriveExists(char letter) {
+  return fs::is_directory(root / Upper(std::string(1, letter)));
+}
+
+std::string FakeDrives::RemoteName(char letter) {
+  const auto it = remoteNames.find(letter);
+  return it == remoteNames.end() ? "" : it->second;
+}
+
+bool FakeDrives::FileExists(const std::string& path) {
+  return fs::is_regular_file(NativePath(path));
+}
+
+bool FakeDrives::FolderExists(const std::string& path) {
+  return fs::is_directory(NativePath(path));
+}
+
+namespace {
+bool Fails(const FakeDrives& drives, const std::string& path) {
+  return std::find(drives.failing.begin(), drives.failing.end(), Upper(path)) != drives.failing.end();
+}
+} // namespace
+
+bool FakeDrives::MakeFolder(const std::string& path) {
+  std::error_code error;
+  return !Fails(*this, path) && (fs::create_directory(NativePath(path), error) || FolderExists(path));
+}
+
+bool FakeDrives::CopyFile(const std::string& from, const std::string& to) {
+  std::error_code error;
+  return !Fails(*this, to) &&
+         fs::copy_file(NativePath(from), NativePath(to), fs::copy_options::overwrite_existing, error);
+}
+
+bool FakeDrives::DeleteFile(const std::string& path) {
+  std::error_code error;
+  return !Fails(*this, path) && fs::remove(NativePath(path), error);
+}
+
+void FakeDrives::ClearReadOnly(const std::string& path) {
+  std::error_code error;
+  fs::permissions(NativePath(path), fs::perms::owner_write, fs::perm_options::add, error);
+}
+
+namespace {
+// "*" any characters, "?" one; "*.*" every name, as the old directory search has it.
+bool Matches(std::string_view name, std::string_view pattern) {
+  if (pattern.empty())
+    return name.empty();
+  if (pattern[0] == '*')
+    return Matches(name, pattern.substr(1)) || (!name.empty() && Matches(name.substr(1), pattern));
+  return !name.empty() && (pattern[0] == '?' || pattern[0] == name[0]) && Matches(name.substr(1), pattern.substr(1));
+}
+} // namespace
+
+std::vector<std::string> FakeDrives::Files(const std::string& folder, const std::string& pattern) {
+  std::vector<std::string> names;
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(NativePath(folder), ignored))
+    if (entry.is_regular_file() &&
+        (pattern == "*.*" || Matches(Upper(entry.path().filename().string()), Upper(pattern))))
+      names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end(), [](const auto& a, const auto& b) { return Upper(a) < Upper(b); });
+  return names;
+}
+
+std::vector<std::string> FakeDrives::Folders(const std::string& folder) {
+  std::vector<std::string> names;
+  std::error_code ignored;
+  for (const auto& entry : fs::directory_iterator(NativePath(folder), ignored))
+    if (entry.is_directory())
+      names.push_back(entry.path().filename().string());
+  std::sort(names.begin(), names.end(), [](const auto& a, const auto& b) { return Upper(a) < Upper(b); });
+  return names;
+}
+
+void FakeDrives::MakeFolders(const std::string& path) {
+  fs::create_directories(NativePath(path));
+}
+
+void FakeDrives::Write(const std::string& path, const std::string& bytes) {
+  std::ofstream(NativePath(path), std::ios::binary) << bytes;
+}
+
+std::string FakeDrives::Read(const std::string& path) {
+  std::ifstream in(NativePath(path), std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+bool FakeProcess::NewGuidBytes(unsigned char (&bytes)[16]) {
+  for (int i = 0; i < 16; ++i)
+    bytes[i] = static_cast<unsigned char>(i * 17);
+  return !guidFails;
+}
+
+void FakeShell::Show(Form& form) {
+  form.Shown = true;
+  Note("Show " + form.Name());
+}
+
+void FakeShell::Hide(Form& form) {
+  form.Shown = false;
+  Note("Hide " + form.Name());
+}
+
+void FakeShell::ShowModal(Form& form) {
+  form.Shown = true;
+  Note("Modal " + form.Name());
+  if (const auto it = scripts.find(form.Name()); it != scripts.end())
+    it->second(form);
+  form.Shown = false;
+}
+
+void FakeShell::SetFocus(Control& control) {
+  control.Owner().ActiveControl = &control;
+  Note("Focus " + control.FullName());
+}
+
+void FakeShell::MsgBox(const std::string& text, const std::string& title, BoxIcon) {
+  boxes.push_back(text);
+  Note("Box " + title);
+}
+
+bool FakeShell::SavePicture(const std::string& key, const std::string& nativePath) {
+  std::ofstream file(nativePath, std::ios::binary);
+  file << "PICTURE " << key;
+  return file.good();
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,192 @@
+// Hand-written stand-ins for every seam to the machine. They record what happened and let a test decide what comes
+// next: time stands still but for the pump, which moves it by a millisecond a call, so that a wait of a second ends
+// after a thousand pumps and no test sleeps.
+#pragma once
+
+#include "forms/Form.h"
+#include "platform/Platform.h"
+
+#include <deque>
+#include <filesystem>
+#include <functional>
+#include <map>
+#include <string>
+#include <vector>
+
+namespace trekor::tests {
+
+class FakeClock : public Clock {
+public:
+  double Milliseconds() override { return now; }
+  LocalTime Now() override;
+  void Advance(double milliseconds) { now += milliseconds; }
+  // The wall clock at millisecond 0; it follows the milliseconds.
+  LocalTime start{2024, 5, 6, 7, 8, 9};
+
+private:
+  double now = 0;
+};
+
+class FakePump : public Pump {
+public:
+  explicit FakePump(FakeClock& c) : clock(c) {}
+  void ProcessEvents() override;
+  // Runs at the next pump.
+  void Post(std::function<void()> event) { events.push_back(std::move(event)); }
+  // Runs at the n-th pump from now (1 is the next), so that an event can arrive in the middle of an operation.
+  void AtPump(int n, std::function<void()> event) { later.emplace(count + n, std::move(event)); }
+  int count = 0;
+  double millisecondsPerPump = 1;
+
+private:
+  FakeClock& clock;
+  std::deque<std::function<void()>> events;
+  std::multimap<int, std::function<void()>> later;
+};
+
+class FakeSocket : public Socket {
+public:
+  explicit FakeSocket(FakePump& p) : pump(p) {}
+  void SetEvents(SocketEvents* e) override { events = e; }
+  SocketState State() const override { return state; }
+  void Connect(const std::string& host, int port) override;
+  void Close() override;
+  void SetNoDelay() override { noDelay = true; }
+  bool Send(std::string_view bytes) override;
+  std::string ReadAll() override;
+
+  // The peer's side.
+  bool accepts = true; // a connection attempt succeeds at the next pump; otherwise it fails with error 10061
+  void Deliver(std::string bytes); // at the next pump
+  void DeliverNow(std::string bytes);
+  void Line(const std::string& line) { Deliver(line + "\r\n"); }
+  void PeerClose();
+  void Fail(int number);
+
+  std::string sent; // everything, in order
+  // The lines sent since the last call.
+  std::vector<std::string> TakeLines();
+  int connects = 0;
+  std::string host;
+  int port = 0;
+  bool noDelay = false;
+  SocketState state = SocketState::Closed;
+
+private:
+  FakePump& pump;
+  SocketEvents* events = nullptr;
+  std::string incoming;
+  std::size_t taken = 0;
+};
+
+class FakeSoundPlayer : public SoundPlayer {
+public:
+  void Open_SoundDevice() override { open = true; }
+  void Close_SoundDevice() override { open = false; }
+  int Devices() override { return devices; }
+  void Play(const std::string& path) override { played.push_back(path); }
+  std::vector<std::string> TakePlayed();
+  std::vector<std::string> played;
+  bool open = false;
+  int devices = 1;
+};
+
+class FakeKeyboard : public Keyboard {
+public:
+  bool NumLock() override { return numLock; }
+  void PressNumLock() override {
+    numLock = !numLock;
+    ++presses;
+  }
+  bool numLock = false;
+  int presses = 0;
+};
+
+// Real files below a temporary folder that goes with the object; one subfolder a drive.
+class FakeDrives : public Drives {
+public:
+  FakeDrives();
+  ~FakeDrives() override;
+  std::string NativePath(const std::string& path) override;
+  bool DriveExists(char letter) override;
+  std::string RemoteName(char letter) override;
+  bool FileExists(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  bool MakeFolder(const std::string& path) override;
+  bool CopyFile(const std::string& from, const std::string& to) override;
+  bool DeleteFile(const std::string& path) override;
+  void ClearReadOnly(const std::string& path) override;
+  std::vector<std::string> Files(const std::string& folder, const std::string& pattern) override;
+  std::vector<std::string> Folders(const std::string& folder) override;
+  std::string CurrentFolder() override { return currentFolder; }
+
+  // A test's own acts.
+  void MakeFolders(const std::string& path); // with all parents; makes the drive too
+  void Write(const std::string& path, const std::string& bytes);
+  std::string Read(const std::string& path);
+
+  std::filesystem::path root;
+  std::map<char, std::string> remoteNames;
+  std::string currentFolder = "C:\\Trekor";
+  // Paths (upper case) whose copy, deletion or making fails.
+  std::vector<std::string> failing;
+};
+
+class FakeProcess : public Process {
+public:
+  bool PreviousInstance() override { return previousInstance; }
+  std::string CommandLine() override { return commandLine; }
+  std::string ProgramName() override { return "Trekor"; }
+  std::string ProgramFolder() override { return "C:\\Trekor"; }
+  std::string ComputerName() override { return "VEHICLE-1"; }
+  float WindowsVersion() override { return 2010; }
+  char DecimalChar() override { return decimalChar; }
+  bool NewGuidBytes(unsigned char (&bytes)[16]) override;
+  void End() override { ++ended; }
+  bool previousInstance = false, guidFails = false;
+  std::string commandLine = "7707-104 /US";
+  char decimalChar = '.';
+  int ended = 0;
+};
+
+// Forms are shown to nobody; a modal form is answered by the script of its name, which acts on the model and hides it.
+class FakeShell : public Shell {
+public:
+  void Load(Form& form) override { Note("Load " + form.Name()); }
+  void Unload(Form& form) override { Note("Unload " + form.Name()); }
+  void Show(Form& form) override;
+  void Hide(Form& form) override;
+  void ShowModal(Form& form) override;
+  void SetFocus(Control& control) override;
+  void BringToFront(Control& control) override { Note("Front " + control.FullName()); }
+  long long WindowHandle(Form&) override { return 4711; }
+  void Hourglass(bool on) override { hourglass = on; }
+  void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
+  void ShowNotice(const std::string& text) override { notices.push_back(text); }
+  bool SavePicture(const std::string& key, const std::string& nativePath) override;
+
+  // By form name. A form without a script is hidden at once, as if the user had closed it untouched.
+  std::map<std::string, std::function<void(Form&)>> scripts;
+  std::vector<std::string> acts;  // "Show Measurements", "Modal NumericPrompt", ...
+  std::vector<std::string> boxes; // texts of message boxes
+  std::vector<std::string> notices;
+  bool hourglass = false;
+
+private:
+  void Note(std::string act) { acts.push_back(std::move(act)); }
+};
+
+// All fakes together, and the Platform over them.
+struct FakePlatform {
+  FakeClock clock;
+  FakePump pump{clock};
+  FakeSocket socket{pump};
+  FakeSoundPlayer sound;
+  FakeKeyboard keyboard;
+  FakeDrives drives;
+  FakeProcess process;
+  FakeShell shell;
+  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
+};
+
+} // namespace trekor::tests
