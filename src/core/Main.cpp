@@ -1,1 +1,50 @@
+// Start-up, in its fixed order: the texts must be open before the command line is judged, the options before the folders
+// of the language, everything before the first form.
+#include "core/CommandLine.h"
+#include "core/Folders.h"
 #include "core/Program.h"
+#include "dbupdate/UpdateDatabase.h"
+
+namespace trekor {
+
+namespace {
+constexpr const char* EmptyCommandLine = "Use Veldmark Control Center to start this program...";
+} // namespace
+
+bool Program::Main() {
+  if (platform.process.PreviousInstance())
+    return false; // silently
+  state.units.DecimalChar = platform.process.DecimalChar();
+  FolderRoots(state.folders, platform);
+  if (!texts.Open())
+    return false;
+  if (!ReadCommandLine(platform.process.CommandLine(), state.command, state.run)) {
+    platform.shell.MsgBox(EmptyCommandLine, "Veldmark Trekor", BoxIcon::Exclamation);
+    texts.Close();
+    return false;
+  }
+  AudioFolders(state.folders);
+  if (!options.LoadSoftwareDatabases())
+    return false;
+  LanguageAudioFolder(state.folders, state.command.Language, platform.drives);
+  if (!InitHardware() || !files.Init_DataFiles() || !setupDatabase.LoadDatabase() || !sections.LoadSections())
+    return false;
+  measurements.Load_Form();
+  return true;
+}
+
+// The per-vehicle database is opened and kept; what it holds is of no concern to data collection.
+bool Program::InitHardware() {
+  HardwareDb.reset();
+  const auto update =
+      UpdateDatabase(state.folders, platform, "HardWare", state.folders.MdbFolder, state.command.HardwareName);
+  if (update.programEnds)
+    return false;
+  state.versions.HardWare = update.version;
+  const std::string path = state.folders.MdbFolder + "\\" + state.command.HardwareName + ".mdb";
+  HardwareDb = Database::Open(platform.drives.NativePath(path), OpenMode::Shared);
+  state.run.DmiReceived = false;
+  return HardwareDb != nullptr;
+}
+
+} // namespace trekor

@@ -1,1 +1,24 @@
+// The end of the program. Every way out (menu, link, close box) comes to this one unload.
 #include "core/Program.h"
+
+namespace trekor {
+
+void Program::Unload_MainForm() {
+  if (unloaded)
+    return; // the window's own close follows the unload that a command has begun
+  unloaded = true;
+  measurements.Stop_AndClose();
+  measurements.Unload_Forms();
+  texts.SaveFormProperties(form);
+  socket.Unload();
+  platform.shell.Unload(form);
+  sections.CloseSections();
+  HardwareDb.reset();
+  texts.Close();
+  messages.Close();
+  options.Close();
+  setupDatabase.CloseDatabase();
+  platform.process.End();
+}
+
+} // namespace trekor
