@@ -1,9 +1,9 @@
 // The base of all control models. A form is a list of named controls; a database dresses it, a view shows it, the logic
 // listens. Models know no pixels: geometry is in twips, 1440 to the inch, 15 to a pixel at 96 dots an inch.
 //
-// Two ways to write: Set... is code writing the model, the view follows. The operator's act comes in through verbs (Type,
-// Click, Select, Press ...), which store it and raise the control's own handler. Whether a write by code raises the
-// handler too is decided once a kind and said at its head.
+// Two ways to write: Set... is code writing the model, the view follows. The operator's act comes in through verbs
+// (Type, Click, Select, Press ...), which store it and raise the control's own handler. Whether a write by code raises
+// the handler too is decided once a kind and said at its head.
 #pragma once
 
 #include <string>
@@ -22,7 +22,7 @@ enum class Change {
   Visible,
   ToolTip,
   Geometry,
-  List,     // the entries of a list, tabs, buttons
+  List,      // the entries of a list, tabs, buttons
   Selection, // ListIndex, selected tab, selected text, current cell
   Picture,
   Colour,
@@ -73,7 +73,8 @@ struct Font {
 
 class Control {
 public:
-  // Registers itself with the form, in the order of declaration. `index` is -1 for a control that is no element of an array.
+  // Registers itself with the form, in the order of declaration. `index` is -1 for a control that is no element of an
+  // array.
   Control(Form& owner, Kind kind, std::string name, int index = -1);
   virtual ~Control();
   Control(const Control&) = delete;

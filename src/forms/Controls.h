@@ -36,7 +36,7 @@ public:
   const std::string& Text() const { return text; }
   void SetText(std::string t);
   bool ReadOnly = false;
-  int MaxLength = 0; // characters the operator may type; 0: no limit
+  int MaxLength = 0;               // characters the operator may type; 0: no limit
   int SelStart = 0, SelLength = 0; // characters
   void SelectAll();
   // Puts the caret at the start, nothing selected.
@@ -88,6 +88,7 @@ public:
   Handler OnClick;
 
 private:
+  void ClearOthers();
   std::string caption;
   bool value = false;
 };
@@ -109,13 +110,15 @@ public:
   Handler OnClick, OnChange;
 
 private:
+  void Choose(int i);
   std::vector<std::string> items;
   int selected = -1;
   std::string text;
 };
 
-// A list with one or several selected entries. Drive, folder and file lists are lists too: their kind tells the store
-// what they take, their logic fills them.
+// A list with one or several selected entries. Click is raised by the operator and by code that sets another ListIndex;
+// the marks of a list with several (SetSelected) raise nothing. An operator's click there turns the mark of its entry.
+// Drive, folder and file lists are lists too: their kind tells the store what they take, their logic fills them.
 class ListBox : public Control {
 public:
   ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}
@@ -178,7 +181,8 @@ private:
   std::string picture;
 };
 
-// The tabs above a place that shows one frame at a time. Click is raised by the operator and by code that selects another.
+// The tabs above a place that shows one frame at a time. Click is raised by the operator and by code that selects
+// another.
 class TabStrip : public Control {
 public:
   TabStrip(Form& owner, std::string name) : Control(owner, Kind::TabStrip, std::move(name)) {}
@@ -219,6 +223,7 @@ public:
   std::function<void(const std::string& key)> OnButtonClick;
 
 private:
+  Button* Find(const std::string& key);
   std::vector<Button> buttons;
 };
 
@@ -266,8 +271,8 @@ private:
   bool running = false;
 };
 
-// Pictures by key, not shown itself. A key is the file name in upper case; Tag is the file name as it stands; File is the
-// path of drive letter and backslashes, empty for a picture built into the views.
+// Pictures by key, not shown itself. A key is the file name in upper case; Tag is the file name as it stands; File is
+// the path of drive letter and backslashes, empty for a picture built into the views.
 class ImageList : public Control {
 public:
   ImageList(Form& owner, std::string name) : Control(owner, Kind::ImageList, std::move(name)) {}

@@ -23,10 +23,12 @@ public:
 
   const std::string& Caption() const { return caption; }
   void SetCaption(std::string text);
-  int Left = 0, Top = 0, Width = 0, Height = 0; // twips; Height is the inside, without the title bar; write through Move
+  int Left = 0, Top = 0, Width = 0,
+      Height = 0; // twips; Height is the inside, without the title bar; write through Move
   void Move(int left, int top, int width, int height);
   std::string Tag;
-  Font FontOf;
+  Font FontOf; // write through SetFont
+  void SetFont(Font f);
   int BackColor = -1; // 0xRRGGBB, -1: the system's
   bool Loaded = false;
   bool Shown = false;
@@ -40,7 +42,8 @@ public:
   // The control that has the focus, or nothing. Written by the view.
   Control* ActiveControl = nullptr;
 
-  // What the form hears. KeyDown comes before any control: true takes the key. KeyPress true throws a typed character away.
+  // What the form hears. KeyDown comes before any control: true takes the key. KeyPress true throws a typed character
+  // away.
   KeyHandler OnKeyDown;
   std::function<bool(char32_t)> OnKeyPress;
   Handler OnActivate, OnResize;
@@ -48,8 +51,9 @@ public:
   std::function<bool()> OnQueryUnload;
   Handler OnUnload;
 
-  // An element of a control array that the property store asks for and that does not exist yet. The form makes the usual
-  // kinds for the generic names Labels, Texts, Commands, Frames, Checks, Options and owns them; nothing for other names.
+  // An element of a control array that the property store asks for and that does not exist yet. The form makes the
+  // usual kinds for the generic names Labels, Texts, Commands, Frames, Checks, Options and owns them; it stands where
+  // the lowest element of its array stands. Nothing for other names.
   virtual Control* LoadElement(const std::string& arrayName, int index);
 
   // The view's ear for the form itself and for controls that come later.
@@ -64,6 +68,7 @@ public:
 
 private:
   friend class Control;
+  void Tell(Change what);
   void Register(Control& control);
   void Forget(Control& control);
 

@@ -1,5 +1,5 @@
-// A table of cells with fixed rows, a current cell, merged cells and pictures. Newest rows are inserted at the top, so rows
-// are kept in a deque and a shift costs nothing of the cells' own.
+// A table of cells with fixed rows, a current cell, merged cells and pictures. Newest rows are inserted at the top, so
+// rows are kept in a deque and a shift costs nothing of the cells' own.
 //
 // While redraw is off nothing is told; what was done is kept and told once, when it goes on again. A view asks
 // TakeChanges and repaints no more than that.
@@ -23,12 +23,14 @@ public:
   int Rows() const { return static_cast<int>(rows.size()); }
   int Cols() const { return columns; }
   int FixedRows() const { return fixedRows; }
-  void SetFixedRows(int n) { fixedRows = n; }
+  void SetFixedRows(int n);
   void SetCols(int n);
   // Rows are added at the end or cut there.
   void SetRows(int n);
 
-  // A row at `row` with the text in its first column; rows below move down. Out of range (below 0 or beyond the end): skipped.
+  // The current cell keeps its numbers when rows are inserted or removed; a removal at the end keeps it inside.
+  // A row at `row` with the text in its first column; rows below move down. Out of range (below 0 or beyond the end):
+  // skipped.
   void AddItem(const std::string& text, int row);
   // Skipped when there is no such row.
   void RemoveItem(int row);
@@ -66,7 +68,8 @@ public:
   // Back to the fixed rows; contents of those stay.
   void ClearToFixedRows();
 
-  // The operator moves the current cell with mouse or arrow keys; EnterCell is raised.
+  // The operator moves the current cell with mouse or arrow keys; EnterCell is raised when it is another cell. Skipped
+  // in the fixed rows and while selection marks are off.
   void SelectCell(int r, int c);
   // The operator's mouse on a cell.
   void Click(int r, int c);
@@ -76,15 +79,17 @@ public:
 
   // What was done since the last call, for the view.
   struct Changes {
-    bool all = false;           // repaint everything (columns, many rows, cleared)
+    bool all = false; // repaint everything (columns, many rows, cleared)
     bool selection = false;
     struct Step {
       enum Sort { RowInserted, RowRemoved, Cell } sort;
       int row, col;
     };
-    std::vector<Step> steps;    // in the order in which they happened; empty when all is set
+    std::vector<Step> steps; // in the order in which they happened, at most MostSteps; empty when all is set
   };
   Changes TakeChanges();
+  // With more steps than this a view is faster with painting everything, and a grid that no view asks stays small.
+  static constexpr std::size_t MostSteps = 256;
 
 private:
   struct CellData {
@@ -95,11 +100,14 @@ private:
     std::vector<CellData> cells;
     bool merged = false;
   };
+  bool HasCell(int r, int c) const;
   CellData* CellAt(int r, int c);
   const CellData* CellAt(int r, int c) const;
   void Note(Changes::Step::Sort sort, int r, int c);
   void NoteAll();
+  void NoteSelection();
   void TellIfDrawn();
+  void KeepSelectionInside();
 
   std::deque<RowData> rows;
   int columns = 0, fixedRows = 0;
@@ -107,7 +115,7 @@ private:
   std::vector<Align> colAlign;
   std::vector<bool> colMerged;
   int row = 0, col = 0, rowSel = 0, colSel = 0;
-  bool marks = false, redraw = true;
+  bool marks = false, redraw = true, untold = false;
   Changes pending;
 };
 

@@ -1,0 +1,63 @@
+#include "forms/Control.h"
+
+#include "forms/Form.h"
+
+namespace trekor {
+
+Control::Control(Form& form, Kind sort, std::string controlName, int place)
+    : owner(form), kind(sort), name(std::move(controlName)), index(place) {
+  owner.Register(*this);
+}
+
+Control::~Control() {
+  owner.Forget(*this);
+}
+
+std::string Control::FullName() const {
+  return index < 0 ? name : name + "(" + std::to_string(index) + ")";
+}
+
+void Control::Move(int left, int top, int width, int height) {
+  if (left == Left && top == Top && width == Width && height == Height)
+    return;
+  Left = left;
+  Top = top;
+  Width = width;
+  Height = height;
+  Tell(Change::Geometry);
+}
+
+void Control::SetVisible(bool on) {
+  if (visible == on)
+    return;
+  visible = on;
+  Tell(Change::Visible);
+}
+
+void Control::SetEnabled(bool on) {
+  if (enabled == on)
+    return;
+  enabled = on;
+  Tell(Change::Enabled);
+}
+
+void Control::SetToolTipText(std::string text) {
+  if (tip == text)
+    return;
+  tip = std::move(text);
+  Tell(Change::ToolTip);
+}
+
+void Control::SetFont(Font f) {
+  if (font == f)
+    return;
+  font = std::move(f);
+  Tell(Change::Font);
+}
+
+void Control::Tell(Change what) {
+  if (listener)
+    listener->ControlChanged(*this, what);
+}
+
+} // namespace trekor

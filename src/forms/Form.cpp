@@ -1,0 +1,134 @@
+#include "forms/Form.h"
+
+#include "forms/Names.h"
+
+#include <algorithm>
+#include <array>
+
+namespace trekor {
+
+Form::Form(std::string formName) : name(std::move(formName)) {}
+
+Form::~Form() {
+  listener = nullptr;
+  while (!elements.empty())
+    elements.pop_back();
+}
+
+Control* Form::Find(const std::string& controlName, int index) const {
+  for (Control* c : controls)
+    if (c->Index() == index && SameName(c->Name(), controlName))
+      return c;
+  return nullptr;
+}
+
+void Form::SetCaption(std::string text) {
+  if (caption == text)
+    return;
+  caption = std::move(text);
+  Tell(Change::Caption);
+}
+
+void Form::Move(int left, int top, int width, int height) {
+  if (left == Left && top == Top && width == Width && height == Height)
+    return;
+  Left = left;
+  Top = top;
+  Width = width;
+  Height = height;
+  Tell(Change::Geometry);
+}
+
+void Form::SetFont(Font f) {
+  if (FontOf == f)
+    return;
+  FontOf = std::move(f);
+  Tell(Change::Font);
+}
+
+void Form::SetWindowState(int state) {
+  if (windowState == state)
+    return;
+  windowState = state;
+  Tell(Change::Geometry);
+}
+
+void Form::Refresh() {
+  if (listener)
+    listener->FormRefresh(*this);
+}
+
+void Form::Tell(Change what) {
+  if (listener)
+    listener->FormChanged(*this, what);
+}
+
+namespace {
+
+using Maker = std::unique_ptr<Control> (*)(Form& form, const std::string& name, int index);
+
+template <class Sort> std::unique_ptr<Control> Make(Form& form, const std::string& name, int index) {
+  return std::make_unique<Sort>(form, name, index);
+}
+
+struct GenericArray {
+  const char* name;
+  Maker make;
+};
+
+constexpr std::array<GenericArray, 6> GenericArrays{{{"Labels", Make<Label>},
+                                                     {"Texts", Make<TextBox>},
+                                                     {"Commands", Make<CommandButton>},
+                                                     {"Frames", Make<Frame>},
+                                                     {"Checks", Make<CheckBox>},
+                                                     {"Options", Make<OptionButton>}}};
+
+// A new element begins as a copy of the array's lowest one in what is not told by its row in the database.
+void TakeAfter(Control& element, const std::vector<Control*>& controls) {
+  const Control* lowest = nullptr;
+  for (const Control* c : controls)
+    if (c != &element && c->Index() >= 0 && SameName(c->Name(), element.Name()) &&
+        (!lowest || c->Index() < lowest->Index()))
+      lowest = c;
+  if (!lowest)
+    return;
+  element.Container = lowest->Container;
+  element.Move(lowest->Left, lowest->Top, lowest->Width, lowest->Height);
+}
+
+} // namespace
+
+Control* Form::LoadElement(const std::string& arrayName, int index) {
+  if (index < 0)
+    return nullptr;
+  if (Control* there = Find(arrayName, index))
+    return there;
+  const auto* array = std::find_if(GenericArrays.begin(), GenericArrays.end(),
+                                   [&](const GenericArray& a) { return SameName(a.name, arrayName); });
+  if (array == GenericArrays.end())
+    return nullptr;
+  elements.push_back(array->make(*this, array->name, index));
+  Control& element = *elements.back();
+  TakeAfter(element, controls);
+  if (listener)
+    listener->ControlAdded(*this, element);
+  return &element;
+}
+
+void Form::Register(Control& control) {
+  controls.push_back(&control);
+}
+
+// Controls go in the reverse order of their coming, so the search begins at the end.
+void Form::Forget(Control& control) {
+  const auto place = std::find(controls.rbegin(), controls.rend(), &control);
+  if (place != controls.rend())
+    controls.erase(std::next(place).base());
+  if (ActiveControl == &control)
+    ActiveControl = nullptr;
+  for (Control* c : controls)
+    if (c->Container == &control)
+      c->Container = nullptr;
+}
+
+} // namespace trekor

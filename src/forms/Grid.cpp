@@ -1,0 +1,265 @@
+#include "forms/Grid.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace trekor {
+
+namespace {
+
+const std::string Nothing;
+
+template <class List> bool Has(const List& list, int i) {
+  return i >= 0 && i < static_cast<int>(list.size());
+}
+
+template <class List> decltype(auto) At(List& list, int i) {
+  return list[static_cast<std::size_t>(i)];
+}
+
+} // namespace
+
+bool Grid::HasCell(int r, int c) const {
+  return Has(rows, r) && c >= 0 && c < columns;
+}
+
+Grid::CellData* Grid::CellAt(int r, int c) {
+  return HasCell(r, c) ? &At(At(rows, r).cells, c) : nullptr;
+}
+
+const Grid::CellData* Grid::CellAt(int r, int c) const {
+  return HasCell(r, c) ? &At(At(rows, r).cells, c) : nullptr;
+}
+
+void Grid::SetFixedRows(int n) {
+  if (n < 0 || n == fixedRows)
+    return;
+  fixedRows = n;
+  NoteAll();
+}
+
+void Grid::SetCols(int n) {
+  if (n < 0 || n == columns)
+    return;
+  columns = n;
+  const auto count = static_cast<std::size_t>(n);
+  colWidths.resize(count, -1);
+  colAlign.resize(count, Align::Left);
+  colMerged.resize(count, false);
+  for (RowData& r : rows)
+    r.cells.resize(count);
+  KeepSelectionInside();
+  NoteAll();
+}
+
+void Grid::SetRows(int n) {
+  if (n < 0 || n == Rows())
+    return;
+  RowData empty;
+  empty.cells.resize(static_cast<std::size_t>(columns));
+  rows.resize(static_cast<std::size_t>(n), empty);
+  KeepSelectionInside();
+  NoteAll();
+}
+
+void Grid::AddItem(const std::string& text, int place) {
+  if (place < 0 || place > Rows())
+    return;
+  RowData fresh;
+  fresh.cells.resize(static_cast<std::size_t>(columns));
+  if (columns > 0)
+    fresh.cells.front().text = text;
+  rows.insert(rows.begin() + place, std::move(fresh));
+  Note(Changes::Step::RowInserted, place, 0);
+}
+
+void Grid::RemoveItem(int place) {
+  if (!Has(rows, place))
+    return;
+  rows.erase(rows.begin() + place);
+  KeepSelectionInside();
+  Note(Changes::Step::RowRemoved, place, 0);
+}
+
+const std::string& Grid::Text(int r, int c) const {
+  const CellData* cell = CellAt(r, c);
+  return cell ? cell->text : Nothing;
+}
+
+void Grid::SetText(int r, int c, std::string text) {
+  CellData* cell = CellAt(r, c);
+  if (!cell || cell->text == text)
+    return;
+  cell->text = std::move(text);
+  Note(Changes::Step::Cell, r, c);
+}
+
+const std::string& Grid::CellPicture(int r, int c) const {
+  const CellData* cell = CellAt(r, c);
+  return cell ? cell->picture : Nothing;
+}
+
+void Grid::SetCellPicture(int r, int c, std::string key) {
+  CellData* cell = CellAt(r, c);
+  if (!cell || cell->picture == key)
+    return;
+  cell->picture = std::move(key);
+  Note(Changes::Step::Cell, r, c);
+}
+
+Align Grid::CellAlignment(int r, int c) const {
+  const CellData* cell = CellAt(r, c);
+  if (!cell)
+    return Align::Left;
+  return cell->align < 0 ? At(colAlign, c) : static_cast<Align>(cell->align);
+}
+
+void Grid::SetCellAlignment(int r, int c, Align a) {
+  CellData* cell = CellAt(r, c);
+  if (!cell || cell->align == static_cast<int>(a))
+    return;
+  cell->align = static_cast<int>(a);
+  Note(Changes::Step::Cell, r, c);
+}
+
+void Grid::SetColAlignment(int c, Align a) {
+  if (!Has(colAlign, c) || At(colAlign, c) == a)
+    return;
+  At(colAlign, c) = a;
+  NoteAll();
+}
+
+int Grid::ColWidth(int c) const {
+  return Has(colWidths, c) ? At(colWidths, c) : -1;
+}
+
+void Grid::SetColWidth(int c, int twips) {
+  if (!Has(colWidths, c) || At(colWidths, c) == twips)
+    return;
+  At(colWidths, c) = twips;
+  NoteAll();
+}
+
+bool Grid::MergeRow(int r) const {
+  return Has(rows, r) && At(rows, r).merged;
+}
+
+// A row that is merged as it comes changes no more than its own picture.
+void Grid::SetMergeRow(int r, bool on) {
+  if (!Has(rows, r) || At(rows, r).merged == on)
+    return;
+  At(rows, r).merged = on;
+  Note(Changes::Step::Cell, r, 0);
+}
+
+bool Grid::MergeCol(int c) const {
+  return Has(colMerged, c) && At(colMerged, c);
+}
+
+void Grid::SetMergeCol(int c, bool on) {
+  if (!Has(colMerged, c) || At(colMerged, c) == on)
+    return;
+  At(colMerged, c) = on;
+  NoteAll();
+}
+
+void Grid::SetRow(int r) {
+  if (!Has(rows, r) || (r == row && r == rowSel))
+    return;
+  row = rowSel = r;
+  NoteSelection();
+}
+
+void Grid::SetCol(int c) {
+  if (c < 0 || c >= columns || (c == col && c == colSel))
+    return;
+  col = colSel = c;
+  NoteSelection();
+}
+
+void Grid::SetRowSel(int r) {
+  if (!Has(rows, r) || r == rowSel)
+    return;
+  rowSel = r;
+  NoteSelection();
+}
+
+void Grid::SetColSel(int c) {
+  if (c < 0 || c >= columns || c == colSel)
+    return;
+  colSel = c;
+  NoteSelection();
+}
+
+void Grid::SetSelectionMarks(bool on) {
+  if (marks == on)
+    return;
+  marks = on;
+  NoteSelection();
+}
+
+void Grid::SetRedraw(bool on) {
+  redraw = on;
+  if (untold)
+    TellIfDrawn();
+}
+
+void Grid::ClearToFixedRows() {
+  SetRows(std::min(fixedRows, Rows()));
+}
+
+void Grid::SelectCell(int r, int c) {
+  if (!Enabled() || !marks || r < fixedRows || !HasCell(r, c))
+    return;
+  const bool another = r != row || c != col;
+  SetRow(r);
+  SetCol(c);
+  if (another && OnEnterCell)
+    OnEnterCell();
+}
+
+void Grid::Click(int r, int c) {
+  if (Enabled() && HasCell(r, c) && OnClick)
+    OnClick(r, c);
+}
+
+Grid::Changes Grid::TakeChanges() {
+  return std::exchange(pending, Changes());
+}
+
+void Grid::Note(Changes::Step::Sort sort, int r, int c) {
+  if (pending.steps.size() >= MostSteps)
+    return NoteAll();
+  if (!pending.all)
+    pending.steps.push_back({sort, r, c});
+  TellIfDrawn();
+}
+
+void Grid::NoteAll() {
+  pending.all = true;
+  pending.steps.clear();
+  TellIfDrawn();
+}
+
+void Grid::NoteSelection() {
+  pending.selection = true;
+  TellIfDrawn();
+}
+
+void Grid::TellIfDrawn() {
+  untold = !redraw;
+  if (redraw)
+    Tell(Change::Cells);
+}
+
+void Grid::KeepSelectionInside() {
+  const int lastRow = std::max(Rows() - 1, 0), lastCol = std::max(columns - 1, 0);
+  const bool outside = row > lastRow || rowSel > lastRow || col > lastCol || colSel > lastCol;
+  row = std::min(row, lastRow);
+  rowSel = std::min(rowSel, lastRow);
+  col = std::min(col, lastCol);
+  colSel = std::min(colSel, lastCol);
+  pending.selection |= outside;
+}
+
+} // namespace trekor

@@ -1,0 +1,235 @@
+// The kinds that hold a list of entries.
+#include "forms/Controls.h"
+#include "forms/Names.h"
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+const std::string Nothing;
+
+void Raise(const Handler& handler) {
+  if (handler)
+    handler();
+}
+
+template <class List> bool Has(const List& list, int i) {
+  return i >= 0 && i < static_cast<int>(list.size());
+}
+
+template <class List> decltype(auto) At(List& list, int i) {
+  return list[static_cast<std::size_t>(i)];
+}
+
+} // namespace
+
+void ComboBox::Clear() {
+  items.clear();
+  selected = -1;
+  text.clear();
+  Tell(Change::List);
+}
+
+void ComboBox::AddItem(std::string entry) {
+  items.push_back(std::move(entry));
+  Tell(Change::List);
+}
+
+const std::string& ComboBox::List(int i) const {
+  return Has(items, i) ? At(items, i) : Nothing;
+}
+
+void ComboBox::Choose(int i) {
+  selected = i;
+  text = List(i);
+  Tell(Change::Selection);
+  Raise(OnClick);
+}
+
+void ComboBox::SetListIndex(int i) {
+  if (i != selected && (i == -1 || Has(items, i)))
+    Choose(i);
+}
+
+const std::string& ComboBox::Text() const {
+  return text;
+}
+
+// A box that cannot be typed takes only a text that stands in its list.
+void ComboBox::SetText(std::string t) {
+  if (DropDownList) {
+    const auto place = std::find(items.begin(), items.end(), t);
+    if (place != items.end())
+      SetListIndex(static_cast<int>(place - items.begin()));
+    return;
+  }
+  if (t == text)
+    return;
+  selected = -1;
+  text = std::move(t);
+  Tell(Change::Text);
+  Raise(OnChange);
+}
+
+void ComboBox::Select(int i) {
+  if (Enabled() && Has(items, i))
+    Choose(i);
+}
+
+void ListBox::Clear() {
+  items.clear();
+  chosen.clear();
+  current = -1;
+  Tell(Change::List);
+}
+
+void ListBox::AddItem(std::string text) {
+  items.push_back(std::move(text));
+  chosen.push_back(false);
+  Tell(Change::List);
+}
+
+const std::string& ListBox::List(int i) const {
+  return Has(items, i) ? At(items, i) : Nothing;
+}
+
+void ListBox::SetListIndex(int i) {
+  if (i == current || (i != -1 && !Has(items, i)))
+    return;
+  current = i;
+  Tell(Change::Selection);
+  Raise(OnClick);
+}
+
+bool ListBox::Selected(int i) const {
+  return MultiSelect ? Has(chosen, i) && At(chosen, i) : i >= 0 && i == current;
+}
+
+void ListBox::SetSelected(int i, bool on) {
+  if (!Has(items, i) || Selected(i) == on)
+    return;
+  if (!MultiSelect)
+    return SetListIndex(on ? i : -1);
+  At(chosen, i) = on;
+  Tell(Change::Selection);
+}
+
+void ListBox::Select(int i) {
+  if (!Enabled() || !Has(items, i))
+    return;
+  current = i;
+  if (MultiSelect)
+    At(chosen, i) = !At(chosen, i);
+  Tell(Change::Selection);
+  Raise(OnClick);
+}
+
+void ListBox::DblClick(int i) {
+  if (!Enabled() || !Has(items, i))
+    return;
+  current = i;
+  Tell(Change::Selection);
+  Raise(OnDblClick);
+}
+
+bool ListBox::Press(int keyCode, int shift) {
+  return Enabled() && OnKeyDown && OnKeyDown(keyCode, shift);
+}
+
+void TabStrip::Clear() {
+  tabs.clear();
+  selected = -1;
+  Tell(Change::List);
+}
+
+void TabStrip::Add(std::string key, std::string caption) {
+  tabs.push_back({std::move(key), std::move(caption)});
+  Tell(Change::List);
+}
+
+void TabStrip::SetCaption(int i, std::string caption) {
+  if (!Has(tabs, i) || At(tabs, i).Caption == caption)
+    return;
+  At(tabs, i).Caption = std::move(caption);
+  Tell(Change::List);
+}
+
+void TabStrip::SetSelected(int i) {
+  if (i == selected || !Has(tabs, i))
+    return;
+  selected = i;
+  Tell(Change::Selection);
+  Raise(OnClick);
+}
+
+void TabStrip::Select(int i) {
+  if (Enabled())
+    SetSelected(i);
+}
+
+void ToolBar::Add(Button button) {
+  buttons.push_back(std::move(button));
+  Tell(Change::List);
+}
+
+ToolBar::Button* ToolBar::Find(const std::string& key) {
+  const auto place =
+      std::find_if(buttons.begin(), buttons.end(), [&](const Button& b) { return SameName(b.Key, key); });
+  return place == buttons.end() ? nullptr : &*place;
+}
+
+bool ToolBar::ButtonEnabled(const std::string& key) const {
+  return std::any_of(buttons.begin(), buttons.end(),
+                     [&](const Button& b) { return b.Enabled && SameName(b.Key, key); });
+}
+
+void ToolBar::SetButtonEnabled(const std::string& key, bool on) {
+  Button* button = Find(key);
+  if (!button || button->Enabled == on)
+    return;
+  button->Enabled = on;
+  Tell(Change::List);
+}
+
+void ToolBar::SetButtonTip(int i, std::string tip) {
+  if (!Has(buttons, i) || At(buttons, i).ToolTip == tip)
+    return;
+  At(buttons, i).ToolTip = std::move(tip);
+  Tell(Change::List);
+}
+
+void ToolBar::SetButtonCaption(int i, std::string caption) {
+  if (!Has(buttons, i) || At(buttons, i).Caption == caption)
+    return;
+  At(buttons, i).Caption = std::move(caption);
+  Tell(Change::List);
+}
+
+void ToolBar::ClickButton(const std::string& key) {
+  const Button* button = Find(key);
+  if (Enabled() && button && button->Enabled && OnButtonClick)
+    OnButtonClick(std::string(button->Key)); // a copy: the handler may rebuild the bar
+}
+
+void ImageList::Clear() {
+  pictures.clear();
+  Tell(Change::List);
+}
+
+bool ImageList::Add(Picture picture) {
+  if (Find(picture.Key))
+    return false;
+  pictures.push_back(std::move(picture));
+  Tell(Change::List);
+  return true;
+}
+
+const ImageList::Picture* ImageList::Find(const std::string& key) const {
+  const auto place =
+      std::find_if(pictures.begin(), pictures.end(), [&](const Picture& p) { return SameName(p.Key, key); });
+  return place == pictures.end() ? nullptr : &*place;
+}
+
+} // namespace trekor

@@ -1,0 +1,72 @@
+#include "forms/Controls.h"
+#include "forms/Names.h"
+
+namespace trekor {
+
+namespace {
+
+void Raise(const Handler& handler) {
+  if (handler)
+    handler();
+}
+
+} // namespace
+
+void TextBox::SetText(std::string t) {
+  if (text == t)
+    return;
+  text = std::move(t);
+  SelStart = SelLength = 0;
+  Tell(Change::Text);
+  Raise(OnChange);
+}
+
+void TextBox::SelectAll() {
+  SelStart = 0;
+  SelLength = CountCharacters(text);
+  Tell(Change::Selection);
+}
+
+void TextBox::CaretToStart() {
+  SelStart = SelLength = 0;
+  Tell(Change::Selection);
+}
+
+// The view is told although it typed the text itself: what the box did not take must vanish from the screen.
+void TextBox::Type(std::string t) {
+  if (!Enabled() || ReadOnly)
+    return Tell(Change::Text);
+  if (MaxLength > 0)
+    t = FirstCharacters(std::move(t), MaxLength);
+  const bool differs = t != text;
+  text = std::move(t);
+  SelStart = CountCharacters(text);
+  SelLength = 0;
+  Tell(Change::Text);
+  if (differs)
+    Raise(OnChange);
+}
+
+void TextBox::GetFocus() {
+  Raise(OnGotFocus);
+}
+
+void TextBox::LoseFocus() {
+  Raise(OnLostFocus);
+}
+
+bool TextBox::Press(int keyCode, int shift) {
+  return Enabled() && OnKeyDown && OnKeyDown(keyCode, shift);
+}
+
+void TextBox::Click() {
+  if (Enabled())
+    Raise(OnClick);
+}
+
+void TextBox::DblClick() {
+  if (Enabled())
+    Raise(OnDblClick);
+}
+
+} // namespace trekor
