@@ -23,9 +23,14 @@ std::string NormalizeDecimal(std::string_view text);
 // Blank text gives NaN; otherwise Val of the normalised text.
 double TextToDouble(std::string_view text);
 float TextToSingle(std::string_view text);
+// The nearest single; beyond its range the largest one.
+float ToSingle(double number);
 
-// A number by a digit pattern ("0" always written, "#" when needed, "." the mark), rounded half away from zero in decimal;
-// no "-" on a text whose digits are all zero. `mark` stands for the pattern's ".".
+// A number by a digit pattern ("0" always written, "#" when needed, "." the mark), rounded half away from zero in
+// decimal; no "-" on a text whose digits are all zero. `mark` stands for the pattern's ".". What is rounded are the
+// digits of the shortest decimal text that reads back as the same number: 2.675 gives "2.68" and 1.005 gives "1.01", as
+// a person expects, though the doubles behind them lie a hair below. Any other character of the pattern only widens it;
+// the empty pattern gives NumberToText. An infinity has no digits and gives "".
 std::string FormatNumber(double number, std::string_view pattern, char mark = '.');
 // Blanks of the pattern's width for NaN; otherwise FormatNumber, right-aligned to that width, longer texts whole.
 std::string FixedFormat(double number, std::string_view pattern, char mark = '.');
@@ -39,10 +44,16 @@ public:
   // As FileFormat (padded) and as FormatNumber with "." (bare), behind what `out` holds.
   void AppendFixed(std::string& out, double number) const;
   void AppendBare(std::string& out, double number) const;
+  // As FormatNumber with any mark.
+  void Append(std::string& out, double number, char mark) const;
+  // Characters of the pattern, which is the width of the padded text.
+  int Width() const { return width; }
 
 private:
+  void Exactly(std::string& out, double number, char mark) const;
+  void LayOut(std::string& out, bool negative, std::string_view digits, char mark) const;
   int minWhole = 0, decimals = 0, minDecimals = 0, width = 0;
-  bool hasMark = false;
+  bool hasMark = false, plain = false;
 };
 
 // Decimal text with at most 15 (7) significant digits, "." as mark, no leading blank, "0.5" with its zero, and an

@@ -1,6 +1,6 @@
-// A value object: one number in a fixed internal unit with limits and patterns, answered raw, in the user's units and in
-// the file's units. Numeric itself has no unit; Deflection, Length, Velocity, MeterFeet (UnitValues.h) and Station give
-// theirs by overriding the private conversions. "No value" is the number NaN of NumberText.h.
+// A value object: one number in a fixed internal unit with limits and patterns, answered raw, in the user's units and
+// in the file's units. Numeric itself has no unit; Deflection, Length, Velocity, MeterFeet (UnitValues.h) and Station
+// give theirs by overriding the private conversions. "No value" is the number NaN of NumberText.h.
 #pragma once
 
 #include "values/UnitSettings.h"
@@ -54,15 +54,17 @@ protected:
   double Number = 0, Lower = 0, Upper = 10000;
   std::string PatternSI = "#####0", PatternUS = "##0.00";
 
+  // A class that overrides one of these falls back on them for its ordinary case.
+  virtual std::string FormatText(double number) const;
+  virtual std::string FormatFixed(double number) const;
+  virtual double ParseText(std::string_view text) const;
+
 private:
   virtual double ToInternal(double x) const;
   virtual double FileToInternal(double x) const;
   virtual double FromInternal(double x) const;
   virtual double InternalToFile(double x) const;
-  virtual std::string FormatText(double number) const;
-  virtual std::string FormatFixed(double number) const;
   virtual std::string FormatFile(double number) const;
-  virtual double ParseText(std::string_view text) const;
   virtual double ParseFile(std::string_view text) const;
   double Clamp(double x) const;
 

@@ -25,8 +25,12 @@ private:
   double ParseText(std::string_view text) const override;
   double ParseFile(std::string_view text) const override;
 
+  const std::string* PatternOf(int unit) const; // nothing for a code outside 0 to 8
+  std::string Fixed(double x, int unit, char decimal) const;
+
+  // Nobody can change these four. A metre station always has five whole digits: 1234.5 m reads "012+34.5".
   std::string PatternInch = "#######0", PatternMileFeet = "##0.0000", PatternStnFeet = "##000.0",
-              PatternStnMeter = "#0000.0";
+              PatternStnMeter = "00000.0";
 };
 
 // Removes the first inner "+" of a station text or, failing that, the first inner "-": "12+34.5" gives "1234.5".

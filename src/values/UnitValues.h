@@ -11,8 +11,9 @@ public:
   bool Test() const override;
 
 protected:
-  // user or file number = internal number * toUser / fromUser; one of the two factors is 1, so that the digits are those
-  // of a single multiplication or division.
+  // `factor` is how many internal units make one US unit when the internal one is the smaller (25.4 mm to the inch: in
+  // by multiplication, out by division), else how many US units make an internal one (0.62 miles to the kilometre).
+  // Never its reciprocal, so that the digits are those of one multiplication or division.
   ScaledNumeric(const UnitSettings& settings, double factor, bool internalIsSmaller);
   double Scale(double internal) const;
   double Unscale(double outside) const;
@@ -55,6 +56,7 @@ private:
   std::string FormatText(double number) const override;
   std::string FormatFixed(double number) const override;
   double ParseText(std::string_view text) const override;
+  double AlternateNumber(double number) const; // millimetres or inches
   bool UseAlternate = false;
 };
 

@@ -1,0 +1,202 @@
+#include "values/Station.h"
+
+#include "values/DistanceUnits.h"
+#include "values/NumberText.h"
+#include "values/Text.h"
+
+#include <cmath>
+
+namespace trekor {
+namespace {
+
+constexpr double FeetPerMile = 5280, YardsPerMile = 1760, InchesPerFoot = 12;
+
+enum Units { Km, Metre, Mile, MileFeet, Feet, Yards, Inch, StnFeet, StnMetre };
+
+// 12.3456 is 12 miles and 3456 feet.
+double MileFeetToKm(double v) {
+  const double whole = std::trunc(v);
+  const double km = std::abs(whole) / MilesPerKm + std::abs(v - whole) * 10000 / FeetPerMile / MilesPerKm;
+  return v == 0 ? 0 : std::copysign(km, v);
+}
+
+// Rounded to a whole foot, so that 5279.6 feet become the next mile and never "5280 feet".
+double KmToMileFeet(double v) {
+  const double feet = std::floor(std::abs(v) * MilesPerKm * FeetPerMile + 0.5);
+  const double number = std::fmod(feet, FeetPerMile) / 10000 + std::floor(feet / FeetPerMile);
+  return v == 0 ? 0 : std::copysign(number, v);
+}
+
+// "1234.5" as people read it, the digits behind the mark kept together: "12+34.5", "-12-34.5".
+std::string PlusNotation(std::string text) {
+  std::string prefix;
+  char mark = '+';
+  if (const std::size_t minus = text.find('-'); minus != std::string::npos) {
+    text.erase(0, minus + 1);
+    prefix = "-";
+    mark = '-';
+  }
+  const std::size_t at = text.size() < 4 ? 0 : text.size() - 4;
+  return prefix + text.insert(at, 1, mark);
+}
+
+// The same in a fixed width: a minus sign stays where the pattern has put it.
+std::string MarkFixed(std::string text, std::size_t fromEnd) {
+  const char mark = text.find('-') == std::string::npos ? '+' : '-';
+  const std::size_t at = text.size() < fromEnd ? 0 : text.size() - fromEnd;
+  return text.insert(at, 1, mark);
+}
+
+// Where a mark stands inside the trimmed text. One at the very start is a sign, and so is its twin directly behind it.
+std::size_t InnerMark(std::string_view text, char mark) {
+  const std::size_t at = text.find(mark);
+  return at == 0 ? text.find(mark, 2) : at;
+}
+
+} // namespace
+
+Station::Station(const UnitSettings& settings) : Numeric(settings) {
+  Lower = -1000;
+  Upper = 10000;
+  PatternSI = "###0.000";
+  PatternUS = "#####0.0";
+}
+
+bool Station::Test() const {
+  return Number == NaN || Numeric::Test();
+}
+
+std::string Station::FixedText() const {
+  return Number == NaN ? std::string(8, ' ') : FormatFixed(Number);
+}
+
+double Station::StationToKm(double v, int unit) {
+  if (v == NaN)
+    return v;
+  switch (unit) {
+  case Km:
+    return v;
+  case Metre:
+  case StnMetre:
+    return v / 1000;
+  case Mile:
+    return v / MilesPerKm;
+  case MileFeet:
+    return MileFeetToKm(v);
+  case Feet:
+  case StnFeet:
+    return v / FeetPerMile / MilesPerKm;
+  case Yards:
+    return v / YardsPerMile / MilesPerKm;
+  case Inch:
+    return v / FeetPerMile / InchesPerFoot / MilesPerKm;
+  default:
+    return 0;
+  }
+}
+
+// The products are taken from left to right: files hold their last digits.
+double Station::KmToStation(double v, int unit) {
+  if (v == NaN)
+    return v;
+  switch (unit) {
+  case Km:
+    return v;
+  case Metre:
+  case StnMetre:
+    return v * 1000;
+  case Mile:
+    return v * MilesPerKm;
+  case MileFeet:
+    return KmToMileFeet(v);
+  case Feet:
+  case StnFeet:
+    return v * FeetPerMile * MilesPerKm;
+  case Yards:
+    return v * YardsPerMile * MilesPerKm;
+  case Inch:
+    return v * FeetPerMile * InchesPerFoot * MilesPerKm;
+  default:
+    return 0;
+  }
+}
+
+double Station::ToInternal(double x) const {
+  return StationToKm(x, Settings().StationUnit);
+}
+double Station::FileToInternal(double x) const {
+  return StationToKm(x, Settings().FileStationUnit);
+}
+double Station::FromInternal(double x) const {
+  return KmToStation(x, Settings().StationUnit);
+}
+double Station::InternalToFile(double x) const {
+  return KmToStation(x, Settings().FileStationUnit);
+}
+
+const std::string* Station::PatternOf(int unit) const {
+  switch (unit) {
+  case Km:
+  case Mile:
+    return &PatternSI;
+  case Metre:
+  case Feet:
+  case Yards:
+  case Inch:
+    return &PatternUS;
+  case MileFeet:
+    return &PatternMileFeet;
+  case StnFeet:
+    return &PatternStnFeet;
+  case StnMetre:
+    return &PatternStnMeter;
+  default:
+    return nullptr;
+  }
+}
+
+std::string Station::FormatText(double number) const {
+  const int unit = Settings().StationUnit;
+  const std::string* const pattern = unit == Inch ? &PatternInch : PatternOf(unit); // whole inches in this text only
+  if (!pattern)
+    return "";
+  std::string text = FormatNumber(FromInternal(number), *pattern, Settings().DecimalChar);
+  return unit == StnFeet || unit == StnMetre ? PlusNotation(std::move(text)) : text;
+}
+
+std::string Station::Fixed(double x, int unit, char decimal) const {
+  const std::string* const pattern = PatternOf(unit);
+  if (!pattern)
+    return "";
+  std::string text = FixedFormat(x, *pattern, decimal);
+  if (unit == StnFeet)
+    return MarkFixed(std::move(text), 4);
+  // Thousands stand before the mark here and hundreds in Text; both are meant.
+  return unit == StnMetre ? MarkFixed(std::move(text), 5) : text;
+}
+
+std::string Station::FormatFixed(double number) const {
+  return Fixed(FromInternal(number), Settings().StationUnit, Settings().DecimalChar);
+}
+
+std::string Station::FormatFile(double number) const {
+  return Fixed(InternalToFile(number), Settings().FileStationUnit, '.');
+}
+
+double Station::ParseText(std::string_view text) const {
+  return ToInternal(TextToDouble(StationDigits(TrimView(text))));
+}
+
+double Station::ParseFile(std::string_view text) const {
+  return FileToInternal(TextToDouble(StationDigits(TrimView(text))));
+}
+
+std::string StationDigits(std::string_view text) {
+  const std::string_view trimmed = TrimView(text);
+  for (const char mark : {'+', '-'})
+    if (const std::size_t at = InnerMark(trimmed, mark); at != std::string_view::npos)
+      return std::string(trimmed).erase(at, 1);
+  return std::string(text); // as it came, not trimmed
+}
+
+} // namespace trekor
