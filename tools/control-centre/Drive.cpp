@@ -1,0 +1,111 @@
+// Scripts are read line by line; a wrong line is an error with its number, as a typing mistake that is passed over
+// would show only as a strange drive.
+#include "Drive.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QHash>
+#include <QTextStream>
+#include <algorithm>
+
+namespace control {
+
+namespace {
+
+using Action = Event::Action;
+
+const QHash<QString, Action>& Actions() {
+  static const QHash<QString, Action> table{
+      {"send", Action::Send}, {"key", Action::Key},           {"speed", Action::Speed},
+      {"wait", Action::Wait}, {"window", Action::WaitWindow}, {"screenshot", Action::Screenshot},
+      {"end", Action::End},
+  };
+  return table;
+}
+
+bool Number(const QString& text, double& number) {
+  bool ok = false;
+  number = text.toDouble(&ok);
+  return ok;
+}
+
+// "at 12.350 key F5", "at 12.400 send CTRL SUSPEND", "at 20 speed 60", "at 30 end"
+bool ReadEvent(const QString& rest, Drive& drive) {
+  Event event;
+  const auto action = Actions().find(rest.section(' ', 1, 1).toLower());
+  event.text = rest.section(' ', 2);
+  if (!Number(rest.section(' ', 0, 0), event.seconds) || action == Actions().end())
+    return false;
+  event.action = *action;
+  if (event.action == Action::Speed && !Number(event.text, event.number))
+    return false;
+  if (event.action != Action::End && event.text.isEmpty())
+    return false;
+  drive.events.push_back(event);
+  return true;
+}
+
+bool ReadSetting(const QString& word, const QString& rest, const QString& folder, Drive& drive, QString* reason) {
+  if (word == "track")
+    return drive.track.Read(QDir(folder).absoluteFilePath(rest), reason);
+  if (word == "start")
+    return Number(rest, drive.startKm);
+  if (word == "speed")
+    return Number(rest, drive.speed);
+  if (word == "dmi")
+    return Number(rest, drive.dmiPerSecond) && drive.dmiPerSecond >= 0;
+  if (word == "gps")
+    return Number(rest, drive.gpsPerSecond) && drive.gpsPerSecond >= 0;
+  if (word == "direction") {
+    drive.increasing = rest == "up";
+    return rest == "up" || rest == "down";
+  }
+  return word == "at" && ReadEvent(rest, drive);
+}
+
+} // namespace
+
+bool ReadScript(const QString& text, const QString& folder, Drive& drive, QString* reason) {
+  drive = {};
+  bool speedGiven = false;
+  int number = 0;
+  for (const QString& raw : text.split('\n')) {
+    ++number;
+    const QString line = raw.trimmed();
+    if (line.isEmpty() || line.startsWith('#'))
+      continue;
+    const QString word = line.section(' ', 0, 0).toLower(), rest = line.section(' ', 1).trimmed();
+    QString why = "not understood: " + line;
+    if (!ReadSetting(word, rest, folder, drive, &why)) {
+      *reason = QString("line %1: %2").arg(number).arg(why);
+      return false;
+    }
+    speedGiven = speedGiven || word == "speed";
+  }
+  drive.replaysTrack = !speedGiven && drive.track.HasTimes();
+  std::stable_sort(drive.events.begin(), drive.events.end(),
+                   [](const Event& a, const Event& b) { return a.seconds < b.seconds; });
+  return true;
+}
+
+bool ReadDrive(const QString& path, Drive& drive, QString* reason) {
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    *reason = path + ": " + file.errorString();
+    return false;
+  }
+  const QByteArray bytes = file.readAll(), start = bytes.trimmed().left(1);
+  if (start != "<" && start != "$")
+    return ReadScript(QString::fromUtf8(bytes), QFileInfo(path).absolutePath(), drive, reason);
+  drive = {};
+  drive.replaysTrack = true;
+  if (!drive.track.ReadText(bytes, reason))
+    return false;
+  drive.replaysTrack = drive.track.HasTimes();
+  if (!drive.replaysTrack)
+    drive.speed = 50; // a track without times is driven at a country road's pace
+  return true;
+}
+
+} // namespace control

@@ -1,0 +1,43 @@
+// A drive as text: which track, how fast, what is said and which keys are pressed when. See docs/control-centre.md.
+#pragma once
+
+#include "Track.h"
+
+#include <QString>
+#include <vector>
+
+namespace control {
+
+struct Event {
+  enum class Action {
+    Send,       // a line to the program
+    Key,        // a key pressed and released: "F5", "A", "Space", "Num 3", "Ctrl+Shift+M"
+    Speed,      // km/h from now on
+    Wait,       // holds all later events until the program has sent a line that begins with the text
+    WaitWindow, // holds all later events until the program shows a window whose title holds the text
+    Screenshot, // the whole screen as a PNG file
+    End,        // asks the program to end and waits for it
+  };
+  double seconds = 0; // since the program has introduced itself, less the time that waits have held the drive
+  Action action = Action::Send;
+  QString text;
+  double number = 0;
+};
+
+struct Drive {
+  Track track;
+  double startKm = 0; // station at the start of the drive
+  bool increasing = true;
+  double speed = 0;          // km/h at the start
+  bool replaysTrack = false; // no speed given: the track's own times rule
+  double dmiPerSecond = 10, gpsPerSecond = 1;
+  std::vector<Event> events; // in order of time, as written when equal
+  double lengthSeconds() const { return events.empty() ? 0 : events.back().seconds; }
+};
+
+// Reads a script, or a bare GPX or NMEA file as a drive that replays it. Paths in a script are relative to it. False
+// with the line and the reason.
+bool ReadDrive(const QString& path, Drive& drive, QString* reason);
+bool ReadScript(const QString& text, const QString& folder, Drive& drive, QString* reason);
+
+} // namespace control

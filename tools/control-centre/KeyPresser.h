@@ -1,0 +1,28 @@
+// Presses real keys, as a hand would: through the windowing system, to whatever window has the focus.
+#pragma once
+
+#include <QString>
+#include <memory>
+
+namespace control {
+
+class KeyPresser {
+public:
+  KeyPresser();
+  ~KeyPresser();
+  // Whether there is a windowing system that takes keys.
+  bool Available() const;
+  // "A", "7", "F5", "Space", "Return", "Escape", "Delete", "Up", "Num 3", "Num +", each with "Ctrl+", "Shift+", "Alt+"
+  // in front as wanted. False when no key has that name.
+  bool Press(const QString& name);
+  // Gives the focus to the program's window when none has it: without a window manager nobody else does.
+  void Focus(long long window);
+  // Whether a shown window's title holds the text.
+  bool WindowShown(const QString& title) const;
+
+private:
+  struct Parts;
+  std::unique_ptr<Parts> parts;
+};
+
+} // namespace control

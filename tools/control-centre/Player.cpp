@@ -1,0 +1,143 @@
+// Time of the drive stands while an event waits, and the vehicle with it: so a drive gives the same file on a slow
+// machine.
+#include "Player.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+#include <QScreen>
+
+namespace control {
+
+namespace {
+constexpr int TickMilliseconds = 5;
+constexpr qsizetype HeardAtMost = 10000;
+} // namespace
+
+Player::Player(Drive d, LinkServer& l, KeyPresser& k, QObject* parent)
+    : QObject(parent), drive(std::move(d)), link(l), keys(k) {
+  connect(&link, &LinkServer::Line, this, &Player::Hear);
+  connect(&timer, &QTimer::timeout, this, &Player::Tick);
+  timer.setTimerType(Qt::PreciseTimer);
+}
+
+// "HWND Trekor  41943047" in the greeting; "SET SYSTEM TREKOR UNKNOWN 7707-104" when the program is up.
+void Player::Hear(const QString& line) {
+  heard.append(line);
+  if (heard.size() > HeardAtMost)
+    heard.removeFirst();
+  if (line.startsWith("HWND "))
+    window = line.section(' ', -1).toLongLong();
+  if (line.startsWith("SET SYSTEM ") && !timer.isActive()) {
+    wall.start();
+    timer.start(TickMilliseconds);
+  }
+}
+
+void Player::Tick() {
+  const double present = static_cast<double>(wall.nsecsElapsed()) / 1e9, passed = present - last;
+  last = present;
+  if (next < drive.events.size() && drive.events[next].seconds <= now && Waiting(drive.events[next])) {
+    waited += passed;
+    if (waited > patienceSeconds) {
+      timer.stop();
+      emit Failed("waited in vain for: " + drive.events[next].text);
+    }
+    return;
+  }
+  now += passed;
+  Move(passed);
+  RunEvents();
+  Report();
+}
+
+void Player::RunEvents() {
+  while (timer.isActive() && next < drive.events.size() && drive.events[next].seconds <= now &&
+         !Waiting(drive.events[next])) {
+    waited = 0;
+    Do(drive.events[next++]);
+  }
+}
+
+bool Player::Waiting(const Event& event) {
+  if (event.action == Event::Action::WaitWindow)
+    return !keys.WindowShown(event.text);
+  if (event.action != Event::Action::Wait)
+    return false;
+  for (qsizetype i = 0; i < heard.size(); ++i)
+    if (heard[i].startsWith(event.text)) {
+      heard.remove(0, i + 1);
+      return false;
+    }
+  return true;
+}
+
+void Player::Do(const Event& event) {
+  switch (event.action) {
+  case Event::Action::Send:
+    return link.Send(event.text);
+  case Event::Action::Key:
+    return Press(event);
+  case Event::Action::Speed:
+    drive.speed = event.number;
+    drive.replaysTrack = false;
+    return link.Tell("--", "speed " + event.text);
+  case Event::Action::Screenshot:
+    return TakeScreenshot(event.text);
+  case Event::Action::End:
+    timer.stop();
+    emit Ended();
+    return;
+  case Event::Action::Wait:
+  case Event::Action::WaitWindow:
+    return; // it has come
+  }
+}
+
+void Player::Press(const Event& event) {
+  keys.Focus(window);
+  link.Tell("--", "key " + event.text);
+  if (keys.Press(event.text))
+    return;
+  timer.stop();
+  emit Failed(keys.Available() ? "no such key: " + event.text : "no windowing system to press keys in");
+}
+
+void Player::TakeScreenshot(const QString& path) {
+  auto* screen =
+      qobject_cast<QGuiApplication*>(QCoreApplication::instance()) ? QGuiApplication::primaryScreen() : nullptr;
+  if (screen && screen->grabWindow(0).save(path, "PNG"))
+    return link.Tell("--", "screenshot " + path);
+  timer.stop();
+  emit Failed("could not take the screenshot " + path);
+}
+
+void Player::Move(double seconds) {
+  if (drive.replaysTrack)
+    way = drive.track.AtSeconds(now).km;
+  else
+    way += drive.speed / 3600 * seconds;
+}
+
+double Player::StationKm() const {
+  return drive.increasing ? drive.startKm + way : drive.startKm - way;
+}
+
+// "DMI 10.0417", "GPS 61705 45.2725250 13.7124552 206.3 1 9 0 0 0 0": time, position, height, status, satellites.
+void Player::Report() {
+  const bool moves = drive.replaysTrack || drive.speed != 0;
+  if (drive.dmiPerSecond > 0 && moves && now >= nextDmi) {
+    nextDmi = now + 1 / drive.dmiPerSecond;
+    link.Send("DMI " + QString::number(StationKm(), 'f', 4));
+  }
+  if (drive.gpsPerSecond > 0 && !drive.track.Empty() && now >= nextGps) {
+    nextGps = now + 1 / drive.gpsPerSecond;
+    const TrackPoint p = drive.track.AtKm(way);
+    link.Send(QString("GPS %1 %2 %3 %4 1 9 0 0 0 0")
+                  .arg(p.clock, 0, 'f', 0)
+                  .arg(p.latitude, 0, 'f', 7)
+                  .arg(p.longitude, 0, 'f', 7)
+                  .arg(p.height, 0, 'f', 1));
+  }
+}
+
+} // namespace control

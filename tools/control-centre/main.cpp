@@ -1,0 +1,121 @@
+// trekor-control: the supervising program for people, tests and the demonstration.
+#include "Drive.h"
+#include "KeyPresser.h"
+#include "LinkServer.h"
+#include "Player.h"
+
+#include "Version.h"
+
+#include <QCommandLineParser>
+#include <QGuiApplication>
+#include <QProcess>
+#include <cstdio>
+#include <iostream>
+#include <memory>
+#include <thread>
+
+namespace {
+
+using namespace control;
+
+QString VersionText() {
+  return QString("%1.%2.%3").arg(trekor::VersionMajor).arg(trekor::VersionMinor).arg(trekor::VersionRevision);
+}
+
+// Lines typed here go to the program as they stand.
+void ReadTypedLines(LinkServer& link) {
+  std::thread([&link] {
+    for (std::string line; std::getline(std::cin, line);)
+      QMetaObject::invokeMethod(&link, [&link, line] { link.Send(QString::fromStdString(line)); });
+  }).detach(); // it hangs in the read when the program ends, and holds nothing
+}
+
+// The program that is started and watched; its end is the end of the control centre.
+std::unique_ptr<QProcess> Launch(const QString& program, const QString& arguments, LinkServer& link) {
+  auto child = std::make_unique<QProcess>();
+  child->setProcessChannelMode(QProcess::ForwardedChannels);
+  QObject::connect(child.get(), &QProcess::finished, [&link](int code, QProcess::ExitStatus status) {
+    const bool fine = status == QProcess::NormalExit && code == 0;
+    link.Tell("--", fine ? "the program has ended" : QString("the program has failed (%1)").arg(code));
+    QCoreApplication::exit(fine ? 0 : 1);
+  });
+  QObject::connect(child.get(), &QProcess::errorOccurred, [&link, program](QProcess::ProcessError error) {
+    if (error != QProcess::FailedToStart)
+      return;
+    link.Tell("--", "cannot start " + program);
+    QCoreApplication::exit(1);
+  });
+  child->start(program, arguments.split(' ', Qt::SkipEmptyParts));
+  return child;
+}
+
+std::unique_ptr<Player> Play(const QString& path, LinkServer& link, KeyPresser& keys, QProcess* child) {
+  Drive drive;
+  QString reason;
+  if (!ReadDrive(path, drive, &reason)) {
+    std::fprintf(stderr, "trekor-control: %s\n", qUtf8Printable(reason));
+    return nullptr;
+  }
+  auto player = std::make_unique<Player>(std::move(drive), link, keys);
+  QObject::connect(player.get(), &Player::Ended, [&link] { link.Send("CTRL EXIT"); });
+  QObject::connect(player.get(), &Player::Failed, [&link, child](const QString& why) {
+    link.Tell("--", "the drive has failed: " + why);
+    if (child) {
+      child->disconnect();
+      child->kill();
+      child->waitForFinished(5000);
+    }
+    QCoreApplication::exit(2);
+  });
+  return player;
+}
+
+int Run(QCoreApplication& app, const QCommandLineParser& options) {
+  LinkServer link;
+  bool portOk = false;
+  const uint port = options.value("port").toUInt(&portOk);
+  if (!portOk || port > 65535 || !link.Listen(static_cast<quint16>(port))) {
+    std::fprintf(stderr, "trekor-control: cannot listen on 127.0.0.1:%s\n", qUtf8Printable(options.value("port")));
+    return 1;
+  }
+  link.Tell("--", QString("listening on 127.0.0.1:%1").arg(link.Port()));
+  KeyPresser keys;
+  std::unique_ptr<QProcess> child;
+  if (options.isSet("launch"))
+    child = Launch(options.value("launch"), options.value("args"), link);
+  else
+    QObject::connect(&link, &LinkServer::Closed, [] { QCoreApplication::exit(0); });
+  std::unique_ptr<Player> player;
+  if (options.isSet("drive")) {
+    player = Play(options.value("drive"), link, keys, child.get());
+    if (!player)
+      return 1;
+  }
+  ReadTypedLines(link);
+  return app.exec();
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  // Pictures of the screen need a windowing system; everything else runs without.
+  const bool screen = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
+  std::unique_ptr<QCoreApplication> app;
+  if (screen)
+    app = std::make_unique<QGuiApplication>(argc, argv);
+  else
+    app = std::make_unique<QCoreApplication>(argc, argv);
+  QCoreApplication::setApplicationName("trekor-control");
+  QCoreApplication::setApplicationVersion(VersionText());
+  QCommandLineParser options;
+  options.setApplicationDescription("Starts the data-collection program, feeds it a drive, shows the link both ways.\n"
+                                    "Lines typed here go to the program.");
+  options.addHelpOption();
+  options.addVersionOption();
+  options.addOptions({{"launch", "Start this program.", "program"},
+                      {"args", "Its command line.", "line", "7707-104 /US"},
+                      {"drive", "A script, or a GPX or NMEA track.", "file"},
+                      {"port", "Listen on another port than 15959.", "number", "15959"}});
+  options.process(*app);
+  return Run(*app, options);
+}
