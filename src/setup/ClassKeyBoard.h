@@ -24,7 +24,8 @@ struct KeyTables {
 class ClassKeyBoard {
 public:
   ClassKeyBoard(KeyTables& tables, const TestSetup& setup);
-  // The row's keys from unit `start` to unit `end`; a whole end means the end of that unit, a fractional one an exact edge.
+  // The row's keys from unit `start` to unit `end`; a whole end means the end of that unit, a fractional one an exact
+  // edge.
   void Make_KeyRow(const std::vector<std::string>& keys, int row, double start, double end);
   void MakeKeyBoard(Grid& grid, bool floating);
   void MakeKeyPad(Grid& grid, bool floating);
@@ -37,12 +38,18 @@ public:
   std::string KeyText(int code) const;
 
 private:
+  void Attach(Grid& target, bool onKeyPad, bool onFloating, int rows, int columns);
+  void Enter_Key(const std::string& text, int row, int column);
+  int KeyRow(int code) const;
+  int KeyCol(int code) const;
   void Paint_Key(bool show, int i);
   void Paint_Setup(bool show);
+  void Paint_PadKey(const std::string& picture, int code, int row, int col);
+  void Paint_BoardKey(const std::string& picture, int code, int row, int col);
   KeyTables& tables;
   const TestSetup& setup;
   Grid* grid = nullptr;
-  int columnsPerKey = 1;
+  int columnsPerUnit = 1; // a unit is the width of an ordinary key
   bool floating = false, keypad = false;
 };
 

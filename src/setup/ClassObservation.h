@@ -9,9 +9,10 @@
 
 namespace trekor {
 
-// Text, a whole number, or a real number.
-using ObsValue = std::variant<std::string, std::int32_t, double>;
-// As a cell, a file or a prompt shows it: "." as mark whatever the locale, at most 15 digits.
+// Text, a whole number, or a real number of double or single precision. The limits come out of the vocabulary as
+// singles, and a value that was brought to a limit is that single: 0.1 is then exactly the limit and still reads "0.1".
+using ObsValue = std::variant<std::string, std::int32_t, double, float>;
+// As a cell, a file or a prompt shows it: "." as mark whatever the locale, at most 15 digits, a single 7.
 std::string ObsValueText(const ObsValue& value);
 double ObsValueNumber(const ObsValue& value); // a text reads as its leading number
 
@@ -22,13 +23,18 @@ public:
   // `pictures` answers ObsIcon; `setup` the duplicate test of KeyCode. Both outlive the object.
   ClassObservation(const ImageList& pictures, const TestSetup& setup);
 
+  // One step up, and from Max to Min. The comparison is exact: a value off the whole steps from Min never wraps.
   void IncValue();
+  // Back to Min; a text stays.
   void Reset();
-  double Min() const;
-  double Max() const;
-  void SetMin(double v) { storedMin = v; }
-  void SetMax(double v) { storedMax = v; }
+  // The smaller and the larger of the two stored limits; 0 and 1 for a Boolean, whatever is stored.
+  double Min() const { return ObsValueNumber(Lowest()); }
+  double Max() const { return ObsValueNumber(Highest()); }
+  void SetMin(ObsValue v) { storedMin = std::move(v); }
+  void SetMax(ObsValue v) { storedMax = std::move(v); }
   const ObsValue& Default() const { return present; }
+  // The one way in for a value from outside: read as text, then as a number within the limits, of the item's type.
+  // Widths narrower than that (a typed 16-bit number, a typed single) are the caller's to apply first.
   void SetDefault(const ObsValue& v);
   std::string DefaultText() const { return ObsValueText(present); }
   double DefaultNumber() const { return ObsValueNumber(present); }
@@ -61,10 +67,16 @@ public:
   bool IsCarried() const { return RegModeCode < 0 || RegModeCode >= 2; }
 
 private:
+  const ObsValue& Smaller() const;
+  const ObsValue& Larger() const;
+  ObsValue Lowest() const;
+  ObsValue Highest() const;
+  bool KeyIsTaken(int code) const;
+
   const ImageList& pictures;
   const TestSetup& setup;
   ObsValue present = std::string();
-  double storedMin = 0, storedMax = 3;
+  ObsValue storedMin = 0, storedMax = 3;
   std::string dispText, fileText, nameDisp, nameFile, abrvDisp, abrvFile, obsIcon;
   int keyCode = -1;
   int parCode = 0;

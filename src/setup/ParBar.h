@@ -10,9 +10,11 @@ namespace trekor {
 
 class ParBar {
 public:
-  // `selectedColumn` is the main form's CurrentCol: in that column, and in column 0, only the pictures 0 to 10 are drawn.
+  // `selectedColumn` is the main form's CurrentCol: in that column, and in column 0, only the pictures 0 to 10 are
+  // drawn.
   ParBar(Grid& grid, int row, int col, const int& selectedColumn);
-  // 0 or more draws the bar of the clamped value; a negative number draws the picture of that number and is kept as it is.
+  // 0 or more draws the bar of the clamped value; a negative number draws the picture of that number and is kept as it
+  // is.
   void SetDefault(float v);
   float Default() const { return member; }
   float Clamp_Value(float v) const;
@@ -23,6 +25,10 @@ public:
   static std::string PictureKey(int number);
 
 private:
+  int BarPicture() const;
+  void Draw(int picture);
+  void SetScale() { twoState = lowest == 0 && highest == 1; }
+
   Grid& grid;
   int row, col;
   const int& selectedColumn;

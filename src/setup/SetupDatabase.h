@@ -1,4 +1,5 @@
-// The vocabulary database Observations.mdb: items, folders, setups, lookups. Its recordsets stay open for the program's life.
+// The vocabulary database Observations.mdb: items, folders, setups, lookups. Its recordsets stay open for the program's
+// life.
 #pragma once
 
 #include "core/ProgramState.h"
@@ -16,7 +17,8 @@ class SetupDatabase {
 public:
   SetupDatabase(ProgramState& state, Platform& platform);
   ~SetupDatabase();
-  // Update check, open, recordsets. False: the program ends. A database without tables gets its message and stays closed.
+  // Update check, open, recordsets. False: the program ends. A database without tables gets its message and stays
+  // closed.
   bool LoadDatabase();
   void CloseDatabase();
 
@@ -25,6 +27,8 @@ public:
       rsKeyingCodes, rsRegModes;
 
 private:
+  void OpenRecordsets();
+
   ProgramState& state;
   Platform& platform;
 };

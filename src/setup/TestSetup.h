@@ -11,7 +11,8 @@
 
 namespace trekor {
 
-// True for the keys that may carry an observation: F5 to F10, Space, digits, letters, the keypad's digits and * + - , /.
+// True for the keys that may carry an observation: F5 to F10, Space, digits, letters, the keypad's digits and * + - ,
+// /.
 bool Valid_KeyCode(int code);
 
 class TestSetup {
@@ -29,13 +30,17 @@ public:
   ClassObservation& AddObservation();
 
   static constexpr int LastKeyCode = 200;
-  // Key codes -1 to 200; -1: the key carries nothing. Code -1 ("no key") is no observation either, whatever was written there.
+  // Key codes -1 to 200; -1: the key carries nothing. Code -1 ("no key") is no observation either, whatever was written
+  // there.
   int KeyToObs(int code) const;
   void SetKeyToObs(int code, int obs);
   void Clear_SetupKey(int i) { Store_SetupKey(-1, i); }
   void Store_SetupKey(int code, int i);
 
 private:
+  void ReleaseSetup();
+  void AddRow(const Recordset& row);
+
   ProgramState& state;
   SetupDatabase& database;
   const ImageList& pictures;

@@ -1,0 +1,68 @@
+#include "setup/ParBar.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace trekor {
+
+namespace {
+
+constexpr int PictureFull = 10, PictureOff = 11, PictureOn = 12, PictureLast = 13;
+
+// The number of a picture that was asked for by its negative, ties to even; -1 when it is far beyond the last one.
+int RequestedPicture(float v) {
+  return v < -1000 ? -1 : static_cast<int>(std::nearbyint(-v));
+}
+
+} // namespace
+
+ParBar::ParBar(Grid& carrier, int gridRow, int gridCol, const int& currentCol)
+    : grid(carrier), row(gridRow), col(gridCol), selectedColumn(currentCol) {}
+
+void ParBar::SetDefault(float v) {
+  if (v >= 0) {
+    member = Clamp_Value(v);
+    Draw(BarPicture());
+  } else {
+    member = v;
+    Draw(RequestedPicture(v));
+  }
+}
+
+float ParBar::Clamp_Value(float v) const {
+  return v <= highest ? std::max(v, lowest) : highest;
+}
+
+void ParBar::SetMin(float v) {
+  lowest = v;
+  SetScale();
+}
+
+void ParBar::SetMax(float v) {
+  highest = v;
+  SetScale();
+}
+
+// Singles all the way: 0.225 of 0.5 then is 4.5 tenths, as a person reckons, and not a hair less.
+int ParBar::BarPicture() const {
+  if (twoState) {
+    return member != 0 ? PictureOn : PictureOff;
+  }
+  const float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
+  return static_cast<int>(fraction * 10 + 0.5F);
+}
+
+// Under the selection, and in the step bar, only the scale is drawn: a two-state or waiting picture leaves there what
+// is there until the next value. That difference between the columns is meant.
+void ParBar::Draw(int picture) {
+  const int last = col == 0 || col == selectedColumn ? PictureFull : PictureLast;
+  if (picture >= 0 && picture <= last) {
+    grid.SetCellPicture(row, col, PictureKey(picture));
+  }
+}
+
+std::string ParBar::PictureKey(int number) {
+  return "BAR:" + std::to_string(number);
+}
+
+} // namespace trekor

@@ -1,0 +1,145 @@
+#include "setup/TestSetup.h"
+
+namespace trekor {
+
+namespace {
+
+bool Between(int code, int first, int last) {
+  return code >= first && code <= last;
+}
+
+std::string LoadQuery(std::int32_t setupID) {
+  return "SELECT * FROM Setups, Observations, ObsLinguistic"
+         " WHERE Setups.SetupID=" +
+         std::to_string(setupID) +
+         " AND Setups.ObsParID = Observations.ObsParID"
+         " AND Observations.LanguageID=ObsLinguistic.LanguageID"
+         " AND Observations.ObsCode=ObsLinguistic.ObsCode"
+         " AND NOT Observations.ObsCode=0"
+         " ORDER BY GridPosition";
+}
+
+std::string TextOf(const Recordset& row, const char* field) {
+  return row.Get(field).Text();
+}
+
+int NumberOf(const Recordset& row, const char* field) {
+  return static_cast<int>(row.Get(field).Integer());
+}
+
+// The limits are singles; held as that, their text has the digits that were entered and a comparison with them is
+// exact.
+ObsValue LimitOf(const FieldValue& field) {
+  const double number = field.Number();
+  const auto single = static_cast<float>(number);
+  return static_cast<double>(single) == number ? ObsValue(single) : ObsValue(number);
+}
+
+int KeyCodeOf(const FieldValue& field) {
+  return field.IsNull() ? -1 : static_cast<int>(field.Integer());
+}
+
+void Fill_Names(ClassObservation& obs, const Recordset& row) {
+  obs.ObsCode = NumberOf(row, "Observations.ObsCode");
+  obs.SetObsNames(TextOf(row, "ObsNameDisp"), TextOf(row, "ObsNameFile"), TextOf(row, "ObsAbrvDisp"),
+                  TextOf(row, "ObsAbrvFile"));
+  obs.SetObsIcon(TextOf(row, "ObsIcon"));
+  obs.SetPar(NumberOf(row, "ParCode"), TextOf(row, "ParNameDisp"), TextOf(row, "ParNameFile"),
+             TextOf(row, "ParAbrvDisp"), TextOf(row, "ParAbrvFile"), TextOf(row, "ParIcon"));
+}
+
+void Fill_Values(ClassObservation& obs, const Recordset& row) {
+  obs.SetMin(LimitOf(row.Get("Min")));
+  obs.SetMax(LimitOf(row.Get("Max")));
+  obs.SetDispText(TextOf(row, "TextDisp"));
+  obs.SetFileText(TextOf(row, "TextFile"));
+  obs.DataTypeID = NumberOf(row, "DataType");
+  obs.ObsParID = static_cast<std::int32_t>(row.Get("Observations.ObsParID").Integer());
+}
+
+} // namespace
+
+bool Valid_KeyCode(int code) {
+  const bool functionKey = Between(code, 116, 121); // F5 to F10; the others are the program's own
+  const bool board = code == 32 || Between(code, 48, 57) || Between(code, 65, 90);
+  const bool pad = Between(code, 96, 107) || Between(code, 109, 111); // without 108, the Enter key
+  return functionKey || board || pad;
+}
+
+TestSetup::TestSetup(ProgramState& programState, SetupDatabase& setupDatabase, const ImageList& pictureList)
+    : state(programState), database(setupDatabase), pictures(pictureList), observations(1) {
+  keyToObs.fill(-1);
+}
+
+void TestSetup::Load_TestSetup() {
+  ReleaseSetup();
+  if (!database.ObsDB) {
+    return;
+  }
+  const std::unique_ptr<Recordset> rows = database.ObsDB->OpenQuery(LoadQuery(state.TestSetupID));
+  if (!rows) {
+    return;
+  }
+  for (; !rows->Eof(); rows->MoveNext()) {
+    AddRow(*rows);
+  }
+  obsCount = static_cast<int>(observations.size()) - 1;
+}
+
+void TestSetup::ReleaseSetup() {
+  for (int i = 1; i <= obsCount; ++i) {
+    SetKeyToObs(Observations(i).KeyCode(), -1);
+  }
+  obsCount = 0;
+  observations.resize(1);
+}
+
+// ObsCount is still 0 here, so that two rows with the same key both keep it and the later one gets the key's table
+// entry.
+void TestSetup::AddRow(const Recordset& row) {
+  const int i = static_cast<int>(observations.size());
+  observations.push_back(std::make_unique<ClassObservation>(pictures, *this));
+  ClassObservation& obs = *observations.back();
+  Fill_Names(obs, row);
+  Fill_Values(obs, row);
+  const int storedKey = KeyCodeOf(row.Get("KeyCode"));
+  obs.SetKeyCode(storedKey);
+  SetKeyToObs(obs.KeyCode(), i);
+  if (obs.KeyCode() != storedKey) {
+    Clear_SetupKey(i); // an invalid key is erased for good
+  }
+  obs.RegModeCode = NumberOf(row, "RegModeCode");
+  obs.KeyingCode = NumberOf(row, "KeyingCode");
+  obs.Reset(); // last, as the type decides what the limits are
+}
+
+ClassObservation& TestSetup::AddObservation() {
+  observations.push_back(std::make_unique<ClassObservation>(pictures, *this));
+  ++obsCount;
+  return *observations.back();
+}
+
+int TestSetup::KeyToObs(int code) const {
+  return Between(code, 0, LastKeyCode) ? keyToObs.at(static_cast<std::size_t>(code) + 1) : -1;
+}
+
+void TestSetup::SetKeyToObs(int code, int obs) {
+  if (Between(code, -1, LastKeyCode)) {
+    keyToObs.at(static_cast<std::size_t>(code + 1)) = static_cast<std::int16_t>(obs);
+  }
+}
+
+void TestSetup::Store_SetupKey(int code, int i) {
+  if (i < 1 || static_cast<std::size_t>(i) >= observations.size() || !database.ObsDB) {
+    return;
+  }
+  const std::unique_ptr<Recordset> row =
+      database.ObsDB->OpenQuery("SELECT * FROM Setups WHERE SetupID=" + std::to_string(state.TestSetupID) +
+                                " AND ObsParID=" + std::to_string(Observations(i).ObsParID));
+  if (row && !row->Eof() && row->Edit()) {
+    row->Set("KeyCode", code);
+    row->Update();
+  }
+}
+
+} // namespace trekor
