@@ -1,5 +1,5 @@
-// The options: a history table whose first row of the index rules (ids are loaded highest first, so that is the row saved
-// last). They live in the program state while the program runs.
+// The options: a history table whose first row of the index rules (ids are loaded highest first, so that is the row
+// saved last). They live in the program state while the program runs.
 #pragma once
 
 #include "core/ProgramState.h"

@@ -14,8 +14,8 @@
 
 namespace trekor {
 
-int HeadingCode(std::string_view heading);  // first letter: N 1, S 2, E 3, W 4, else 0
-std::string HeadingName(int code);          // "North", "South", "East", "West", else ""
+int HeadingCode(std::string_view heading); // first letter: N 1, S 2, E 3, W 4, else 0
+std::string HeadingName(int code);         // "North", "South", "East", "West", else ""
 
 class Sections {
 public:

@@ -1,0 +1,196 @@
+#include "options/Options.h"
+
+#include "dbupdate/UpdateDatabase.h"
+#include "store/Recordset.h"
+#include "values/Text.h"
+
+#include <array>
+#include <charconv>
+
+namespace trekor {
+
+namespace {
+
+constexpr int LongestUser = 32; // characters
+
+std::string TwoDigits(int n) {
+  return (n < 10 ? "0" : "") + std::to_string(n);
+}
+
+// 2024-05-17 09:30:00
+std::string DateText(const LocalTime& t) {
+  std::string year = std::to_string(t.year);
+  year.insert(0, year.size() < 4 ? 4 - year.size() : 0, '0');
+  return year + "-" + TwoDigits(t.month) + "-" + TwoDigits(t.day) + " " + TwoDigits(t.hour) + ":" +
+         TwoDigits(t.minute) + ":" + TwoDigits(t.second);
+}
+
+// The parts in their order, whatever stands between them; a missing time is midnight, a text that is no date leaves
+// `t`.
+void ReadDate(const std::string& text, LocalTime& t) {
+  std::array<int, 6> parts{};
+  std::size_t count = 0;
+  const char* p = text.data();
+  const char* end = p + text.size();
+  while (p < end && count < parts.size()) {
+    const auto [next, error] = std::from_chars(p, end, parts.at(count));
+    if (error != std::errc()) {
+      break;
+    }
+    ++count;
+    p = next < end ? next + 1 : end;
+  }
+  if (count >= 3) {
+    t = {parts[0], parts[1], parts[2], parts[3], parts[4], parts[5]};
+  }
+}
+
+// Reads fields of the row; one that is missing or null leaves its value as it was.
+class FieldReader {
+public:
+  explicit FieldReader(const Recordset& recordset) : row(recordset) {}
+
+  void Read(const char* field, std::string& into) const {
+    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+      into = v.Text();
+    }
+  }
+  void Read(const char* field, int& into) const {
+    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+      into = static_cast<int>(v.Integer());
+    }
+  }
+  // Any number but 0 counts as on.
+  void Read(const char* field, bool& into) const {
+    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+      into = v.Flag();
+    }
+  }
+  void Read(const char* field, LocalTime& into) const {
+    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+      ReadDate(v.Text(), into);
+    }
+  }
+
+private:
+  const Recordset& row;
+};
+
+// Any text but "US", also none at all, means SI.
+bool IsUS(const std::string& units) {
+  return units == "US";
+}
+
+void ReadUnits(const FieldReader& row, OptionState& options, UnitSettings& units) {
+  row.Read("Units", options.OptionUnits);
+  units.UnitsUS = IsUS(options.OptionUnits);
+  row.Read("StationUnit", units.StationUnit);
+  row.Read("FileUnits", options.OptionFileUnits);
+  units.FileUnitsUS = IsUS(options.OptionFileUnits);
+  row.Read("FileStationUnit", units.FileStationUnit);
+}
+
+void ReadOptions(const FieldReader& row, OptionState& options) {
+  row.Read("DrivingSide", options.DrivingSide);
+  row.Read("GeographicFormat", options.GeographicFormat);
+  row.Read("MDB", options.KeepMdb);
+  row.Read("TKR", options.WriteAscii);
+  row.Read("ErrorText", options.ErrorText);
+  row.Read("ErrorVoice", options.ErrorVoice);
+  row.Read("WarningText", options.WarningText);
+  row.Read("WarningVoice", options.WarningVoice);
+  row.Read("AssistanceText", options.AssistanceText);
+  row.Read("AssistanceVoice", options.AssistanceVoice);
+  row.Read("DataColVoice", options.DataColVoice);
+  row.Read("TrayColor", options.TrayColor);
+}
+
+// Check marks are 0 or 1 in the table, unlike its boolean.
+int Mark(bool on) {
+  return on ? 1 : 0;
+}
+
+void WriteUnits(Recordset& row, const OptionState& options, const UnitSettings& units) {
+  row.Set("Units", options.OptionUnits);
+  row.Set("FileUnits", options.OptionFileUnits);
+  row.Set("StationUnit", units.StationUnit);
+  row.Set("FileStationUnit", units.FileStationUnit);
+}
+
+void WriteOptions(Recordset& row, const OptionState& options) {
+  row.Set("DrivingSide", options.DrivingSide);
+  row.Set("GeographicFormat", options.GeographicFormat);
+  row.Set("MDB", Mark(options.KeepMdb));
+  row.Set("TKR", Mark(options.WriteAscii));
+  row.Set("ErrorText", Mark(options.ErrorText));
+  row.Set("ErrorVoice", Mark(options.ErrorVoice));
+  row.Set("WarningText", Mark(options.WarningText));
+  row.Set("WarningVoice", Mark(options.WarningVoice));
+  row.Set("AssistanceText", Mark(options.AssistanceText));
+  row.Set("AssistanceVoice", Mark(options.AssistanceVoice));
+  row.Set("DataColVoice", options.DataColVoice);
+  row.Set("TrayColor", options.TrayColor);
+}
+
+} // namespace
+
+OptionsDatabase::OptionsDatabase(ProgramState& programState, Platform& seams, MessageCatalogue& catalogue)
+    : state(programState), platform(seams), messages(catalogue) {}
+
+bool OptionsDatabase::LoadSoftwareDatabases() {
+  const std::string& folder = state.folders.MdbFolder;
+  const UpdateResult software = UpdateDatabase(state.folders, platform, "Software", folder, "");
+  if (software.programEnds) {
+    return false;
+  }
+  state.versions.Software = software.version;
+  database = Database::Open(platform.drives.NativePath(software.path), OpenMode::Shared);
+  LoadOptions();
+  const UpdateResult catalogue = UpdateDatabase(state.folders, platform, "Messages", folder, "");
+  if (catalogue.programEnds) {
+    return false;
+  }
+  state.versions.Messages = catalogue.version;
+  messages.Open(catalogue.path);
+  return true;
+}
+
+void OptionsDatabase::LoadOptions() {
+  const std::unique_ptr<Recordset> rsOptions = database ? database->OpenTable("Options") : nullptr;
+  if (!rsOptions) {
+    return;
+  }
+  rsOptions->SetIndex("ID");
+  rsOptions->MoveFirst();
+  if (rsOptions->Eof()) {
+    return;
+  }
+  const FieldReader row(*rsOptions);
+  row.Read("Datum", state.options.OptionsDate);
+  row.Read("User", state.options.OptionsUser);
+  state.options.OptionsUser = Trim(state.options.OptionsUser);
+  ReadUnits(row, state.options, state.units);
+  ReadOptions(row, state.options);
+}
+
+void OptionsDatabase::SaveOptions() {
+  const std::unique_ptr<Recordset> rsOptions = database ? database->OpenTable("Options") : nullptr;
+  if (!rsOptions) {
+    return;
+  }
+  rsOptions->SetIndex("ID");
+  if (!rsOptions->AddNew()) {
+    return;
+  }
+  rsOptions->Set("Datum", DateText(state.options.OptionsDate));
+  rsOptions->Set("User", CutText(state.options.OptionsUser, LongestUser));
+  WriteUnits(*rsOptions, state.options, state.units);
+  WriteOptions(*rsOptions, state.options);
+  rsOptions->Update();
+}
+
+void OptionsDatabase::Close() {
+  database.reset();
+}
+
+} // namespace trekor

@@ -1,0 +1,106 @@
+#include "options/Sections.h"
+
+#include "dbupdate/UpdateDatabase.h"
+#include "values/Text.h"
+
+namespace trekor {
+
+namespace {
+
+struct NumberedField {
+  std::size_t number;
+  const char* name;
+};
+
+// Fixed: the numbers are those of the forms' Texts, the names those of the network databases in the field.
+constexpr NumberedField FieldsInUse[] = {
+    {0, "FacilityName"},   {1, "SectionName"},  {9, "Start"},     {10, "End"},     {11, "Lane"},
+    {13, "FacilityCode"},  {14, "SectionCode"}, {15, "District"}, {16, "Type"},    {19, "LaneNumber"},
+    {20, "Layer1Modulus"}, {21, "Layer1"},      {22, "Layer2"},   {23, "Layer3"},  {24, "Layer1Temperature"},
+    {25, "FixRigid"},      {26, "RigidLayer"},  {28, "Class"},    {29, "Heading"},
+};
+
+std::array<std::string, 101> NumberedNames() {
+  std::array<std::string, 101> names;
+  for (const NumberedField& field : FieldsInUse) {
+    names.at(field.number) = field.name;
+  }
+  return names;
+}
+
+} // namespace
+
+int HeadingCode(std::string_view heading) {
+  const std::size_t at = heading.empty() ? std::string_view::npos : std::string_view("NSEW").find(Upper(heading)[0]);
+  return at == std::string_view::npos ? 0 : static_cast<int>(at) + 1;
+}
+
+std::string HeadingName(int code) {
+  switch (code) {
+  case 1:
+    return "North";
+  case 2:
+    return "South";
+  case 3:
+    return "East";
+  case 4:
+    return "West";
+  default:
+    return "";
+  }
+}
+
+Sections::Sections(ProgramState& programState, Platform& seams, SocketProp& link)
+    : state(programState), platform(seams), socket(link) {}
+
+bool Sections::LoadSections() {
+  const UpdateResult update = UpdateDatabase(state.folders, platform, "Sections", state.folders.SharedMdbFolder, "");
+  if (update.programEnds) {
+    return false;
+  }
+  state.versions.Sections = update.version;
+  state.facility.SectionsPath = state.folders.SharedMdbFolder + "\\Sections.mdb";
+  ReopenSections();
+  return true;
+}
+
+// No operation reads a row: facility and section come from the link and the operator. The table is kept at hand.
+void Sections::ReopenSections() {
+  CloseSections();
+  NetworkDatabase = Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared);
+  if (NetworkDatabase) {
+    rsSections = NetworkDatabase->OpenTable("Sections");
+  }
+}
+
+void Sections::CloseSections() {
+  rsSections.reset();
+  NetworkDatabase.reset();
+}
+
+void Sections::SetFacilityName(const std::string& text) {
+  state.facility.FacilityName = text;
+  socket.SendData("FACILITY NAME " + text);
+}
+
+void Sections::SetSectionName(const std::string& text) {
+  state.facility.SectionName = text;
+  socket.SendData("SECTION NAME " + text);
+}
+
+void Sections::SetSectionStart(const std::string& text) {
+  state.facility.SectionStart = text;
+  socket.SendData("SECTION START " + text);
+}
+
+void Sections::SetSectionEnd(const std::string& text) {
+  state.facility.SectionEnd = text;
+  socket.SendData("SECTION END " + text);
+}
+
+const std::array<std::string, 101>& Sections::SectionFields() {
+  static const std::array<std::string, 101> names = NumberedNames();
+  return names;
+}
+
+} // namespace trekor
