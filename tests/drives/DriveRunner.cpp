@@ -1,0 +1,172 @@
+#include "drives/DriveRunner.h"
+
+#include "store/Recordset.h"
+#include "values/NumberText.h"
+#include "values/Text.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <sstream>
+
+namespace trekor::tests {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+int CodeOf(const std::string& key) {
+  if (key[0] == '#')
+    return static_cast<int>(Val(key.substr(1)));
+  if (key.rfind("Num", 0) == 0 && key.size() == 4) {
+    const std::string operators = "*+ -,/"; // 106 to 111, 108 is no key
+    const auto at = operators.find(key[3]);
+    return at == std::string::npos ? key[3] - '0' + 96 : static_cast<int>(at) + 106;
+  }
+  if (key[0] == 'F' && key.size() > 1)
+    return 111 + static_cast<int>(Val(key.substr(1)));
+  if (key == "Space")
+    return 32;
+  if (key == "Esc")
+    return 27;
+  if (key == "Del")
+    return 46;
+  return static_cast<unsigned char>(key[0]);
+}
+
+// The rows of a table, a line each: name=value of every field but bytes, which show as their number.
+std::string RowsOf(Database& database, const std::string& table) {
+  std::string text = "[" + table + "]\n";
+  const auto rows = database.OpenTable(table);
+  for (; rows && !rows->Eof(); rows->MoveNext()) {
+    for (int i = 0; i < rows->FieldCount(); ++i) {
+      const FieldValue value = rows->Get(i);
+      text += (i ? "|" : "") + (value.IsNull()    ? "null"
+                                : value.IsBytes() ? std::to_string(value.Blob().size()) + " bytes"
+                                                  : value.Text());
+    }
+    text += "\n";
+  }
+  return text;
+}
+
+} // namespace
+
+DriveRunner::DriveRunner(const std::string& shared) {
+  Install(shared);
+  for (const char* name : {"NumericPrompt", "TextPrompt"})
+    fakes.shell.scripts[name] = [this](Form& form) { Answer(form); };
+  program = std::make_unique<Program>(fakes.platform);
+}
+
+DriveRunner::~DriveRunner() = default;
+
+void DriveRunner::Install(const std::string& shared) {
+  fakes.drives.MakeFolders("C:\\Veldmark\\Trekor\\VDB");
+  fakes.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
+  fakes.drives.MakeFolders("C:\\Veldmark\\Parcels\\MDB");
+  fakes.drives.MakeFolders("C:\\Roads");
+  const fs::path to = fakes.drives.NativePath("C:\\Trekor");
+  fs::copy(shared, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
+  fs::copy(to / "HardWare.vdb", fs::path(fakes.drives.NativePath("C:\\Veldmark\\Trekor\\VDB")) / "Hardware.vdb");
+  fs::copy(to / "sample" / "Observations.mdb", fakes.drives.NativePath("C:\\Veldmark\\Trekor\\MDB\\Observations.mdb"));
+}
+
+void DriveRunner::Answer(Form& form) {
+  told += "prompt " + form.Caption() + "\n";
+  auto* box = dynamic_cast<TextBox*>(form.Find("txtBox"));
+  if (!box || answers.empty())
+    return;
+  const std::string answer = answers.front();
+  answers.pop_front();
+  if (answer == "<esc>") {
+    box->Press(27, 0);
+    return;
+  }
+  box->Type(answer);
+  box->Press(13, 0);
+}
+
+void DriveRunner::TellLines() {
+  for (const auto& line : fakes.socket.TakeLines())
+    told += "< " + line + "\n";
+  for (const auto& sound : fakes.sound.TakePlayed())
+    told += "sound " + sound.substr(sound.rfind('\\') + 1) + "\n";
+}
+
+void DriveRunner::Tick(int n) {
+  for (int i = 0; i < n; ++i) {
+    fakes.clock.Advance(24); // the tick's own pump adds the 25th millisecond
+    program->form.IdleTimer.Fire();
+    TellLines();
+  }
+}
+
+void DriveRunner::Do(const std::string& line) {
+  std::istringstream words(line);
+  std::string verb, rest;
+  words >> verb;
+  std::getline(words >> std::ws, rest);
+  auto& form = program->form;
+  if (verb == ">")
+    fakes.socket.Line(rest);
+  else if (verb == "key")
+    program->measurements.Form_KeyDown(CodeOf(rest), 0);
+  else if (verb == "tick")
+    Tick(rest.empty() ? 1 : static_cast<int>(Val(rest)));
+  else if (verb == "wait")
+    Tick(static_cast<int>(Val(rest) / 25));
+  else if (verb == "answer")
+    answers.push_back(rest);
+  else if (verb == "cell")
+    form.Grid.SelectCell(static_cast<int>(Val(rest)), static_cast<int>(Val(rest.substr(rest.find(' ')))));
+  else if (verb == "station" || verb == "step") {
+    TextBox& box = verb == "step" ? form.Texts7 : form.Texts6;
+    box.GetFocus();
+    box.Type(rest);
+    box.LoseFocus();
+  } else if (line == "peer closes")
+    fakes.socket.PeerClose();
+  else if (line == "peer fails")
+    fakes.socket.Fail(10054);
+  else if (verb == "exit")
+    program->measurements.mnuExit_Click();
+  else
+    told += "not understood: " + line + "\n";
+}
+
+std::string DriveRunner::Play(const std::string& drive) {
+  if (!program->Main())
+    return "the program did not start\n";
+  std::istringstream lines(drive);
+  for (std::string line; std::getline(lines, line);) {
+    if (line.empty() || line[0] == '#')
+      continue;
+    Do(line);
+    TellLines();
+  }
+  program->Unload_MainForm();
+  TellLines();
+  for (const auto& box : fakes.shell.boxes)
+    told += "box " + box + "\n";
+  return told + DataFile();
+}
+
+// Every data file and comma file on the data drive and on a backup drive.
+std::string DriveRunner::DataFile() {
+  std::string text;
+  for (const std::string folder : {"C:\\Roads", "D:\\Roads"})
+    for (const auto& name : fakes.drives.Files(folder, "*.*")) {
+      text += "== " + folder + "\\" + name + "\n";
+      const std::string path = folder + "\\" + name;
+      if (SameText(name.substr(name.size() - 4), ".TKR")) {
+        text += FromWindows1252(fakes.drives.Read(path));
+        continue;
+      }
+      const auto database = Database::Open(fakes.drives.NativePath(path), OpenMode::ReadOnly);
+      for (const char* table : {"Sessions", "Observations", "Stations", "Registrations"})
+        text += database ? RowsOf(*database, table) : "not a database\n";
+    }
+  return text;
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,53 @@
+// Whole recorded drives. An expected file is rebuilt only by TREKOR_REBUILD_EXPECTED=1, and the commit says why.
+#include "drives/DriveRunner.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+namespace trekor::tests {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+std::string ReadFile(const fs::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::ostringstream bytes;
+  bytes << in.rdbuf();
+  return bytes.str();
+}
+
+std::vector<std::string> Recorded() {
+  std::vector<std::string> names;
+  for (const auto& entry : fs::directory_iterator(TREKOR_SOURCE_DIR "/tests/drives"))
+    if (entry.path().extension() == ".drive")
+      names.push_back(entry.path().stem().string());
+  std::sort(names.begin(), names.end());
+  return names;
+}
+
+class RecordedDrive : public testing::TestWithParam<std::string> {};
+
+TEST_P(RecordedDrive, LeavesExactlyWhatItLeftBefore) {
+  const fs::path base = fs::path(TREKOR_SOURCE_DIR "/tests/drives") / GetParam();
+  const fs::path expectedPath = base.string() + ".expected";
+  DriveRunner runner(TREKOR_BINARY_DIR "/share/trekor");
+  const std::string actual = runner.Play(ReadFile(base.string() + ".drive"));
+  if (std::getenv("TREKOR_REBUILD_EXPECTED"))
+    std::ofstream(expectedPath, std::ios::binary) << actual;
+  const std::string expected = ReadFile(expectedPath);
+  ASSERT_FALSE(expected.empty()) << "no " << expectedPath;
+  EXPECT_EQ(actual, expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Drives, RecordedDrive, testing::ValuesIn(Recorded()),
+                         [](const auto& drive) { return drive.param; });
+
+} // namespace
+
+} // namespace trekor::tests
