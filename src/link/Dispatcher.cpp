@@ -1,1 +1,289 @@
 #include "link/Dispatcher.h"
+
+#include "values/DistanceUnits.h"
+#include "values/NumberText.h"
+#include "values/Text.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+
+namespace trekor {
+namespace {
+
+enum Keys { StartKey = 113, SuspendKey = 114, StopKey = 115 }; // F2, F3, F4
+
+// True while an order of the link is carried out, so that the operations don't send it back as news. The flag is plain:
+// an order that comes in a pump of this one and ends before it leaves the rest of this one speaking.
+class LinkOrder {
+public:
+  explicit LinkOrder(ProgramState& programState) : state(programState) { state.run.FromLink = true; }
+  ~LinkOrder() { state.run.FromLink = false; }
+  LinkOrder(const LinkOrder&) = delete;
+  LinkOrder& operator=(const LinkOrder&) = delete;
+
+private:
+  ProgramState& state;
+};
+
+// `upper` is in capitals, the word in any case.
+bool Is(std::string_view word, std::string_view upper) {
+  if (word.size() != upper.size())
+    return false;
+  for (std::size_t i = 0; i < word.size(); ++i)
+    if ((word[i] >= 'a' && word[i] <= 'z' ? word[i] - 0x20 : word[i]) != upper[i])
+      return false;
+  return true;
+}
+
+// The text up to the first blank; the message keeps the rest, trimmed.
+std::string_view NextWord(std::string_view& message) {
+  const std::size_t blank = std::min(message.find(' '), message.size());
+  const std::string_view word = message.substr(0, blank);
+  message = TrimView(message.substr(blank));
+  return word;
+}
+
+// A 16-bit field keeps its old value when the number does not fit.
+void TakeInteger(int& field, std::string_view word) {
+  field = ToInteger16(Val(word)).value_or(static_cast<std::int16_t>(field));
+}
+
+void TakeSingle(float& field, std::string_view word) {
+  const double number = Val(word);
+  if (std::abs(number) <= std::numeric_limits<float>::max())
+    field = static_cast<float>(number);
+}
+
+// GPS 143015.2 55.6761 12.5683 14.2 1 9 0 0.8 0 0
+// 1 time, 2 latitude, 3 longitude, 4 height, 5 status, 6 satellites, 7 skipped, 8 to 10 kept for nobody. From 4 on a
+// word that is missing leaves the old value; of the first three it gives 0.
+void TakeGps(GpsFix& gps, std::string_view message) {
+  const auto [words, count] = SocketProp::Split_Views(message);
+  gps.GpsTime = Val(words[1]);
+  gps.GpsLatitude = Val(words[2]);
+  gps.GpsLongitude = Val(words[3]);
+  if (count > 3)
+    TakeSingle(gps.GpsHeight, words[4]);
+  if (count > 4)
+    TakeInteger(gps.GpsStatus, words[5]);
+  if (count > 5)
+    TakeInteger(gps.GpsSVs, words[6]);
+  if (count > 7)
+    TakeSingle(gps.GpsField8, words[8]);
+  if (count > 8)
+    TakeInteger(gps.GpsField9, words[9]);
+  if (count > 9)
+    TakeInteger(gps.GpsField10, words[10]);
+  gps.GpsSeen = gps.GpsFresh = true;
+}
+
+// SET OPERATOR Veldmarker: the maintenance user's word, spelled exactly so.
+void TakeOperator(ProgramState& state, std::string_view name) {
+  state.people.OperatorName = name;
+  if (name != "Veldmarker")
+    return;
+  state.people.OperatorName = "Veldmark";
+  state.run.UserLevel = 9;
+}
+
+// Makes the folder and the levels above it that are missing. True when it is there afterwards.
+bool MakeFolders(Drives& drives, const std::string& path) {
+  if (drives.FolderExists(path))
+    return true;
+  const std::size_t parent = path.find_last_of('\\');
+  if (parent != std::string::npos && parent > 2 && !MakeFolders(drives, path.substr(0, parent)))
+    return false;
+  return drives.MakeFolder(path);
+}
+
+// FILE PATH D:\Data\Roads: when the vehicle's drive can't take it, the same folder on drive C.
+void TakeDataPath(std::string& dataPath, std::string_view value, Drives& drives) {
+  dataPath = value;
+  const std::string wanted = dataPath;
+  if (wanted.empty() || MakeFolders(drives, wanted) || Is(wanted.substr(0, 1), "C"))
+    return;
+  const std::string onC = "C" + wanted.substr(1);
+  if (MakeFolders(drives, onC))
+    dataPath = onC;
+}
+
+struct TextField {
+  std::string_view keyword;
+  std::string FacilityRecord::*field;
+};
+
+constexpr std::array<TextField, 8> FacilityTexts = {{{"NAME", &FacilityRecord::FacilityName},
+                                                     {"CODE", &FacilityRecord::FacilityCode},
+                                                     {"STATE", &FacilityRecord::FacilityState},
+                                                     {"DISTRICT", &FacilityRecord::FacilityDistrict},
+                                                     {"CITY", &FacilityRecord::FacilityCity},
+                                                     {"CLASS", &FacilityRecord::FacilityClass},
+                                                     {"MEDIAN", &FacilityRecord::FacilityMedian},
+                                                     {"EDGE", &FacilityRecord::FacilityEdge}}};
+
+constexpr std::array<TextField, 13> SectionTexts = {{{"NAME", &FacilityRecord::SectionName},
+                                                     {"CODE", &FacilityRecord::SectionCode},
+                                                     {"COMMENT", &FacilityRecord::SectionComment},
+                                                     {"HEADING", &FacilityRecord::SectionHeading},
+                                                     {"LANENUMBER", &FacilityRecord::LaneNumber},
+                                                     {"LANE", &FacilityRecord::Lane},
+                                                     {"TYPE", &FacilityRecord::SectionType},
+                                                     {"SURFACE", &FacilityRecord::SectionSurface},
+                                                     {"SPEED", &FacilityRecord::SectionSpeed},
+                                                     {"LENGTH", &FacilityRecord::SectionLength},
+                                                     {"WIDTH", &FacilityRecord::SectionWidth},
+                                                     {"START", &FacilityRecord::SectionStart},
+                                                     {"END", &FacilityRecord::SectionEnd}}};
+
+template <std::size_t N>
+void TakeText(FacilityRecord& record, const std::array<TextField, N>& fields, std::string_view keyword,
+              std::string_view value) {
+  for (const TextField& f : fields)
+    if (Is(keyword, f.keyword))
+      record.*f.field = value;
+}
+
+} // namespace
+
+Dispatcher::Dispatcher(ProgramState& programState, Platform& seams, SocketProp& link, Sections& network,
+                       Measurements& run)
+    : state(programState), platform(seams), socket(link), sections(network), measurements(run) {}
+
+void Dispatcher::Dispatch(std::string_view line) {
+  const std::string_view verb = NextWord(line);
+  if (Is(verb, "DMI")) // first: it comes a thousand times a second
+    Dmi(line);
+  else if (Is(verb, "GPS"))
+    TakeGps(state.gps, line);
+  else if (Is(verb, "CTRL"))
+    Ctrl(line);
+  else if (Is(verb, "SET"))
+    Set(line);
+  else if (Is(verb, "FILE"))
+    File(line);
+  else if (Is(verb, "FACILITY"))
+    Facility(line);
+  else if (Is(verb, "SECTION"))
+    Section(line);
+  // EVENT is accepted and ignored, everything else is not for this program: no answer to either.
+}
+
+// DMI 12.35
+void Dispatcher::Dmi(std::string_view message) {
+  state.position.DmiStation.SetDefault(Val(message));
+  state.run.DmiReceived = true;
+  measurements.Check_DMI();
+}
+
+// CTRL PREPARE 12.35
+void Dispatcher::Ctrl(std::string_view message) {
+  const std::string word = Upper(NextWord(message)); // the line is gone after the first pump, the answer needs the word
+  {
+    const LinkOrder order(state);
+    CtrlWord(word, message);
+  }
+  socket.SendData("ACK Trekor CTRL " + word);
+}
+
+void Dispatcher::CtrlWord(const std::string& word, std::string_view rest) {
+  if (word == "PREPARE") {
+    if (!rest.empty())
+      measurements.Prepare_Station(Val(rest));
+  } else if (word == "START" || word == "RESUME") { // the same key: RESUME in idle starts a run
+    measurements.Form_KeyDown(StartKey, 0);
+  } else if (word == "SUSPEND") {
+    measurements.Form_KeyDown(SuspendKey, 0);
+  } else if (word == "STOP") {
+    measurements.Form_KeyDown(StopKey, 0);
+  } else if (word == "INIT") {
+    SendUnits(state, socket);
+    Set_DMI(state, socket);
+  } else if (word == "EXIT") {
+    measurements.mnuExit_Click();
+  } // ARM and ABORT ask for nothing: there is no way to abort a run
+}
+
+// SET OPERATOR Jane Doe
+void Dispatcher::Set(std::string_view message) {
+  const std::string_view keyword = NextWord(message);
+  if (Is(keyword, "DMI")) {
+    SetDmi(message);
+  } else if (Is(keyword, "VEHICLE")) {
+    state.people.VehicleName = message;
+  } else if (Is(keyword, "DRIVER")) {
+    state.people.DriverName = message;
+  } else if (Is(keyword, "OPERATOR")) {
+    TakeOperator(state, message);
+  } else if (Is(keyword, "NETWORKDB")) {
+    state.facility.NetworkDb = state.facility.SectionsPath = message;
+    sections.ReopenSections();
+  } // UNITS has no effect: this program announces its units, nobody sets them
+}
+
+// SET DMI 1000 I 12.35
+// 1 a number for the control program alone, 2 "I" or "1" when stations increase, 3 the position in kilometres
+void Dispatcher::SetDmi(std::string_view message) {
+  if (state.run.RunState != 0)
+    return;
+  const auto words = SocketProp::Split_Views(message).Words;
+  Positions& position = state.position;
+  TakeInteger(position.DmiSetValue, words[1]);
+  position.DmiIncreasing = words[2] == "I" || words[2] == "1"; // a value: its case counts
+  position.DmiStation.SetDefault(Val(words[3]));
+  const LinkOrder order(state);
+  measurements.Set_UpDnIcon();
+}
+
+// FILE PATH D:\Data\Roads
+void Dispatcher::File(std::string_view message) {
+  const std::string_view keyword = NextWord(message);
+  const LinkOrder order(state);
+  FileNaming& file = state.file;
+  if (Is(keyword, "GUID")) {
+    file.DataGuid = message;
+  } else if (Is(keyword, "PATH")) {
+    TakeDataPath(file.DataPath, message, platform.drives);
+  } else if (Is(keyword, "BACKUPPATH")) {
+    file.BackupPath = message;
+    if (!message.empty())
+      MakeFolders(platform.drives, std::string(message));
+  } else if (Is(keyword, "NAME")) {
+    file.DataName = message;
+  } else if (Is(keyword, "UNITS")) {
+    FileUnits(message);
+  } else if (Is(keyword, "OPEN")) {
+    measurements.Prepare_File();
+  } else if (Is(keyword, "CLOSE")) {
+    measurements.mnuClose_Click();
+  } // SESSION is the control program's own business
+}
+
+// FILE UNITS SI KM: the first word is not looked at
+void Dispatcher::FileUnits(std::string_view message) {
+  const std::string word = Upper(SocketProp::Split_Views(message).Words[2]);
+  state.units.FileStationUnit = UnitCode(word).value_or(state.units.FileStationUnit);
+}
+
+// FACILITY NAME Ring Road 3
+void Dispatcher::Facility(std::string_view message) {
+  const std::string_view keyword = NextWord(message);
+  const LinkOrder order(state);
+  TakeText(state.facility, FacilityTexts, keyword, message);
+  if (Is(keyword, "LANES"))
+    TakeInteger(state.facility.FacilityLanes, message);
+}
+
+// SECTION HEADING North
+void Dispatcher::Section(std::string_view message) {
+  const std::string_view keyword = NextWord(message);
+  const LinkOrder order(state);
+  FacilityRecord& record = state.facility;
+  TakeText(record, SectionTexts, keyword, message);
+  if (Is(keyword, "HEADING"))
+    record.FacilityDirection = record.StartingDirection = HeadingCode(message);
+  else if (Is(keyword, "TRAFFIC"))
+    record.SectionTraffic = Val(message);
+}
+
+} // namespace trekor

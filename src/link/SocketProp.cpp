@@ -1,1 +1,301 @@
 #include "link/SocketProp.h"
+
+#include "values/NumberText.h"
+#include "values/Text.h"
+
+#include <algorithm>
+#include <cstring>
+#include <iostream>
+
+namespace trekor {
+namespace {
+
+constexpr int KeyEscape = 27;
+constexpr int WatchdogPeriod = 5000;          // ms
+constexpr double FirstConnectionLimit = 2000; // ms
+constexpr char Quote = '"';
+// No line of the protocol comes near this. What has no end by then is garbage and must not fill the memory.
+constexpr std::size_t LongestLine = std::size_t{1} << 20;
+// A peer that floods could nest an arrival in each answer's pump until the stack is full; deeper arrivals only add to
+// the buffer, which the innermost dispatch empties when its line is done.
+constexpr int DeepestArrival = 16;
+
+const char* StateWord(SocketState state) {
+  constexpr std::array<const char*, 10> words = {"Closed",         "Open",          "Listening",  "Connection pending",
+                                                 "Resolving Host", "Host Resolved", "Connecting", "Connected",
+                                                 "Peer Closing",   "Error"};
+  const auto i = static_cast<std::size_t>(state);
+  return i < words.size() ? words[i] : "";
+}
+
+// An entry field that is empty or says "Default", in any case, leaves the choice to the program.
+std::string Entered(const TextBox& box) {
+  std::string text = Trim(box.Text());
+  return SameText(text, "Default") ? "" : text;
+}
+
+void ShowDefault(TextBox& box) {
+  if (Trim(box.Text()).empty())
+    box.SetText("Default");
+}
+
+} // namespace
+
+void WaitSeconds(double seconds, Clock& clock, Pump& pump) {
+  const double end = clock.Milliseconds() + seconds * 1000;
+  while (clock.Milliseconds() < end)
+    pump.ProcessEvents();
+}
+
+SocketProp::SocketProp(ProgramState& programState, Platform& seams, TextDatabase& textDatabase, Form& measurements)
+    : state(programState), platform(seams), texts(textDatabase), mainForm(measurements) {}
+
+SocketProp::~SocketProp() {
+  platform.socket.SetEvents(nullptr);
+}
+
+void SocketProp::Load() {
+  Active = false;
+  platform.shell.Load(form);
+  form.Loaded = true;
+  form.SetCaption("Client Properties");
+  form.txtState.ReadOnly = form.txtError.ReadOnly = true;
+  texts.LoadFormProperties(form);
+  ShowDefault(form.RemoteHost);
+  ShowDefault(form.RemotePort);
+  form.cmdConnect.OnClick = [this] { cmdConnect_Click(); };
+  form.cmdDisConnect.OnClick = [this] { cmdDisConnect_Click(); };
+  form.WDT.OnTimer = [this] { WDT_Timer(); };
+  form.OnKeyDown = [this](int key, int shift) {
+    if (key != KeyEscape)
+      return texts.FormKeyDown(form, key, shift);
+    Hide();
+    return true;
+  };
+  form.OnQueryUnload = [this] { // the window only hides itself: the link lives to the end
+    Hide();
+    return false;
+  };
+  ReceiveBuffer.clear();
+  consumed = searched = 0;
+  skipping = false;
+  platform.socket.SetEvents(this);
+  cmdConnect_Click();
+  form.WDT.SetInterval(WatchdogPeriod);
+  form.WDT.SetRunning(true);
+  Active = true;
+}
+
+void SocketProp::Hide() {
+  platform.shell.Hide(form);
+}
+
+void SocketProp::Unload() {
+  Active = false;
+  SendData("CTRL EXIT");
+  platform.pump.ProcessEvents();
+  WaitSeconds(1); // for the text to go out
+  form.WDT.SetRunning(false);
+  CloseRoutine();
+  texts.SaveFormProperties(form);
+  platform.shell.Unload(form);
+  form.Loaded = false;
+}
+
+void SocketProp::SendData(std::string_view line) {
+  if (platform.socket.State() != SocketState::Connected)
+    return;
+  Send(line);
+  platform.pump.ProcessEvents();
+}
+
+void SocketProp::Send(std::string_view line) {
+  std::string bytes;
+  bytes.reserve(line.size() + 2);
+  AppendWindows1252(bytes, line);
+  bytes += "\r\n";
+  platform.socket.Send(bytes);
+}
+
+void SocketProp::WaitSeconds(double seconds) {
+  trekor::WaitSeconds(seconds, platform.clock, platform.pump);
+}
+
+void SocketProp::WaitForFirstConnection() {
+  const double end = platform.clock.Milliseconds() + FirstConnectionLimit;
+  while (!FirstAttemptSettled && platform.clock.Milliseconds() < end)
+    platform.pump.ProcessEvents();
+}
+
+void SocketProp::cmdConnect_Click() {
+  if (platform.socket.State() != SocketState::Closed)
+    CloseRoutine();
+  std::string host = Entered(form.RemoteHost);
+  if (host.empty())
+    host = DefaultHost.empty() ? "127.0.0.1" : DefaultHost;
+  const std::string port = Entered(form.RemotePort);
+  // A state that the close routine has left alone, "Peer Closing" above all, ends here: the attempt is a fresh one.
+  platform.socket.Connect(host, ToInteger32(Val(port.empty() ? "15959" : port)).value_or(0));
+}
+
+// "Peer Closing" stays as it is: after the peer's close only a press of cmdConnect leads back, after an error the
+// watchdog.
+void SocketProp::CloseRoutine() {
+  if (platform.socket.State() != SocketState::Connected)
+    return;
+  platform.socket.Close();
+  platform.pump.ProcessEvents();
+}
+
+void SocketProp::Socket_Close() {
+  FirstAttemptSettled = true;
+  CloseRoutine();
+}
+
+void SocketProp::Socket_Error(int number) {
+  FirstAttemptSettled = true;
+  form.txtError.SetText(std::to_string(number));
+  platform.socket.Close();
+}
+
+void SocketProp::Socket_Connect() {
+  platform.socket.SetNoDelay();
+  form.cmdConnect.SetEnabled(false);
+  form.cmdDisConnect.SetEnabled(true);
+  Greeting();
+  FirstAttemptSettled = true;
+}
+
+// IDENTITY Trekor 1 1.0.0 0 Default
+// CAPABILITY Trekor DMI               (a simulator only)
+// HWND Trekor  4711
+// MESSAGE Trekor CTRL SET FACILITY SECTION FILE RTDMI GPS EVENT
+void SocketProp::Greeting() {
+  std::string line = "IDENTITY Trekor 1 " + state.folders.AppVersion + " 0 Default";
+  SendData(line);
+  if (state.run.Simulator) {
+    line = "CAPABILITY Trekor DMI";
+    SendData(line);
+  }
+  SendData(line); // the last line goes twice; control programs in the field count on it
+  const std::string handle = std::to_string(platform.shell.WindowHandle(mainForm));
+  SendData((handle.starts_with('-') ? "HWND Trekor " : "HWND Trekor  ") + handle);
+  Setup_Messages();
+}
+
+void SocketProp::Setup_Messages() {
+  SendData(state.run.Simulator ? "MESSAGE Trekor CTRL SET FACILITY SECTION FILE DMI GPS EVENT"
+                               : "MESSAGE Trekor CTRL SET FACILITY SECTION FILE RTDMI GPS EVENT");
+}
+
+void SocketProp::cmdDisConnect_Click() {
+  SendData("CTRL QUIT");
+  CloseRoutine();
+  form.RemoteHost.SetEnabled(true);
+  form.cmdConnect.SetEnabled(true);
+  form.cmdDisConnect.SetEnabled(false);
+}
+
+void SocketProp::WDT_Timer() {
+  const SocketState found = platform.socket.State();
+  if (found == SocketState::Closed)
+    cmdConnect_Click();
+  else if (found == SocketState::Open || found == SocketState::Error)
+    platform.socket.Close();
+  form.txtState.SetText(StateWord(found));
+}
+
+void SocketProp::Socket_DataArrival() {
+  std::string bytes = platform.socket.ReadAll();
+  if (!Active)
+    return;
+  Compact();
+  if (ReceiveBuffer.empty())
+    ReceiveBuffer = std::move(bytes);
+  else
+    ReceiveBuffer += bytes;
+  if (depth < DeepestArrival)
+    DispatchLines();
+}
+
+// The view that a line being dispatched has into the buffer dies here: the dispatcher takes what it needs before it
+// lets anything pump.
+void SocketProp::Compact() {
+  ReceiveBuffer.erase(0, consumed);
+  searched -= consumed;
+  consumed = 0;
+}
+
+void SocketProp::DispatchLines() {
+  ++depth;
+  for (std::string_view line; Active && NextLine(line);)
+    DispatchLine(line);
+  --depth;
+}
+
+// Only CR LF ends a line; a lone one of the two is an ordinary character.
+bool SocketProp::NextLine(std::string_view& line) {
+  const char* const bytes = ReceiveBuffer.data();
+  while (searched < ReceiveBuffer.size()) {
+    const void* const found = std::memchr(bytes + searched, '\n', ReceiveBuffer.size() - searched);
+    if (!found)
+      break;
+    const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+    searched = at + 1;
+    if (at == consumed || bytes[at - 1] != '\r')
+      continue;
+    line = {bytes + consumed, at - 1 - consumed};
+    consumed = searched;
+    if (!skipping && line.size() <= LongestLine)
+      return true;
+    skipping = false;
+  }
+  searched = ReceiveBuffer.size();
+  if (searched - consumed > LongestLine) {
+    skipping = true;
+    consumed = searched - 1; // the last byte may be the CR of the end
+  }
+  return false;
+}
+
+void SocketProp::DispatchLine(std::string_view line) {
+  if (!Dispatch)
+    return;
+  line = TrimView(line);
+  if (std::all_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+    Dispatch(line);
+  else
+    Dispatch(FromWindows1252(line));
+}
+
+SocketProp::WordViews SocketProp::Split_Views(std::string_view message) {
+  WordViews list;
+  const std::size_t room = list.Words.size() - 1;
+  for (std::size_t at = 0; at < message.size();) {
+    if (message[at] == ' ') {
+      ++at;
+      continue;
+    }
+    const bool quoted = message[at] == Quote;
+    const std::size_t from = quoted ? at + 1 : at;
+    const std::size_t end = std::min(message.find(quoted ? Quote : ' ', from), message.size());
+    const auto number = static_cast<std::size_t>(++list.WordCount);
+    if (number > room) {
+      std::clog << "Split_Message Error\n";
+      break;
+    }
+    list.Words[number] = message.substr(from, end - from);
+    at = end + (quoted ? 2 : 1); // behind a closing quote one place is jumped over, whatever stands there
+  }
+  return list;
+}
+
+SocketProp::WordList SocketProp::Split_Message(std::string_view message) {
+  const WordViews views = Split_Views(message);
+  WordList list;
+  list.WordCount = views.WordCount;
+  std::copy(views.Words.begin(), views.Words.end(), list.Words.begin());
+  return list;
+}
+
+} // namespace trekor

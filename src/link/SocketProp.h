@@ -20,7 +20,8 @@ void WaitSeconds(double seconds, Clock& clock, Pump& pump);
 // The small window "Client Properties".
 struct SocketPropForm : Form {
   SocketPropForm() : Form("SocketProp") {}
-  Label labels0{*this, "Labels", 0}, labels1{*this, "Labels", 1}, labels2{*this, "Labels", 2}, labels3{*this, "Labels", 3};
+  Label labels0{*this, "Labels", 0}, labels1{*this, "Labels", 1}, labels2{*this, "Labels", 2},
+      labels3{*this, "Labels", 3};
   TextBox RemoteHost{*this, "RemoteHost"}, RemotePort{*this, "RemotePort"};
   TextBox txtState{*this, "txtState"}, txtError{*this, "txtError"};
   CommandButton cmdConnect{*this, "cmdConnect"}, cmdDisConnect{*this, "cmdDisConnect"};
@@ -52,6 +53,12 @@ public:
     int WordCount = 0;
   };
   static WordList Split_Message(std::string_view message);
+  // The same without copies: the words lie in the message.
+  struct WordViews {
+    std::array<std::string_view, 33> Words;
+    int WordCount = 0;
+  };
+  static WordViews Split_Views(std::string_view message);
 
   SocketPropForm form;
 
@@ -66,6 +73,12 @@ private:
   void Greeting();
   void Setup_Messages();
   void WDT_Timer();
+  void Hide();
+  void Send(std::string_view line);
+  void Compact();
+  bool NextLine(std::string_view& line);
+  void DispatchLines();
+  void DispatchLine(std::string_view line);
 
   ProgramState& state;
   Platform& platform;
@@ -73,8 +86,13 @@ private:
   Form& mainForm;
   bool Active = false;
   std::string DefaultHost = "127.0.0.1";
-  std::string ReceiveBuffer; // raw bytes; `consumed` of them are done with
-  std::size_t consumed = 0;
+  bool FirstAttemptSettled = false;
+  // Raw bytes: `consumed` of them are done with, the line end was sought in the first `searched`. One buffer with two
+  // moving marks, compacted once an arrival, so that a burst of lines and a line without an end both cost linear time.
+  std::string ReceiveBuffer;
+  std::size_t consumed = 0, searched = 0;
+  bool skipping = false; // the line that goes on at `consumed` has grown too long and is dropped up to its end
+  int depth = 0;         // arrivals being dispatched inside one another
 };
 
 } // namespace trekor

@@ -153,6 +153,12 @@ float TextToSingle(std::string_view text) {
 }
 
 NumberPattern::NumberPattern(std::string_view pattern) : width(CharCount(pattern)), plain(pattern.empty()) {
+  const std::size_t first = std::min(pattern.find_first_of("0#."), pattern.size());
+  before = pattern.substr(0, first);
+  pattern.remove_prefix(first);
+  const std::size_t end = pattern.find_last_of("0#.") + 1; // 0 when there are none
+  behind = pattern.substr(end);
+  pattern = pattern.substr(0, end);
   const std::size_t mark = std::min(pattern.find('.'), pattern.size());
   hasMark = mark < pattern.size();
   for (const char c : pattern.substr(0, mark))
@@ -168,15 +174,17 @@ void NumberPattern::LayOut(std::string& out, bool negative, std::string_view dig
   const std::size_t whole = digits.size() > places ? digits.size() - places : 0;
   if (negative && !digits.empty())
     out += '-';
+  out += before;
   if (whole < least)
     out.append(least - whole, '0');
   out.append(digits.substr(0, whole));
-  if (!hasMark)
-    return;
-  out += mark;
-  out.append(places - (digits.size() - whole), '0').append(digits.substr(whole));
-  for (int more = decimals; more > minDecimals && out.back() == '0'; --more)
-    out.pop_back();
+  if (hasMark) {
+    out += mark;
+    out.append(places - (digits.size() - whole), '0').append(digits.substr(whole));
+    for (int more = decimals; more > minDecimals && out.back() == '0'; --more)
+      out.pop_back();
+  }
+  out += behind;
 }
 
 // Rounds the digits of the shortest text. `digits` become those of the number times 10 to the decimals, a whole number.

@@ -54,6 +54,7 @@ private:
   void LayOut(std::string& out, bool negative, std::string_view digits, char mark) const;
   int minWhole = 0, decimals = 0, minDecimals = 0, width = 0;
   bool hasMark = false, plain = false;
+  std::string before, behind; // what stands around the digits
 };
 
 // Decimal text with at most 15 (7) significant digits, "." as mark, no leading blank, "0.5" with its zero, and an
