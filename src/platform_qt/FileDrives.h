@@ -1,0 +1,66 @@
+// Drives of letters and backslashes on this machine's file system. On Windows a path is what it says. Elsewhere one
+// folder holds a subfolder for each drive ("C", "D", ...), and names below it are found without regard to case.
+//
+// A path without a drive letter begins at the root of the program's drive, or in the program's folder when it has no
+// leading backslash. "..", however often, never leads out of its drive.
+#pragma once
+
+#include "platform/Drives.h"
+
+#include <filesystem>
+
+namespace trekor {
+
+// What the operating system must do its own way.
+namespace native {
+// The folder of the drives: the variable TREKOR_DRIVES, else below the user's data home. Empty where drives are real.
+std::filesystem::path DrivesRoot();
+std::filesystem::path PathOf(const std::filesystem::path& root, const std::string& path, const std::string& current);
+bool DriveExists(const std::filesystem::path& root, char letter);
+std::string RemoteName(char letter);
+// Brings a file, or the names of a folder, onto the disk.
+bool SyncFile(const std::filesystem::path& file);
+void SyncFolder(const std::filesystem::path& folder);
+// Brings everything of the file system of this path onto the disk.
+void SyncAll(const std::filesystem::path& path);
+// Puts a file in the place of another in one step.
+bool Replace(const std::filesystem::path& from, const std::filesystem::path& to);
+} // namespace native
+
+// Between UTF-8 and the system's own path type.
+std::filesystem::path PathFromText(const std::string& utf8);
+std::string TextFromPath(const std::filesystem::path& path);
+
+class FileDrives : public Drives {
+public:
+  // Makes drive C in `root` when it is missing.
+  explicit FileDrives(std::filesystem::path root = native::DrivesRoot(), std::string programFolder = "C:\\Trekor");
+
+  std::string NativePath(const std::string& path) override;
+  bool DriveExists(char letter) override;
+  std::string RemoteName(char letter) override;
+  bool FileExists(const std::string& path) override;
+  bool FolderExists(const std::string& path) override;
+  bool MakeFolder(const std::string& path) override;
+  bool CopyFile(const std::string& from, const std::string& to) override;
+  bool DeleteFile(const std::string& path) override;
+  void ClearReadOnly(const std::string& path) override;
+  std::vector<std::string> Files(const std::string& folder, const std::string& pattern) override;
+  std::vector<std::string> Folders(const std::string& folder) override;
+  std::string CurrentFolder() override { return programFolder; }
+
+  // The folder of the drives as the system knows it; empty where drives are real.
+  std::string Root() const { return TextFromPath(root); }
+
+private:
+  std::filesystem::path Path(const std::string& path);
+  std::vector<std::string> Names(const std::string& folder, const std::string& pattern, bool folders);
+
+  std::filesystem::path root;
+  std::string programFolder;
+};
+
+// Whether a name matches a pattern of "*" and "?", without regard to case. "*.*" matches names without a point too.
+bool MatchesPattern(const std::string& name, const std::string& pattern);
+
+} // namespace trekor

@@ -1,0 +1,14 @@
+// The NumLock key on Windows.
+#pragma once
+
+#include "platform/Keyboard.h"
+
+namespace trekor {
+
+class WinKeyboard : public Keyboard {
+public:
+  bool NumLock() override;
+  void PressNumLock() override;
+};
+
+} // namespace trekor

@@ -1,0 +1,29 @@
+// The NumLock key of an X11 display. The display is asked only when somebody asks this class, which nobody does in an
+// idle tick; without X11 the key reads as off and pressing it does nothing.
+#pragma once
+
+#include "platform/Keyboard.h"
+
+namespace trekor {
+
+class X11Keyboard : public Keyboard {
+public:
+  // `haveX11`: whether the program's windows stand on an X11 display. Without, no display is ever opened, even when one
+  // could be reached: the keys of another desktop are none of our business.
+  explicit X11Keyboard(bool haveX11) : haveX11(haveX11) {}
+  ~X11Keyboard() override;
+  X11Keyboard(const X11Keyboard&) = delete;
+  X11Keyboard& operator=(const X11Keyboard&) = delete;
+
+  bool NumLock() override;
+  void PressNumLock() override;
+
+private:
+  bool Open();
+
+  bool haveX11;
+  void* display = nullptr; // a connection of our own, apart from the toolkit's
+  unsigned mask = 0;       // the modifier bit that NumLock locks
+};
+
+} // namespace trekor
