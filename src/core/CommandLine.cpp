@@ -55,7 +55,7 @@ void ReadBValue(std::string_view line, CommandLineFlags& flags) {
   const std::string_view rest = Behind(line, "/B:");
   const std::size_t blank = rest.find(' ');
   if (blank != std::string_view::npos && blank > 0) {
-    flags.CmdBValue = static_cast<float>(Val(rest.substr(0, blank)));
+    flags.CmdBValue = TextToSingle(rest.substr(0, blank));
   }
 }
 

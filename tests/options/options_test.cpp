@@ -1,0 +1,101 @@
+#include "options/Options.h"
+
+#include "Templates.h"
+
+namespace trekor::tests {
+namespace {
+
+class ProgramOptions : public WithTemplates {
+protected:
+  static constexpr const char* Software = "C:\\Veldmark\\Trekor\\MDB\\Software.mdb";
+  TextDatabase texts{state, machine.platform};
+  MessageCatalogue messages{state, machine.platform, texts};
+  OptionsDatabase options{state, machine.platform, messages};
+};
+
+TEST_F(ProgramOptions, BeginWithWhatTheReleaseShips) {
+  Ship("Software");
+  Ship("Messages");
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  EXPECT_EQ(state.options.OptionUnits, "Metric");
+  EXPECT_TRUE(state.units.UnitsSI() && state.units.FileUnitsSI());
+  EXPECT_TRUE(state.options.KeepMdb && state.options.WriteAscii);
+  EXPECT_EQ(state.options.DrivingSide, 1);
+  EXPECT_EQ(state.options.OptionsDate, (LocalTime{2025, 1, 1, 0, 0, 0}));
+}
+
+TEST_F(ProgramOptions, KeepEverySavingAndLoadTheLast) {
+  Ship("Software");
+  Ship("Messages");
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  state.options.OptionUnits = "US";
+  state.units.StationUnit = 4;
+  state.options.WriteAscii = false;
+  state.options.DataColVoice = true;
+  state.options.OptionsUser = "A name that is a good deal longer than its field";
+  state.options.OptionsDate = {2031, 2, 3, 4, 5, 6};
+  options.SaveOptions();
+  state.units.StationUnit = 5;
+  options.SaveOptions();
+  options.Close();
+
+  ProgramState next;
+  next.folders = state.folders;
+  MessageCatalogue catalogue(next, machine.platform, texts);
+  OptionsDatabase later(next, machine.platform, catalogue);
+  ASSERT_TRUE(later.LoadSoftwareDatabases());
+  EXPECT_EQ(next.units.StationUnit, 5);
+  EXPECT_TRUE(next.units.UnitsUS);
+  EXPECT_FALSE(next.units.FileUnitsUS);
+  EXPECT_FALSE(next.options.WriteAscii);
+  EXPECT_TRUE(next.options.KeepMdb && next.options.DataColVoice);
+  EXPECT_EQ(next.options.OptionsUser, "A name that is a good deal longe");
+  EXPECT_EQ(next.options.OptionsDate, (LocalTime{2031, 2, 3, 4, 5, 6}));
+  later.Close();
+
+  const auto database = Open(Software);
+  const auto rows = database->OpenQuery("SELECT StationUnit, MDB, TKR, DataColVoice FROM Options ORDER BY ID");
+  ASSERT_EQ(rows->RecordCount(), 3);
+  rows->MoveLast();
+  std::string stored;
+  for (int i = 0; i < rows->FieldCount(); ++i) {
+    stored += rows->Get(i).Text() + " ";
+  }
+  EXPECT_EQ(stored, "5 1 0 -1 ") << "check marks are 1 and 0, the boolean -1";
+}
+
+TEST_F(ProgramOptions, LeaveWhatARowDoesNotHold) {
+  Make("C:\\Trekor\\Software.vdb",
+       "CREATE TABLE Version(Major SMALLINT, Minor SMALLINT); INSERT INTO Version VALUES(1,0);"
+       "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT(16), StationUnit SMALLINT, MDB SMALLINT);"
+       "CREATE UNIQUE INDEX Options_ID ON Options(ID DESC);"
+       "INSERT INTO Options(Units, StationUnit, MDB) VALUES('us', NULL, 2)");
+  Ship("Messages");
+  state.units.StationUnit = 3;
+  state.options.AssistanceVoice = true;
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  EXPECT_EQ(state.units.StationUnit, 3);
+  EXPECT_TRUE(state.options.AssistanceVoice);
+  EXPECT_TRUE(state.options.KeepMdb) << "any number but 0 is on";
+  EXPECT_FALSE(state.units.UnitsUS) << "only the exact word is US";
+}
+
+TEST_F(ProgramOptions, StayOffWithoutARow) {
+  Ship("Software");
+  Ship("Messages");
+  auto shipped = Open("C:\\Trekor\\Software.vdb");
+  ASSERT_TRUE(shipped->Execute("DELETE FROM Options"));
+  shipped.reset();
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  EXPECT_TRUE(state.units.UnitsSI());
+  EXPECT_FALSE(state.options.KeepMdb || state.options.WriteAscii);
+  EXPECT_EQ(state.options.OptionUnits, "");
+}
+
+TEST_F(ProgramOptions, EndTheProgramWithoutATemplate) {
+  EXPECT_FALSE(options.LoadSoftwareDatabases());
+  EXPECT_EQ(machine.shell.boxes.size(), 1U);
+}
+
+} // namespace
+} // namespace trekor::tests

@@ -1,0 +1,121 @@
+#include "Vocabulary.h"
+
+#include "setup/ClassKeyBoard.h"
+
+namespace trekor::tests {
+namespace {
+
+struct KeyForm : Form {
+  KeyForm() : Form("Measurements") {}
+  Grid fxgKeyBoard{*this, "fxgKeyBoard"}, fxgKeyPad{*this, "fxgKeyPad"};
+};
+
+class KeyPictures : public Vocabulary {
+protected:
+  KeyPictures() {
+    board.MakeKeyBoard(keys.fxgKeyBoard, false);
+    pad.MakeKeyPad(keys.fxgKeyPad, false);
+  }
+  ClassObservation& OnKey(int code) {
+    ClassObservation& obs = setup.AddObservation();
+    obs.ObsParID = setup.ObsCount();
+    obs.SetObsIcon("crack.png");
+    obs.SetKeyCode(code);
+    return obs;
+  }
+  // "row:firstcolumn-lastcolumn" of each run of cells with a picture.
+  static std::string Painted(const Grid& grid) {
+    std::string runs;
+    for (int r = 0; r < grid.Rows(); ++r) {
+      for (int c = 0; c < grid.Cols(); ++c) {
+        if (grid.CellPicture(r, c).empty()) {
+          continue;
+        }
+        int last = c;
+        while (!grid.CellPicture(r, last + 1).empty()) {
+          ++last;
+        }
+        runs += std::to_string(r) + ":" + std::to_string(c) + "-" + std::to_string(last) + " ";
+        c = last;
+      }
+    }
+    return runs;
+  }
+  KeyForm keys, floatingKeys;
+  KeyTables tables;
+  ClassKeyBoard board{tables, setup}, pad{tables, setup};
+};
+
+// Each key's text where it changes, "_" for a blank.
+std::string RowOf(const Grid& grid, int row) {
+  std::string texts;
+  for (int c = 0; c < grid.Cols(); ++c) {
+    if (c > 0 && grid.Text(row, c) == grid.Text(row, c - 1)) {
+      continue;
+    }
+    const std::string& text = grid.Text(row, c);
+    texts += (text.find_first_not_of(' ') == std::string::npos ? std::string(text.size(), '_') : text) + "@" +
+             std::to_string(c) + " ";
+  }
+  return texts;
+}
+
+TEST_F(KeyPictures, StandKeyByKeyWhereTheRealKeysAre) {
+  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 0), "F1@0 F2@4 F3@8 F4@12 F5@16 F6@20 F7@24 F8@28 F9@32 F10@36 F11@40 F12@44 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 1), "1@0 2@4 3@8 4@12 5@16 6@20 7@24 8@28 9@32 0@36 _@40 __@44 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 2), "_@0 Q@2 W@6 E@10 R@14 T@18 Y@22 U@26 I@30 O@34 P@38 _@42 __@46 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 3), "_@0 A@3 S@7 D@11 F@15 G@19 H@23 J@27 K@31 L@35 _@39 __@43 _@47 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 4), "__@0 Z@5 X@9 C@13 V@17 B@21 N@25 M@29 Space@33 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyPad, 0), "_@0 /@1 *@2 -@3 ");
+  EXPECT_EQ(RowOf(keys.fxgKeyPad, 4), "0@0 ,@2 Enter@3 ");
+}
+
+// The three ways to say which keys may carry an observation must agree.
+TEST_F(KeyPictures, HaveExactlyTheValidKeysInTheirTables) {
+  for (int code = 0; code <= TestSetup::LastKeyCode; ++code) {
+    const std::string onBoard = board.KeyText(code), onPad = pad.KeyText(code);
+    EXPECT_EQ(Valid_KeyCode(code), !onBoard.empty() || !onPad.empty()) << "code " << code;
+    EXPECT_EQ(onBoard.empty() ? -1 : code, KeyBoard_KeyCode(onBoard)) << "code " << code;
+    EXPECT_EQ(onPad.empty() ? -1 : code, KeyPad_KeyCode(onPad)) << "code " << code;
+  }
+  EXPECT_EQ(board.KeyText(-1) + board.KeyText(201), "");
+  EXPECT_EQ(tables.KeyPadRow.at(108), 2) << "the plus key keeps its lower row";
+  for (const char* text : {"F4", "F11", "Enter", " ", "", "q", "+", "QQ"}) {
+    EXPECT_EQ(KeyBoard_KeyCode(text), -1) << text;
+  }
+  for (const char* text : {"Enter", "A", ".", " ", ""}) {
+    EXPECT_EQ(KeyPad_KeyCode(text), -1) << text;
+  }
+}
+
+TEST_F(KeyPictures, CarryTheIconInAllCellsOfAKey) {
+  OnKey('Q');
+  OnKey(32);
+  OnKey(-1);
+  OnKey(107);
+  OnKey(96);
+  board.AddSetup();
+  pad.AddSetup();
+  EXPECT_EQ(Painted(keys.fxgKeyBoard), "2:2-5 4:33-47 ");
+  EXPECT_EQ(Painted(keys.fxgKeyPad), "1:3-3 2:3-3 4:0-1 ");
+  EXPECT_EQ(keys.fxgKeyBoard.CellPicture(2, 2), "CRACK.PNG");
+  board.RemoveKey(1);
+  pad.RemoveSetup();
+  EXPECT_EQ(Painted(keys.fxgKeyBoard), "4:33-47 ");
+  EXPECT_EQ(Painted(keys.fxgKeyPad), "");
+}
+
+TEST_F(KeyPictures, FloatWithOneCellAKeyAndLeaveTheTablesAlone) {
+  const KeyTables before = tables;
+  ClassKeyBoard floating(tables, setup);
+  floating.AddSetup(); // not attached yet: nothing
+  floating.MakeKeyBoard(floatingKeys.fxgKeyBoard, true);
+  EXPECT_EQ(before.KeyBoardCol, tables.KeyBoardCol);
+  OnKey('Q');
+  OnKey(32);
+  floating.AddSetup();
+  EXPECT_EQ(Painted(floatingKeys.fxgKeyBoard), "2:2-2 4:33-33 ");
+}
+
+} // namespace
+} // namespace trekor::tests

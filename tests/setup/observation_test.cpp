@@ -1,0 +1,105 @@
+#include "Vocabulary.h"
+
+namespace trekor::tests {
+namespace {
+
+class Observation : public Vocabulary {
+protected:
+  ClassObservation& Make(int dataType, ObsValue min, ObsValue max) {
+    ClassObservation& obs = setup.AddObservation();
+    obs.DataTypeID = dataType;
+    obs.SetMin(std::move(min));
+    obs.SetMax(std::move(max));
+    obs.Reset();
+    return obs;
+  }
+};
+
+TEST_F(Observation, BringsWhatComesInIntoItsTypeAndLimits) {
+  struct Case {
+    int dataType;
+    ObsValue min, max, given;
+    const char* text;
+  };
+  const Case cases[] = {
+      {2, 0.0F, 10.0F, "3,5", "3.5"},
+      {1, 0.0F, 10.0F, "3,5", "4"},
+      {1, 0.0F, 10.0F, 2.5, "2"}, // ties to even
+      {1, 0.0F, 10.0F, "  7 km", "7"},
+      {1, 1.0F, 10.0F, "abc", "1"},
+      {1, 0.0F, 10.0F, "11", "10"},
+      {1, 10.0F, 2.0F, "1", "2"}, // limits stored the wrong way round
+      {2, 0.0F, 5000.0F, "1.234,5", "1.234"},
+      {2, 0.0F, 10.0F, 3.141593F, "3.141593"},
+      {2, 0.1F, 0.7F, "0", "0.1"},
+      {2, 0.1F, 0.7F, "0.7", "0.7"},
+      {0, 5.0F, 7.0F, "7", "1"},
+      {3, 0.0F, 3.0F, "2.5", "2.5"},
+      {4, 0.0F, 3.0F, "  bridge, 12 ", "bridge, 12"},
+  };
+  for (const Case& c : cases) {
+    ClassObservation& obs = Make(c.dataType, c.min, c.max);
+    obs.SetDefault(c.given);
+    EXPECT_EQ(obs.DefaultText(), c.text) << "type " << c.dataType << ", given " << ObsValueText(c.given);
+  }
+}
+
+TEST_F(Observation, HoldsALimitExactlyAsStored) {
+  ClassObservation& obs = Make(2, 0.1F, 9.0F);
+  EXPECT_EQ(obs.Min(), static_cast<double>(0.1F));
+  EXPECT_EQ(obs.DefaultNumber(), obs.Min());
+  obs.IncValue();
+  EXPECT_EQ(obs.DefaultText(), "1.1");
+}
+
+TEST_F(Observation, StepsUpAndWrapsOnlyWhenItMeetsTheUpperLimit) {
+  const auto walk = [](ClassObservation& obs, int steps) {
+    std::string shown = obs.DefaultText();
+    for (int i = 0; i < steps; ++i) {
+      obs.IncValue();
+      shown += " " + obs.DefaultText();
+    }
+    return shown;
+  };
+  EXPECT_EQ(walk(Make(1, 0.0F, 3.0F), 5), "0 1 2 3 0 1");
+  EXPECT_EQ(walk(Make(0, 5.0F, 7.0F), 3), "0 1 0 1") << "a Boolean whatever its limits";
+  ClassObservation& between = Make(2, 0.0F, 3.0F);
+  between.SetDefault("2.5");
+  EXPECT_EQ(walk(between, 2), "2.5 3.5 4.5");
+  ClassObservation& text = Make(4, 0.0F, 3.0F);
+  text.SetDefault("wet");
+  EXPECT_EQ(walk(text, 1), "wet wet");
+  text.Reset();
+  EXPECT_EQ(text.DefaultText(), "wet") << "only a text survives a reset";
+}
+
+TEST_F(Observation, ShowsTheOtherSpellingOfAMissingNameAndTheStandInIcon) {
+  ClassObservation& obs = setup.AddObservation();
+  EXPECT_EQ(obs.ObsNameDisp() + obs.ObsNameFile() + obs.ObsAbrvDisp() + obs.ObsAbrvFile(), "    ");
+  EXPECT_EQ(obs.DispText() + obs.FileText(), "  ");
+  obs.SetObsNames(" ", " Crack ", "Crk", " ");
+  EXPECT_EQ(obs.ObsNameDisp(), "Crack");
+  EXPECT_EQ(obs.ObsAbrvFile(), "Crk");
+  EXPECT_EQ(obs.ObsIcon(), "IMGNOICON");
+  obs.SetObsIcon("Crack.png");
+  EXPECT_EQ(obs.ObsIcon(), "CRACK.PNG");
+  obs.SetObsIcon("gone.png");
+  EXPECT_EQ(obs.ObsIcon(), "IMGNOICON");
+}
+
+TEST_F(Observation, TakesAFreeKeyAndItsOwnKeyAgain) {
+  ClassObservation& crack = setup.AddObservation();
+  ClassObservation& patch = setup.AddObservation();
+  crack.ObsParID = 1;
+  patch.ObsParID = 2;
+  crack.SetKeyCode(65);
+  crack.SetKeyCode(65);
+  EXPECT_EQ(crack.KeyCode(), 65);
+  patch.SetKeyCode(65);
+  EXPECT_EQ(patch.KeyCode(), -1);
+  patch.SetKeyCode(112);
+  EXPECT_EQ(patch.KeyCode(), -1);
+}
+
+} // namespace
+} // namespace trekor::tests

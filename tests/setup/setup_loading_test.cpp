@@ -1,0 +1,116 @@
+#include "Vocabulary.h"
+
+namespace trekor::tests {
+namespace {
+
+TEST_F(Vocabulary, BecomesColumnsInTheOrderOfTheirPlaces) {
+  OpenVocabulary();
+  Add({.id = 5, .position = 2, .keyCode = 65});
+  Add({.id = 9, .dataType = 2, .position = 1, .keyCode = 116, .min = "10", .max = "2", .mode = 3, .keying = 2});
+  setup.Load_TestSetup();
+  ASSERT_EQ(setup.ObsCount(), 2);
+  const ClassObservation& first = setup.Observations(1);
+  EXPECT_EQ(first.ObsParID, 9);
+  EXPECT_EQ(first.ObsCode, 9);
+  EXPECT_EQ(first.ObsNameFile(), "Item 9");
+  EXPECT_EQ(first.ObsAbrvDisp(), "I9");
+  EXPECT_EQ(first.ObsIcon(), "CRACK.PNG");
+  EXPECT_EQ(first.Min(), 2);
+  EXPECT_EQ(first.Max(), 10);
+  EXPECT_EQ(first.RegModeCode, 3);
+  EXPECT_EQ(first.KeyingCode, 2);
+  EXPECT_EQ(first.DefaultText(), "2") << "every value starts at its lower limit";
+  EXPECT_EQ(first.ParCode(), 0) << "whatever is stored";
+  EXPECT_EQ(first.ParNameDisp(), " ");
+  EXPECT_EQ(setup.Observations(2).ObsParID, 5);
+  EXPECT_EQ(setup.KeyToObs(116), 1);
+  EXPECT_EQ(setup.KeyToObs(65), 2);
+  EXPECT_EQ(setup.KeyToObs(66), -1);
+}
+
+TEST_F(Vocabulary, LeavesOutCodeZeroAndItemsThatAreGone) {
+  OpenVocabulary();
+  Add({.id = 1});
+  Add({.id = 2, .position = 2}, 0);
+  Add({.id = 3, .position = 3});
+  Run("DELETE FROM Observations WHERE ObsParID=3");
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.ObsCount(), 1);
+}
+
+TEST_F(Vocabulary, ErasesAKeyThatMayCarryNothing) {
+  OpenVocabulary();
+  Add({.id = 1, .keyCode = 113});
+  Add({.id = 2, .position = 2, .keyCode = 66});
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.Observations(1).KeyCode(), -1);
+  EXPECT_EQ(StoredKey(1), -1);
+  EXPECT_EQ(StoredKey(2), 66);
+  EXPECT_EQ(setup.KeyToObs(-1), -1) << "no key is no observation, although two rows have met there";
+}
+
+TEST_F(Vocabulary, LetsTwoRowsKeepOneKeyAndTheLaterRule) {
+  OpenVocabulary();
+  Add({.id = 1, .keyCode = 65});
+  Add({.id = 2, .position = 2, .keyCode = 65});
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.Observations(1).KeyCode(), 65);
+  EXPECT_EQ(setup.KeyToObs(65), 2);
+  // In operation the same is refused, and the refused one loses what it had.
+  setup.Observations(2).SetKeyCode(67);
+  setup.Observations(2).SetKeyCode(65);
+  EXPECT_EQ(setup.Observations(2).KeyCode(), -1);
+}
+
+TEST_F(Vocabulary, ClearsTheOldKeysWhenAnotherSetupIsChosen) {
+  OpenVocabulary();
+  Add({.id = 1, .keyCode = 65});
+  setup.Load_TestSetup();
+  state.TestSetupID = 2;
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.ObsCount(), 0);
+  EXPECT_EQ(setup.KeyToObs(65), -1);
+  EXPECT_FALSE(setup.Has(1));
+}
+
+TEST_F(Vocabulary, StoresAnAssignedKeyOfThisSetupOnly) {
+  OpenVocabulary();
+  Add({.id = 1, .keyCode = 65});
+  Run("INSERT INTO Setups(SetupID,ObsParID,KeyCode) VALUES(2,1,70)");
+  setup.Load_TestSetup();
+  setup.Store_SetupKey(107, 1);
+  setup.Store_SetupKey(108, 2); // no such entry
+  const auto rows = database.ObsDB->OpenQuery("SELECT KeyCode FROM Setups ORDER BY SetupID");
+  EXPECT_EQ(rows->Get(0).Integer(), 107);
+  rows->MoveNext();
+  EXPECT_EQ(rows->Get(0).Integer(), 70);
+}
+
+TEST_F(Vocabulary, IsEmptyWithoutADatabase) {
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.ObsCount(), 0);
+  setup.Store_SetupKey(65, 1);
+}
+
+TEST_F(Vocabulary, IsInstalledFromItsTemplateAndOpened) {
+  Make(Template, TemplateText("Observations.sql")).reset();
+  ASSERT_TRUE(database.LoadDatabase());
+  ASSERT_TRUE(database.ObsDB && database.rsObservations && database.rsLanguages && database.rsRegModes);
+  EXPECT_EQ(database.rsDataTypes->RecordCount(), 4);
+  EXPECT_EQ(state.versions.Observations.Major, 1);
+  ASSERT_TRUE(database.rsSetupNames->AddNew());
+  EXPECT_GT(database.rsSetupNames->Get("SetupID").Integer(), 0)
+      << "the automatic key is known before the row is stored";
+}
+
+TEST_F(Vocabulary, TellsOfADatabaseWithoutTables) {
+  // Version 1.1 of a template means no update, so the working file comes as it is.
+  Make(Template, "CREATE TABLE Version(Major SMALLINT, Minor SMALLINT); INSERT INTO Version VALUES(1,1)").reset();
+  Make(Working, "").reset();
+  EXPECT_TRUE(database.LoadDatabase());
+  EXPECT_EQ(machine.shell.boxes, std::vector<std::string>{"Cannot find tables in specified database!"});
+  EXPECT_FALSE(database.ObsDB);
+}
+
+} // namespace
+} // namespace trekor::tests
