@@ -27,6 +27,13 @@ void Control::Move(int left, int top, int width, int height) {
   Tell(Change::Geometry);
 }
 
+void Control::SetContainer(Control* frame) {
+  if (Container == frame)
+    return;
+  Container = frame;
+  Tell(Change::Geometry);
+}
+
 void Control::SetVisible(bool on) {
   if (visible == on)
     return;

@@ -89,8 +89,10 @@ public:
 
   int Left = 0, Top = 0, Width = 0, Height = 0; // twips within the container; write through Move
   void Move(int left, int top, int width, int height);
-  // The frame that holds this control, or nothing for the form itself.
+  // The frame that holds this control, or nothing for the form itself. Write through SetContainer once a view may
+  // listen, which hears of it as Geometry.
   Control* Container = nullptr;
+  void SetContainer(Control* frame);
 
   bool Visible() const { return visible; }
   void SetVisible(bool on);

@@ -128,7 +128,7 @@ void Form::Forget(Control& control) {
     ActiveControl = nullptr;
   for (Control* c : controls)
     if (c->Container == &control)
-      c->Container = nullptr;
+      c->SetContainer(nullptr);
 }
 
 } // namespace trekor

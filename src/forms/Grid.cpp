@@ -81,6 +81,30 @@ void Grid::RemoveItem(int place) {
   Note(Changes::Step::RowRemoved, place, 0);
 }
 
+void Grid::SetFormatString(std::string text) {
+  format = std::move(text);
+  if (format.empty())
+    return;
+  const auto parts = static_cast<int>(std::count(format.begin(), format.end(), '|')) + 1;
+  SetCols(std::max(columns, parts));
+  std::string_view rest = format;
+  for (int c = 0; c < parts; ++c) {
+    const std::size_t end = rest.find('|');
+    HeadColumn(c, rest.substr(0, end));
+    rest.remove_prefix(end == std::string_view::npos ? rest.size() : end + 1);
+  }
+}
+
+void Grid::HeadColumn(int c, std::string_view part) {
+  constexpr std::string_view Marks = "<^>";
+  const std::size_t mark = part.empty() ? std::string_view::npos : Marks.find(part.front());
+  if (mark != std::string_view::npos) {
+    SetColAlignment(c, static_cast<Align>(mark)); // the marks stand in the order of the alignments
+    part.remove_prefix(1);
+  }
+  SetText(0, c, std::string(part));
+}
+
 const std::string& Grid::Text(int r, int c) const {
   const CellData* cell = CellAt(r, c);
   return cell ? cell->text : Nothing;

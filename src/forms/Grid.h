@@ -10,6 +10,7 @@
 #include <deque>
 #include <functional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace trekor {
@@ -34,6 +35,12 @@ public:
   void AddItem(const std::string& text, int row);
   // Skipped when there is no such row.
   void RemoveItem(int row);
+
+  // Heads the columns: parts by "|" go into the top row, a leading "<", "^" or ">" aligns its column to the left,
+  // centre or right; columns are added when there are more parts. The empty text changes nothing. The format is kept as
+  // given.
+  const std::string& FormatString() const { return format; }
+  void SetFormatString(std::string text);
 
   // Reading a cell that does not exist gives the empty text; writing one is skipped.
   const std::string& Text(int row, int col) const;
@@ -100,6 +107,7 @@ private:
     std::vector<CellData> cells;
     bool merged = false;
   };
+  void HeadColumn(int c, std::string_view part);
   bool HasCell(int r, int c) const;
   CellData* CellAt(int r, int c);
   const CellData* CellAt(int r, int c) const;
@@ -110,6 +118,7 @@ private:
   void KeepSelectionInside();
 
   std::deque<RowData> rows;
+  std::string format;
   int columns = 0, fixedRows = 0;
   std::vector<int> colWidths;
   std::vector<Align> colAlign;

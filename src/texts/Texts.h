@@ -1,4 +1,5 @@
-// The texts database: the words that the logic itself needs, and the look of every form: one table a form, one row a control.
+// The texts database: the words that the logic itself needs, and the look of every form: one table a form, one row a
+// control.
 #pragma once
 
 #include "core/ProgramState.h"
@@ -16,7 +17,8 @@ class TextDatabase {
 public:
   TextDatabase(ProgramState& state, Platform& platform);
   ~TextDatabase();
-  // Updates and opens MdbFolder\<program>.mdb and its table Text. False after "Cannot open " was shown: the program ends.
+  // Updates and opens MdbFolder\<program>.mdb and its table Text. False after "Cannot open " was shown: the program
+  // ends.
   bool Open();
   void Close();
 

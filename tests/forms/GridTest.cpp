@@ -139,6 +139,16 @@ TEST_F(GridTest, AlignmentOfACellGoesBeforeThatOfItsColumn) {
   EXPECT_EQ(grid.CellAlignment(1, 0), Align::Left);
 }
 
+TEST_F(GridTest, AFormatHeadsAndAlignsTheColumns) {
+  grid.SetFormatString("Station|^Cracks|>Depth|<Notes|");
+  EXPECT_EQ(grid.Cols(), 5);
+  EXPECT_EQ(grid.Text(0, 0) + grid.Text(0, 1) + grid.Text(0, 2) + grid.Text(0, 3), "StationCracksDepthNotes");
+  EXPECT_EQ(grid.CellAlignment(1, 1), Align::Centre);
+  EXPECT_EQ(grid.CellAlignment(1, 2), Align::Right);
+  grid.SetFormatString("");
+  EXPECT_EQ(grid.Text(0, 0), "Station");
+}
+
 // A view that repeats the steps, whenever it comes to ask, must show what the grid holds.
 TEST_F(GridTest, AViewThatFollowsTheStepsShowsTheGrid) {
   std::mt19937 dice(20240506);

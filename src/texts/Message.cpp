@@ -1,0 +1,90 @@
+#include "texts/Message.h"
+
+#include "values/Text.h"
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+constexpr int MarginOfText = 140; // twips, width and height each
+
+// Space, F4, Esc, Enter.
+bool Closes(int keyCode) {
+  return keyCode == 32 || keyCode == 115 || keyCode == 27 || keyCode == 13;
+}
+
+} // namespace
+
+MessageCatalogue::MessageCatalogue(ProgramState& programState, Platform& machine, TextDatabase& textDatabase)
+    : state(programState), platform(machine), texts(textDatabase) {}
+
+void MessageCatalogue::Open(const std::string& path) {
+  Close();
+  database = Database::Open(platform.drives.NativePath(path), OpenMode::Shared);
+  if (database)
+    rsMessages = database->OpenTable("Messages");
+  if (rsMessages)
+    rsMessages->SetIndex("ID");
+}
+
+void MessageCatalogue::Close() {
+  rsMessages.reset();
+  database.reset();
+}
+
+void MessageCatalogue::Load_Form() {
+  if (form.Loaded)
+    return;
+  texts.LoadFormProperties(form);
+  form.SetCaption(state.folders.ProgramName + " Message");
+  form.MessageText.ReadOnly = true;
+  const auto close = [this] { platform.shell.Hide(form); };
+  const auto key = [this, close](int keyCode, int shift) {
+    if (texts.FormKeyDown(form, keyCode, shift))
+      return true;
+    if (Closes(keyCode))
+      close();
+    return Closes(keyCode);
+  };
+  form.OnKeyDown = key;
+  form.MessageText.OnKeyDown = key;
+  form.MessageText.OnClick = close;
+  form.OnQueryUnload = [close] {
+    close();
+    return false;
+  };
+  form.OnResize = [this] {
+    TextBox& box = form.MessageText;
+    box.Move(box.Left, box.Top, std::max(form.Width - MarginOfText, 0), std::max(form.Height - MarginOfText, 0));
+  };
+  form.Loaded = true;
+  platform.shell.Load(form);
+}
+
+void MessageCatalogue::Unload_Form() {
+  if (!form.Loaded)
+    return;
+  texts.SaveFormProperties(form);
+  platform.shell.Unload(form);
+  form.Loaded = false;
+}
+
+void MessageCatalogue::ShowMessage(int number) {
+  if (!rsMessages || !rsMessages->Seek(number))
+    return;
+  const FieldValue words = rsMessages->Get(state.command.Language);
+  const std::string text = (words.IsNull() ? rsMessages->Get("English") : words).Text();
+  if (TrimView(text).empty()) // a blank translation keeps a message quiet, whatever the English says
+    return;
+  const std::string id = rsMessages->Get("ID").Text();
+  Load_Form();
+  form.MessageText.SetText(text);
+  form.MessageNo.SetCaption(id);
+  // A message that comes while another is shown takes its place; the one caller waits for both.
+  if (!form.Shown)
+    platform.shell.ShowModal(form);
+}
+
+} // namespace trekor

@@ -1,0 +1,42 @@
+#include "texts/Texts.h"
+
+#include "dbupdate/UpdateDatabase.h"
+#include "values/Text.h"
+
+namespace trekor {
+
+TextDatabase::TextDatabase(ProgramState& programState, Platform& machine) : state(programState), platform(machine) {}
+
+TextDatabase::~TextDatabase() {
+  Close();
+}
+
+bool TextDatabase::Open() {
+  const FolderPaths& folders = state.folders;
+  const UpdateResult update = UpdateDatabase(folders, platform, folders.ProgramName, folders.MdbFolder, "");
+  state.versions.Program = update.version;
+  if (update.programEnds)
+    return false;
+  database = Database::Open(platform.drives.NativePath(update.path), OpenMode::Shared);
+  if (database)
+    TextTable = database->OpenTable("Text");
+  if (TextTable && TextTable->SetIndex("TextID"))
+    return true;
+  Close();
+  platform.shell.MsgBox("Cannot open " + update.path, folders.ProgramName, BoxIcon::Stop);
+  return false;
+}
+
+void TextDatabase::Close() {
+  TextTable.reset();
+  database.reset();
+}
+
+std::string TextDatabase::GetText(const std::string& key) {
+  if (key.empty() || !TextTable || !TextTable->Seek(Upper(key)))
+    return "";
+  const FieldValue word = TextTable->Get(state.command.Language);
+  return word.IsNull() ? TextTable->Get("English").Text() : word.Text();
+}
+
+} // namespace trekor
