@@ -2,14 +2,19 @@
 // offices have read for years. Every blank counts. See docs/comma-file.md.
 #pragma once
 
+#include "datafiles/CommaRecords.h"
 #include "datafiles/DataFiles.h"
 
-#include <array>
 #include <functional>
-#include <string>
-#include <variant>
 
 namespace trekor {
+
+// What a writing came to.
+enum class CommaOutcome {
+  Nothing, // not wanted, no such session, or no stations: no file
+  Written,
+  Failed // the file could not be made or is short, or the data file could not be read to its end
+};
 
 class CommaFile {
 public:
@@ -18,21 +23,27 @@ public:
   std::function<void(int percent)> AsciiFileProgress;
   // `loadedObservations` is ObsCount of the running setup: only so many values are cleared between segments.
   // The caller has set state.file.AsciiName. Session 0: all stations of the file under the last session's head.
-  // Writes DataPath\AsciiName.TKR, over an existing one. Nothing when `write` is false, no such session, or no stations.
-  // True when the file was written whole.
+  // Writes DataPath\AsciiName.TKR, over an existing one. Nothing when `write` is false, no such session, or no
+  // stations. True when the file was written whole.
   bool WriteCommaFile(std::int32_t sessionID, bool write, int loadedObservations);
+  CommaOutcome Outcome() const { return outcome; } // of the last call
 
 private:
   struct Walk;
+  bool ChooseSession(std::int32_t sessionID);
+  void PassStations(Walk& walk);
+  void WriteRecords(Walk& walk, CommaRecords& records);
+  bool WriteRegistrations(Walk& walk, CommaRecords& records);
+  void ReadSegment(Walk& walk);
+  void Progress(Walk& walk);
+
   ProgramState& state;
   Platform& platform;
   DataFiles& files;
-  // These outlive a writing and are reused by the next: the header of a second file counts the first one's observations.
-  int CommaObsCount = 0;
-  std::array<std::int16_t, 71> ObsCodes{};
-  std::array<std::string, 71> ObsNames;
-  std::array<std::variant<std::int32_t, std::string>, 71> ObsValues;
-  std::string FileUnitName, FileUnitCode;
+  // Outlives a writing: the header of a second file counts the first one's observations.
+  CommaTable table;
+  Station RecordStation; // through it stored positions become kilometres within the limits of a station
+  CommaOutcome outcome = CommaOutcome::Nothing;
 };
 
 } // namespace trekor

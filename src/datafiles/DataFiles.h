@@ -14,10 +14,12 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace trekor {
 
-// GUID as 32 capital hexadecimal digits, or with dashes between the four parts (8-4-4-16); "" when the system gives none.
+// GUID as 32 capital hexadecimal digits, or with dashes between the four parts (8-4-4-16); "" when the system gives
+// none.
 std::string NewGuid(bool withDashes, Process& process);
 // The next name of a series that is free: ROAD09 with ROAD10 beside it gives ROAD11, ROAD gives ROAD1.
 std::string NextFreeName(const std::string& path, Drives& drives);
@@ -34,7 +36,7 @@ struct SessionRow {
   std::string FacilityType;
   int FacilityLanes = 0;
   std::string SectionName, SectionCode;
-  int SectionDirection = 0; // saving keeps what reading left: 0 in a fresh run
+  int SectionDirection = 0;   // saving keeps what reading left: 0 in a fresh run
   std::string SectionHeading; // the word of SectionDirection
   std::string District, Class, Start, End, Lane, LaneNumber;
   double StationMin = 0, StationMax = 0, SegmentSize = 0; // file units
@@ -72,12 +74,14 @@ public:
   // At the start: brings the layout template up to date. False: the program ends.
   bool Init_DataFiles();
 
-  // The form's Prepare_File without its view: a new file from the template, its session and its observations.
-  // True when the file is open.
+  // The form's Prepare_File without its view: a new file from the template, its session and its observations. An
+  // existing file of the name is replaced, but never the one that is open: then nothing happens and it stays open.
+  // Another name closes the open one first. True when the new file is open.
   bool CreateDataFile(const TestSetup& setup);
   // An existing file for more collection: a new session in it. True when the file is open.
   bool ReopenDataFile(const TestSetup& setup);
-  bool OpenDataFile();
+  // The file DataFilePath with its four tables. A reader of closed files opens read-only and changes nothing.
+  bool OpenDataFile(OpenMode mode = OpenMode::ExclusiveDurable);
   void CloseDataFile();
 
   void NewSession();
@@ -96,10 +100,19 @@ public:
   std::unique_ptr<Recordset> rsSessions, rsObservations, rsStations, rsRegistrations;
 
 private:
+  void BuildPath();
+  bool IsOpen(const std::string& path) const;
+  bool InstallTemplate();
+  void StartSession(const TestSetup& setup);
   void SaveSession();
+  void RefillSession();
+
   ProgramState& state;
   Platform& platform;
-  Station RecordStation, sessionMin, sessionMax, sessionStep;
+  Station RecordStation; // through it a position becomes file units
+  bool preparing = false;
+  // Places of the fields that every row of a run sets, found once when the file is opened.
+  std::vector<int> stationPlaces, registrationPlaces;
 };
 
 } // namespace trekor

@@ -14,9 +14,10 @@ struct FileNewForm : Form {
   ComboBox DriveSelect{*this, "DriveSelect"};
   ListBox DirectorySelect{*this, "DirectorySelect", Kind::DirListBox};
   ListBox FileSelect{*this, "FileSelect", Kind::FileListBox};
-  Label Labels0{*this, "Labels", 0}, Labels1{*this, "Labels", 1}, Labels2{*this, "Labels", 2}, Labels9{*this, "Labels", 9},
-      Labels10{*this, "Labels", 10}, LabelSetup{*this, "LabelSetup"}, LabelPath{*this, "LabelPath"},
-      LabelBackup{*this, "LabelBackup"}, LabelUnits{*this, "LabelUnits"}, LabelFiles{*this, "LabelFiles"};
+  Label Labels0{*this, "Labels", 0}, Labels1{*this, "Labels", 1}, Labels2{*this, "Labels", 2},
+      Labels9{*this, "Labels", 9}, Labels10{*this, "Labels", 10}, LabelSetup{*this, "LabelSetup"},
+      LabelPath{*this, "LabelPath"}, LabelBackup{*this, "LabelBackup"}, LabelUnits{*this, "LabelUnits"},
+      LabelFiles{*this, "LabelFiles"};
   TextBox Texts0{*this, "Texts", 0}, Texts1{*this, "Texts", 1}, Texts2{*this, "Texts", 2}, Texts9{*this, "Texts", 9},
       Texts10{*this, "Texts", 10};
   Label TestSetupLabel{*this, "TestSetupLabel"}, FullPathLabel{*this, "FullPathLabel"},
@@ -30,16 +31,34 @@ class FileNewDialog2 {
 public:
   FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
                  Sections& sections);
-  // Shows the form modally. state.file.DataName is empty afterwards when the user cancelled.
+  // Shows the form modally. Afterwards state.file.DataName is empty when the user cancelled; otherwise DataPath has no
+  // trailing backslash, BackupPath is empty or an existing folder, and neither holds a file of that name.
   void ShowDialog();
   FileNewForm form;
 
 private:
+  bool Key(int keyCode, int shift);
+  void Fill();
+  void FillDrives();
+  void ChooseDrive();
+  void ChooseFolder(const std::string& path);
+  void OpenFolder(); // the entry under the cursor
+  void ProposeName();
+  void FillBackupList();
+  void ShowFileUnits();
+  void Blink();
+  void CmdOK_Click();
+  void CmdCancel_Click();
+  bool ChooseBackup(const std::string& name, const std::string& dataFolder, std::string& backup);
+  void SendFacilityAndSection();
+
   ProgramState& state;
   Platform& platform;
   TextDatabase& texts;
   MessageCatalogue& messages;
   Sections& sections;
+  std::string folder; // chosen; "C:\\" for a root, otherwise without trailing backslash
+  bool blinkUnits = false, blinkStations = false, bright = false;
 };
 
 } // namespace trekor

@@ -1,0 +1,65 @@
+#include "datafiles/CommaOutput.h"
+
+#include "values/Text.h"
+
+#include <array>
+#include <charconv>
+
+namespace trekor {
+
+constexpr std::size_t BufferSize = 256U * 1024U;
+
+CommaOutput::CommaOutput() {
+  buffer.reserve(BufferSize + 4096);
+}
+
+CommaOutput::~CommaOutput() {
+  Close();
+}
+
+bool CommaOutput::Open(const std::string& nativePath) {
+  file = std::fopen(nativePath.c_str(), "wb");
+  whole = file != nullptr;
+  if (file)
+    std::setvbuf(file, nullptr, _IONBF, 0); // the buffer above is the only one
+  return whole;
+}
+
+bool CommaOutput::Close() {
+  Flush();
+  if (file && std::fclose(file) != 0)
+    whole = false;
+  file = nullptr;
+  return whole;
+}
+
+void CommaOutput::Flush() {
+  if (file && std::fwrite(buffer.data(), 1, buffer.size(), file) != buffer.size())
+    whole = false;
+  buffer.clear();
+}
+
+CommaOutput& CommaOutput::Whole(long long number) {
+  std::array<char, 24> digits{};
+  buffer.append(digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr);
+  return *this;
+}
+
+CommaOutput& CommaOutput::Quoted(std::string_view utf8) {
+  buffer += FieldQuote;
+  AppendWindows1252(buffer, utf8);
+  buffer += FieldQuote;
+  return *this;
+}
+
+CommaOutput& CommaOutput::Quoted(std::string_view utf8, int characters) {
+  return Quoted(FixedWidth(utf8, characters));
+}
+
+void CommaOutput::End() {
+  buffer += "\r\n";
+  if (buffer.size() >= BufferSize)
+    Flush();
+}
+
+} // namespace trekor

@@ -1,0 +1,76 @@
+// The records of the comma file. Each writer has a sample line above it; docs/comma-file.md tells the fields.
+#pragma once
+
+#include "datafiles/CommaOutput.h"
+#include "datafiles/DataFiles.h"
+#include "store/Cursor.h"
+#include "values/DistanceUnits.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace trekor {
+
+// What one writing leaves to the next in the same run of the program.
+struct CommaTable {
+  int CommaObsCount = 0; // observations of the session that was written last
+  // By place, from 1; entry 0 stands for a registration without an observation.
+  std::vector<std::int16_t> ObsCodes = std::vector<std::int16_t>(71);
+  std::vector<std::string> ObsNames = std::vector<std::string>(71);
+  // The digit that each value of the present stretch shows, 0 to 9.
+  std::vector<char> ObsValues = std::vector<char>(71);
+  FileUnit unit;
+  void Hold(std::size_t place); // makes room for it
+};
+
+// A position as the walk carries it: the station in kilometres and the fix.
+struct CommaPosition {
+  double km = 0;
+  int GPSStatus = 0;
+  double GPSTime = 0, Latitude = 0, Longitude = 0, Height = 0;
+  std::int32_t GPSSVs = 0;
+};
+
+// The digit of a registration in a point record: a number as a whole one, brought to 0 to 9; 0 for any other text.
+int PointDigit(std::string_view regData);
+// The same in a stretch, where a text that is neither empty nor "0" and says no number shows as 1.
+int SegmentDigit(std::string_view regData);
+
+// Writes records with the patterns of one file.
+class CommaRecords {
+public:
+  CommaRecords(CommaOutput& out, CommaTable& table, const ProgramState& state);
+
+  void WriteCommaHeader(const SessionRow& session, const Database& database);
+  void WriteGpsRecord(const CommaPosition& position);
+  // One registration of the row on which the cursor stands; see RegistrationQuery for its fields.
+  void WritePointRecord(const Cursor& registration, const CommaPosition& here);
+  void WriteSegmentRecord(const CommaPosition& from, const CommaPosition& to);
+  void WriteLastRecord();
+
+private:
+  void WriteVersion(const SessionRow& session);
+  void WriteUnits();
+  void WriteDate(const SessionRow& session);
+  void WriteStations();
+  void WriteRoad(const SessionRow& session);
+  void WriteObservations(const SessionRow& session, const Database& database);
+  void WriteTemplates();
+  void StationField(double km);
+
+  CommaOutput& out;
+  CommaTable& table;
+  const ProgramState& state;
+  Station scale; // kilometres into file units
+  NumberPattern StationFormat, code{"##0"}, digit{"0"}, gpsTime{"000000"}, latitude{"##0.0000000"},
+      longitude{"###0.0000000"}, height{"###0.0"}, satellites{"#0"};
+};
+
+// Fields of the walks, by place.
+constexpr const char* RegistrationQuery = "SELECT FromID, ToID, ObsCode, ParCode, RegData FROM Registrations"
+                                          " WHERE FromID>=?1 AND ToID<=?2 ORDER BY RegID";
+enum RegistrationPlace { RegFromID, RegToID, RegObsCode, RegParCode, RegRegData };
+
+} // namespace trekor

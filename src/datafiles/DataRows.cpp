@@ -1,0 +1,101 @@
+// Stations, registrations and observations. Whatever fails here is skipped and the next statement runs: a full disk
+// shows as missing rows and never stops a run.
+#include "datafiles/DataFields.h"
+#include "datafiles/DataFiles.h"
+#include "datafiles/DateText.h"
+#include "services/Pictures.h"
+#include "values/Text.h"
+
+#include <algorithm>
+#include <initializer_list>
+
+namespace trekor {
+namespace {
+
+void SetFields(Recordset& row, const std::vector<int>& places, std::initializer_list<FieldValue> values) {
+  std::size_t i = 0;
+  for (const FieldValue& value : values)
+    row.Set(places[i++], value);
+}
+
+int StationDirection(const Positions& position) {
+  return position.DmiIncreasing ? 1 : -1;
+}
+
+} // namespace
+
+// | StationID | SessionID | Station | StationUnit | StationDirection | StationType | ... |: 7 | 1 | 12.3 | 0 | 1 | 0 |
+// ...
+std::int32_t DataFiles::AddStation(const NewStation& station) {
+  if (!rsStations)
+    return state.file.StationID;
+  rsStations->AddNew();
+  RecordStation.SetFileText(station.FileText);
+  SetFields(*rsStations, stationPlaces,
+            {state.file.SessionID, RecordStation.FileValue(), state.units.FileStationUnit,
+             StationDirection(state.position), station.StationType, CutText(state.facility.Lane, 50),
+             CutText(state.facility.LaneNumber, 16), DateText(station.Time), station.GPSStatus, station.GPSTime,
+             station.Latitude, station.Longitude, double{station.Height}, station.GPSSVs});
+  const auto id = static_cast<std::int32_t>(rsStations->Get("StationID").Integer());
+  if (rsStations->Update())
+    state.file.StationID = id; // otherwise the last row is still the one before
+  const double km = RecordStation.Default();
+  if (km > state.position.StationMaximum.Default())
+    state.position.StationMaximum.SetDefault(km);
+  if (km < state.position.StationMinimum.Default())
+    state.position.StationMinimum.SetDefault(km);
+  return state.file.StationID;
+}
+
+// | RegID | FromID | ToID | ObsCode | ParCode | RegData |: 31 | 6 | 7 | 12 | 0 | 3
+void DataFiles::AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode,
+                                const std::string& regData) {
+  if (!rsRegistrations)
+    return;
+  rsRegistrations->AddNew();
+  SetFields(*rsRegistrations, registrationPlaces, {fromID, toID, obsCode, parCode, regData});
+  rsRegistrations->Update();
+}
+
+void DataFiles::AddObservation(const ClassObservation& obs) {
+  if (!rsObservations)
+    return;
+  Recordset& row = *rsObservations;
+  row.AddNew();
+  row.Set("SessionID", state.file.SessionID);
+  row.Set("ObsCode", obs.ObsCode);
+  row.Set("ObsName", obs.ObsNameFile());
+  row.Set("ObsAbrv", obs.ObsAbrvFile());
+  dbSaveImage(&row, "ObsIcon", obs.ObsIcon(), state.folders, platform);
+  row.Set("ParCode", obs.ParCode());
+  row.Set("ParName", obs.ParNameFile());
+  row.Set("ParAbrv", obs.ParAbrvFile());
+  dbSaveImage(&row, "ParIcon", obs.ParIcon(), state.folders, platform);
+  row.Set("DataType", obs.DataTypeID);
+  row.Set("TextUtil", obs.FileText());
+  row.Set("Min", obs.Min());
+  row.Set("Max", obs.Max());
+  row.Set("RegModeCode", obs.RegModeCode);
+  row.Update();
+}
+
+void DataFiles::ReadStation(const Recordset& row, StationRow& into) const {
+  const auto number = [&row](const char* field) { return static_cast<std::int32_t>(row.Get(field).Integer()); };
+  into.SessionID = number("SessionID");
+  into.StationID = number("StationID");
+  into.Station = row.Get("Station").Number();
+  into.StationUnit = number("StationUnit");
+  into.StationDirection = number("StationDirection");
+  into.StationType = number("StationType");
+  into.Lane = row.Get("Lane").Text();
+  into.LaneNumber = row.Get("LaneNumber").Text();
+  into.Time = ReadDate(row.Get("Time").Text());
+  into.GPSStatus = number("GPSStatus");
+  into.GPSTime = row.Get("GPSTime").Number();
+  into.Latitude = row.Get("Latitude").Number();
+  into.Longitude = row.Get("Longitude").Number();
+  into.Height = static_cast<float>(row.Get("Height").Number());
+  into.GPSSVs = number("GPSSVs");
+}
+
+} // namespace trekor

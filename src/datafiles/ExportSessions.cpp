@@ -1,0 +1,36 @@
+#include "datafiles/ExportSessions.h"
+
+namespace trekor {
+
+std::string SessionSuffix(std::int32_t sessionID) {
+  return FormatNumber(sessionID, "00").insert(0, 1, '-');
+}
+
+ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& comma, const ExportWish& wish) {
+  ExportResult result;
+  const auto write = [&](std::int32_t sessionID, const std::string& name) {
+    state.file.AsciiName = name;
+    comma.WriteCommaFile(sessionID, wish.CheckTKR, wish.CheckTKR ? wish.loadedObservations(sessionID) : 0);
+    if (wish.CheckTKR && comma.Outcome() == CommaOutcome::Written)
+      result.written.push_back(name);
+    result.failed = result.failed || (wish.CheckTKR && comma.Outcome() == CommaOutcome::Failed);
+  };
+  Recordset& sessions = *files.rsSessions;
+  sessions.MoveFirst();
+  if (sessions.Eof())
+    return result;
+  if (wish.join) {
+    write(0, state.file.DataName);
+    return result;
+  }
+  // The first number is 1, whatever the first row says: a file that begins with session 2 never gives that one, as the
+  // failed search stays on the first row and the walk goes on behind it.
+  for (std::int32_t number = 1; !sessions.Eof();) {
+    write(number, state.file.DataName + SessionSuffix(number));
+    sessions.MoveNext();
+    number = static_cast<std::int32_t>(sessions.Get("SessionID").Integer());
+  }
+  return result;
+}
+
+} // namespace trekor

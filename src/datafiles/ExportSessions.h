@@ -1,0 +1,30 @@
+// Turning an open data file into comma files: all sessions as one, or a file for each.
+#pragma once
+
+#include "datafiles/CommaFile.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace trekor {
+
+// "-02" for session 2; what stands behind DataName in the name of a session's own comma file.
+std::string SessionSuffix(std::int32_t sessionID);
+
+struct ExportWish {
+  bool join = true;     // OptionJoin: one file of all stations; otherwise one for each session
+  bool CheckTKR = true; // writing wanted; without it the sessions are walked and nothing is written
+  // ObsCount of the setup that counts as loaded while a session (0: all of them) is written.
+  std::function<int(std::int32_t sessionID)> loadedObservations;
+};
+
+struct ExportResult {
+  std::vector<std::string> written; // names without folder and extension
+  bool failed = false;              // one of them is short or could not be made
+};
+
+// The data file is open and state.file.DataName is its name without extension. A file without sessions gives nothing.
+ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& comma, const ExportWish& wish);
+
+} // namespace trekor
