@@ -4,6 +4,7 @@
 #include "values/Text.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <cstring>
 #include <iostream>
 
@@ -281,7 +282,8 @@ SocketProp::WordViews SocketProp::Split_Views(std::string_view message) {
     const std::size_t end = std::min(message.find(quoted ? Quote : ' ', from), message.size());
     const auto number = static_cast<std::size_t>(++list.WordCount);
     if (number > room) {
-      std::clog << "Split_Message Error\n";
+      if (std::getenv("TREKOR_TRACE"))
+        std::clog << "Split_Message Error\n";
       break;
     }
     list.Words[number] = message.substr(from, end - from);

@@ -1,0 +1,193 @@
+// Value objects with and without a unit: raw, user's and file's side, limits, entry check.
+#include "values/UnitValues.h"
+#include "values/DistanceUnits.h"
+#include "values/EntryCheck.h"
+#include "values/NumberText.h"
+
+#include <gtest/gtest.h>
+
+namespace trekor {
+namespace {
+
+class UnitValuesTest : public testing::Test {
+protected:
+  UnitSettings settings;
+};
+
+TEST_F(UnitValuesTest, DefaultIsTheOpenDoorAndValueTheGuardedOne) {
+  Numeric n(settings);
+  n.SetDefault(20000);
+  EXPECT_EQ(n.Default(), 20000);
+  EXPECT_FALSE(n.Test());
+  n.SetValue(20000);
+  EXPECT_EQ(n.Default(), 10000);
+  EXPECT_TRUE(n.Test());
+  n.SetFileText("-3");
+  EXPECT_EQ(n.Default(), 0);
+}
+
+TEST_F(UnitValuesTest, BlankTextIsNoValueInEveryClass) {
+  Numeric plain(settings);
+  Deflection deflection(settings);
+  Length length(settings);
+  Velocity velocity(settings);
+  MeterFeet feet(settings);
+  feet.SetAlternateUnit(true);
+  for (const bool us : {false, true})
+    for (Numeric* n : std::initializer_list<Numeric*>{&plain, &deflection, &length, &velocity, &feet}) {
+      settings.UnitsUS = settings.FileUnitsUS = us;
+      n->SetText("  ");
+      EXPECT_EQ(n->Default(), NaN);
+      EXPECT_EQ(n->Value(), NaN);
+      EXPECT_EQ(n->FileValue(), NaN);
+      EXPECT_EQ(n->Text(), "");
+      EXPECT_EQ(n->FileText(), "");
+      EXPECT_EQ(n->FixedText(), "      ");
+      EXPECT_EQ(n->Test(), n != &plain); // an absent value passes in the unit classes
+    }
+}
+
+TEST_F(UnitValuesTest, TextHasTheLocalesMarkAndFileTextThePoint) {
+  settings.DecimalChar = ',';
+  Deflection d(settings);
+  d.SetText("1,5");
+  EXPECT_EQ(d.Text(), "1,5");
+  EXPECT_EQ(d.FixedText(), "   1,5");
+  EXPECT_EQ(d.FileText(), "   1.5");
+  d.SetMaxText("2,5");
+  d.SetText("9");
+  EXPECT_EQ(d.MaxText(), "2,5");
+  EXPECT_EQ(d.Default(), 2.5);
+}
+
+TEST_F(UnitValuesTest, TheUpperLimitDecidesFirstWhenTheLimitsAreCrossed) {
+  Numeric n(settings);
+  n.SetMin(10);
+  n.SetMax(5);
+  n.SetValue(7);
+  EXPECT_EQ(n.Default(), 5);
+  n.SetValue(3);
+  EXPECT_EQ(n.Default(), 10);
+}
+
+TEST_F(UnitValuesTest, QuantitiesConvertOnTheUsSideOnly) {
+  settings.UnitsUS = true;
+  Velocity v(settings);
+  v.SetValue(62.1371192237334);
+  EXPECT_DOUBLE_EQ(v.Default(), 100);
+  EXPECT_EQ(v.Text(), "62.1");
+  EXPECT_EQ(v.FileText(), " 100.0");
+  Deflection d(settings);
+  d.SetDefault(25.4);
+  EXPECT_EQ(d.Text(), "1.00");
+  EXPECT_EQ(d.FileText(), "  25.4");
+  settings.UnitsUS = false;
+  settings.FileUnitsUS = true;
+  EXPECT_EQ(d.Text(), "25.4");
+  EXPECT_EQ(d.FileText(), "  1.00");
+  d.SetFileValue(2);
+  EXPECT_EQ(d.Default(), 50.8);
+  Length l(settings);
+  l.SetValue(1e7);
+  EXPECT_EQ(l.Default(), 999999);
+  l.SetDefault(NaN);
+  l.SetFileText("");
+  EXPECT_EQ(l.Default(), NaN);
+}
+
+TEST_F(UnitValuesTest, MeterFeetShowsTheSmallerUnitToTheUserAlone) {
+  MeterFeet m(settings);
+  m.SetDefault(1.5);
+  m.SetAlternateUnit(true);
+  EXPECT_EQ(m.Text(), "1500");
+  EXPECT_EQ(m.FixedText(), "  1500");
+  EXPECT_EQ(m.FileText(), "     2");
+  m.SetText("2500");
+  EXPECT_EQ(m.Default(), 2.5);
+  settings.UnitsUS = true;
+  m.SetDefault(0.3048);
+  EXPECT_EQ(m.Text(), "12");
+  m.SetText("24");
+  EXPECT_DOUBLE_EQ(m.Default(), 0.6096);
+  m.SetAlternateUnit(false);
+  EXPECT_EQ(m.Text(), "2.00");
+}
+
+TEST_F(UnitValuesTest, FilesKnowSixUnitsAndTheLinkNine) {
+  FileUnit unit;
+  FileUnitWord(3, unit);
+  EXPECT_EQ(unit.FileUnitName, "mile.feet");
+  EXPECT_EQ(unit.FileUnitCode, "9");
+  FileUnitWord(6, unit);
+  EXPECT_EQ(unit.FileUnitName, "mile.feet"); // the old name stays
+  EXPECT_EQ(unit.FileUnitCode, "0");
+  FileUnitWord(-1, unit);
+  EXPECT_EQ(unit.FileUnitCode, "0");
+  EXPECT_EQ(UnitWord(8), "STNM");
+  EXPECT_EQ(UnitWord(9), "");
+  EXPECT_EQ(UnitCode("STNFEET"), 7);
+  EXPECT_EQ(UnitCode("MILES"), std::nullopt);
+  EXPECT_EQ(UnitName(3), "mi.ft");
+  EXPECT_EQ(FileStationPattern(5), "#######0");
+  EXPECT_EQ(FileStationPattern(6), "");
+}
+
+struct Field {
+  std::string text;
+  bool caret = false;
+  const std::string& Text() const { return text; }
+  void SetText(std::string t) { text = std::move(t); }
+  void CaretToStart() { caret = true; }
+};
+
+TEST(EntryCheckTest, AnEmptyFieldIsNoValueOrZeroBroughtIntoTheLimits) {
+  std::int16_t value = 7;
+  Field field{" "};
+  bool guard = true;
+  EXPECT_TRUE(CheckEntry(&value, field, 5, 10, guard, true, true));
+  EXPECT_EQ(value, NaNInteger);
+  EXPECT_EQ(field.text, "");
+  EXPECT_FALSE(guard); // stays cleared on this path
+  guard = true;
+  EXPECT_FALSE(CheckEntry(&value, field, 5, 10, guard, false, false));
+  EXPECT_EQ(value, 5);
+  EXPECT_EQ(field.text, "5");
+  EXPECT_TRUE(guard);
+  EXPECT_FALSE(field.caret);
+}
+
+TEST(EntryCheckTest, TheFieldIsRewrittenFromTheVariable) {
+  double number = 0;
+  float single = 0;
+  std::int32_t whole = 0;
+  Field field{" 12,5 "};
+  bool guard = true;
+  EXPECT_TRUE(CheckEntry(&number, field, -1000, 10000, guard, false, true));
+  EXPECT_EQ(number, 12.5);
+  EXPECT_EQ(field.text, "12.5");
+  EXPECT_TRUE(field.caret);
+  field.text = "3.14159265";
+  EXPECT_TRUE(CheckEntry(&single, field, 0, 10, guard, false, false));
+  EXPECT_EQ(field.text, "3.141593");
+  field.text = "2.5";
+  EXPECT_TRUE(CheckEntry(&whole, field, 0, 10, guard, false, false));
+  EXPECT_EQ(field.text, "2");
+}
+
+TEST(EntryCheckTest, WhatDoesNotFitTheVariableLeavesItAsItWas) {
+  std::int16_t value = 7;
+  Field field{"40000"};
+  bool guard = false;
+  EXPECT_TRUE(CheckEntry(&value, field, 0, 100000, guard, false, false));
+  EXPECT_EQ(value, 7);
+  EXPECT_EQ(field.text, "7");
+  field.text = "-32768"; // the sentinel itself can't be typed
+  EXPECT_TRUE(CheckEntry(&value, field, -40000, 0, guard, false, false));
+  EXPECT_EQ(value, 7);
+  field.text = "1";
+  EXPECT_FALSE(CheckEntry(EntryVariable{}, field, 0, 5, guard, true, false));
+  EXPECT_EQ(field.text, "1");
+}
+
+} // namespace
+} // namespace trekor
