@@ -1,68 +1,45 @@
-// The place of a recordset among its rows. One kind walks a table along an index, the other the result of a query.
-// Private to this room.
+// A bare forward walk over the result of a query, for the writing of large files: fields are read by place straight out
+// of the library, nothing is copied and nothing converted. Everywhere else a Recordset is the right thing.
+//
+// Before the first Step, and once it has given false, there is no row and nothing may be read. A cursor must be gone
+// before its database is closed.
 #pragma once
 
-#include "store/Engine.h"
+#include "store/Database.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
-#include <vector>
+#include <string_view>
+
+struct sqlite3_stmt;
 
 namespace trekor {
 
-// One column of a recordset.
-struct Column {
-  std::string name, table; // no table: computed
-  FieldDefinition field;
-  int source = -1;      // which of the recordset's tables; -1: none
-  int layoutPlace = -1; // place of the field in that table
-};
-
-struct SourceTable {
-  std::shared_ptr<const TableLayout> layout;
-  TableState* state = nullptr;
-};
-
-struct Shape {
-  std::vector<Column> columns;
-  std::vector<SourceTable> tables; // those whose rows can be written
-};
-
-struct Row {
-  std::vector<std::int64_t> numbers; // the row's own number in each table
-  std::vector<FieldValue> values;
-  bool loaded = true;
-  bool deleted = false;
-};
-
 class Cursor {
 public:
-  Cursor() = default;
-  virtual ~Cursor() = default;
+  Cursor(const Database& database, const std::string& sql);
+  ~Cursor();
   Cursor(const Cursor&) = delete;
   Cursor& operator=(const Cursor&) = delete;
 
-  virtual bool Bof() const = 0;
-  virtual bool Eof() const = 0;
-  virtual void MoveFirst() = 0;
-  virtual void MoveNext() = 0;
-  virtual void MoveLast() = 0;
-  virtual int RecordCount() = 0;
-  virtual void Requery() = 0;
-  virtual bool SetIndex(const std::string&) { return false; }
-  virtual bool Seek(const FieldValue&) { return false; }
+  // Parameter n of the query, from 1; before the first Step or after Restart.
+  void Bind(int n, std::int64_t value);
+  // To the next row. False at the end, and for good after a failure.
+  bool Step();
+  void Restart();
+  bool Eof() const { return ended; }
+  // The query was wrong, or the file could not be read to its end.
+  bool Failed() const { return failed; }
 
-  // Whether the position is on a row that can be read.
-  virtual bool HasRow() = 0;
-  virtual FieldValue Value(int place) = 0;
-  // Holds the current row apart from any running statement, so that it can be written. Empty when there is none.
-  virtual Row* Hold() = 0;
-  // The row that Hold gave has got new values, or is gone.
-  virtual void Changed(const Row& row) = 0;
-  virtual void Deleted() = 0;
-  // A row was stored; the position stays.
-  virtual void Added(std::int64_t, const std::vector<FieldValue>&) {}
+  // Fields of the row, by place from 0. Null reads as 0 or the empty text.
+  bool IsNull(int place) const;
+  std::int64_t Integer(int place) const;
+  double Real(int place) const;
+  std::string_view TextView(int place) const; // until the next Step
+
+private:
+  sqlite3_stmt* statement = nullptr;
+  bool ended = false, failed = false;
 };
 
 } // namespace trekor
