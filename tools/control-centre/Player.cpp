@@ -2,6 +2,7 @@
 // machine.
 #include "Player.h"
 
+#include <QDateTime>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
@@ -11,6 +12,11 @@ namespace control {
 namespace {
 constexpr int TickMilliseconds = 5;
 constexpr qsizetype HeardAtMost = 10000;
+
+// "{time}" stands for the present moment, so that a drive which is repeated names another file each time.
+QString Filled(QString line) {
+  return line.replace("{time}", QDateTime::currentDateTime().toString("yyyyMMdd-HHmmss"));
+}
 } // namespace
 
 Player::Player(Drive d, LinkServer& l, KeyPresser& k, QObject* parent)
@@ -74,7 +80,7 @@ bool Player::Waiting(const Event& event) {
 void Player::Do(const Event& event) {
   switch (event.action) {
   case Event::Action::Send:
-    return link.Send(event.text);
+    return link.Send(Filled(event.text));
   case Event::Action::Key:
     return Press(event);
   case Event::Action::Speed:
