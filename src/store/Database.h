@@ -1,5 +1,5 @@
-// The database engine of the house: SQLite files behind the few operations that the program asks of an engine. This room
-// is the only one that knows sqlite3.
+// The database engine of the house: SQLite files behind the few operations that the program asks of an engine. This
+// room is the only one that knows sqlite3.
 //
 // Paths are native. Field types are those declared in a table (SMALLINT, INTEGER, REAL, SINGLE, TEXT(n), DATETIME,
 // BOOLEAN, LONGBINARY), and a recordset keeps what a type means: 16-bit range, single precision, text length, -1 and 0
@@ -38,9 +38,9 @@ struct IndexDefinition {
 };
 
 enum class OpenMode {
-  Shared,         // read and write, others may too
-  ReadOnly,       // shared, nothing is ever written
-  Exclusive,      // the lock is taken at once and kept
+  Shared,          // read and write, others may too
+  ReadOnly,        // shared, nothing is ever written
+  Exclusive,       // the lock is taken at once and kept
   ExclusiveDurable // Exclusive, and every transaction is on the disk when it ends: WAL, full synchronisation
 };
 

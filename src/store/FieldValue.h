@@ -2,8 +2,10 @@
 // local time; booleans are -1 and 0.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <variant>
 #include <vector>
 
@@ -33,13 +35,22 @@ public:
   std::int64_t Integer() const;
   double Number() const;
   std::string Text() const;
+  std::string_view TextView() const;           // of a text; empty for any other kind. Lives as long as the value
   bool Flag() const { return Integer() != 0; } // any non-zero counts as true
   const Bytes& Blob() const;
+
+  // Adds bytes behind those already held; a value of another kind is replaced by them.
+  void Append(const unsigned char* bytes, std::size_t count);
 
   bool operator==(const FieldValue&) const = default;
 
 private:
+  friend bool NumberIn(const FieldValue& value, double& number);
   std::variant<std::monostate, std::int64_t, double, std::string, Bytes> held;
 };
+
+// The number that a value is as a whole: a number, or a text that holds nothing else (blanks around it are passed
+// over). False for null, bytes and any other text.
+bool NumberIn(const FieldValue& value, double& number);
 
 } // namespace trekor

@@ -23,10 +23,11 @@ public:
   Recordset(const Recordset&) = delete;
   Recordset& operator=(const Recordset&) = delete;
 
-  // The index that orders a table-type recordset and that Seek uses ("SessionID", "NameIndex", ...). A primary key may be
-  // named by its first field. False when the table has no such index.
+  // The index that orders a table-type recordset and that Seek uses ("SessionID", "NameIndex", ...). A primary key may
+  // be named by its first field. False when the table has no such index.
   bool SetIndex(const std::string& name);
-  // "=" on the current index; on no match the position stays where it was and false comes back. Text compares without case.
+  // "=" on the current index; on no match the position stays where it was and false comes back. Text compares without
+  // case.
   bool Seek(const FieldValue& key);
 
   bool Bof() const;
@@ -41,7 +42,7 @@ public:
 
   int FieldCount() const;
   std::string FieldName(int place) const;
-  std::string FieldTable(int place) const; // the table that a joined field comes from
+  std::string FieldTable(int place) const;     // the table that a joined field comes from
   int FieldPlace(std::string_view name) const; // -1 when missing
   bool HasField(std::string_view name) const { return FieldPlace(name) >= 0; }
   // While a row is added or edited: the buffer; otherwise the current row.
@@ -52,9 +53,9 @@ public:
   bool AddNew();
   // Copies the current row into the buffer.
   bool Edit();
-  // Writes into the buffer; false (buffer unchanged) when the field is missing, not of this table, or the value does not
-  // fit its type (a SMALLINT outside 16 bits, a text that is no number). A text longer than its field is cut, counted in
-  // characters. Whole-number fields take reals rounded to nearest, ties to even.
+  // Writes into the buffer; false (buffer unchanged) when the field is missing, not of this table, or the value does
+  // not fit its type (a SMALLINT outside 16 bits, a text that is no number). A text longer than its field is cut,
+  // counted in characters. Whole-number fields take reals rounded to nearest, ties to even.
   bool Set(std::string_view name, const FieldValue& value);
   bool Set(int place, const FieldValue& value);
   // Adds bytes behind those that a LONGBINARY field of the buffer already holds.

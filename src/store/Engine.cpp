@@ -1,0 +1,253 @@
+#include "store/Engine.h"
+
+#include "store/FieldFit.h"
+#include "store/LikePattern.h"
+
+#include <algorithm>
+#include <cstdio>
+#include <cstdlib>
+#include <filesystem>
+#include <system_error>
+
+#include <sqlite3.h>
+
+namespace trekor {
+
+namespace {
+
+// The largest wait of the operator's thread for another program's short write, milliseconds.
+constexpr int busyMilliseconds = 250;
+// Pages that the log may hold before it is folded into the file: folding costs two more syncs, so it is made rare.
+constexpr char logPages[] = "PRAGMA wal_autocheckpoint=4000";
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return text ? std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value))) : std::string_view();
+}
+
+// "text LIKE pattern" arrives as like(pattern, text).
+void LikeFunction(sqlite3_context* context, int, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL || sqlite3_value_type(values[1]) == SQLITE_NULL)
+    return sqlite3_result_null(context);
+  sqlite3_result_int(context, LikeMatches(TextOf(values[0]), TextOf(values[1])) ? 1 : 0);
+}
+
+bool HasBytes(const std::string& path) {
+  std::error_code error;
+  const auto size = std::filesystem::file_size(path, error);
+  return !error && size > 0;
+}
+
+std::string UriOf(const std::string& path) {
+  std::string uri = "file:";
+  for (const char c : path) {
+    if (c == '?' || c == '#' || c == '%') {
+      constexpr std::string_view digits = "0123456789ABCDEF";
+      uri += '%';
+      uri += digits[static_cast<unsigned char>(c) >> 4];
+      uri += digits[static_cast<unsigned char>(c) & 15];
+    } else {
+      uri += c;
+    }
+  }
+  return uri + "?immutable=1";
+}
+
+} // namespace
+
+bool HasLeftovers(const std::string& nativePath) {
+  return HasBytes(nativePath + "-wal") || HasBytes(nativePath + "-journal");
+}
+
+Engine::Engine(std::string nativePath, OpenMode openMode) : path(std::move(nativePath)), mode(openMode) {}
+
+Engine::~Engine() {
+  Close();
+}
+
+bool Engine::Fail(const std::string& doing) {
+  return FailWith(doing + ": " + (db ? sqlite3_errmsg(db) : "closed"));
+}
+
+bool Engine::FailWith(const std::string& message) {
+  lastError = message;
+  if (std::getenv("TREKOR_TRACE"))
+    std::fprintf(stderr, "store: %s: %s\n", path.c_str(), message.c_str());
+  return false;
+}
+
+// A file without a byte is an empty database to the library; to us it is a copy that never came about.
+bool Engine::Open() {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(path, error) || !HasBytes(path))
+    return FailWith("no such file, or an empty one");
+  if (mode == OpenMode::ReadOnly && HasLeftovers(path))
+    FoldLeftLog();
+  if (Connect(false) && Prepare())
+    return true;
+  // A file that was closed in a folder where nothing can be written may still be marked as one with a log. Without a
+  // log beside it all that it holds stands in it, and it can be read as it is.
+  const bool readAsItIs = mode == OpenMode::ReadOnly && !HasLeftovers(path) && sqlite3_errcode(db) == SQLITE_CANTOPEN;
+  return readAsItIs && Connect(true) && Prepare();
+}
+
+bool Engine::Fill(const std::string& sql) {
+  return Connect(false) && Execute("BEGIN EXCLUSIVE; " + sql + "; COMMIT");
+}
+
+// Rows that a killed program had stored still lie in the log; a reader alone can't bring them home.
+bool Engine::FoldLeftLog() {
+  Engine writer(path, OpenMode::Shared);
+  const bool folded = writer.Open();
+  writer.Close();
+  return folded;
+}
+
+bool Engine::Connect(bool ignoreLog) {
+  if (db)
+    sqlite3_close_v2(db);
+  const bool readOnly = mode == OpenMode::ReadOnly;
+  const int flags = (readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOMUTEX |
+                    (ignoreLog ? SQLITE_OPEN_URI : 0);
+  if (sqlite3_open_v2(ignoreLog ? UriOf(path).c_str() : path.c_str(), &db, flags, nullptr) != SQLITE_OK)
+    return Fail("open");
+  sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
+  sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
+  sqlite3_create_function(db, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LikeFunction, nullptr, nullptr);
+  return true;
+}
+
+// The lock mode comes before the first look into the file: then the lock is never given back in between, and the index
+// of the log lives in memory instead of a third file.
+bool Engine::Prepare() {
+  const bool exclusive = mode == OpenMode::Exclusive || mode == OpenMode::ExclusiveDurable;
+  if (exclusive && !Execute("PRAGMA locking_mode=EXCLUSIVE"))
+    return false;
+  if (!Execute("SELECT count(*) FROM sqlite_master"))
+    return false;
+  if (exclusive && !(mode == OpenMode::ExclusiveDurable ? PrepareDurable() : PrepareExclusive()))
+    return false;
+  // A log that a killed program has left: back to one plain file.
+  if (mode == OpenMode::Shared && PragmaText("journal_mode") == "wal")
+    Execute("PRAGMA journal_mode=DELETE");
+  if (!exclusive)
+    sqlite3_busy_timeout(db, busyMilliseconds);
+  return true;
+}
+
+bool Engine::PrepareDurable() {
+  if (sqlite3_db_readonly(db, "main") != 0)
+    return FailWith("the file is read-only");
+  if (PragmaText("journal_mode=WAL") != "wal")
+    return Fail("log");
+  return Execute("PRAGMA synchronous=FULL") && Execute(logPages) && Execute("BEGIN EXCLUSIVE; COMMIT");
+}
+
+bool Engine::PrepareExclusive() {
+  if (PragmaText("journal_mode") == "wal")
+    Execute("PRAGMA journal_mode=DELETE");
+  return Execute("BEGIN EXCLUSIVE; COMMIT");
+}
+
+std::string Engine::PragmaText(const std::string& pragma) {
+  Statement statement;
+  return statement.Prepare(*this, "PRAGMA " + pragma) && statement.Step() ? statement.Column(0).Text() : std::string();
+}
+
+void Engine::Close() {
+  if (!db)
+    return;
+  if (depth > 0)
+    Rollback();
+  while (!statements.empty())
+    statements.back()->Finalize();
+  if (mode == OpenMode::ExclusiveDurable) {
+    Execute("PRAGMA wal_checkpoint(TRUNCATE)");
+    Execute("PRAGMA journal_mode=DELETE");
+  }
+  sqlite3_close_v2(db);
+  db = nullptr;
+}
+
+std::shared_ptr<const TableLayout> Engine::Layout(const std::string& table) {
+  const std::string key = LowerName(table);
+  if (const auto known = layouts.find(key); known != layouts.end())
+    return known->second;
+  auto layout = std::make_shared<TableLayout>();
+  if (!db || !ReadLayout(*this, table, *layout))
+    return nullptr;
+  layouts[key] = layout;
+  return layout;
+}
+
+TableState& Engine::State(const std::string& table) {
+  return states[LowerName(table)];
+}
+
+void Engine::ForgetLayouts() {
+  layouts.clear();
+  ++allChanges;
+  for (auto& [name, state] : states) {
+    state.counterKnown = false;
+    state.lastAdded = 0;
+  }
+}
+
+std::int64_t Engine::NextNumber(const TableLayout& layout) {
+  TableState& state = State(layout.name);
+  if (!state.counterKnown) {
+    if (!sequence.Ready())
+      sequence.Prepare(*this, "SELECT seq FROM sqlite_sequence WHERE name=?", true);
+    const FieldValue name(layout.name);
+    sequence.Bind(1, name);
+    if (sequence.Step())
+      state.counter = std::max(state.counter, sequence.Number(0));
+    sequence.Reset();
+    state.counterKnown = mode == OpenMode::Exclusive || mode == OpenMode::ExclusiveDurable;
+  }
+  return ++state.counter;
+}
+
+bool Engine::Begin() {
+  if (depth > 0)
+    return ++depth > 0;
+  if (!begin.Ready())
+    begin.Prepare(*this, "BEGIN IMMEDIATE", true);
+  if (!begin.Run())
+    return false;
+  depth = 1;
+  return true;
+}
+
+bool Engine::Commit() {
+  if (depth == 0 || --depth > 0)
+    return depth > 0;
+  if (sqlite3_get_autocommit(db) != 0)
+    return FailWith("the transaction was taken back");
+  if (!commit.Ready())
+    commit.Prepare(*this, "COMMIT", true);
+  if (commit.Run())
+    return true;
+  const std::string why = lastError;
+  Rollback();
+  return FailWith(why);
+}
+
+void Engine::Rollback() {
+  depth = 0;
+  if (db && sqlite3_get_autocommit(db) == 0)
+    Execute("ROLLBACK");
+  ForgetLayouts();
+}
+
+bool Engine::MayWrite() const {
+  return db && (depth == 0 || sqlite3_get_autocommit(db) == 0);
+}
+
+bool Engine::Execute(const std::string& sql) {
+  if (!db)
+    return Fail("execute");
+  return sqlite3_exec(db, sql.c_str(), nullptr, nullptr, nullptr) == SQLITE_OK || Fail(sql);
+}
+
+} // namespace trekor

@@ -1,0 +1,116 @@
+// What stands behind a Database: the connection, the layouts of its tables, the counters of their automatic keys, the
+// transaction. Private to this room.
+#pragma once
+
+#include "store/Database.h"
+#include "store/TableLayout.h"
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+struct sqlite3_stmt;
+
+namespace trekor {
+
+class Engine;
+
+// A prepared statement. Closing the engine finalises it; from then on it steps to no row and runs to false.
+class Statement {
+public:
+  Statement() = default;
+  ~Statement();
+  Statement(const Statement&) = delete;
+  Statement& operator=(const Statement&) = delete;
+
+  // `kept`: it will be run many times.
+  bool Prepare(Engine& onEngine, const std::string& sql, bool kept = false);
+  bool Ready() const { return handle != nullptr; }
+  // Places count from 1. A text or bytes are borrowed: the value must stand until the statement has run.
+  void Bind(int place, const FieldValue& value);
+  void Bind(int place, std::int64_t number);
+  // True: stands on a row. At the end and after a failure it is reset, and the locks are given back.
+  bool Step();
+  // For statements without rows. False when it failed.
+  bool Run();
+  void Reset();
+  void Finalize();
+  // Columns count from 0.
+  FieldValue Column(int column, FieldType type) const;
+  FieldValue Column(int column) const; // by what is stored
+  std::int64_t Number(int column) const;
+  sqlite3_stmt* Handle() const { return handle; }
+
+private:
+  friend class Engine;
+  Engine* engine = nullptr;
+  sqlite3_stmt* handle = nullptr;
+};
+
+// What all recordsets of one table share.
+struct TableState {
+  std::uint64_t changes = 0;  // moves on with each change of a row
+  std::int64_t counter = 0;   // highest number that an automatic key was given
+  bool counterKnown = false;  // nobody else can have moved it
+  std::int64_t lastAdded = 0; // key of the row that is certainly the last one; 0 when it isn't known
+};
+
+class Engine {
+public:
+  Engine(std::string nativePath, OpenMode openMode);
+  ~Engine();
+  Engine(const Engine&) = delete;
+  Engine& operator=(const Engine&) = delete;
+
+  bool Open();
+  void Close();
+  // Opens a new file, which is empty still, and runs statements on it.
+  bool Fill(const std::string& sql);
+
+  std::shared_ptr<const TableLayout> Layout(const std::string& table); // empty when there is no such table
+  TableState& State(const std::string& table);
+  void ForgetLayouts(); // after statements that may have changed tables or rows
+  std::uint64_t AllChanges() const { return allChanges; }
+
+  // The next automatic key of a table. It is used up by being asked for.
+  std::int64_t NextNumber(const TableLayout& layout);
+
+  bool Begin();
+  bool Commit();
+  void Rollback();
+  // False when a transaction was begun and the library has already taken it back: a row stored now would stand alone.
+  bool MayWrite() const;
+
+  bool Execute(const std::string& sql);
+  // Keeps the library's message (or the given one) and tells it when TREKOR_TRACE is set. Always false.
+  bool Fail(const std::string& doing);
+  bool FailWith(const std::string& message);
+
+  sqlite3* db = nullptr;
+  const std::string path;
+  const OpenMode mode;
+  std::string lastError;
+
+private:
+  friend class Statement;
+  bool Connect(bool ignoreLog);
+  bool Prepare();
+  bool PrepareDurable();
+  bool PrepareExclusive();
+  bool FoldLeftLog();
+  std::string PragmaText(const std::string& pragma);
+
+  std::vector<Statement*> statements;
+  std::map<std::string, std::shared_ptr<const TableLayout>> layouts;
+  std::map<std::string, TableState> states;
+  std::uint64_t allChanges = 0;
+  int depth = 0; // of Begin and Commit
+  Statement begin, commit, sequence;
+};
+
+// The path of the log and of the rollback journal that may lie beside a database after a kill.
+bool HasLeftovers(const std::string& nativePath);
+
+} // namespace trekor

@@ -1,0 +1,11 @@
+// The LIKE of the house: "*" stands for any text, "?" for one character, "#" for one digit, "[abc]", "[a-z]" and
+// "[!a-z]" for one character of a set. "%" and "_" are ordinary characters. Letters compare without case (ASCII).
+#pragma once
+
+#include <string_view>
+
+namespace trekor {
+
+bool LikeMatches(std::string_view pattern, std::string_view text);
+
+} // namespace trekor

@@ -1,0 +1,37 @@
+// Stores, changes and deletes rows of one table for a recordset. The insert is prepared once and serves for the whole
+// life of the recordset. Private to this room.
+#pragma once
+
+#include "store/RowCursor.h"
+
+#include <string>
+#include <vector>
+
+namespace trekor {
+
+class RowWriter {
+public:
+  // Writes the columns of `shape` that come from its table number `source`.
+  RowWriter(Engine& onEngine, const Shape& shape, int source);
+
+  // `values` holds a value for each column of the shape. The new row's own number comes back in `number`.
+  bool Insert(const std::vector<FieldValue>& values, std::int64_t& number);
+  // Writes the columns marked in `touched` alone, so that what others wrote meanwhile into the rest stands. True when
+  // none is marked. `number` follows when the key itself was changed.
+  bool Change(const std::vector<FieldValue>& values, const std::vector<char>& touched, std::int64_t& number);
+  bool Erase(std::int64_t number);
+
+private:
+  const Column& ColumnAt(std::size_t place) const { return shape.columns[place]; }
+  bool PrepareInsert();
+  bool PrepareChange(const std::vector<char>& touched);
+
+  Engine& engine;
+  const Shape& shape;
+  const SourceTable& table;
+  std::vector<std::size_t> places; // of the shape's columns
+  Statement insert, change, erase;
+  std::string changeText;
+};
+
+} // namespace trekor

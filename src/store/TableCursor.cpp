@@ -1,0 +1,229 @@
+#include "store/TableCursor.h"
+
+#include "store/FieldFit.h"
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+constexpr int largestWindow = 256;
+
+std::string Parameter(std::size_t place) {
+  return "?" + FieldValue(static_cast<std::int64_t>(place)).Text();
+}
+
+} // namespace
+
+TableCursor::TableCursor(Engine& onEngine, const Shape& ofShape) : engine(onEngine), shape(ofShape) {
+  MoveFirst();
+}
+
+// A text compares without case even where a table was declared without.
+static std::string KeyText(const TableLayout& layout, const IndexKey& key) {
+  const FieldDefinition& field = layout.fields[static_cast<std::size_t>(key.field)];
+  return QuotedName(field.name) + (field.type == FieldType::Text ? " COLLATE NOCASE" : "");
+}
+
+// Among equal keys the order of insertion, in an index that runs downwards too.
+std::string TableCursor::Order(bool backwards) const {
+  std::string text = " ORDER BY ";
+  for (const IndexKey& key : order ? order->keys : std::vector<IndexKey>())
+    text += KeyText(Layout(), key) + (key.descending != backwards ? " DESC, " : ", ");
+  return text + (backwards ? "rowid DESC" : "rowid");
+}
+
+// The rows behind the position: parameters 1.. are its keys, the last one is its own number. Nulls stand first.
+std::string TableCursor::After() const {
+  const std::size_t count = order ? order->keys.size() : 0;
+  std::string text = "rowid > " + Parameter(count + 1);
+  for (std::size_t i = count; i-- > 0;) {
+    const IndexKey& key = order->keys[i];
+    const std::string name = KeyText(Layout(), key), value = Parameter(i + 1);
+    const std::string beyond =
+        key.descending ? "(" + name + " < " + value + " OR (" + value + " IS NOT NULL AND " + name + " IS NULL))"
+                       : "(" + name + " > " + value + " OR (" + value + " IS NULL AND " + name + " IS NOT NULL))";
+    text = beyond + " OR (" + name + " IS " + value + " AND (" + text + "))";
+  }
+  return text;
+}
+
+bool TableCursor::Prepare(Statement& statement, const std::string& condition, bool backwards) {
+  if (statement.Ready())
+    return true;
+  std::string text = "SELECT rowid";
+  for (const Column& column : shape.columns)
+    text += ", " + QuotedName(column.name);
+  text += " FROM " + QuotedName(Layout().name);
+  if (!condition.empty())
+    text += " WHERE " + condition;
+  return statement.Prepare(engine, text + Order(backwards) + " LIMIT ?99", true);
+}
+
+Row TableCursor::ReadRow(const Statement& rows) const {
+  Row row;
+  row.numbers = {rows.Number(0)};
+  row.values.reserve(shape.columns.size());
+  for (std::size_t i = 0; i < shape.columns.size(); ++i)
+    row.values.push_back(rows.Column(static_cast<int>(i) + 1, shape.columns[i].field.type));
+  return row;
+}
+
+// Reads the next rows of a prepared and bound statement; the position is the first of them.
+void TableCursor::StandOn(Statement& rows, int wanted) {
+  constexpr int limit = 99;
+  rows.Bind(limit, static_cast<std::int64_t>(wanted));
+  std::vector<Row> found;
+  while (static_cast<int>(found.size()) < wanted && rows.Step())
+    found.push_back(ReadRow(rows));
+  rows.Reset();
+  version = Version();
+  if (found.empty())
+    return;
+  window = std::move(found);
+  at = 0;
+  state = State::OnRow;
+}
+
+void TableCursor::MoveFirst() {
+  state = State::Empty;
+  windowSize = 1;
+  if (Prepare(first, "", false))
+    StandOn(first, 1);
+}
+
+void TableCursor::MoveNext() {
+  if (Eof())
+    return;
+  if (version == Version() && at + 1 < window.size()) {
+    ++at;
+    state = State::OnRow;
+    return;
+  }
+  windowSize = version == Version() ? std::min(windowSize * 4, largestWindow) : 1;
+  if (!Prepare(after, After(), false))
+    return;
+  BindPosition(after);
+  state = State::End;
+  StandOn(after, windowSize);
+}
+
+// The parameters borrow texts of the window, which StandOn replaces only after the statement was reset.
+void TableCursor::BindPosition(Statement& statement) {
+  const Row& row = window[at];
+  int place = 1;
+  for (const IndexKey& key : order ? order->keys : std::vector<IndexKey>())
+    statement.Bind(place++, row.values[static_cast<std::size_t>(key.field)]);
+  statement.Bind(place, row.numbers[0]);
+}
+
+// A row that was just added stands last: its key is known, and nothing is read before it is asked for.
+void TableCursor::MoveLast() {
+  windowSize = 1;
+  const std::int64_t added = shape.tables[0].state->lastAdded;
+  if (added > 0 && (!order || order->storedName.empty())) {
+    window.resize(1);
+    window[0].numbers.assign(1, added);
+    window[0].loaded = false;
+    at = 0;
+    version = Version();
+    state = State::OnRow;
+    return;
+  }
+  state = State::Empty;
+  if (Prepare(last, "", true))
+    StandOn(last, 1);
+}
+
+int TableCursor::RecordCount() {
+  Statement count;
+  const bool counted = count.Prepare(engine, "SELECT count(*) FROM " + QuotedName(Layout().name)) && count.Step();
+  return counted ? static_cast<int>(count.Number(0)) : 0;
+}
+
+void TableCursor::Requery() {
+  MoveFirst();
+}
+
+bool TableCursor::SetIndex(const std::string& name) {
+  const IndexLayout* found = Layout().FindIndex(name);
+  if (!found)
+    return engine.FailWith("no index " + name + " on " + Layout().name);
+  order = found;
+  for (Statement* each : {&first, &last, &after, &find})
+    each->Finalize();
+  MoveFirst();
+  return true;
+}
+
+bool TableCursor::Seek(const FieldValue& key) {
+  if (!order || key.IsNull())
+    return false;
+  if (!Prepare(find, KeyText(Layout(), order->keys.front()) + " = ?1", false))
+    return false;
+  find.Bind(1, key);
+  find.Bind(99, std::int64_t{1});
+  const bool found = find.Step();
+  if (found) {
+    window.assign(1, ReadRow(find));
+    at = 0;
+    windowSize = 1;
+    version = Version();
+    state = State::OnRow;
+  }
+  find.Reset();
+  return found;
+}
+
+// Reads the current row again when something was written into the table since, or when only its key is known.
+void TableCursor::Refresh() {
+  if (state != State::OnRow || (version == Version() && window[at].loaded))
+    return;
+  const std::int64_t number = window[at].numbers[0];
+  if (!Prepare(one, "rowid = ?1", false))
+    return;
+  one.Bind(1, number);
+  one.Bind(99, std::int64_t{1});
+  Row row = window[at];
+  state = one.Step() ? State::OnRow : State::Gap;
+  if (state == State::OnRow)
+    row = ReadRow(one);
+  one.Reset();
+  window.assign(1, row);
+  at = 0;
+  windowSize = 1;
+  version = Version();
+}
+
+bool TableCursor::HasRow() {
+  Refresh();
+  return state == State::OnRow;
+}
+
+FieldValue TableCursor::Value(int place) {
+  const bool ownNumber = state == State::OnRow && place == Layout().numberField && version == Version();
+  if (ownNumber)
+    return window[at].numbers[0];
+  Refresh();
+  return state == State::OnRow ? window[at].values[static_cast<std::size_t>(place)] : FieldValue();
+}
+
+Row* TableCursor::Hold() {
+  return HasRow() ? &window[at] : nullptr;
+}
+
+// The position goes with the row when its key was changed: the next row is the one behind the new place.
+void TableCursor::Changed(const Row& row) {
+  window.assign(1, Row(row));
+  at = 0;
+  windowSize = 1;
+  window[0].loaded = true;
+  version = Version();
+}
+
+void TableCursor::Deleted() {
+  state = State::Gap;
+}
+
+} // namespace trekor

@@ -1,0 +1,284 @@
+// Recordsets over tables: order, seeking, adding, editing, deleting, what a field type means.
+#include "StoreFixture.h"
+
+#include <cfloat>
+
+namespace trekor {
+
+namespace {
+
+constexpr char roadTables[] =
+    "CREATE TABLE Stations(StationID INTEGER PRIMARY KEY AUTOINCREMENT, Station REAL, Lane TEXT(5) COLLATE NOCASE,"
+    " StationUnit SMALLINT DEFAULT 3, Time DATETIME, Height SINGLE, Known BOOLEAN, Icon LONGBINARY);"
+    "CREATE TABLE Form(Name TEXT(40) COLLATE NOCASE, Left INTEGER);"
+    "CREATE UNIQUE INDEX Form_NameIndex ON Form(Name COLLATE NOCASE);"
+    "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT);"
+    "CREATE INDEX Options_ID ON Options(ID DESC);"
+    "CREATE TABLE Setups(SetupID SMALLINT, ObsParID INTEGER, GridPosition SMALLINT);"
+    "CREATE UNIQUE INDEX Setups_Place ON Setups(SetupID, ObsParID DESC);";
+
+class RecordsetTest : public StoreFixture {
+protected:
+  void SetUp() override { Make(roadTables); }
+  std::unique_ptr<Recordset> Table(const std::string& name) { return database->OpenTable(name); }
+  static void AddForm(Recordset& form, const char* name, int left) {
+    ASSERT_TRUE(form.AddNew());
+    ASSERT_TRUE(form.Set("Name", name) && form.Set("Left", left));
+    ASSERT_TRUE(form.Update());
+  }
+};
+
+} // namespace
+
+TEST_F(RecordsetTest, AutomaticKeysAreKnownBeforeUpdateAndNeverComeBack) {
+  const auto stations = Table("stations");
+  EXPECT_TRUE(stations->Bof() && stations->Eof());
+  for (int wanted = 1; wanted <= 3; ++wanted) {
+    ASSERT_TRUE(stations->AddNew());
+    EXPECT_EQ(stations->Get("StationID"), FieldValue(wanted));
+    ASSERT_TRUE(stations->Update());
+  }
+  stations->MoveLast();
+  EXPECT_EQ(stations->Get("StationID"), FieldValue(3));
+  ASSERT_TRUE(stations->Delete());
+  for (const OpenMode mode : {OpenMode::Shared, OpenMode::ExclusiveDurable}) {
+    const auto before = WalkTable("Stations", "StationID").size();
+    Reopen(mode);
+    const auto again = Table("Stations");
+    ASSERT_TRUE(again->AddNew());
+    EXPECT_EQ(again->Get("StationID"), FieldValue(mode == OpenMode::Shared ? 4 : 5));
+    EXPECT_FALSE(again->Set("StationID", 99)) << "such a number can't be written";
+    ASSERT_TRUE(again->Update());
+    EXPECT_EQ(again->RecordCount(), static_cast<int>(before) + 1);
+  }
+}
+
+// The merge of an update moves a counter on in this way.
+TEST_F(RecordsetTest, StoringAndDeletingMovesTheCounterByOne) {
+  const auto stations = Table("Stations");
+  stations->AddNew();
+  for (int wanted = 2; wanted <= 40; ++wanted) {
+    ASSERT_TRUE(stations->Update());
+    stations->MoveLast();
+    ASSERT_TRUE(stations->Delete());
+    stations->AddNew();
+    ASSERT_EQ(stations->Get("StationID"), FieldValue(wanted));
+  }
+}
+
+TEST_F(RecordsetTest, MoveLastFindsTheLastRowWhateverHappenedInBetween) {
+  Reopen(OpenMode::Exclusive);
+  const auto stations = Table("Stations"), other = Table("Stations");
+  for (int i = 1; i <= 3; ++i) {
+    stations->AddNew();
+    stations->Set("Station", i * 0.5);
+    stations->Update();
+    stations->MoveLast();
+    EXPECT_EQ(stations->Get("Station"), FieldValue(i * 0.5));
+  }
+  other->MoveLast();
+  ASSERT_TRUE(other->Delete());
+  stations->MoveLast();
+  EXPECT_EQ(stations->Get("Station"), FieldValue(1.0));
+  database->Begin();
+  stations->AddNew();
+  stations->Update();
+  database->Rollback();
+  stations->MoveLast();
+  EXPECT_EQ(stations->Get("StationID"), FieldValue(2));
+}
+
+TEST_F(RecordsetTest, FieldsKeepWhatTheirTypeMeans) {
+  struct Case {
+    const char* field;
+    FieldValue given;
+    bool fits;
+    FieldValue held;
+  };
+  const Case cases[] = {
+      {"StationUnit", 32767, true, 32767},
+      {"StationUnit", 32768, false, 3},
+      {"StationUnit", -32768, true, -32768},
+      {"StationUnit", 2.5, true, 2},
+      {"StationUnit", 3.5, true, 4},
+      {"StationUnit", " 12 ", true, 12},
+      {"StationUnit", "12a", false, 3},
+      {"StationUnit", "", false, 3},
+      {"StationUnit", "inf", false, 3},
+      {"StationUnit", FieldValue(), true, {}},
+      {"Station", "1.5", true, 1.5},
+      {"Station", "x", false, {}},
+      {"Height", 0.1, true, static_cast<double>(0.1F)},
+      {"Height", -3.402823E+38, true, static_cast<double>(-3.402823E+38F)},
+      {"Height", 1e39, false, {}},
+      {"Lane", "right lane", true, "right"},
+      {"Lane", "æøåÆØÅ", true, "æøåÆØ"},
+      {"Lane", 12, true, "12"},
+      {"Lane", Bytes{1}, false, {}},
+      {"Known", 7, true, -1},
+      {"Known", 0, true, 0},
+      {"Time", "2024-02-29 23:59:59", true, "2024-02-29 23:59:59"},
+      {"Time", "2023-02-29 23:59:59", false, {}},
+      {"Time", "29.02.2024", false, {}},
+      {"Icon", Bytes{0, 255}, true, Bytes{0, 255}},
+      {"Icon", "text", false, {}},
+      {"Nothing", 1, false, {}},
+  };
+  const auto rows = Table("Stations");
+  for (const Case& each : cases) {
+    SCOPED_TRACE(std::string(each.field) + " = " + each.given.Text());
+    ASSERT_TRUE(rows->AddNew());
+    EXPECT_EQ(rows->Set(each.field, each.given), each.fits);
+    EXPECT_EQ(rows->Get(each.field), each.held);
+    ASSERT_TRUE(rows->Update());
+    rows->MoveLast();
+    EXPECT_EQ(rows->Get(each.field), each.held);
+  }
+}
+
+TEST_F(RecordsetTest, NothingIsWrittenOutsideOfAddNewAndEdit) {
+  const auto rows = Table("Stations");
+  EXPECT_FALSE(rows->Set("Lane", "x"));
+  EXPECT_FALSE(rows->Update());
+  EXPECT_FALSE(rows->Edit()) << "no row";
+  EXPECT_FALSE(rows->Delete());
+  rows->AddNew();
+  rows->Set("Lane", "x");
+  rows->CancelUpdate();
+  EXPECT_FALSE(rows->Update());
+  rows->AddNew();
+  rows->MoveFirst(); // a move drops the buffer
+  EXPECT_FALSE(rows->Update());
+  EXPECT_EQ(rows->RecordCount(), 0);
+}
+
+TEST_F(RecordsetTest, ChunksAddUpBehindWhatIsThere) {
+  const auto rows = Table("Stations");
+  const unsigned char first[] = {1, 2}, second[] = {3};
+  rows->AddNew();
+  EXPECT_TRUE(rows->AppendChunk("Icon", first, 2));
+  EXPECT_TRUE(rows->AppendChunk("Icon", second, 1));
+  EXPECT_FALSE(rows->AppendChunk("Lane", second, 1));
+  rows->Update();
+  rows->MoveLast();
+  rows->Edit();
+  rows->AppendChunk("Icon", second, 1);
+  rows->Update();
+  EXPECT_EQ(rows->Get("Icon"), FieldValue(Bytes{1, 2, 3, 3}));
+}
+
+TEST_F(RecordsetTest, TheIndexOrdersAndSeeksWithoutCase) {
+  const auto form = Table("Form");
+  for (const char* name : {"Me", "cmdOK", "Texts(7)", "CMDCancel"})
+    AddForm(*form, name, 1);
+  EXPECT_EQ(Walk(*form, "Name"), (Texts{"Me", "cmdOK", "Texts(7)", "CMDCancel"})) << "order of insertion";
+  ASSERT_TRUE(form->SetIndex("NameIndex"));
+  EXPECT_EQ(Walk(*form, "name"), (Texts{"CMDCancel", "cmdOK", "Me", "Texts(7)"}));
+  ASSERT_TRUE(form->Seek("TEXTS(7)"));
+  EXPECT_EQ(form->Get("Name"), FieldValue("Texts(7)"));
+  EXPECT_FALSE(form->Seek("cmdO"));
+  EXPECT_EQ(form->Get("Name"), FieldValue("Texts(7)")) << "the position stays";
+  EXPECT_FALSE(form->SetIndex("Other"));
+  AddForm(*form, "aa", 2);
+  EXPECT_EQ(form->Get("Name"), FieldValue("Texts(7)")) << "the position does not move to an added row";
+  form->AddNew();
+  form->Set("Name", "CMDok");
+  EXPECT_FALSE(form->Update()) << "the name is taken";
+}
+
+TEST_F(RecordsetTest, AnIndexThatRunsDownwardsGivesTheNewestRowFirst) {
+  const auto options = Table("Options");
+  for (const char* units : {"US", "Metric", "SI"}) {
+    options->AddNew();
+    options->Set("Units", units);
+    options->Update();
+  }
+  ASSERT_TRUE(options->SetIndex("ID"));
+  EXPECT_EQ(Walk(*options, "Units"), (Texts{"SI", "Metric", "US"}));
+  options->MoveLast();
+  EXPECT_EQ(options->Get("Units"), FieldValue("US"));
+  EXPECT_TRUE(options->Seek(2));
+  EXPECT_EQ(options->Get("Units"), FieldValue("Metric"));
+}
+
+TEST_F(RecordsetTest, CompoundKeysNullsAndTiesWalkCompletely) {
+  database->Execute("INSERT INTO Setups VALUES (2,1,1),(1,5,2),(NULL,3,3),(1,7,4),(NULL,3,5),(2,NULL,6),(1,NULL,7)");
+  const auto setups = Table("Setups");
+  ASSERT_TRUE(setups->SetIndex("Place"));
+  EXPECT_EQ(Walk(*setups, "GridPosition"), (Texts{"3", "5", "4", "2", "7", "1", "6"}));
+}
+
+TEST_F(RecordsetTest, DeletingWhileWalkingGoesOnWithTheNextRow) {
+  for (const char* index : {"", "NameIndex"}) {
+    const auto form = Table("Form");
+    for (const char* name : {"a", "b", "c", "d"})
+      AddForm(*form, name, 1);
+    if (*index)
+      form->SetIndex(index);
+    Texts seen;
+    for (form->MoveFirst(); !form->Eof(); form->MoveNext()) {
+      seen.push_back(form->Get("Name").Text());
+      if (seen.back() != "c") {
+        ASSERT_TRUE(form->Delete());
+      }
+      EXPECT_EQ(form->Get("Name").IsNull(), seen.back() != "c");
+      EXPECT_EQ(form->Delete() || form->Edit(), seen.back() == "c") << "what is gone is gone";
+    }
+    EXPECT_EQ(seen, (Texts{"a", "b", "c", "d"}));
+    EXPECT_EQ(form->RecordCount(), 0);
+  }
+}
+
+TEST_F(RecordsetTest, ARowThatMovesInItsIndexTakesThePositionAlong) {
+  const auto form = Table("Form");
+  for (const char* name : {"a", "b", "c", "d"})
+    AddForm(*form, name, 1);
+  form->SetIndex("NameIndex");
+  form->Edit();
+  form->Set("Name", "bb");
+  ASSERT_TRUE(form->Update());
+  EXPECT_EQ(form->Get("Name"), FieldValue("bb"));
+  form->MoveNext();
+  EXPECT_EQ(form->Get("Name"), FieldValue("c"));
+}
+
+TEST_F(RecordsetTest, EditingWritesTheTouchedFieldsAloneAndOthersSeeIt) {
+  const auto form = Table("Form"), other = Table("Form");
+  AddForm(*form, "a", 1);
+  form->MoveFirst();
+  other->MoveFirst();
+  form->Edit();
+  form->Set("Name", "A");
+  other->Edit();
+  other->Set("Left", 7);
+  EXPECT_TRUE(other->Update() && form->Update());
+  other->MoveFirst();
+  EXPECT_EQ(other->Get("Name"), FieldValue("A"));
+  EXPECT_EQ(other->Get("Left"), FieldValue(7));
+  EXPECT_EQ(form->Get("Left"), FieldValue(7));
+  other->Delete();
+  EXPECT_TRUE(form->Get("Left").IsNull()) << "gone under our feet";
+}
+
+TEST_F(RecordsetTest, AWalkOverManyRowsSeesEachOnceThoughRowsAreAddedAndEdited) {
+  database->Begin();
+  const auto stations = Table("Stations");
+  for (int i = 0; i < 2000; ++i) {
+    stations->AddNew();
+    stations->Set("Station", i);
+    stations->Update();
+  }
+  database->Commit();
+  int seen = 0;
+  for (stations->MoveFirst(); !stations->Eof(); stations->MoveNext()) {
+    ASSERT_EQ(stations->Get("Station"), FieldValue(static_cast<double>(seen++)));
+    if (seen % 700 == 0) {
+      stations->Edit();
+      stations->Set("Lane", "x");
+      stations->Update();
+    }
+  }
+  EXPECT_EQ(seen, 2000);
+}
+
+} // namespace trekor
