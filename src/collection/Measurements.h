@@ -1,44 +1,16 @@
-// The main form's logic and the chief header of the run: idle, running, paused. The run's subjects have a file pair each in
-// this folder (stepping, grids, registrations, feedback); this class owns them and what they share.
+// The main form's logic and the chief header of the run: idle, running, paused. The run's subjects have a file pair
+// each in this folder (stepping, grids, registrations, feedback ...); this class owns them, loads the form, and is the
+// door through which the link, the window and the roof come in.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
 #include "collection/Prompts.h"
-#include "core/ProgramState.h"
-#include "datafiles/CommaFile.h"
-#include "datafiles/DataFiles.h"
-#include "datafiles/FileNewDialog2.h"
-#include "link/Outgoing.h"
-#include "link/SocketProp.h"
-#include "options/Options.h"
-#include "options/Sections.h"
-#include "platform/Platform.h"
-#include "setup/ClassKeyBoard.h"
-#include "setup/ParBar.h"
-#include "setup/TestSetup.h"
-#include "texts/Message.h"
-#include "texts/Texts.h"
+#include "collection/Rooms.h"
 
 #include <functional>
 #include <memory>
 
 namespace trekor {
-
-// What the run works with; all of it outlives the run. The rooms are built by the roof (core/Program).
-struct RunRooms {
-  ProgramState& state;
-  Platform& platform;
-  TextDatabase& texts;
-  MessageCatalogue& messages;
-  OptionsDatabase& options;
-  Sections& sections;
-  SetupDatabase& setupDatabase;
-  TestSetup& setup;
-  DataFiles& files;
-  CommaFile& comma;
-  SocketProp& socket;
-  FileNewDialog2& fileNew;
-};
 
 class Measurements {
 public:
@@ -66,8 +38,11 @@ public:
   // PREPARE of the link: the station of the start, in kilometres.
   void Prepare_Station(double km);
 
-  // Stop a run and close a file, as every way out does first.
+  // Stop a run and close a file, as every way out does first. May be called from the middle of a run operation (an EXIT
+  // that came in at a pump): what stands in the grids is stored whole, and the operation below ends at its pump.
   void Stop_AndClose();
+  // Unloads the forms that belong to the run and closes the sound device: the second to fourth step of the unload.
+  void Unload_Forms();
   // The unload of the main form is the roof's business (core/Shutdown); this asks for it.
   std::function<void()> UnloadMainForm;
 
@@ -75,6 +50,13 @@ public:
   Parts& parts() { return *p; }
 
 private:
+  void Wire_Events();
+  void Load_Controls();
+  void Load_Direction();
+  void Show_Form();
+  void Send_SystemInfo();
+  void Close_Form();
+
   MeasurementsForm& form;
   RunRooms rooms;
   std::unique_ptr<Parts> p;

@@ -1,5 +1,5 @@
-// The two modal prompts: one box each, a title that says what is asked. Enter and Tab close with the box as it stands; Esc
-// and F4 put the old text back first, so that only an emptied box cancels.
+// The two modal prompts: one box each, a title that says what is asked. Enter and Tab close with the box as it stands;
+// Esc and F4 put the old text back first, so that only an emptied box cancels.
 #pragma once
 
 #include "forms/Form.h"
@@ -25,6 +25,8 @@ public:
   PromptForm form;
 
 private:
+  bool Key(int keyCode, int shift);
+  void Give_Up(); // the old text, and away
   Platform& platform;
   TextDatabase& texts;
   std::string before; // what the box held when it got the focus

@@ -1,0 +1,55 @@
+#include "collection/Boxes.h"
+
+#include "values/EntryCheck.h"
+#include "values/Text.h"
+
+#include <utility>
+
+namespace trekor {
+
+namespace {
+constexpr double SmallestDepth = 5, LargestDepth = 100; // the tip says 2: meant so
+} // namespace
+
+// A double click does nothing yet: it will open a list through the key injector.
+void Boxes::Wire() {
+  Wire(ctx.form.Texts6, 6);
+  Wire(ctx.form.Texts7, 7);
+  Wire(ctx.form.Texts8, 8);
+  ctx.form.txtGridDepth.OnLostFocus = [this] { Validate_GridDepth(); };
+}
+
+void Boxes::Wire(TextBox& box, int index) {
+  box.OnGotFocus = [this, &box, index] {
+    ctx.fields.FocusIndex = index;
+    kept = box.Text();
+    box.SelectAll();
+  };
+  box.OnLostFocus = [this, index] { Lost_Focus(index); };
+  box.OnKeyDown = [this](int keyCode, int) { return National_Key(keyCode); };
+  box.OnKeyPress = [this](char32_t typed) { return national != 0 ? std::exchange(national, 0) : typed; };
+}
+
+void Boxes::Lost_Focus(int index) {
+  ctx.fields.FocusIndex = -1;
+  if (index == 6)
+    stepping.Validate_Station();
+  if (index == 7)
+    stepping.Validate_Step();
+}
+
+// The keys that a Danish keyboard labels with its own letters give these whatever the layout.
+bool Boxes::National_Key(int keyCode) {
+  const bool danish = Upper(ctx.state().command.Language) == "DANISH";
+  const char32_t letter = keyCode == 192 ? U'\u00C6' : keyCode == 222 ? U'\u00D8' : keyCode == 221 ? U'\u00C5' : 0;
+  national = danish ? letter : 0;
+  return false; // the character follows
+}
+
+void Boxes::Validate_GridDepth() {
+  auto depth = static_cast<std::int16_t>(ctx.fields.GridDepth);
+  CheckEntry(&depth, ctx.form.txtGridDepth, SmallestDepth, LargestDepth, entryGuard, false, false);
+  ctx.fields.GridDepth = depth;
+}
+
+} // namespace trekor

@@ -1,0 +1,87 @@
+#include "collection/FileMenu.h"
+
+namespace trekor {
+
+void FileMenu::mnuNew_Click() {
+  if (asking) // a start from the link while the operator has the form before him
+    return;
+  if (ctx.run().DataFileOpen)
+    mnuClose_Click();
+  {
+    const WhileSet up(asking);
+    ctx.rooms.fileNew.ShowDialog();
+  }
+  auto& file = ctx.state().file;
+  if (file.DataName.empty() || ctx.fields.ending)
+    return;
+  file.DataGuid = NewGuid(false, ctx.rooms.platform.process);
+  Prepare_File();
+  Announce_File();
+}
+
+void FileMenu::Prepare_File() {
+  if (ctx.fields.closing) {
+    prepareHeld = true; // opened now, it would be closed with the file before it
+    return;
+  }
+  if (!ctx.rooms.files.CreateDataFile(ctx.rooms.setup))
+    return;
+  feedback.SetCaption();
+  setups.Lock_SetupControls();
+}
+
+// "FILE PATH D:\Roads", "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB", "FILE GUID 00..FF",
+// "FILE SESSION 1", "FILE OPEN", in one send.
+void FileMenu::Announce_File() {
+  if (ctx.run().FromLink || !ctx.run().DataFileOpen)
+    return;
+  const auto& file = ctx.state().file;
+  ctx.Send("FILE PATH " + file.DataPath + "\r\nFILE BACKUPPATH " + file.BackupPath + "\r\nFILE NAME " + file.DataName +
+           "\r\nFILE EXTENSION MDB\r\nFILE GUID " + file.DataGuid + "\r\nFILE SESSION " +
+           std::to_string(file.SessionID) + "\r\nFILE OPEN");
+}
+
+void FileMenu::mnuClose_Click() {
+  if (ctx.run().RunState != 0 || ctx.fields.closing)
+    return;
+  ctx.form.UpDnPicture.SetEnabled(true);
+  ctx.form.Texts7.SetEnabled(true);
+  if (!ctx.run().DataFileOpen)
+    return;
+  Close_File();
+  feedback.SetCaption();
+  setups.Unlock_SetupControls();
+  ctx.state().file.LastCloseTime = ctx.rooms.platform.clock.Now();
+  if (prepareHeld && !ctx.fields.ending) {
+    prepareHeld = false;
+    Prepare_File();
+  }
+}
+
+// The copies are made from the closed file, before it may be deleted. Data that stand nowhere else are never deleted:
+// the file goes only when this close has left its comma file.
+void FileMenu::Close_File() {
+  const RunCommand command(ctx.fields); // no start in the pumps in here
+  const WhileSet closing(ctx.fields.closing);
+  auto& state = ctx.state();
+  const std::string path = state.file.DataFilePath;
+  const bool written = state.options.WriteAscii && Write_CommaFile();
+  ctx.rooms.files.CloseDataFile();
+  if (!state.file.BackupPath.empty())
+    CopyFiles(state.file.DataPath, state.file.AsciiName + ".*", state.file.BackupPath, ctx.rooms.platform.drives);
+  ctx.Send("FILE CLOSE"); // the control program wants to hear it also when it has asked for it
+  ctx.run().DataFileOpen = false;
+  if (written && !state.options.KeepMdb)
+    ctx.rooms.platform.drives.DeleteFile(path);
+}
+
+// The first session's comma file has the data file's name, later ones the session's number behind it: ROAD09-02.
+bool FileMenu::Write_CommaFile() {
+  auto& file = ctx.state().file;
+  file.AsciiName = file.DataName;
+  if (file.SessionID > 1)
+    file.AsciiName += (file.SessionID < 10 ? "-0" : "-") + std::to_string(file.SessionID);
+  return ctx.rooms.comma.WriteCommaFile(file.SessionID, true, ctx.rooms.setup.ObsCount());
+}
+
+} // namespace trekor

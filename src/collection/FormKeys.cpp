@@ -1,0 +1,53 @@
+#include "collection/FormKeys.h"
+
+#include "collection/KeyCodes.h"
+
+namespace trekor {
+
+bool FormKeys::Form_KeyDown(int keyCode, int shift) {
+  if (ctx.fields.loading || ctx.fields.ending)
+    return false;
+  const bool inRun = ctx.run().RunState != 0;
+  if (inRun && keyCode == keys::NumLock)
+    ask.Freeze_NumLock();
+  if (keyCode == keys::F11) {
+    ctx.Send("EVENT CLICK");
+    return true;
+  }
+  if (!inRun)
+    return Idle_Key(keyCode, shift);
+  ring.Put(keyCode, shift);
+  return true;
+}
+
+bool FormKeys::Idle_Key(int keyCode, int shift) {
+  const bool increasing = ctx.position().DmiIncreasing;
+  if (keyCode == keys::F2)
+    run.Start_Run();
+  if (keyCode == keys::Delete)
+    pictures.Remove_SelectedKey();
+  const bool turns = shift != 0 && (keyCode == keys::Up ? !increasing : keyCode == keys::Down && increasing);
+  if (turns)
+    ctx.form.UpDnPicture.Click(); // which does nothing while it is disabled
+  // Ctrl+Shift+M will open the message editor here when the form store has not taken the key.
+  return ctx.rooms.texts.FormKeyDown(ctx.form, keyCode, shift) || keyCode == keys::F2;
+}
+
+void FormKeys::ToolBar_ButtonClick(const std::string& key) {
+  const int state = ctx.run().RunState;
+  if (key == "play" && (state == 0 || state == 2))
+    Form_KeyDown(keys::F2, 0);
+  else if (key == "pause" && state == 1)
+    Form_KeyDown(keys::F3, 0);
+  else if (key == "stop" && (state == 1 || state == 2))
+    Form_KeyDown(keys::F4, 0);
+  else if (key == "Camera1")
+    Form_KeyDown(keys::F11, 0);
+}
+
+void FormKeys::Form_Activate() {
+  if (ctx.run().RunState != 0)
+    ask.Freeze_NumLock();
+}
+
+} // namespace trekor

@@ -1,0 +1,234 @@
+#include "collection/Grids.h"
+
+#include "collection/StationsRow.h"
+
+namespace trekor {
+
+namespace {
+constexpr int StationsWidth = 2400, ObservationWidth = 840; // twips
+constexpr float FullStep = 100;                             // the step bar counts per cent
+} // namespace
+
+void Grids::Setup_Grid() {
+  auto& f = ctx.fields;
+  Grid& grid = ctx.form.Grid;
+  f.GridBusy = true;
+  grid.SetRedraw(false);
+  Clear_Rows();
+  grid.SetCols(ctx.rooms.setup.ObsCount() + 1);
+  ParBars.clear();
+  Make_Bar(0);
+  grid.SetText(NameRow, 0, "Stations");
+  // A setup without observations ends here, with GridBusy and redraw as they are: Format_GridHeader follows.
+  if (ctx.rooms.setup.ObsCount() == 0)
+    return;
+  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
+    Make_Column(i);
+  f.CurrentRow = grid.FixedRows();
+  f.CurrentCol = 0;
+  grid.SetRedraw(true);
+  f.GridBusy = false;
+}
+
+void Grids::Make_Column(int i) {
+  Grid& grid = ctx.form.Grid;
+  const auto& o = ctx.rooms.setup.Observations(i);
+  grid.SetText(KeyRow, i, KeyCaption ? KeyCaption(o.KeyCode()) : "");
+  Make_Bar(i);
+  grid.SetCellPicture(IconRow, i, o.ObsIcon());
+  grid.SetText(NameRow, i, o.ObsAbrvDisp());
+}
+
+void Grids::Make_Bar(int col) {
+  ParBar& bar = ParBars.emplace_back(ctx.form.Grid, BarRow, col, ctx.fields.CurrentCol);
+  if (col == 0) {
+    bar.SetMin(0);
+    bar.SetMax(FullStep);
+    return bar.SetDefault(0);
+  }
+  const auto& o = ctx.rooms.setup.Observations(col);
+  bar.SetMin(static_cast<float>(o.Min()));
+  bar.SetMax(static_cast<float>(o.Max()));
+  bar.SetDefault(static_cast<float>(o.DefaultNumber()));
+}
+
+void Grids::Format_GridHeader() {
+  Grid& grid = ctx.form.Grid;
+  ctx.fields.GridBusy = true;
+  grid.SetRedraw(false);
+  grid.SetCols(ctx.rooms.setup.ObsCount() + 1);
+  for (int col = 0; col < grid.Cols(); ++col) {
+    grid.SetColWidth(col, col == 0 ? StationsWidth : ObservationWidth);
+    grid.SetCellAlignment(KeyRow, col, Align::Centre);
+    grid.SetCellAlignment(NameRow, col, Align::Centre);
+  }
+  grid.SetRedraw(true);
+  ctx.fields.GridBusy = false;
+}
+
+void Grids::Add_StepRow() {
+  const WhileSet making(ctx.fields.rowOnStack);
+  Grid& grid = ctx.form.Grid;
+  ctx.fields.CurrentRow = grid.FixedRows();
+  ctx.fields.CurrentCol = 0;
+  grid.SetRedraw(false);
+  grid.SetCol(0);
+  const auto& at = ctx.position();
+  pending = PendingRow{.row = ctx.fields.CurrentRow, .station = at.NextStation.FileText()};
+  grid.AddItem(at.PreviousStation.Text() + " to " + at.NextStation.Text(), pending->row);
+  ctx.Pump();
+  Carry_Values();
+  ctx.Pump();
+  Finish_Row();
+  Drop_Oldest();
+}
+
+// What holds until it is changed goes into the new row; what belongs to one step starts afresh.
+void Grids::Carry_Values() {
+  if (!pending || pending->valuesDone)
+    return;
+  pending->valuesDone = true;
+  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
+    Carry(i, pending->row);
+}
+
+void Grids::Carry(int obs, int row) {
+  auto& o = ctx.rooms.setup.Observations(obs);
+  const bool text = o.DataTypeID == 4;
+  if (o.IsCarried()) {
+    const bool something = text ? o.DefaultText() != "" && o.DefaultText() != "0" : o.DefaultNumber() != 0;
+    if (something)
+      Show_Cell(row, obs);
+  } else if (text) {
+    SetBar(obs, 0); // the text itself stays
+  } else {
+    o.Reset();
+    if (Bar(obs) >= 0) // below 0 it waits for a second key, and goes on waiting
+      Show_Bar(obs);
+  }
+}
+
+void Grids::Add_EventRow(int obs) {
+  const WhileSet making(ctx.fields.rowOnStack);
+  Grid& grid = ctx.form.Grid;
+  const auto& key = ctx.position().KeyStation;
+  ctx.fields.GridBusy = true;
+  grid.SetRedraw(false);
+  grid.SetCol(0);
+  pending = PendingRow{.step = false, .obs = obs, .row = ctx.fields.CurrentRow + 1, .station = key.FileText()};
+  grid.AddItem(key.Text(), pending->row);
+  if (ctx.rooms.setup.Has(obs))
+    ctx.Pump();
+  Finish_Row();
+  Drop_Oldest();
+}
+
+void Grids::Finish_Row() {
+  if (!pending)
+    return;
+  Carry_OrWrite();
+  const PendingRow row = *pending;
+  pending.reset();
+  ctx.form.Grid.SetRedraw(true);
+  Grid& stations = ctx.form.StationsGrid;
+  if (row.step) // the row that stands there now has just ended; at the very start there is none
+    Write_Fix(stations, row.row, ctx.rooms.platform.clock.Now(), ctx.state().gps);
+  stations.AddItem("", row.row);
+  if (!row.step)
+    Write_Fix(stations, row.row, ctx.rooms.platform.clock.Now(), ctx.state().gps);
+  stations.SetText(row.row, ColRowKind, std::to_string(row.step ? StepRowKind : row.obs));
+  stations.SetText(row.row, ColStation, row.station);
+}
+
+void Grids::Carry_OrWrite() {
+  if (pending->step)
+    return Carry_Values();
+  Write_EventCells(pending->row, pending->obs);
+  ctx.fields.GridBusy = false;
+}
+
+void Grids::Write_EventCells(int row, int obs) {
+  if (!ctx.rooms.setup.Has(obs))
+    return;
+  const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
+  if (type < 3)
+    Show_Cell(row, obs);
+  else if (type == 4)
+    Write_Text(row, obs);
+}
+
+// The abbreviation, then the text in every cell of the rest: a merged row shows them as one. Only the row is merged;
+// merged columns would glue equal numbers of different rows together.
+void Grids::Write_Text(int row, int obs) {
+  Grid& grid = ctx.form.Grid;
+  const auto& o = ctx.rooms.setup.Observations(obs);
+  grid.SetText(row, 1, o.ObsAbrvDisp());
+  grid.SetMergeRow(row, true);
+  for (int col = 2; col <= ctx.rooms.setup.ObsCount(); ++col) {
+    grid.SetText(row, col, o.DefaultText());
+    grid.SetCellAlignment(row, col, Align::Left);
+  }
+}
+
+// Storing waits until a row leaves the buffer: it stays off the road of a key. Without a data file the row just goes.
+void Grids::Drop_Oldest() {
+  if (!BufferFull())
+    return;
+  if (ctx.run().DataFileOpen) {
+    ctx.Pump();
+    if (!BufferFull()) // an exit has stored all rows in that pump
+      return;
+    store.Flush_Row(ctx.form.Grid.Rows() - 1);
+  }
+  Remove_Row(ctx.form.Grid.Rows() - 1);
+}
+
+// Exactly one row too many: the depth can only be changed while no run is on.
+bool Grids::BufferFull() const {
+  const Grid& stations = ctx.form.StationsGrid;
+  return stations.Rows() == ctx.fields.GridDepth + 1 + stations.FixedRows();
+}
+
+void Grids::Remove_Row(int row) {
+  if (row < ctx.form.Grid.FixedRows())
+    return;
+  ctx.form.StationsGrid.RemoveItem(row);
+  ctx.form.Grid.RemoveItem(row);
+}
+
+void Grids::Clear_Rows() {
+  ctx.form.Grid.ClearToFixedRows();
+  ctx.form.StationsGrid.ClearToFixedRows();
+}
+
+void Grids::Reset_Values() {
+  ctx.form.Grid.SetRedraw(false);
+  for (auto& bar : ParBars)
+    bar.SetDefault(0);
+  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
+    ctx.rooms.setup.Observations(i).Reset();
+  ctx.form.Grid.SetRedraw(true);
+}
+
+int Grids::RowKindAt(int row) const {
+  return RowKind(ctx.form.StationsGrid, row);
+}
+
+void Grids::Show_Cell(int row, int obs) {
+  ctx.form.Grid.SetText(row, obs, ctx.rooms.setup.Observations(obs).DefaultText());
+}
+
+void Grids::Show_Bar(int obs) {
+  SetBar(obs, static_cast<float>(ctx.rooms.setup.Observations(obs).DefaultNumber()));
+}
+
+void Grids::SetBar(int col, float value) {
+  if (col >= 0 && col < static_cast<int>(ParBars.size()))
+    ParBars[static_cast<std::size_t>(col)].SetDefault(value);
+}
+
+float Grids::Bar(int col) const {
+  return col >= 0 && col < static_cast<int>(ParBars.size()) ? ParBars[static_cast<std::size_t>(col)].Default() : 0;
+}
+
+} // namespace trekor

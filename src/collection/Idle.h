@@ -1,0 +1,35 @@
+// The tick that carries the whole run: every 25 ms one pump, one key at most, and now and then the slow work. Nothing
+// in here asks a database or the window system, and nothing is written that has not changed.
+#pragma once
+
+#include "collection/Feedback.h"
+#include "collection/KeyPictures.h"
+#include "collection/Registrations.h"
+#include "collection/RunContext.h"
+#include "collection/Stepping.h"
+
+namespace trekor {
+
+class Idle {
+public:
+  Idle(RunContext& context, Registrations& registrations, Grids& collectionGrids, Stepping& roadSteps, Feedback& sounds,
+       KeyPictures& keyPictures)
+      : ctx(context), keys(registrations), grids(collectionGrids), stepping(roadSteps), feedback(sounds),
+        pictures(keyPictures) {}
+  void Idle_Tick();
+
+private:
+  void Tick();
+  void Slow_Work();
+  void Simulate_DMI();
+  void Watch_Minimise();
+
+  RunContext& ctx;
+  Registrations& keys;
+  Grids& grids;
+  Stepping& stepping;
+  Feedback& feedback;
+  KeyPictures& pictures;
+};
+
+} // namespace trekor

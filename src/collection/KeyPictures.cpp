@@ -1,0 +1,140 @@
+#include "collection/KeyPictures.h"
+
+#include "collection/Grids.h"
+#include "collection/KeyCodes.h"
+
+namespace trekor {
+
+namespace {
+constexpr int SpaceBar = 32;
+constexpr int TabKeyboard = 1, TabKeypad = 2;
+} // namespace
+
+KeyPictures::KeyPictures(RunContext& context)
+    : ctx(context), KeyBoardClass(tables, context.rooms.setup), KeyPadClass(tables, context.rooms.setup),
+      FloatingKeyBoard(tables, context.rooms.setup), FloatingKeyPad(tables, context.rooms.setup) {}
+
+void KeyPictures::Init_KeyTables() {
+  tables = KeyTables();
+  KeyBoardClass.MakeKeyBoard(ctx.form.fxgKeyBoard, false);
+  KeyPadClass.MakeKeyPad(ctx.form.fxgKeyPad, false);
+  Load_Floating(frmKeyBoard, frmKeyBoard.fxgKeyBoard, ctx.form.mnuViewKeyBoard);
+  FloatingKeyBoard.MakeKeyBoard(frmKeyBoard.fxgKeyBoard, true);
+  Load_Floating(frmKeyPad, frmKeyPad.fxgKeyPad, ctx.form.mnuViewKeyPad);
+  FloatingKeyPad.MakeKeyPad(frmKeyPad.fxgKeyPad, true);
+}
+
+void KeyPictures::Load_Floating(Form& floating, Grid& grid, Menu& entry) {
+  ctx.rooms.texts.LoadFormProperties(floating);
+  floating.OnResize = [&floating, &grid] { grid.Move(0, 0, floating.Width, floating.Height); };
+  floating.OnQueryUnload = [this, &floating, &entry] {
+    Put_Away(floating, entry);
+    return false;
+  };
+  floating.OnKeyDown = [this, &floating, &entry](int key, int) {
+    const bool away = key == keys::Esc || key == keys::F4;
+    if (away)
+      Put_Away(floating, entry);
+    return away;
+  };
+  grid.OnDblClick = [this, &floating, &entry] { Put_Away(floating, entry); };
+  // The keys are the main form's: it gets the focus back from the picture.
+  grid.OnClick = [this](int, int) { ctx.rooms.platform.shell.SetFocus(ctx.form.Grid); };
+  floating.OnResize();
+  floating.Loaded = true;
+}
+
+void KeyPictures::Load_Views() {
+  ctx.rooms.platform.shell.Load(frmKeyBoard);
+  ctx.rooms.platform.shell.Load(frmKeyPad);
+}
+
+void KeyPictures::Put_Away(Form& floating, Menu& entry) {
+  ctx.rooms.platform.shell.Hide(floating);
+  entry.SetChecked(false);
+}
+
+void KeyPictures::AddSetup() {
+  KeyBoardClass.AddSetup();
+  KeyPadClass.AddSetup();
+  FloatingKeyBoard.AddSetup();
+  FloatingKeyPad.AddSetup();
+}
+
+void KeyPictures::RemoveSetup() {
+  KeyBoardClass.RemoveSetup();
+  KeyPadClass.RemoveSetup();
+  FloatingKeyBoard.RemoveSetup();
+  FloatingKeyPad.RemoveSetup();
+}
+
+std::string KeyPictures::KeyCaption(int code) const {
+  if (code == SpaceBar)
+    return "[ ]";
+  const auto text = KeyBoardClass.KeyText(code);
+  return text.empty() ? KeyPadClass.KeyText(code) : text;
+}
+
+void KeyPictures::Remove_SelectedKey() {
+  const int tab = ctx.form.TabStrip1.Selected();
+  if (tab != TabKeyboard && tab != TabKeypad)
+    return;
+  const Grid& picture = tab == TabKeyboard ? ctx.form.fxgKeyBoard : ctx.form.fxgKeyPad;
+  const auto& text = picture.Text(picture.Row(), picture.Col());
+  const int code = tab == TabKeyboard ? KeyBoard_KeyCode(text) : KeyPad_KeyCode(text);
+  const int obs = code < 0 ? -1 : ctx.rooms.setup.KeyToObs(code);
+  if (ctx.rooms.setup.Has(obs))
+    Remove_Key(obs, code);
+}
+
+// The pictures go first, as they find the key by the observation's own code. The header stays empty until the grid is
+// made anew.
+void KeyPictures::Remove_Key(int obs, int code) {
+  for (ClassKeyBoard* picture : {&KeyBoardClass, &KeyPadClass, &FloatingKeyBoard, &FloatingKeyPad})
+    picture->RemoveKey(obs);
+  ctx.form.Grid.SetText(Grids::KeyRow, obs, "");
+  ctx.rooms.setup.Clear_SetupKey(obs);
+  ctx.rooms.setup.Observations(obs).SetKeyCode(-1);
+  ctx.rooms.setup.SetKeyToObs(code, -1);
+}
+
+void KeyPictures::mnuViewKeyBoard_Click() {
+  Toggle(frmKeyBoard, ctx.form.mnuViewKeyBoard, FloatingKeyBoard);
+}
+
+void KeyPictures::mnuViewKeyPad_Click() {
+  Toggle(frmKeyPad, ctx.form.mnuViewKeyPad, FloatingKeyPad);
+}
+
+void KeyPictures::Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture) {
+  entry.SetChecked(!entry.Checked());
+  if (!entry.Checked())
+    return ctx.rooms.platform.shell.Hide(floating);
+  picture.AddSetup();
+  ctx.rooms.platform.shell.Show(floating);
+}
+
+void KeyPictures::Show_KeyForms() {
+  if (ctx.form.mnuViewKeyBoard.Checked())
+    ctx.rooms.platform.shell.Show(frmKeyBoard);
+  if (ctx.form.mnuViewKeyPad.Checked())
+    ctx.rooms.platform.shell.Show(frmKeyPad);
+}
+
+void KeyPictures::Hide_KeyForms() {
+  for (Form* floating : {static_cast<Form*>(&frmKeyBoard), static_cast<Form*>(&frmKeyPad)})
+    if (floating->Shown)
+      ctx.rooms.platform.shell.Hide(*floating);
+}
+
+void KeyPictures::Unload() {
+  for (Form* floating : {static_cast<Form*>(&frmKeyBoard), static_cast<Form*>(&frmKeyPad)}) {
+    if (!floating->Loaded)
+      continue;
+    ctx.rooms.texts.SaveFormProperties(*floating);
+    ctx.rooms.platform.shell.Unload(*floating);
+    floating->Loaded = false;
+  }
+}
+
+} // namespace trekor

@@ -1,0 +1,47 @@
+// The on-screen keyboard and keypad, docked in their tabs and floating in windows of their own: who is painted when,
+// and the taking away of a key.
+#pragma once
+
+#include "collection/RunContext.h"
+
+#include <string>
+
+namespace trekor {
+
+class KeyPictures {
+public:
+  explicit KeyPictures(RunContext& context);
+  // Lays out all four pictures and dresses the floating windows without showing them. Their views are made by
+  // Load_Views, when the main form can already be seen.
+  void Init_KeyTables();
+  void Load_Views();
+  // The setup's icons on all four pictures, or away from them.
+  void AddSetup();
+  void RemoveSetup();
+  // The text on the key as a column header shows it; the space bar reads "[ ]", no key "".
+  std::string KeyCaption(int code) const;
+  // Delete in idle, on the tab Keyboard or Keypad: the key under the cursor no longer carries its observation.
+  void Remove_SelectedKey();
+
+  void mnuViewKeyBoard_Click();
+  void mnuViewKeyPad_Click();
+  // The windows that are ticked in the menu, when the main form is shown or no longer minimised.
+  void Show_KeyForms();
+  void Hide_KeyForms();
+  void Unload();
+
+  frmKeyBoardForm frmKeyBoard;
+  frmKeyPadForm frmKeyPad;
+
+private:
+  void Load_Floating(Form& floating, Grid& grid, Menu& entry);
+  void Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture);
+  void Put_Away(Form& floating, Menu& entry);
+  void Remove_Key(int obs, int code);
+
+  RunContext& ctx;
+  KeyTables tables;
+  ClassKeyBoard KeyBoardClass, KeyPadClass, FloatingKeyBoard, FloatingKeyPad;
+};
+
+} // namespace trekor

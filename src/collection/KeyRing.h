@@ -1,0 +1,25 @@
+// The keys that wait for a tick: a ring of 16, filled within the key event and emptied one key a tick, so that no key
+// is lost while a row is stored. There is no overflow test: 16 keys ahead of the reader lose the backlog.
+#pragma once
+
+#include <array>
+
+namespace trekor {
+
+struct KeyRing {
+  static constexpr int Size = 16;
+  std::array<int, Size> KeyCodes{}, KeyShifts{};
+  int KeyHead = 0, KeyTail = 0; // read and write index
+
+  bool Empty() const { return KeyHead == KeyTail; }
+  void Put(int code, int shift) {
+    KeyCodes[static_cast<std::size_t>(KeyTail)] = code;
+    KeyShifts[static_cast<std::size_t>(KeyTail)] = shift;
+    KeyTail = (KeyTail + 1) % Size;
+  }
+  int Front() const { return KeyCodes[static_cast<std::size_t>(KeyHead)]; }
+  void Advance() { KeyHead = (KeyHead + 1) % Size; }
+  void Clear() { KeyHead = KeyTail = 0; }
+};
+
+} // namespace trekor

@@ -1,0 +1,122 @@
+// The load of the main form: events tied to their handlers, the stored look, the first setup, the window, the link.
+#include "collection/Icons.h"
+#include "collection/Measurements.h"
+#include "collection/Parts.h"
+
+namespace trekor {
+
+namespace {
+constexpr int Minimised = 1, Normal = 0;
+} // namespace
+
+void Measurements::Wire_Events() {
+  form.OnKeyDown = [this](int keyCode, int shift) { return Form_KeyDown(keyCode, shift); };
+  form.OnKeyPress = [this](char32_t typed) { return Form_KeyPress(typed); };
+  form.OnActivate = [this] { p->keys.Form_Activate(); };
+  form.OnResize = [this] { p->layout.Resize(); };
+  form.OnQueryUnload = [this] {
+    Close_Form();
+    return true;
+  };
+  form.IdleTimer.OnTimer = [this] { Idle_Tick(); };
+  form.TimerCurtain.OnTimer = [this] { p->layout.TimerCurtain_Timer(); };
+  form.tbControlBar.OnButtonClick = [this](const std::string& key) { p->keys.ToolBar_ButtonClick(key); };
+  form.TabStrip1.OnClick = [this] { p->layout.TabStrip1_Click(); };
+  form.UpDnPicture.OnClick = [this] { p->stepping.UpDnPicture_Click(); };
+  form.cboTestSetupNames.OnClick = [this] { p->setups.cboTestSetupNames_Click(); };
+  form.mnuNew.OnClick = [this] { mnuNew_Click(); };
+  form.mnuClose.OnClick = [this] { mnuClose_Click(); };
+  form.mnuExit.OnClick = [this] { mnuExit_Click(); };
+  form.mnuViewKeyBoard.OnClick = [this] { p->keyPictures.mnuViewKeyBoard_Click(); };
+  form.mnuViewKeyPad.OnClick = [this] { p->keyPictures.mnuViewKeyPad_Click(); };
+  form.mnuViewSocket.OnClick = [this] { rooms.platform.shell.Show(rooms.socket.form); };
+  p->boxes.Wire();
+}
+
+void Measurements::Load_Form() {
+  p->ctx.fields.loading = true;
+  rooms.platform.shell.Hourglass(true);
+  Load_Icons(form, rooms.state.folders.GraphicsPath, rooms.platform.drives);
+  p->frmBars.Loaded = true; // the pictures of the bars are the views' own
+  p->layout.Setup_Tabs();
+  rooms.texts.LoadFormProperties(form);
+  Load_Controls();
+  Load_Direction();
+  rooms.state.run.RunState = 0;
+  Show_Form();
+  p->ctx.fields.loading = false; // the link may command a start as soon as it stands
+  Send_SystemInfo();
+  p->ctx.Pump();
+  p->layout.Resize();
+  rooms.platform.shell.Hourglass(false);
+  if (!p->ctx.fields.ending)
+    form.IdleTimer.SetRunning(true);
+}
+
+void Measurements::Load_Controls() {
+  p->layout.Resize(); // the grid comes to stand under the tabs
+  p->layout.TabStrip1_Click();
+  if (rooms.state.run.UserLevel < 1)
+    form.mnuMessaging.SetVisible(false);
+  // What these open is not built yet.
+  for (Menu* entry : {&form.mnuOpen, &form.mnuExport, &form.mnuObsEdit, &form.mnuOptions, &form.mnuMessaging,
+                      &form.mnuHelpTopics, &form.mnuAbout})
+    entry->SetEnabled(false);
+  auto& previous = rooms.state.position.PreviousStation;
+  previous.SetText(form.Texts8.Text());
+  form.Texts8.SetText(previous.Text());
+  p->stepping.Validate_Step();
+  p->stepping.Validate_Station();
+  p->boxes.Validate_GridDepth();
+  p->keyPictures.Init_KeyTables();
+  p->setups.Load_TestSetupNames();
+  p->stepping.Show_UnitLabel();
+}
+
+// The opposite of what the label says, then the click that turns it: so picture, label and direction agree, and the
+// label "1" starts with stations increasing.
+void Measurements::Load_Direction() {
+  rooms.state.position.DmiIncreasing = form.DmiDirLabel.Caption() != "1";
+  p->stepping.UpDnPicture_Click();
+}
+
+void Measurements::Show_Form() {
+  auto& shell = rooms.platform.shell;
+  SetCaption();
+  shell.Load(form);
+  form.Loaded = true;
+  shell.Show(form);
+  // The first word on units has no socket to go to, but its wait is part of the start: spent here, the form is painted
+  // in it. The sound device, too, can wait until there is something to see.
+  SendUnits(rooms.state, rooms.socket);
+  rooms.platform.sound.Open_SoundDevice();
+  rooms.messages.Load_Form();
+  p->asking.NumericPrompt.Load();
+  p->asking.TextPrompt.Load();
+  rooms.socket.Load();
+  p->keyPictures.Load_Views();
+  p->keyPictures.Show_KeyForms();
+  form.tbControlBar.SetButtonEnabled("play", true);
+  form.tbControlBar.SetButtonEnabled("pause", false);
+  form.tbControlBar.SetButtonEnabled("stop", false);
+  p->grids.Format_GridHeader();
+}
+
+// "SET SYSTEM TREKOR UNKNOWN 7707-104". Before the connection stands it would go nowhere.
+void Measurements::Send_SystemInfo() {
+  rooms.socket.WaitForFirstConnection();
+  p->ctx.Send(std::string("SET SYSTEM TREKOR ") + (rooms.state.run.Simulator ? "SIMULATOR" : "UNKNOWN") + " " +
+              rooms.state.command.HardwareName);
+}
+
+// The close box: the windows come back first, then a run is stopped and a file closed.
+void Measurements::Close_Form() {
+  if (form.WindowState() == Minimised) {
+    p->keyPictures.Show_KeyForms();
+    form.SetWindowState(Normal);
+    form.Refresh();
+  }
+  Stop_AndClose();
+}
+
+} // namespace trekor

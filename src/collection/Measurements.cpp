@@ -1,0 +1,92 @@
+#include "collection/Measurements.h"
+
+#include "collection/Parts.h"
+
+namespace trekor {
+
+Measurements::Measurements(MeasurementsForm& mainForm, RunRooms runRooms)
+    : form(mainForm), rooms(runRooms), p(std::make_unique<Parts>(mainForm, runRooms)) {
+  p->grids.KeyCaption = [this](int code) { return p->keyPictures.KeyCaption(code); };
+  rooms.comma.AsciiFileProgress = [this](int percent) { AsciiFileProgress(percent); };
+  Wire_Events();
+}
+
+Measurements::~Measurements() = default;
+
+bool Measurements::Form_KeyDown(int keyCode, int shift) {
+  return p->keys.Form_KeyDown(keyCode, shift);
+}
+
+// No control gets a typed letter during a run.
+bool Measurements::Form_KeyPress(char32_t) {
+  return rooms.state.run.RunState != 0;
+}
+
+void Measurements::Check_DMI() {
+  p->stepping.Check_DMI();
+}
+
+void Measurements::Set_UpDnIcon() {
+  p->stepping.Set_UpDnIcon();
+}
+
+void Measurements::Prepare_File() {
+  p->files.Prepare_File();
+}
+
+void Measurements::mnuNew_Click() {
+  p->files.mnuNew_Click();
+}
+
+void Measurements::mnuClose_Click() {
+  p->files.mnuClose_Click();
+}
+
+void Measurements::mnuExit_Click() {
+  if (UnloadMainForm)
+    UnloadMainForm();
+}
+
+void Measurements::SetUnitLabels() {
+  p->stepping.SetUnitLabels();
+}
+
+void Measurements::SetCaption() {
+  p->feedback.SetCaption();
+}
+
+void Measurements::EnterHugeNumber(int index) {
+  p->asking.EnterHugeNumber(index);
+}
+
+void Measurements::EnterHugeText(int index) {
+  p->asking.EnterHugeText(index);
+}
+
+void Measurements::Idle_Tick() {
+  p->idle.Idle_Tick();
+}
+
+void Measurements::AsciiFileProgress(int percent) {
+  p->feedback.AsciiFileProgress(percent);
+}
+
+void Measurements::Prepare_Station(double km) {
+  rooms.state.position.KeyStation.SetDefault(km);
+  form.Texts6.SetText(rooms.state.position.KeyStation.Text());
+}
+
+void Measurements::Stop_AndClose() {
+  p->run.Stop_AndClose();
+}
+
+void Measurements::Unload_Forms() {
+  p->frmBars.Loaded = false;
+  p->asking.TextPrompt.Unload();
+  p->asking.NumericPrompt.Unload();
+  rooms.messages.Unload_Form();
+  rooms.platform.sound.Close_SoundDevice();
+  p->keyPictures.Unload();
+}
+
+} // namespace trekor

@@ -1,0 +1,46 @@
+// The subjects of the run, tied together. Each knows those it needs and no more.
+#pragma once
+
+#include "collection/Asking.h"
+#include "collection/Boxes.h"
+#include "collection/Feedback.h"
+#include "collection/FileMenu.h"
+#include "collection/FormKeys.h"
+#include "collection/Grids.h"
+#include "collection/Idle.h"
+#include "collection/KeyPictures.h"
+#include "collection/KeyRing.h"
+#include "collection/Layout.h"
+#include "collection/Measurements.h"
+#include "collection/Registrations.h"
+#include "collection/Run.h"
+#include "collection/RunContext.h"
+#include "collection/SetupChoice.h"
+#include "collection/Stepping.h"
+#include "collection/Storing.h"
+
+namespace trekor {
+
+struct Measurements::Parts {
+  Parts(MeasurementsForm& form, const RunRooms& rooms) : ctx{form, rooms} {}
+
+  RunContext ctx;
+  KeyRing ring;
+  frmBarsForm frmBars;
+  Feedback feedback{ctx};
+  Asking asking{ctx};
+  Storing storing{ctx};
+  Grids grids{ctx, asking, storing};
+  Stepping stepping{ctx, grids, feedback};
+  KeyPictures keyPictures{ctx};
+  SetupChoice setups{ctx, keyPictures, grids, feedback};
+  FileMenu files{ctx, setups, feedback};
+  Layout layout{ctx};
+  Run run{ctx, ring, asking, grids, storing, stepping, layout, files};
+  Registrations registrations{ctx, ring, run, asking, grids, stepping, feedback};
+  FormKeys keys{ctx, ring, run, asking, keyPictures};
+  Boxes boxes{ctx, stepping};
+  Idle idle{ctx, registrations, grids, stepping, feedback, keyPictures};
+};
+
+} // namespace trekor

@@ -1,0 +1,64 @@
+#include "collection/Prompts.h"
+
+namespace trekor {
+
+namespace {
+constexpr int KeyTab = 9, KeyEnter = 13, KeyEsc = 27, KeyF4 = 115;
+} // namespace
+
+Prompt::Prompt(const std::string& formName, Platform& machine, TextDatabase& textDatabase)
+    : form(formName), platform(machine), texts(textDatabase) {
+  form.txtBox.OnGotFocus = [this] {
+    before = form.txtBox.Text();
+    form.txtBox.SelectAll();
+  };
+  form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
+  form.OnQueryUnload = [this] {
+    Give_Up();
+    return false; // the form lives on for the next question
+  };
+}
+
+bool Prompt::Key(int keyCode, int shift) {
+  if (texts.FormKeyDown(form, keyCode, shift))
+    return true;
+  if (keyCode == KeyEsc || keyCode == KeyF4)
+    Give_Up();
+  else if (keyCode == KeyEnter || keyCode == KeyTab)
+    platform.shell.Hide(form);
+  else
+    return false;
+  return true;
+}
+
+void Prompt::Give_Up() {
+  form.txtBox.SetText(before);
+  platform.shell.Hide(form);
+}
+
+void Prompt::Load() {
+  texts.LoadFormProperties(form);
+  platform.shell.Load(form);
+  form.Loaded = true;
+}
+
+void Prompt::Unload() {
+  if (!form.Loaded)
+    return;
+  texts.SaveFormProperties(form);
+  platform.shell.Unload(form);
+  form.Loaded = false;
+}
+
+std::string Prompt::Ask(const std::string& title, const std::string& first, int maxLength) {
+  form.SetCaption(title);
+  form.txtBox.MaxLength = maxLength;
+  form.txtBox.SetText(first);
+  before = first; // for a window system that has the focus there already
+  form.txtBox.SelectAll();
+  platform.shell.SetFocus(form.txtBox);
+  platform.shell.ShowModal(form);
+  return form.txtBox.Text();
+}
+
+} // namespace trekor

@@ -1,0 +1,225 @@
+#include "collection/Registrations.h"
+
+#include "collection/KeyCodes.h"
+#include "collection/StationsRow.h"
+#include "values/Text.h"
+
+#include <cmath>
+
+namespace trekor {
+
+namespace {
+
+constexpr int TypeBoolean = 0, TypeInteger = 1, TypeFloat = 2, TypeUnnamed = 3, TypeText = 4;
+constexpr int KeyingTwoKeys = 2;
+constexpr float WaitingPicture = -13;
+constexpr int NoDigit = -1;
+
+bool HasBar(int type) {
+  return type == TypeBoolean || type == TypeInteger || type == TypeFloat;
+}
+
+// 0 to 9 for the digits of the keyboard and of the pad, else -1.
+int DigitOf(int key) {
+  if (key >= 48 && key <= 57)
+    return key - 48;
+  return key >= 96 && key <= 105 ? key - 96 : NoDigit;
+}
+
+} // namespace
+
+void Registrations::Process_Key() {
+  // A key that comes while a row is being made waits for the next tick.
+  if (ring.Empty() || ctx.fields.rowOnStack)
+    return;
+  auto& at = ctx.position();
+  if (ctx.run().RunState != 0)
+    at.KeyStation.SetDefault(at.DmiStation.Default());
+  Carry_Out(ring.Front());
+  ring.Advance();
+  stepping.Release_HeldDmi();
+}
+
+void Registrations::Carry_Out(int key) {
+  switch (key) {
+  case keys::F2:
+    return ctx.run().RunState != 0 ? run.Resume_Run() : run.Start_Run();
+  case keys::F3:
+    return run.Pause_Run();
+  case keys::Esc:
+  case keys::F4:
+    return Paused() ? run.Stop_FromPause() : run.Stop_Run();
+  case keys::Delete:
+    return Delete_Key();
+  default:
+    return Register(key);
+  }
+}
+
+void Registrations::Register(int key) {
+  auto& f = ctx.fields;
+  if (Paused()) {
+    const Grid& stations = ctx.form.StationsGrid;
+    if (f.CurrentRow < stations.Rows())
+      ctx.position().KeyStation.SetFileText(stations.Text(f.CurrentRow, ColStation));
+    if (grids.RowKindAt(f.CurrentRow) > 0)
+      return; // an event row keeps its one value
+  }
+  if (f.AwaitValue)
+    return Take_SecondKey(key);
+  if (!Find_Observation(key))
+    return feedback.PlaySystemSound(1);
+  if (Current().KeyingCode == KeyingTwoKeys)
+    return Arm();
+  if (Paused() && Current().MakesOwnRow() && !ask.Ask_EventStation(f.CurrentObs))
+    return;
+  if (!f.ending && Change_Value() && !f.ending)
+    Show();
+}
+
+bool Registrations::Find_Observation(int key) {
+  // A code beyond the table finds nothing and leaves the observation of the key before: that acts once more.
+  if (key <= TestSetup::LastKeyCode)
+    ctx.fields.CurrentObs = ctx.rooms.setup.KeyToObs(key);
+  return ctx.rooms.setup.Has(ctx.fields.CurrentObs);
+}
+
+void Registrations::Arm() {
+  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
+  ctx.fields.AwaitValue = true;
+  grids.SetBar(ctx.fields.CurrentObs, WaitingPicture);
+}
+
+void Registrations::Take_SecondKey(int key) {
+  auto& f = ctx.fields;
+  f.AwaitValue = false;
+  if (!ctx.rooms.setup.Has(f.CurrentObs)) // armed under a larger setup
+    return;
+  f.GridBusy = true;
+  grids.SetBar(f.CurrentObs, 0);
+  if (const int digit = DigitOf(key); digit != NoDigit) {
+    Current().SetDefault(std::int32_t{digit});
+    feedback.PlayDigitSound(CurrentInt());
+  } else {
+    Current().SetDefault(FromWindows1252(std::string(1, static_cast<char>(key))));
+  }
+  Show();
+}
+
+// False ends the key with nothing changed.
+bool Registrations::Change_Value() {
+  const int obs = ctx.fields.CurrentObs;
+  switch (Current().DataTypeID) {
+  case TypeBoolean:
+    Current().IncValue();
+    feedback.PlayObservationSound(obs, CurrentInt());
+    return true;
+  case TypeInteger:
+    return Change_Whole();
+  case TypeFloat:
+    return Ask_Float();
+  case TypeText:
+    return Ask_TextValue();
+  default:
+    return true;
+  }
+}
+
+bool Registrations::Change_Whole() {
+  const int obs = ctx.fields.CurrentObs;
+  ClassObservation& o = Current();
+  if (!o.MakesOwnRow()) {
+    o.IncValue();
+    if (o.DefaultNumber() == 1)
+      feedback.PlayObservationSound(obs, 1);
+    else
+      feedback.PlayDigitSound(CurrentInt());
+    return true;
+  }
+  feedback.PlayObservationSound(obs, NoDigit);
+  if (o.Max() - o.Min() > 1) {
+    const auto answer = ask.Ask_Number(obs);
+    if (answer.empty() || ctx.fields.ending)
+      return false;
+    Asking::Take_Number(o, answer);
+  } else {
+    const bool toMinimum = o.RegModeCode != 0 && o.DefaultNumber() == o.Max();
+    o.SetDefault(toMinimum ? o.Min() : o.Max());
+  }
+  feedback.PlayObservationSound(obs, CurrentInt());
+  return true;
+}
+
+bool Registrations::Ask_Float() {
+  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
+  const auto answer = ask.Ask_Number(ctx.fields.CurrentObs);
+  if (answer.empty() || ctx.fields.ending)
+    return false;
+  Asking::Take_Number(Current(), answer);
+  return true;
+}
+
+bool Registrations::Ask_TextValue() {
+  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
+  const auto answer = ask.Ask_Text(ctx.fields.CurrentObs);
+  if (answer.empty() || ctx.fields.ending)
+    return false;
+  Current().SetDefault(answer);
+  return true;
+}
+
+void Registrations::Show() {
+  auto& f = ctx.fields;
+  Grid& grid = ctx.form.Grid;
+  f.GridBusy = true;
+  const int type = Current().DataTypeID;
+  if (HasBar(type))
+    grids.Show_Bar(f.CurrentObs);
+  grids.Show_Cell(f.CurrentRow, f.CurrentObs);
+  if (type == TypeText) {
+    grid.SetRow(f.CurrentRow);
+    grid.SetCol(f.CurrentObs);
+    grid.SetCellAlignment(f.CurrentRow, f.CurrentObs, Align::Left);
+  }
+  if (Current().MakesOwnRow())
+    grids.Add_EventRow(f.CurrentObs);
+  if (Paused())
+    grid.SetColSel(ctx.rooms.setup.ObsCount());
+  f.GridBusy = false;
+}
+
+void Registrations::Delete_Key() {
+  auto& f = ctx.fields;
+  if (f.AwaitValue) { // the first key of the pair is withdrawn
+    f.AwaitValue = false;
+    grids.SetBar(f.CurrentObs, 0);
+    f.CurrentObs = 0;
+  } else if (Paused() && grids.RowKindAt(f.CurrentRow) > 0) {
+    grids.Remove_Row(f.CurrentRow);
+  } else if (Paused()) {
+    Delete_Cell();
+  }
+}
+
+void Registrations::Delete_Cell() {
+  Grid& grid = ctx.form.Grid;
+  const int row = ctx.fields.CurrentRow, col = grid.Col();
+  if (!ctx.rooms.setup.Has(col) || TrimView(grid.Text(row, col)).empty())
+    return;
+  ClassObservation& o = ctx.rooms.setup.Observations(col);
+  if (HasBar(o.DataTypeID)) {
+    o.Reset();
+    grids.Show_Bar(col);
+    grids.Show_Cell(row, col);
+  } else {
+    o.SetDefault(std::string());
+    grid.SetText(row, col, "");
+  }
+}
+
+int Registrations::CurrentInt() const {
+  const double whole = std::floor(Current().DefaultNumber());
+  return std::abs(whole) < 1e9 ? static_cast<int>(whole) : NoDigit;
+}
+
+} // namespace trekor

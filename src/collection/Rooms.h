@@ -1,0 +1,36 @@
+// The rooms that the run works with; all of them outlive it. They are built by the roof (core/Program).
+#pragma once
+
+#include "core/ProgramState.h"
+#include "datafiles/CommaFile.h"
+#include "datafiles/DataFiles.h"
+#include "datafiles/FileNewDialog2.h"
+#include "link/Outgoing.h"
+#include "link/SocketProp.h"
+#include "options/Options.h"
+#include "options/Sections.h"
+#include "platform/Platform.h"
+#include "setup/ClassKeyBoard.h"
+#include "setup/ParBar.h"
+#include "setup/TestSetup.h"
+#include "texts/Message.h"
+#include "texts/Texts.h"
+
+namespace trekor {
+
+struct RunRooms {
+  ProgramState& state;
+  Platform& platform;
+  TextDatabase& texts;
+  MessageCatalogue& messages;
+  OptionsDatabase& options;
+  Sections& sections;
+  SetupDatabase& setupDatabase;
+  TestSetup& setup;
+  DataFiles& files;
+  CommaFile& comma;
+  SocketProp& socket;
+  FileNewDialog2& fileNew;
+};
+
+} // namespace trekor

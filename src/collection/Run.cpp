@@ -1,0 +1,235 @@
+#include "collection/Run.h"
+
+#include "collection/StationsRow.h"
+#include "values/NumberText.h"
+
+namespace trekor {
+
+namespace {
+constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind START
+} // namespace
+
+// The waits let ticks and link messages in while RunState is still 0; the guard keeps their commands out, and an exit
+// among them sets `ending`, after which this start has nothing more to do.
+void Run::Start_Run() {
+  if (!ctx.fields.BusyGuard)
+    return;
+  const RunCommand command(ctx.fields);
+  const WhileSet starting(ctx.fields.starting);
+  if (!Prepare_Start())
+    return;
+  stepping.Set_FirstBoundary();
+  ask.Freeze_NumLock();
+  grids.Add_StepRow();
+  if (ctx.fields.ending)
+    return;
+  if (ctx.run().DataFileOpen) {
+    if (!Announce_Start())
+      return;
+    Begin_File();
+  }
+  Show_Running();
+  if (ctx.fields.ending) // the box that lost the focus may have sent, and so pumped
+    return;
+  ring.Clear();
+  ctx.fields.heldDmi = 0;
+  ctx.run().RunState = 1;
+}
+
+// File, step and station of the start. False: no run, silently.
+bool Run::Prepare_Start() {
+  auto& at = ctx.position();
+  if (!ctx.run().DataFileOpen)
+    files.mnuNew_Click(); // left without a file, the run goes on: it stores nothing
+  if (ctx.fields.ending)
+    return false;
+  if (ask.NumLockFrozen())
+    ctx.fields.NumLockAtStart = ctx.rooms.platform.keyboard.NumLock();
+  at.DmiAtStart = at.DmiStation.Default();
+  // Asked also when the link has commanded the start. A box that was just set to 0 is not seen here, only below.
+  if (at.StepSize.Default() == 0)
+    ask.EnterHugeNumber(7);
+  if (ctx.fields.ending || !Read_Step())
+    return false;
+  Settle_Station();
+  return !ctx.fields.ending;
+}
+
+bool Run::Read_Step() {
+  auto& at = ctx.position();
+  at.StepSize.SetText(ctx.form.Texts7.Text());
+  at.StepKm = stepping.StationTextToKm(ctx.form.Texts7.Text());
+  return at.StepKm > 0;
+}
+
+void Run::Settle_Station() {
+  auto& key = ctx.position().KeyStation;
+  const double station = TextToDouble(ctx.form.Texts6.Text()), step = TextToDouble(ctx.form.Texts7.Text());
+  if (step != 0) {
+    key.SetValue(station);
+    ctx.form.Texts6.SetText(key.Text());
+  }
+  if (!ctx.run().FromLink)
+    ask.EnterHugeNumber(6);
+  key.SetText(ctx.form.Texts6.Text());
+  ctx.form.Texts6.SetText(key.Text());
+}
+
+// "CTRL PREPARE  12.3", "STATUS PREPARE  12.3", a second, "CTRL START  12.3", "STATUS START  12.3  0 1", a second.
+// A start from the link is silent, unless a message that came in a pump before has ended that. False when an exit came
+// in the waits.
+bool Run::Announce_Start() {
+  auto& at = ctx.position();
+  if (ctx.run().FromLink)
+    return true;
+  ctx.Send("CTRL PREPARE " + WireNumber(at.KeyStation.Default()));
+  ctx.Send("STATUS PREPARE " + WireNumber(at.KeyStation.Default()));
+  ctx.PumpAndWait(LinkPause);
+  if (ctx.fields.ending)
+    return false;
+  ctx.Send("CTRL START " + WireNumber(at.KeyStation.Default()));
+  ctx.Send("STATUS START " + WireNumber(at.KeyStation.Default()) + " " +
+           WireNumber(at.KeyStation.Default() - at.DmiAtStart) + (at.DmiIncreasing ? " 1" : " -1"));
+  ctx.PumpAndWait(LinkPause);
+  ctx.Pump();
+  return !ctx.fields.ending;
+}
+
+// Step and direction are fixed from here until the file is closed.
+void Run::Begin_File() {
+  if (!ctx.run().DataFileOpen) // closed by the link within the waits
+    return;
+  ctx.form.UpDnPicture.SetEnabled(false);
+  ctx.form.Texts7.SetEnabled(false);
+  ctx.fields.CurrentRow = ctx.form.Grid.FixedRows();
+  ctx.fields.CurrentCol = 0;
+  store.Store_StartStation();
+}
+
+void Run::Show_Running() {
+  Grid& grid = ctx.form.Grid;
+  grid.SetSelectionMarks(false);
+  ctx.rooms.platform.shell.SetFocus(grid);
+  ctx.rooms.platform.shell.BringToFront(grid);
+  place.Cover_Tabs();
+  Set_Buttons(false, true, true);
+  Set_MenusEnabled(false);
+  place.Resize();
+}
+
+void Run::Pause_Run() {
+  if (!ctx.fields.BusyGuard)
+    return;
+  const RunCommand command(ctx.fields);
+  Grid& grid = ctx.form.Grid;
+  grid.SetRow(ctx.fields.CurrentRow);
+  grid.SetCol(0); // where the logic is too, so that the next tick sees no change of cell
+  grid.SetColSel(ctx.rooms.setup.ObsCount());
+  grid.SetSelectionMarks(true);
+  ctx.rooms.platform.shell.SetFocus(grid);
+  Set_Buttons(true, false, true);
+  ctx.run().RunState = 2;
+  if (!ctx.run().FromLink)
+    ctx.Send("CTRL PAUSE");
+}
+
+// Also reached while running, where it repeats its two lines: meant so.
+void Run::Resume_Run() {
+  ctx.fields.CurrentRow = ctx.form.Grid.FixedRows();
+  ctx.fields.CurrentCol = 0;
+  grids.Load_RowValues();
+  ctx.form.Grid.SetCol(0);
+  ctx.form.Grid.SetSelectionMarks(false);
+  Set_Buttons(false, true, true);
+  if (!ctx.run().FromLink) {
+    ctx.Send("CTRL START");
+    ctx.Send("STATUS START");
+  }
+  if (!ctx.fields.ending) // an exit in these sends has ended the run
+    ctx.run().RunState = 1;
+}
+
+// Tests the guard and leaves it: a cleared one would keep its own Stop_Run out.
+void Run::Stop_FromPause() {
+  if (!ctx.fields.BusyGuard)
+    return;
+  place.Uncover_Tabs();
+  place.Resize();
+  ctx.fields.CurrentRow = ctx.form.Grid.FixedRows();
+  ctx.fields.CurrentCol = 0;
+  grids.Load_RowValues();
+  Stop_Run();
+}
+
+void Run::Stop_Run() {
+  if (!ctx.fields.BusyGuard)
+    return;
+  const RunCommand command(ctx.fields);
+  if (!ctx.run().FromLink) {
+    ctx.Send("CTRL STOP " + WireNumber(ctx.position().KeyStation.Default()));
+    ctx.Send("STATUS STOP " + WireNumber(ctx.position().KeyStation.Default()));
+    if (ctx.run().RunState == 0) // an exit in these sends has done all that follows
+      return;
+  }
+  place.Uncover_Tabs();
+  place.Resize();
+  ctx.form.Grid.SetSelectionMarks(false);
+  Set_Buttons(true, false, false);
+  if (ctx.run().DataFileOpen)
+    Store_Rows();
+  ctx.form.Texts8.SetText(ctx.position().DmiStation.Text());
+  grids.Clear_Rows();
+  Set_MenusEnabled(true);
+  grids.Reset_Values();
+  if (ask.NumLockFrozen())
+    ask.Set_NumLock(ctx.fields.NumLockAtStart);
+  ctx.fields.heldDmi = 0;
+  ctx.run().RunState = 0;
+}
+
+// The running step ends here and now. Bottom row first, so that the oldest is stored first.
+void Run::Store_Rows() {
+  Grid& stations = ctx.form.StationsGrid;
+  const int top = stations.FixedRows();
+  if (top < stations.Rows())
+    stations.SetText(top, ColStation, ctx.position().KeyStation.FileText());
+  Write_Fix(stations, top, ctx.rooms.platform.clock.Now(), ctx.state().gps);
+  for (int row = ctx.form.Grid.Rows() - 1; row >= top; --row)
+    store.Flush_Row(row);
+  ctx.rooms.files.EditSession();
+}
+
+void Run::Stop_AndClose() {
+  ctx.fields.ending = true;
+  ctx.form.IdleTimer.SetRunning(false);
+  grids.Finish_Row();
+  if (ctx.run().RunState != 0) {
+    ctx.fields.BusyGuard = true; // also from inside a command: it lets go when it comes back from its pump
+    Stop_Run();
+  } else if (ctx.fields.starting) {
+    Cancel_Start();
+  }
+  if (ctx.run().DataFileOpen)
+    files.mnuClose_Click();
+}
+
+// A start that has not come to its end has stored nothing.
+void Run::Cancel_Start() {
+  grids.Clear_Rows();
+  if (ask.NumLockFrozen())
+    ask.Set_NumLock(ctx.fields.NumLockAtStart);
+}
+
+void Run::Set_Buttons(bool play, bool pause, bool stop) {
+  ToolBar& bar = ctx.form.tbControlBar;
+  bar.SetButtonEnabled("play", play);
+  bar.SetButtonEnabled("pause", pause);
+  bar.SetButtonEnabled("stop", stop);
+}
+
+void Run::Set_MenusEnabled(bool on) {
+  ctx.form.mnuFile.SetEnabled(on);
+  ctx.form.mnuSetup.SetEnabled(on);
+}
+
+} // namespace trekor

@@ -1,0 +1,79 @@
+// What the subjects of the run share: the rooms they work with, the form, and the form's own fields. Built once by
+// Measurements and handed down by reference; it outlives them all.
+#pragma once
+
+#include "collection/MeasurementsForm.h"
+#include "collection/Rooms.h"
+
+#include <cstdint>
+
+namespace trekor {
+
+struct RunFields {
+  // True when the form can take a run command. A tick heals it, but only when no command is on the stack: a start waits
+  // two seconds with ticks and link messages running inside, and its own echo must not begin a second start there.
+  bool BusyGuard = true;
+  int commandsOnStack = 0;
+  bool starting = false;   // Start_Run is on the stack, RunState still 0
+  bool closing = false;    // mnuClose_Click is on the stack
+  bool loading = false;    // the form load is on the stack: keys find nothing to act on yet
+  bool ending = false;     // the way out has begun: whatever returns from a pump now must let go
+  bool rowOnStack = false; // a grid row is being made or stored; keys and boundaries wait for it
+  int heldDmi = 0;         // "DMI" messages that came meanwhile
+  bool IdleStarted = false;
+  // The program moves the grid's cell itself.
+  bool GridBusy = false;
+  int CurrentRow = 0, CurrentCol = 0;
+  int GridDepth = 10;
+  bool AwaitValue = false; // the next key is the value of CurrentObs
+  int CurrentObs = 0;
+  bool NumLockAtStart = false;
+  std::int32_t LastStationID = 0; // the last step station that was stored
+  double NextBarTime = 0, NextSlowTime = 0;
+  bool KeyFormsHidden = false;
+  bool gridCovers = false; // the grid covers the tabs, as it does in a run
+  int FocusIndex = -1;     // the box of Texts that has the focus
+};
+
+struct RunContext {
+  MeasurementsForm& form;
+  RunRooms rooms;
+  RunFields fields{};
+
+  ProgramState& state() const { return rooms.state; }
+  RunFlags& run() const { return rooms.state.run; }
+  Positions& position() const { return rooms.state.position; }
+  void Pump() const { rooms.platform.pump.ProcessEvents(); }
+  void Send(const std::string& line) const { rooms.socket.SendData(line); }
+  void PumpAndWait(double seconds) const { rooms.socket.WaitSeconds(seconds); }
+};
+
+// A run command while it works: the guard is cleared and set again on every way out of the outermost one.
+class RunCommand {
+public:
+  explicit RunCommand(RunFields& fields) : f(fields) {
+    ++f.commandsOnStack;
+    f.BusyGuard = false;
+  }
+  ~RunCommand() { f.BusyGuard = --f.commandsOnStack == 0; }
+  RunCommand(const RunCommand&) = delete;
+  RunCommand& operator=(const RunCommand&) = delete;
+
+private:
+  RunFields& f;
+};
+
+// A flag that is up while something works.
+class WhileSet {
+public:
+  explicit WhileSet(bool& held) : flag(held), before(held) { flag = true; }
+  ~WhileSet() { flag = before; }
+  WhileSet(const WhileSet&) = delete;
+  WhileSet& operator=(const WhileSet&) = delete;
+
+private:
+  bool& flag;
+  bool before;
+};
+
+} // namespace trekor

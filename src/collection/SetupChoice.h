@@ -1,0 +1,37 @@
+// The list of test setups and the choice of one.
+#pragma once
+
+#include "collection/Feedback.h"
+#include "collection/Grids.h"
+#include "collection/KeyPictures.h"
+#include "collection/RunContext.h"
+
+namespace trekor {
+
+class SetupChoice {
+public:
+  SetupChoice(RunContext& context, KeyPictures& keyPictures, Grids& collectionGrids, Feedback& sounds)
+      : ctx(context), keys(keyPictures), grids(collectionGrids), feedback(sounds) {}
+  // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen.
+  void Load_TestSetupNames();
+  // The operator's choice in the list.
+  void cboTestSetupNames_Click();
+  void Lock_SetupControls();
+  void Unlock_SetupControls();
+
+private:
+  void Fill_Lists();
+  int Listed(const std::string& id) const;
+  void Select(int index);
+  void Choose();
+  void Choose_None();
+  void Enable_Controls(bool on);
+
+  RunContext& ctx;
+  KeyPictures& keys;
+  Grids& grids;
+  Feedback& feedback;
+  bool filling = false; // the list is moved by the program
+};
+
+} // namespace trekor

@@ -1,0 +1,169 @@
+#include "collection/Stepping.h"
+
+#include "values/DistanceUnits.h"
+#include "values/EntryCheck.h"
+#include "values/NumberText.h"
+#include "values/Text.h"
+
+#include <cmath>
+
+namespace trekor {
+
+namespace {
+
+// Shorter than the factor of the Station object, and meant so: a mile-based step differs in the seventh digit.
+constexpr double MilesPerKmOfSteps = 0.6213712;
+constexpr double SmallestStep = 0.001; // km
+
+double MileFeetToKm(double v) {
+  const double whole = std::trunc(v);
+  const double sign = v > 0 ? 1 : v < 0 ? -1 : 0;
+  return sign * (std::abs(whole) / MilesPerKmOfSteps + std::abs(v - whole) * 10000 / 5280 / MilesPerKmOfSteps);
+}
+
+} // namespace
+
+void Stepping::Check_DMI() {
+  if (ctx.run().RunState != 1)
+    return;
+  if (ctx.fields.rowOnStack) {
+    ++ctx.fields.heldDmi;
+    return;
+  }
+  Cross_Boundary();
+  Release_HeldDmi();
+}
+
+// One boundary for each message that was held. Making its row may pump and hold further ones, so this loops and never
+// nests.
+void Stepping::Release_HeldDmi() {
+  while (ctx.fields.heldDmi > 0 && !ctx.fields.rowOnStack) {
+    --ctx.fields.heldDmi;
+    if (ctx.run().RunState == 1)
+      Cross_Boundary();
+  }
+}
+
+void Stepping::Cross_Boundary() {
+  auto& at = ctx.position();
+  const double boundary = at.NextStation.Default();
+  const double here = at.DmiStation.Default();
+  if (at.DmiIncreasing ? here < boundary : here > boundary)
+    return;
+  at.PreviousStation.SetDefault(boundary);
+  at.NextStepKm += at.DmiIncreasing ? at.StepKm : -at.StepKm;
+  at.NextStation.SetDefault(at.NextStepKm);
+  New_Segment();
+}
+
+void Stepping::New_Segment() {
+  ctx.form.Texts8.SetText(ctx.position().PreviousStation.Text());
+  grids.Add_StepRow();
+  feedback.PlaySystemSound(0);
+}
+
+void Stepping::Set_FirstBoundary() {
+  auto& at = ctx.position();
+  double s = StationTextToKm(ctx.form.Texts6.Text());
+  // The whole steps before the start, also left of zero; the small addend forgives a start that is a hair short.
+  s = std::floor(s / at.StepKm + 0.00001) * at.StepKm;
+  if (at.DmiIncreasing)
+    s += at.StepKm;
+  else if (s == at.KeyStation.Default()) // exactly: a start that is a bit off the step counts as between two
+    s -= at.StepKm;
+  at.NextStepKm = s;
+  at.NextStation.SetDefault(at.NextStepKm);
+  at.PreviousStation.SetDefault(at.KeyStation.Default());
+}
+
+double Stepping::StationTextToKm(const std::string& text) const {
+  if (TrimView(text).empty())
+    return 0;
+  const double v = TextToDouble(text);
+  switch (ctx.state().units.StationUnit) {
+  case 0:
+    return v;
+  case 1:
+    return v / 1000;
+  case 2:
+    return v / MilesPerKmOfSteps;
+  case 3:
+    return MileFeetToKm(v);
+  case 4:
+    return v / 5280 / MilesPerKmOfSteps;
+  case 5:
+    return v / 1760 / MilesPerKmOfSteps;
+  default:
+    return 0;
+  }
+}
+
+// The limits are kilometres, the box is in the operator's unit. An empty box counts as 0.
+void Stepping::Check_Box(Station& value, TextBox& box) {
+  const int unit = ctx.state().units.StationUnit;
+  double number = value.Value();
+  CheckEntry(&number, box, Station::KmToStation(value.Min(), unit), Station::KmToStation(value.Max(), unit), entryGuard,
+             false, false);
+  value.SetValue(number);
+}
+
+void Stepping::Validate_Station() {
+  Check_Box(ctx.position().DmiStation, ctx.form.Texts6);
+  Set_DMI(ctx.state(), ctx.rooms.socket);
+}
+
+void Stepping::Validate_Step() {
+  Station& step = ctx.position().StepSize;
+  Check_Box(step, ctx.form.Texts7);
+  step.SetText(ctx.form.Texts7.Text());
+  step.SetDefault(std::abs(step.Default()));
+  if (step.Default() == 0)
+    step.SetDefault(SmallestStep);
+  ctx.form.Texts7.SetText(step.Text());
+}
+
+void Stepping::Show_UnitLabel() {
+  ctx.form.StationUnitLabel.SetCaption(UnitName(ctx.state().units.StationUnit));
+}
+
+void Stepping::SetUnitLabels() {
+  Show_UnitLabel();
+  SendUnits(ctx.state(), ctx.rooms.socket);
+}
+
+void Stepping::Set_UpDnIcon() {
+  const bool up = ctx.position().DmiIncreasing;
+  ctx.form.UpDnPicture.SetPicture(up ? "UPICON" : "DNICON");
+  ctx.form.DmiDirLabel.SetCaption(up ? "1" : "0");
+  if (!ctx.run().FromLink)
+    Set_DMI(ctx.state(), ctx.rooms.socket);
+}
+
+void Stepping::UpDnPicture_Click() {
+  if (ctx.run().RunState != 0)
+    return;
+  ctx.position().DmiIncreasing = !ctx.position().DmiIncreasing;
+  Set_UpDnIcon();
+}
+
+double Stepping::StepPercent() const {
+  const auto& at = ctx.position();
+  const double gone = at.DmiStation.Default() - at.PreviousStation.Default();
+  return (at.DmiIncreasing ? gone : -gone) / at.StepSize.Default() * 100;
+}
+
+void Stepping::Refresh_StepBar() {
+  if (ctx.run().RunState != 1 || ctx.position().StepSize.Default() == 0)
+    return;
+  // A vehicle that has backed up behind the boundary gives a negative number, which the bar takes for that of a
+  // picture.
+  grids.SetBar(0, static_cast<float>(StepPercent()));
+}
+
+void Stepping::Check_SlowDown(int col) {
+  grids.SetBar(col, static_cast<float>(StepPercent()));
+  if (grids.Bar(col) == 100)
+    feedback.PlaySystemSound(2);
+}
+
+} // namespace trekor
