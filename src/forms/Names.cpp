@@ -17,7 +17,7 @@ bool BeginsCharacter(char c) {
 
 } // namespace
 
-bool SameName(std::string_view a, std::string_view b) {
+bool SameKey(std::string_view a, std::string_view b) {
   return a.size() == b.size() &&
          std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return LowerLetter(x) == LowerLetter(y); });
 }

@@ -7,7 +7,7 @@
 
 namespace trekor {
 
-bool SameName(std::string_view a, std::string_view b);
+bool SameKey(std::string_view a, std::string_view b);
 int CountCharacters(std::string_view text);
 // The first n characters.
 std::string FirstCharacters(std::string text, int n);
