@@ -34,7 +34,7 @@ bool OneOf(const std::string& text, char first, char last) {
 }
 
 std::size_t TableIndex(int code) {
-  return static_cast<std::size_t>(code + 1);
+  return static_cast<std::size_t>(code) + 1;
 }
 
 } // namespace

@@ -49,7 +49,7 @@ int ParBar::BarPicture() const {
     return member != 0 ? PictureOn : PictureOff;
   }
   const float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
-  return static_cast<int>(fraction * 10 + 0.5F);
+  return static_cast<int>(std::floor(fraction * 10 + 0.5F));
 }
 
 // Under the selection, and in the step bar, only the scale is drawn: a two-state or waiting picture leaves there what

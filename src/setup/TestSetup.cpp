@@ -123,9 +123,10 @@ int TestSetup::KeyToObs(int code) const {
   return Between(code, 0, LastKeyCode) ? keyToObs.at(static_cast<std::size_t>(code) + 1) : -1;
 }
 
+// Entry 0, of code -1, would be where observations without a key meet; nothing reads it and nothing writes it.
 void TestSetup::SetKeyToObs(int code, int obs) {
-  if (Between(code, -1, LastKeyCode)) {
-    keyToObs.at(static_cast<std::size_t>(code + 1)) = static_cast<std::int16_t>(obs);
+  if (Between(code, 0, LastKeyCode)) {
+    keyToObs.at(static_cast<std::size_t>(code) + 1) = static_cast<std::int16_t>(obs);
   }
 }
 

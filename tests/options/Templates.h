@@ -35,7 +35,7 @@ protected:
     const std::string native = machine.drives.NativePath(path);
     ASSERT_TRUE(Database::Create(native, ";LANGID=0x0409;CP=1252;COUNTRY=0"));
     const auto made = Database::Open(native, OpenMode::Shared);
-    ASSERT_TRUE(made && made->Execute(sql)) << made->LastError();
+    ASSERT_TRUE(made && made->Begin() && made->Execute(sql) && made->Commit());
   }
   void Ship(const std::string& name) { Make("C:\\Trekor\\" + name + ".vdb", TemplateText(name)); }
   std::unique_ptr<Database> Open(const std::string& path) {

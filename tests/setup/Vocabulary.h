@@ -40,7 +40,8 @@ protected:
     const std::string native = machine.drives.NativePath(path);
     EXPECT_TRUE(Database::Create(native, ";LANGID=0x0409;CP=1252;COUNTRY=0"));
     std::unique_ptr<Database> made = Database::Open(native, OpenMode::Shared);
-    EXPECT_TRUE(made && (sql.empty() || made->Execute(sql))) << (made ? made->LastError() : "not opened");
+    // One transaction, as each statement alone would wait for the disk.
+    EXPECT_TRUE(made && made->Begin() && made->Execute(sql) && made->Commit());
     return made;
   }
   void OpenVocabulary() { database.ObsDB = Make(Working, TemplateText("Observations.sql")); }
@@ -53,6 +54,7 @@ protected:
   };
   void Add(const Item& i) { Add(i, i.id); }
   void Add(const Item& i, int code) {
+    database.ObsDB->Begin();
     const std::string id = std::to_string(i.id), c = std::to_string(code);
     Run("INSERT INTO Observations(ObsParID,LanguageID,ObsCode,ParCode,ParNameDisp,DataType,Min,Max,RegModeCode,"
         "KeyingCode) VALUES(" +
@@ -62,6 +64,7 @@ protected:
         "','I" + id + "','crack.png')");
     Run("INSERT INTO Setups(SetupID,ObsParID,GridPosition,KeyCode) VALUES(1," + id + "," + std::to_string(i.position) +
         "," + std::to_string(i.keyCode) + ")");
+    database.ObsDB->Commit();
   }
   void Run(const std::string& sql) { ASSERT_TRUE(database.ObsDB->Execute(sql)) << database.ObsDB->LastError(); }
   int StoredKey(int obsParID) {
