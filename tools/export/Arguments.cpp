@@ -1,0 +1,99 @@
+#include "Arguments.h"
+
+#include "values/Text.h"
+
+namespace trekor {
+
+const char* const HelpText =
+    R"(trekor-export [options] FILE.mdb ...
+
+Writes the comma files (.TKR) of closed data files. The data files are only read; an
+existing .TKR of the same name is replaced.
+
+  --join               one file for all sessions of a data file, NAME.TKR (default)
+  --keep               one file for each session, NAME-01.TKR, NAME-02.TKR ...
+  --station-unit 0..5  unit of the stations: 0 kilometers (default), 1 meters, 2 miles,
+                       3 mile.feet, 4 feet, 5 yards; stations are written as they are
+                       stored, so this must be the unit they were filed in
+  --units SI|US        unit system told in the head of the file (default SI)
+  --operator NAME      who writes the file, for the head
+  --setup NAME         test setup named in the head
+  --out FOLDER         where the comma files go (default: beside each data file)
+  --version            tell the version
+  --help               this text
+
+Files are taken in the order given. The names written are told one a line. A file that
+cannot be read is told and passed over; the exit code is then 1.
+)";
+
+namespace {
+
+bool TakeValue(const std::string& option, const std::string& value, Arguments& into, std::string& error) {
+  if (option == "--station-unit") {
+    if (value.size() != 1 || value[0] < '0' || value[0] > '5')
+      error = "--station-unit wants a number from 0 to 5, not \"" + value + "\"";
+    else
+      into.stationUnit = value[0] - '0';
+  } else if (option == "--units") {
+    if (!SameText(value, "SI") && !SameText(value, "US"))
+      error = "--units wants SI or US, not \"" + value + "\"";
+    into.us = SameText(value, "US");
+  } else if (option == "--operator") {
+    into.operatorName = value;
+  } else if (option == "--setup") {
+    into.setup = value;
+  } else if (option == "--out") {
+    into.out = value;
+  } else {
+    error = "unknown option " + option + "; see --help";
+  }
+  return error.empty();
+}
+
+bool TakesValue(const std::string& option) {
+  return option == "--station-unit" || option == "--units" || option == "--operator" || option == "--setup" ||
+         option == "--out";
+}
+
+bool TakeOption(const std::string& option, Arguments& into, std::string& error) {
+  if (option == "--join" || option == "--keep")
+    into.join = option == "--join";
+  else if (option == "--help")
+    into.help = true;
+  else if (option == "--version")
+    into.version = true;
+  else
+    error = "unknown option " + option + "; see --help";
+  return error.empty();
+}
+
+} // namespace
+
+bool ReadArguments(const std::vector<std::string>& words, Arguments& into, std::string& error) {
+  error.clear();
+  bool onlyFiles = false; // behind "--"
+  for (std::size_t i = 0; i < words.size(); ++i) {
+    const std::string& word = words[i];
+    const std::size_t equals = word.find('=');
+    if (onlyFiles || word.size() < 2 || word.compare(0, 2, "--") != 0) {
+      into.files.push_back(word);
+    } else if (word == "--") {
+      onlyFiles = true;
+    } else if (equals != std::string::npos) {
+      if (!TakeValue(word.substr(0, equals), word.substr(equals + 1), into, error))
+        return false;
+    } else if (TakesValue(word)) {
+      if (i + 1 == words.size())
+        error = word + " wants a value";
+      if (!error.empty() || !TakeValue(word, words[++i], into, error))
+        return false;
+    } else if (!TakeOption(word, into, error)) {
+      return false;
+    }
+  }
+  if (into.files.empty() && !into.help && !into.version)
+    error = "no data file given; see --help";
+  return error.empty();
+}
+
+} // namespace trekor
