@@ -1,0 +1,161 @@
+#include "TextsFixture.h"
+
+#include "texts/LanguageFont.h"
+
+namespace trekor::tests {
+namespace {
+
+TEST_F(TextsTest, EveryKindTakesItsCaptionAndItsValue) {
+  MakeForm("('Me', 100, 200, 3000, 2000, NULL, -1, 'C', 'Trial run', NULL),"
+           "('lblInfo', 1, 2, 3, 4, 'no value', -1, '', 'Station', 'Where we are'),"
+           "('Texts(7)', NULL, 20, NULL, 40, NULL, 0, '', '0.1', ''),"
+           "('chkFreeze', 0, 0, 0, 0, '1', -1, '', 'Freeze NumLock', ''),"
+           "('cboUnits', 0, 0, 0, 0, '2', -1, '', 'KM|M|ML', ''),"
+           "('cboTyped', 0, 0, 0, 0, NULL, -1, '', 'KM|M', ''),"
+           "('fxgList', 0, 0, 0, 0, '900;-1;450', -1, '', 'Code|^Name', ''),"
+           "('TabStrip1', 0, 0, 0, 0, '1', -1, '', 'Info|Keys|none', ''),"
+           "('sbrState', 0, 0, 0, 0, NULL, -1, '', 'Ready', ''),"
+           "('mnuFile', 5, 5, 5, 5, '-1', -1, '', '&File', ''),"
+           "('IdleTimer', 5, 5, 5, 5, '25', 0, '', 'tick', '')");
+  form.Texts7.Move(10, 10, 30, 30);
+  texts.LoadFormProperties(form);
+
+  EXPECT_EQ(form.Caption(), "Trial run");
+  EXPECT_EQ(form.Left, 100);
+  EXPECT_EQ(form.Width, 3000);
+  EXPECT_EQ(form.lblInfo.Caption(), "Station");
+  EXPECT_EQ(form.lblInfo.ToolTipText(), "Where we are");
+  EXPECT_EQ(form.lblInfo.Height, 4);
+  EXPECT_EQ(form.Texts7.Text(), "0.1");
+  EXPECT_EQ(form.Texts7.Left, 10) << "a null keeps what was built in";
+  EXPECT_EQ(form.Texts7.Top, 20);
+  EXPECT_FALSE(form.Texts7.Visible());
+  EXPECT_EQ(form.chkFreeze.Value(), 1);
+  EXPECT_EQ(form.cboUnits.ListCount(), 3);
+  EXPECT_EQ(form.cboUnits.Text(), "ML");
+  EXPECT_EQ(form.cboTyped.Text(), "KM|M");
+  EXPECT_EQ(form.fxgList.Text(0, 1), "Name");
+  EXPECT_EQ(form.fxgList.ColWidth(0), 900);
+  EXPECT_EQ(form.fxgList.ColWidth(2), 450);
+  EXPECT_EQ(form.TabStrip1.Tabs(1).Caption, "Keys");
+  EXPECT_EQ(form.TabStrip1.Selected(), 1);
+  EXPECT_EQ(form.sbrState.SimpleText(), "Ready");
+  EXPECT_EQ(form.mnuFile.Caption(), "&File");
+  EXPECT_TRUE(form.mnuFile.Checked());
+  EXPECT_EQ(form.mnuFile.Width, 0) << "a menu has no place";
+}
+
+TEST_F(TextsTest, WhatDoesNotSuitIsSkippedAlone) {
+  MakeForm("('chkFreeze', 0, 0, 0, 0, 'ticked', -1, '', 'Freeze', ''),"
+           "('cboUnits', 0, 0, 0, 0, '7', -1, '', 'KM|M', ''),"
+           "('fxgList', 0, 0, 0, 0, '900;wide;300;5;6;7', -1, '', NULL, ''),"
+           "('lblMisspelt', 0, 0, 0, 0, '1', -1, '', 'x', ''),"
+           "('Texts(', 0, 0, 0, 0, '1', -1, '', 'x', ''), ('Texts(-3)', 0, 0, 0, 0, '1', -1, '', 'x', ''),"
+           "('Unheard(4)', 0, 0, 0, 0, '1', -1, '', 'x', ''), ('Texts(8x)', 0, 0, 0, 0, '1', -1, '', 'x', '')");
+  const std::size_t before = form.Controls().size();
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.chkFreeze.Caption(), "Freeze");
+  EXPECT_EQ(form.chkFreeze.Value(), 0);
+  EXPECT_EQ(form.cboUnits.ListCount(), 2);
+  EXPECT_EQ(form.cboUnits.ListIndex(), -1);
+  EXPECT_EQ(form.fxgList.ColWidth(0), 900);
+  EXPECT_EQ(form.fxgList.ColWidth(1), -1);
+  EXPECT_EQ(form.fxgList.ColWidth(2), 300);
+  EXPECT_EQ(form.Controls().size(), before);
+}
+
+TEST_F(TextsTest, AFormWithoutRowsOrTableKeepsItsBuiltInLook) {
+  form.lblInfo.SetCaption("built in");
+  MakeForm("");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.lblInfo.Caption(), "built in");
+  Form stranger("Stranger");
+  texts.LoadFormProperties(stranger);
+  texts.SaveFormProperties(stranger);
+}
+
+// Stored height, tag, and the inside height that the form gets.
+TEST_F(TextsTest, AHeightIsStoredWithOrWithoutTheTitleBar) {
+  MakeForm("('Me', 0, 0, 0, 2000, NULL, -1, 'C', 'x', '')");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.Height, 2000);
+  Execute("UPDATE Trial SET Tag = NULL");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.Height, 2000 + 6 * 15 - 25 * 15);
+}
+
+TEST_F(TextsTest, BlankWordsOfALanguageAreReplacedByEnglish) {
+  MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, '', 'Station', 'Tip'), ('chkFreeze', 0, 0, 0, 0, NULL, -1, '', 'A', 'B')",
+           ", CapDanish TEXT(255), TipDanish TEXT(255)");
+  Execute("UPDATE Trial SET CapDanish = '  ' WHERE Name = 'lblInfo'");
+  Execute("UPDATE Trial SET CapDanish = 'Frys', TipDanish = 'Tippet' WHERE Name = 'chkFreeze'");
+  Speak("Danish");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.lblInfo.Caption(), "Station");
+  EXPECT_EQ(form.lblInfo.ToolTipText(), "Tip");
+  EXPECT_EQ(form.chkFreeze.Caption(), "Frys");
+  EXPECT_EQ(form.chkFreeze.ToolTipText(), "Tippet");
+  Speak("Korean");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.chkFreeze.Caption(), "A") << "never the words of another language";
+}
+
+struct LevelCase {
+  int level;
+  const char* tag;
+  bool enabled, visible;
+};
+
+TEST_F(TextsTest, FlagsLockAndHideForOrdinaryUsersOnly) {
+  MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, '', 'x', '')");
+  const LevelCase cases[] = {{0, "DH", false, false}, {-1, "D", false, true}, {0, "H", true, false},
+                             {0, "C", true, true},    {1, "DH", true, true},  {9, "DH", true, true}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.tag) + " at level " + std::to_string(c.level));
+    Execute("UPDATE Trial SET Tag = '" + std::string(c.tag) + "'");
+    state.run.UserLevel = c.level;
+    TrialForm fresh;
+    texts.LoadFormProperties(fresh);
+    EXPECT_EQ(fresh.lblInfo.Enabled(), c.enabled);
+    EXPECT_EQ(fresh.lblInfo.Visible(), c.visible);
+    EXPECT_EQ(fresh.lblInfo.Tag(), c.tag);
+  }
+}
+
+TEST_F(TextsTest, ARowMakesTheElementThatItNames) {
+  MakeForm("('Texts(9)', 11, 12, 13, 14, NULL, -1, '', 'new', 'made by its row')");
+  texts.LoadFormProperties(form);
+  Control* ninth = form.Find("Texts", 9);
+  ASSERT_TRUE(ninth);
+  EXPECT_EQ(static_cast<TextBox*>(ninth)->Text(), "new");
+  EXPECT_EQ(ninth->Left, 11);
+  EXPECT_TRUE(ninth->Visible());
+}
+
+TEST_F(TextsTest, OptionsTakeTheirValueWhenTheyStandInTheirFrames) {
+  MakeForm("('Options(0)', 0, 0, 0, 0, '-1', -1, '', 'a', ''), ('Options(1)', 0, 0, 0, 0, '-1', -1, '', 'b', '')");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.Options0.Container, &form.Frames0);
+  EXPECT_EQ(form.Options1.Container, &form.Frames1);
+  EXPECT_TRUE(form.Options0.Value()) << "each is alone in its frame, so none clears the other";
+  EXPECT_TRUE(form.Options1.Value());
+}
+
+TEST(LanguageFontTest, EachLanguageHasItsCharactersAndNoneLosesItsSize) {
+  struct {
+    const char* language;
+    int charset;
+    const char* name;
+  } const cases[] = {{"Korean", 129, "\xEA\xB5\xB4\xEB\xA6\xBC"},
+                     {"Chinese", 134, "\xE5\xAE\x8B\xE4\xBD\x93"},
+                     {"Russian", 204, "Kept"},
+                     {"Danish", 1, ""}};
+  for (const auto& c : cases) {
+    Font font{"Kept", 11.5, true, 1};
+    SetLanguageFont(font, c.language);
+    EXPECT_EQ(font, (Font{c.name, 11.5, true, c.charset})) << c.language;
+  }
+}
+
+} // namespace
+} // namespace trekor::tests

@@ -1,0 +1,78 @@
+#include "texts/Message.h"
+
+#include "TextsFixture.h"
+
+namespace trekor::tests {
+namespace {
+
+class MessageTest : public TextsTest {
+protected:
+  MessageTest() {
+    Make(TextTable() + FormTable("Message"));
+    MakeDatabase(fakes.drives, "C:\\Messages.mdb",
+                 "CREATE TABLE Messages (ID INTEGER, English TEXT, Danish TEXT);"
+                 "CREATE UNIQUE INDEX Messages_ID ON Messages(ID);"
+                 "INSERT INTO Messages VALUES (401, 'No file', 'Ingen fil'), (402, 'English alone', NULL),"
+                 "(403, 'English', '   '), (404, NULL, NULL);");
+    messages.Open("C:\\Messages.mdb");
+  }
+  // What the operator saw, "" when nothing.
+  std::string Show(int number) {
+    std::string seen;
+    fakes.shell.scripts["Message"] = [&](Form& shown) {
+      seen = messages.form.MessageNo.Caption() + " " + messages.form.MessageText.Text();
+      fakes.shell.Hide(shown);
+    };
+    messages.ShowMessage(number);
+    return seen;
+  }
+  MessageCatalogue messages{state, fakes.platform, texts};
+};
+
+TEST_F(MessageTest, ANumberShowsItsTextOrNothing) {
+  EXPECT_EQ(Show(401), "401 No file");
+  EXPECT_EQ(messages.form.Caption(), "Trekor Message");
+  EXPECT_EQ(Show(999), "");
+  EXPECT_EQ(Show(404), "");
+  Speak("Danish");
+  EXPECT_EQ(Show(401), "401 Ingen fil");
+  EXPECT_EQ(Show(402), "402 English alone");
+  EXPECT_EQ(Show(403), "") << "a blank translation stays silent";
+  Speak("Russian");
+  EXPECT_EQ(Show(401), "401 No file") << "a language without a column";
+  messages.Close();
+  EXPECT_EQ(Show(401), "");
+}
+
+TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
+  const auto closed = [&](const std::function<void()>& act) {
+    bool hidden = false;
+    fakes.shell.scripts["Message"] = [&](Form& shown) {
+      act();
+      hidden = !shown.Shown;
+      fakes.shell.Hide(shown);
+    };
+    messages.ShowMessage(401);
+    return hidden;
+  };
+  for (int key : {32, 115, 27, 13}) {
+    EXPECT_TRUE(closed([&] { EXPECT_TRUE(messages.form.OnKeyDown(key, 0)); })) << key;
+    EXPECT_TRUE(closed([&] { EXPECT_TRUE(messages.form.MessageText.Press(key, 0)); })) << key;
+  }
+  EXPECT_FALSE(closed([&] { EXPECT_FALSE(messages.form.OnKeyDown('A', 0)); }));
+  EXPECT_TRUE(closed([&] { messages.form.MessageText.Click(); }));
+  EXPECT_TRUE(closed([&] { EXPECT_FALSE(messages.form.OnQueryUnload()); }));
+}
+
+TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {
+  messages.Load_Form();
+  messages.form.Move(0, 0, 5000, 3000);
+  messages.form.OnResize();
+  EXPECT_EQ(messages.form.MessageText.Width, 4860);
+  EXPECT_EQ(messages.form.MessageText.Height, 2860);
+  messages.Unload_Form();
+  EXPECT_EQ(Ask("SELECT Width, Height FROM Message WHERE Name = 'MessageText'"), "4860,2860\n");
+}
+
+} // namespace
+} // namespace trekor::tests
