@@ -28,7 +28,7 @@ struct FieldDefinition {
   int size = 0; // longest text in characters; 0: no limit
   bool required = false;
   bool autoNumber = false;
-  FieldValue defaultValue;
+  FieldValue defaultValue = {};
 };
 
 struct IndexDefinition {

@@ -26,20 +26,27 @@ static std::string KeyText(const TableLayout& layout, const IndexKey& key) {
   return QuotedName(field.name) + (field.type == FieldType::Text ? " COLLATE NOCASE" : "");
 }
 
+// The row's own number needs no keys: it ends every order anyway.
+const std::vector<IndexKey>& TableCursor::Keys() const {
+  static const std::vector<IndexKey> none;
+  return order && !order->storedName.empty() ? order->keys : none;
+}
+
 // Among equal keys the order of insertion, in an index that runs downwards too.
 std::string TableCursor::Order(bool backwards) const {
   std::string text = " ORDER BY ";
-  for (const IndexKey& key : order ? order->keys : std::vector<IndexKey>())
+  for (const IndexKey& key : Keys())
     text += KeyText(Layout(), key) + (key.descending != backwards ? " DESC, " : ", ");
   return text + (backwards ? "rowid DESC" : "rowid");
 }
 
 // The rows behind the position: parameters 1.. are its keys, the last one is its own number. Nulls stand first.
 std::string TableCursor::After() const {
-  const std::size_t count = order ? order->keys.size() : 0;
+  const std::vector<IndexKey>& keys = Keys();
+  const std::size_t count = keys.size();
   std::string text = "rowid > " + Parameter(count + 1);
   for (std::size_t i = count; i-- > 0;) {
-    const IndexKey& key = order->keys[i];
+    const IndexKey& key = keys[i];
     const std::string name = KeyText(Layout(), key), value = Parameter(i + 1);
     const std::string beyond =
         key.descending ? "(" + name + " < " + value + " OR (" + value + " IS NOT NULL AND " + name + " IS NULL))"
@@ -113,7 +120,7 @@ void TableCursor::MoveNext() {
 void TableCursor::BindPosition(Statement& statement) {
   const Row& row = window[at];
   int place = 1;
-  for (const IndexKey& key : order ? order->keys : std::vector<IndexKey>())
+  for (const IndexKey& key : Keys())
     statement.Bind(place++, row.values[static_cast<std::size_t>(key.field)]);
   statement.Bind(place, row.numbers[0]);
 }
@@ -122,7 +129,7 @@ void TableCursor::BindPosition(Statement& statement) {
 void TableCursor::MoveLast() {
   windowSize = 1;
   const std::int64_t added = shape.tables[0].state->lastAdded;
-  if (added > 0 && (!order || order->storedName.empty())) {
+  if (added > 0 && Keys().empty()) {
     window.resize(1);
     window[0].numbers.assign(1, added);
     window[0].loaded = false;
@@ -218,7 +225,7 @@ void TableCursor::Changed(const Row& row) {
   window.assign(1, Row(row));
   at = 0;
   windowSize = 1;
-  window[0].loaded = true;
+  window[0].loaded = false; // the fields that were not written may have been, by others
   version = Version();
 }
 

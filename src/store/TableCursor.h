@@ -35,6 +35,7 @@ private:
 
   const TableLayout& Layout() const { return *shape.tables[0].layout; }
   std::uint64_t Version() const { return engine.AllChanges() + shape.tables[0].state->changes; }
+  const std::vector<IndexKey>& Keys() const;
   void StandOn(Statement& rows, int wanted);
   bool Prepare(Statement& statement, const std::string& condition, bool backwards);
   std::string Order(bool backwards) const;

@@ -82,11 +82,25 @@ TEST_F(QueryTest, LikeKeepsItsStar) {
     const char *pattern, *text;
     bool fits;
   };
-  const Case cases[] = {{"", "", true},         {"*", "", true},          {"?", "", false},     {"?", "æ", true},
-                        {"a*b*c", "aXbbYc", true}, {"a*b*c", "aXbbY", false}, {"100%", "100%", true}, {"100%", "1000", false},
-                        {"_", "a", false},      {"#", "7", true},         {"#", "x", false},    {"[a-c]1", "B1", true},
-                        {"[!a-c]1", "B1", false}, {"[*]", "*", true},      {"[*]", "x", false},  {"[", "[", true},
-                        {"**a", "bca", true},   {"a", "ab", false},       {"*a*a*a*a*b", "aaaaaaaaaaaaaaaaaaaa", false}};
+  const Case cases[] = {{"", "", true},
+                        {"*", "", true},
+                        {"?", "", false},
+                        {"?", "æ", true},
+                        {"a*b*c", "aXbbYc", true},
+                        {"a*b*c", "aXbbY", false},
+                        {"100%", "100%", true},
+                        {"100%", "1000", false},
+                        {"_", "a", false},
+                        {"#", "7", true},
+                        {"#", "x", false},
+                        {"[a-c]1", "B1", true},
+                        {"[!a-c]1", "B1", false},
+                        {"[*]", "*", true},
+                        {"[*]", "x", false},
+                        {"[", "[", true},
+                        {"**a", "bca", true},
+                        {"a", "ab", false},
+                        {"*a*a*a*a*b", "aaaaaaaaaaaaaaaaaaaa", false}};
   for (const Case& each : cases)
     EXPECT_EQ(LikeMatches(each.pattern, each.text), each.fits) << each.pattern << " / " << each.text;
 }
@@ -144,9 +158,10 @@ TEST_F(QueryTest, WhatIsComputedCanOnlyBeRead) {
 
 TEST_F(QueryTest, LargeResultsWalkCountRestartAndEdit) {
   constexpr int count = 3000;
-  database->Execute("CREATE TABLE Stations(StationID INTEGER PRIMARY KEY AUTOINCREMENT, SessionID INTEGER, Station REAL);"
-                    "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000)"
-                    " INSERT INTO Stations(SessionID, Station) SELECT 1, i FROM n");
+  database->Execute(
+      "CREATE TABLE Stations(StationID INTEGER PRIMARY KEY AUTOINCREMENT, SessionID INTEGER, Station REAL);"
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000)"
+      " INSERT INTO Stations(SessionID, Station) SELECT 1, i FROM n");
   const auto rows = database->OpenQuery("SELECT * FROM Stations WHERE SessionID= 1 ORDER BY StationID");
   for (int round = 0; round < 2; ++round) {
     rows->MoveFirst();

@@ -16,6 +16,10 @@
 
 namespace trekor {
 
+inline void PrintTo(const FieldValue& value, std::ostream* out) {
+  *out << (value.IsNull() ? "null" : value.Text());
+}
+
 class StoreFixture : public testing::Test {
 protected:
   StoreFixture() {
@@ -31,12 +35,15 @@ protected:
   void Make(const std::string& sql) {
     ASSERT_TRUE(Database::Create(path, ";LANGID=0x0409"));
     Reopen(OpenMode::Shared);
-    ASSERT_TRUE(database && database->Execute(sql));
+    ASSERT_TRUE(database != nullptr);
+    ASSERT_TRUE(database->Execute(sql));
   }
   void Reopen(OpenMode mode) {
     database.reset();
     database = Database::Open(path, mode);
     ASSERT_TRUE(database);
+    if (mode != OpenMode::ExclusiveDurable)
+      database->Execute("PRAGMA synchronous=OFF"); // the disk is of no interest to these tests
   }
   // All values of one field, in the order of the rows.
   static std::vector<std::string> Walk(Recordset& rows, const std::string& field) {
