@@ -7,6 +7,7 @@ namespace trekor {
 
 class WinKeyboard : public Keyboard {
 public:
+  explicit WinKeyboard(bool) {}
   bool NumLock() override;
   void PressNumLock() override;
 };

@@ -1,0 +1,58 @@
+// Puts the house together: the machine's adapters, the program, its windows.
+#include "Version.h"
+#include "core/Program.h"
+#include "platform_qt/FileDrives.h"
+#include "platform_qt/ProgramFolder.h"
+#include "platform_qt/QtClock.h"
+#include "platform_qt/QtProcess.h"
+#include "platform_qt/QtPump.h"
+#include "platform_qt/QtSocket.h"
+#include "platform_qt/SdlSoundPlayer.h"
+#include "platform_qt/SystemKeyboard.h"
+#include "views/QtShell.h"
+#include "views/Theme.h"
+
+#include <QApplication>
+
+#include <cstdio>
+#include <cstring>
+
+namespace {
+
+std::string Release() {
+  using namespace trekor;
+  return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
+}
+
+int Run(int argc, char** argv) {
+  using namespace trekor;
+  FileDrives drives;
+  QtProcess process(argc, argv, drives.Root(), drives.CurrentFolder()); // before the toolkit takes its arguments away
+  QApplication app(argc, argv);
+  theme::Apply(app);
+  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
+                    Release());
+  QtClock clock;
+  QtPump pump;
+  QtSocket socket;
+  SdlSoundPlayer sound(drives);
+  SystemKeyboard keyboard(QGuiApplication::platformName() == "xcb");
+  QtShell shell(drives);
+  shell.OnFirstPicture = [&sound] { sound.OpenDevice(); };
+  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
+  Program program(platform);
+  if (program.Main() && !process.Ended())
+    QApplication::exec();
+  shell.UnloadAll();
+  return 0;
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  if (argc == 2 && std::strcmp(argv[1], "--version") == 0) {
+    std::printf("Trekor %s\n", Release().c_str());
+    return 0;
+  }
+  return Run(argc, argv);
+}

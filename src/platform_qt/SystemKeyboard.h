@@ -1,0 +1,18 @@
+// The keyboard of the system that this was built for.
+#pragma once
+
+#ifdef _WIN32
+#include "platform_qt/WinKeyboard.h"
+#else
+#include "platform_qt/X11Keyboard.h"
+#endif
+
+namespace trekor {
+
+#ifdef _WIN32
+using SystemKeyboard = WinKeyboard;
+#else
+using SystemKeyboard = X11Keyboard;
+#endif
+
+} // namespace trekor

@@ -1,0 +1,221 @@
+// Lists with entries, and what shows or holds others: combo and list boxes, frames, pictures, grids.
+#include "views/Binding.h"
+#include "views/KeyGridView.h"
+#include "views/Theme.h"
+
+#include <QComboBox>
+#include <QListWidget>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QSignalBlocker>
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+class ComboBinding : public Binding {
+public:
+  ComboBinding(ComboBox& c, BindingPlace& p) : Binding(c, p), combo(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    box = new QComboBox(parent);
+    box->setEditable(!combo.DropDownList);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    connect(box, &QComboBox::activated, this, [this](int i) { combo.Select(i); });
+    connect(box, &QComboBox::editTextChanged, this, [this](const QString& t) { combo.SetText(t.toStdString()); });
+    return box;
+  }
+  // Entries are only ever added at the end, or all taken away.
+  void FollowList() {
+    if (box->count() > combo.ListCount() || combo.ListCount() == 0)
+      box->clear();
+    for (int i = box->count(); i < combo.ListCount(); ++i)
+      box->addItem(Q(combo.List(i)));
+    Follow(Change::Selection);
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(box);
+    if (what == Change::List)
+      FollowList();
+    if (what == Change::Selection)
+      box->setCurrentIndex(combo.ListIndex());
+    if (what == Change::Text && box->isEditable() && box->currentText() != Q(combo.Text()))
+      box->setEditText(Q(combo.Text()));
+  }
+  void FollowAll() override {
+    Follow(Change::List);
+    Follow(Change::Text);
+  }
+  ComboBox& combo;
+  QComboBox* box = nullptr;
+};
+
+class ListBinding : public Binding {
+public:
+  ListBinding(ListBox& c, BindingPlace& p) : Binding(c, p), list(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    box = new QListWidget(parent);
+    box->setSelectionMode(list.MultiSelect ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
+    if (list.MultiSelect)
+      connect(box, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { list.Select(box->row(i)); });
+    else
+      connect(box, &QListWidget::currentRowChanged, this, [this](int i) { list.Select(i); });
+    connect(box, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) { list.DblClick(box->row(i)); });
+    return box;
+  }
+  void FollowList() {
+    if (box->count() > list.ListCount() || list.ListCount() == 0)
+      box->clear();
+    for (int i = box->count(); i < list.ListCount(); ++i)
+      box->addItem(Q(list.List(i)));
+    Follow(Change::Selection);
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(box);
+    if (what == Change::List)
+      FollowList();
+    if (what != Change::Selection)
+      return;
+    box->setCurrentRow(list.ListIndex(), QItemSelectionModel::NoUpdate);
+    for (int i = 0; i < box->count(); ++i)
+      box->item(i)->setSelected(list.Selected(i));
+  }
+  void FollowAll() override { Follow(Change::List); }
+  ListBox& list;
+  QListWidget* box = nullptr;
+};
+
+// A titled box around its controls; without a title nothing but their place.
+class FrameWidget : public QWidget {
+public:
+  explicit FrameWidget(QWidget* parent) : QWidget(parent) {}
+  QString title;
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    if (title.isEmpty())
+      return;
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    const int lift = fontMetrics().height() / 2;
+    p.setPen(QColor(theme::Line));
+    p.setBrush(QColor(theme::Band));
+    p.drawRoundedRect(QRectF(rect()).adjusted(0.5, lift + 0.5, -0.5, -0.5), 6, 6);
+    const QRect name(12, 0, fontMetrics().horizontalAdvance(title) + 10, 2 * lift);
+    p.setPen(Qt::NoPen);
+    p.drawRoundedRect(name, 4, 4);
+    p.setPen(QColor(isEnabled() ? theme::Ink : theme::FaintInk));
+    p.drawText(name, Qt::AlignCenter, title);
+  }
+};
+
+class FrameBinding : public Binding {
+public:
+  FrameBinding(Frame& c, BindingPlace& p) : Binding(c, p), frame(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override { return shown = new FrameWidget(parent); }
+  void Follow(Change what) override {
+    if (what != Change::Caption)
+      return;
+    shown->title = Q(frame.Caption()).remove('&');
+    shown->update();
+  }
+  void FollowAll() override { Follow(Change::Caption); }
+  Frame& frame;
+  FrameWidget* shown = nullptr;
+};
+
+// A picture; one that does something looks like a button.
+class PictureWidget : public QWidget {
+public:
+  PictureWidget(Image& model, PictureStore& store, QWidget* parent) : QWidget(parent), image(model), pictures(store) {}
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter p(this);
+    p.setRenderHint(QPainter::Antialiasing);
+    int side = std::min(width(), height());
+    if (image.OnClick) {
+      p.setPen(QColor(theme::Line));
+      p.setBrush(QColor(isEnabled() ? theme::Paper : theme::Desk));
+      p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
+      side -= 8;
+    }
+    const QPixmap drawn = pictures.Scaled(image.Picture(), side, devicePixelRatioF());
+    p.setOpacity(isEnabled() ? 1.0 : 0.35);
+    const QSizeF size = drawn.deviceIndependentSize();
+    p.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), drawn);
+  }
+  void mousePressEvent(QMouseEvent* e) override {
+    if (e->button() == Qt::LeftButton)
+      image.Click();
+  }
+
+private:
+  Image& image;
+  PictureStore& pictures;
+};
+
+class ImageBinding : public Binding {
+public:
+  ImageBinding(Image& c, BindingPlace& p) : Binding(c, p), image(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override { return new PictureWidget(image, place.Pictures(), parent); }
+  void Follow(Change) override { widget->update(); }
+  void FollowAll() override {}
+  Image& image;
+};
+
+// The two pictures of keys are grids by their data and keyboards by their looks.
+bool IsKeyGrid(const Grid& grid) {
+  return grid.Name().starts_with("fxgKey");
+}
+
+class GridBinding : public Binding {
+public:
+  GridBinding(Grid& c, BindingPlace& p) : Binding(c, p), grid(c) {}
+
+private:
+  template <class View> QWidget* MakeView(QWidget* parent) {
+    auto* view = new View(grid, place.Pictures(), parent);
+    shown = view;
+    return view;
+  }
+  QWidget* Make(QWidget* parent) override {
+    return IsKeyGrid(grid) ? MakeView<KeyGridView>(parent) : MakeView<GridView>(parent);
+  }
+  void Follow(Change what) override {
+    if (what == Change::Cells)
+      shown->GridChanged();
+  }
+  void FollowAll() override {}
+  Grid& grid;
+  GridWidget* shown = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<Binding> Bind(ComboBox& c, BindingPlace& p) {
+  return std::make_unique<ComboBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(ListBox& c, BindingPlace& p) {
+  return std::make_unique<ListBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(Frame& c, BindingPlace& p) {
+  return std::make_unique<FrameBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(Image& c, BindingPlace& p) {
+  return std::make_unique<ImageBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(Grid& c, BindingPlace& p) {
+  return std::make_unique<GridBinding>(c, p);
+}
+
+} // namespace trekor

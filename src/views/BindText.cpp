@@ -1,0 +1,243 @@
+// Labels, text boxes and buttons.
+#include "views/Binding.h"
+#include "views/Theme.h"
+
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalBlocker>
+
+namespace trekor {
+
+namespace {
+
+// A widget that tells of the operator's mouse.
+template <class Base> class Clickable : public Base {
+public:
+  using Base::Base;
+  std::function<void()> click, doubleClick;
+
+protected:
+  void mouseReleaseEvent(QMouseEvent* e) override {
+    Base::mouseReleaseEvent(e);
+    if (e->button() == Qt::LeftButton && Base::rect().contains(e->position().toPoint()) && click)
+      click();
+  }
+  void mouseDoubleClickEvent(QMouseEvent* e) override {
+    Base::mouseDoubleClickEvent(e);
+    if (doubleClick)
+      doubleClick();
+  }
+};
+
+// A mark of the shortcut letter means nothing in a label: it has no shortcut.
+QString WithoutMnemonic(const std::string& caption) {
+  return Q(caption).remove('&');
+}
+
+class LabelBinding : public Binding {
+public:
+  LabelBinding(Label& c, BindingPlace& p) : Binding(c, p), label(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    shown = new Clickable<QLabel>(parent);
+    shown->setTextFormat(Qt::PlainText);
+    shown->setWordWrap(true);
+    shown->click = [this] { label.Click(); };
+    shown->doubleClick = [this] {
+      if (label.OnDblClick)
+        label.OnDblClick();
+    };
+    return shown;
+  }
+  void Follow(Change what) override {
+    if (what == Change::Caption)
+      shown->setText(WithoutMnemonic(label.Caption()));
+    if (what != Change::Colour)
+      return;
+    QPalette colours = shown->parentWidget()->palette();
+    if (label.ForeColor() >= 0)
+      colours.setColor(QPalette::WindowText, QColor(static_cast<QRgb>(label.ForeColor())));
+    shown->setPalette(colours);
+  }
+  void FollowAll() override {
+    Follow(Change::Caption);
+    Follow(Change::Colour);
+  }
+  Label& label;
+  Clickable<QLabel>* shown = nullptr;
+};
+
+class LineBinding : public Binding {
+public:
+  LineBinding(TextBox& c, BindingPlace& p) : Binding(c, p), box(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    edit = new Clickable<QLineEdit>(parent);
+    edit->click = [this] { box.Click(); };
+    edit->doubleClick = [this] { box.DblClick(); };
+    connect(edit, &QLineEdit::textEdited, this, [this](const QString& t) { box.Type(t.toStdString()); });
+    connect(edit, &QLineEdit::selectionChanged, this, [this] { ReadSelection(); });
+    connect(edit, &QLineEdit::cursorPositionChanged, this, [this] { ReadSelection(); });
+    return edit;
+  }
+  void ReadSelection() {
+    box.SelLength = static_cast<int>(edit->selectedText().size());
+    box.SelStart = box.SelLength > 0 ? edit->selectionStart() : edit->cursorPosition();
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(edit);
+    if (what == Change::Text && edit->text() != Q(box.Text())) {
+      edit->setText(Q(box.Text()));
+      edit->setCursorPosition(box.SelStart);
+    } else if (what == Change::Selection && box.SelLength > 0)
+      edit->setSelection(box.SelStart, box.SelLength);
+    else if (what == Change::Selection) {
+      edit->deselect();
+      edit->setCursorPosition(box.SelStart);
+    }
+  }
+  void FollowAll() override {
+    edit->setReadOnly(box.ReadOnly);
+    Follow(Change::Text);
+    Follow(Change::Selection);
+  }
+  TextBox& box;
+  Clickable<QLineEdit>* edit = nullptr;
+};
+
+class PageBinding : public Binding {
+public:
+  PageBinding(TextBox& c, BindingPlace& p) : Binding(c, p), box(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    edit = new QPlainTextEdit(parent);
+    edit->setTabChangesFocus(true);
+    connect(edit, &QPlainTextEdit::textChanged, this, [this] { box.Type(edit->toPlainText().toStdString()); });
+    return edit;
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(edit);
+    if (what == Change::Text && edit->toPlainText() != Q(box.Text()))
+      edit->setPlainText(Q(box.Text()));
+    else if (what == Change::Selection && box.SelLength > 0)
+      edit->selectAll();
+    else if (what == Change::Selection)
+      edit->moveCursor(QTextCursor::Start);
+  }
+  void FollowAll() override {
+    edit->setReadOnly(box.ReadOnly);
+    Follow(Change::Text);
+  }
+  TextBox& box;
+  QPlainTextEdit* edit = nullptr;
+};
+
+class CheckBinding : public Binding {
+public:
+  CheckBinding(CheckBox& c, BindingPlace& p) : Binding(c, p), check(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    button = new QCheckBox(parent);
+    connect(button, &QCheckBox::clicked, this, [this] {
+      check.Click();
+      Follow(Change::Value); // what the model made of it
+    });
+    return button;
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(button);
+    if (what == Change::Caption)
+      button->setText(Q(check.Caption()));
+    if (what == Change::Value)
+      button->setCheckState(check.Value() == 0   ? Qt::Unchecked
+                            : check.Value() == 1 ? Qt::Checked
+                                                 : Qt::PartiallyChecked);
+  }
+  void FollowAll() override {
+    Follow(Change::Caption);
+    Follow(Change::Value);
+  }
+  CheckBox& check;
+  QCheckBox* button = nullptr;
+};
+
+class OptionBinding : public Binding {
+public:
+  OptionBinding(OptionButton& c, BindingPlace& p) : Binding(c, p), option(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    button = new QRadioButton(parent);
+    button->setAutoExclusive(false); // the model clears the others of its group
+    connect(button, &QRadioButton::clicked, this, [this] {
+      option.Click();
+      Follow(Change::Value);
+    });
+    return button;
+  }
+  void Follow(Change what) override {
+    const QSignalBlocker quiet(button);
+    if (what == Change::Caption)
+      button->setText(Q(option.Caption()));
+    if (what == Change::Value)
+      button->setChecked(option.Value());
+  }
+  void FollowAll() override {
+    Follow(Change::Caption);
+    Follow(Change::Value);
+  }
+  OptionButton& option;
+  QRadioButton* button = nullptr;
+};
+
+class ButtonBinding : public Binding {
+public:
+  ButtonBinding(CommandButton& c, BindingPlace& p) : Binding(c, p), command(c) {}
+
+private:
+  QWidget* Make(QWidget* parent) override {
+    button = new QPushButton(parent);
+    connect(button, &QPushButton::clicked, this, [this] { command.Click(); });
+    return button;
+  }
+  void Follow(Change what) override {
+    if (what == Change::Caption)
+      button->setText(Q(command.Caption()));
+  }
+  void FollowAll() override { Follow(Change::Caption); }
+  CommandButton& command;
+  QPushButton* button = nullptr;
+};
+
+} // namespace
+
+std::unique_ptr<Binding> Bind(Label& c, BindingPlace& p) {
+  return std::make_unique<LabelBinding>(c, p);
+}
+
+std::unique_ptr<Binding> Bind(TextBox& c, BindingPlace& p) {
+  if (c.TypeOf() == Kind::RichTextBox)
+    return std::make_unique<PageBinding>(c, p);
+  return std::make_unique<LineBinding>(c, p);
+}
+
+std::unique_ptr<Binding> Bind(CheckBox& c, BindingPlace& p) {
+  return std::make_unique<CheckBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(OptionButton& c, BindingPlace& p) {
+  return std::make_unique<OptionBinding>(c, p);
+}
+std::unique_ptr<Binding> Bind(CommandButton& c, BindingPlace& p) {
+  return std::make_unique<ButtonBinding>(c, p);
+}
+
+} // namespace trekor

@@ -1,0 +1,320 @@
+#include "views/FormView.h"
+
+#include "views/Theme.h"
+#include "views/Twips.h"
+
+#include <QApplication>
+#include <QMenuBar>
+#include <QScreen>
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
+  if (form.ToolWindow)
+    return Qt::Tool;
+  return modal ? Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::Window;
+}
+
+// A window of a stored place must not lie where nobody sees it.
+QRect Visible(QRect place, const QRect& screen) {
+  place.setSize(place.size().boundedTo(screen.size()));
+  place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
+  place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
+  return place;
+}
+
+} // namespace
+
+FormView::FormView(Form& f, PictureStore& p) : form(f), pictures(p) {
+  form.SetListener(this);
+  for (Control* c : form.Controls())
+    if (auto binding = BindAny(*c, *this))
+      bindings.push_back(std::move(binding));
+  connect(qApp, &QApplication::focusChanged, this, &FormView::FocusMoved);
+}
+
+FormView::~FormView() {
+  if (!detached)
+    Detach();
+}
+
+void FormView::Detach() {
+  detached = true;
+  Hide();
+  form.SetListener(nullptr);
+  for (const auto& b : bindings)
+    b->Detach();
+  if (!window)
+    return;
+  window->Forsake();
+  window->deleteLater(); // one of its handlers may stand further up the stack
+}
+
+Binding* FormView::BindingOf(const Control& control) {
+  const auto place =
+      std::find_if(bindings.begin(), bindings.end(), [&](const auto& b) { return &b->Model() == &control; });
+  return place == bindings.end() ? nullptr : place->get();
+}
+
+// ---- the window and its widgets
+
+QWidget* FormView::Window() {
+  if (!window && !detached)
+    MakeWindow();
+  return window;
+}
+
+void FormView::MakeWindow() {
+  const auto has = [&](Kind kind) {
+    return std::any_of(bindings.begin(), bindings.end(), [&](const auto& b) { return b->Model().TypeOf() == kind; });
+  };
+  window = new FormWindow(*this, FlagsOf(form, !has(Kind::Menu)));
+  window->setWindowTitle(Q(form.Caption()));
+  if (form.BackColor >= 0) {
+    QPalette colours = window->palette();
+    colours.setColor(QPalette::Window, QColor(static_cast<QRgb>(form.BackColor)));
+    window->setPalette(colours);
+  }
+  if (has(Kind::Menu))
+    window->MenuBar();
+  for (const auto& b : bindings)
+    b->WindowMade();
+  FollowGeometry();
+  EnsureWidgets();
+}
+
+// Containers come before what they hold, whatever their order in the list.
+void FormView::EnsureWidgets() {
+  for (const auto& b : bindings)
+    if (b->Model().Visible())
+      b->Ensure();
+}
+
+QWidget* FormView::ParentOf(const Control& control) {
+  if (!window)
+    return nullptr;
+  Binding* container = control.Container ? BindingOf(*control.Container) : nullptr;
+  return container ? container->Ensure() : window->Sheet();
+}
+
+QMenuBar* FormView::MenuBar() {
+  return window ? window->MenuBar() : nullptr;
+}
+
+QFont FormView::FontOf(const Control& control) {
+  return theme::Of(control.FontOf(), form.FontOf, QApplication::font());
+}
+
+void FormView::FollowGeometry() {
+  following = true;
+  const QRect screen = window->screen()->availableGeometry();
+  const QRect wanted(Pixels(form.Left), Pixels(form.Top), std::max(1, Pixels(form.Width)),
+                     std::max(1, Pixels(form.Height)) + window->MenuHeight());
+  const QRect place = Visible(wanted, screen);
+  window->resize(place.size());
+  window->move(place.topLeft());
+  if (form.WindowState() == 0)
+    window->setWindowState(window->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
+  else
+    window->setWindowState(form.WindowState() == 1 ? Qt::WindowMinimized : Qt::WindowMaximized);
+  following = false;
+  if (place.size() != wanted.size())
+    WindowResized(window->Sheet()->size());
+}
+
+void FormView::FormChanged(Form&, Change what) {
+  if (!window)
+    return;
+  if (what == Change::Caption)
+    window->setWindowTitle(Q(form.Caption()));
+  else if (what == Change::Geometry)
+    FollowGeometry();
+  else if (what == Change::Font)
+    for (const auto& b : bindings)
+      b->ControlChanged(b->Model(), Change::Font);
+}
+
+void FormView::ControlAdded(Form&, Control& control) {
+  auto binding = BindAny(control, *this);
+  if (!binding)
+    return;
+  bindings.push_back(std::move(binding));
+  if (!window)
+    return;
+  bindings.back()->WindowMade();
+  if (control.Visible())
+    bindings.back()->Ensure();
+}
+
+void FormView::FormRefresh(Form&) {
+  if (window && window->isVisible())
+    window->repaint();
+}
+
+// ---- showing
+
+void FormView::Show(QWidget* above) {
+  QWidget* w = Window();
+  if (!w)
+    return;
+  if (form.ToolWindow && above && above != w && !w->parentWidget())
+    w->setParent(above, w->windowFlags()); // floats above the main form
+  form.Shown = true;
+  w->show();
+  if (!form.ToolWindow)
+    w->activateWindow();
+}
+
+void FormView::Hide() {
+  form.Shown = false;
+  form.ActiveControl = nullptr; // the next showing gives its control the focus anew
+  if (window)
+    window->hide();
+  if (modal)
+    modal->quit();
+}
+
+void FormView::ShowModal(QWidget* above) {
+  if (modal || !Window())
+    return;
+  QEventLoop loop;
+  modal = &loop;
+  window->setWindowModality(Qt::ApplicationModal);
+  if (above && above != window)
+    window->setParent(above, window->windowFlags());
+  const QPointer<FormView> alive = this;
+  Show(nullptr);
+  loop.exec();
+  if (!alive)
+    return;
+  modal = nullptr;
+  Hide();
+}
+
+// ---- what the window tells
+
+void FormView::WindowResized(QSize inside) {
+  if (following || detached)
+    return;
+  if (!(window->windowState() & Qt::WindowMinimized)) {
+    form.Width = Twips(inside.width());
+    form.Height = Twips(inside.height());
+  }
+  for (const auto& b : bindings) // bars span the form
+    if (b->Widget() && (b->Model().TypeOf() == Kind::ToolBar || b->Model().TypeOf() == Kind::StatusBar))
+      b->ControlChanged(b->Model(), Change::Geometry);
+  if (form.OnResize)
+    form.OnResize();
+}
+
+void FormView::WindowMoved(QPoint corner) {
+  if (following || detached || form.WindowState() != 0)
+    return;
+  form.Left = Twips(corner.x());
+  form.Top = Twips(corner.y());
+}
+
+void FormView::WindowStateChanged(Qt::WindowStates state) {
+  if (following || detached)
+    return;
+  following = true;
+  form.SetWindowState(state & Qt::WindowMinimized ? 1 : state & Qt::WindowMaximized ? 2 : 0);
+  following = false;
+}
+
+void FormView::WindowActivated() {
+  if (!detached && form.OnActivate)
+    form.OnActivate();
+}
+
+void FormView::CloseAsked() {
+  const QPointer<FormView> alive = this;
+  if (form.OnQueryUnload && !form.OnQueryUnload())
+    return;
+  if (alive && !detached && form.OnUnload)
+    form.OnUnload();
+  if (alive && !detached)
+    Hide(); // a form without an unload of its own
+}
+
+// ---- focus and keys
+
+Binding* FormView::Holder(QWidget* w) const {
+  for (; w && w != window; w = w->parentWidget())
+    for (const auto& b : bindings)
+      if (b->Widget() == w)
+        return b.get();
+  return nullptr;
+}
+
+// Only a move within the window counts: a box keeps the focus while another window has the keyboard.
+void FormView::FocusMoved(QWidget*, QWidget* to) {
+  if (detached || !window || !to || to->window() != window)
+    return;
+  const Binding* now = Holder(to);
+  Control* control = now ? &now->Model() : nullptr;
+  if (!control || control == form.ActiveControl)
+    return;
+  const auto isText = [](const Control* c) {
+    return c && (c->TypeOf() == Kind::TextBox || c->TypeOf() == Kind::RichTextBox);
+  };
+  Control* before = std::exchange(form.ActiveControl, control);
+  if (isText(before))
+    static_cast<TextBox*>(before)->LoseFocus();
+  if (isText(control) && form.ActiveControl == control)
+    static_cast<TextBox*>(control)->GetFocus();
+}
+
+QWidget* FormView::Focused() {
+  return window ? window->focusWidget() : nullptr;
+}
+
+bool FormView::PressButton(bool CommandButton::*which) {
+  for (Control* c : form.Controls())
+    if (c->TypeOf() == Kind::CommandButton) {
+      auto& button = static_cast<CommandButton&>(*c);
+      if (!(button.*which) || !button.Enabled() || !button.Visible())
+        continue;
+      button.Click();
+      return true;
+    }
+  return false;
+}
+
+bool FormView::OfferKey(int keyCode, int shift) {
+  constexpr int Enter = 13, Escape = 27;
+  const QPointer<FormView> alive = this;
+  if (detached || (form.OnKeyDown && form.OnKeyDown(keyCode, shift)) || !alive || detached)
+    return true;
+  Control* focused = form.ActiveControl;
+  const Kind kind = focused ? focused->TypeOf() : Kind::Form;
+  const bool list = dynamic_cast<ListBox*>(focused) != nullptr;
+  if ((kind == Kind::TextBox || kind == Kind::RichTextBox) && static_cast<TextBox*>(focused)->Press(keyCode, shift))
+    return true;
+  if (list && static_cast<ListBox*>(focused)->Press(keyCode, shift))
+    return true;
+  if (!alive || detached)
+    return true;
+  if (keyCode == Enter && kind == Kind::CommandButton) {
+    static_cast<CommandButton*>(focused)->Click();
+    return true;
+  }
+  return (keyCode == Enter && PressButton(&CommandButton::Default)) ||
+         (keyCode == Escape && PressButton(&CommandButton::Cancel));
+}
+
+char32_t FormView::OfferCharacter(char32_t typed) {
+  if (detached || (form.OnKeyPress && form.OnKeyPress(typed)))
+    return 0;
+  Control* focused = form.ActiveControl;
+  if (!focused || focused->TypeOf() != Kind::TextBox)
+    return typed;
+  auto& box = static_cast<TextBox&>(*focused);
+  return box.OnKeyPress ? box.OnKeyPress(typed) : typed;
+}
+
+} // namespace trekor

@@ -1,0 +1,100 @@
+// One form on the screen: a window with a menu bar, when the form has menus, and the controls below it on a plain
+// sheet, each where its twips put it. Timers and image lists live from the load on; the window is made at the first
+// showing.
+#pragma once
+
+#include "forms/Form.h"
+#include "views/Binding.h"
+
+#include <QEventLoop>
+#include <QPointer>
+
+#include <functional>
+#include <memory>
+#include <vector>
+
+namespace trekor {
+
+class FormWindow;
+
+class FormView : public QObject, public Form::Listener, public BindingPlace {
+public:
+  FormView(Form& form, PictureStore& pictures);
+  ~FormView() override;
+  // Lets go of the model and takes the window away; the view itself may die later.
+  void Detach();
+
+  void Show(QWidget* above);
+  void Hide();
+  // Returns when the form has been hidden, or the program ends.
+  void ShowModal(QWidget* above);
+  QWidget* Window();  // makes it
+  QWidget* Focused(); // the window's widget that has, or would have, the focus
+  // The key of a pressed key, offered to the form, then to the control with the focus, then to the buttons that Enter
+  // and Esc press. True: taken.
+  bool OfferKey(int keyCode, int shift);
+  // A typed character on its way into a control. 0: it is thrown away; another one may stand for it.
+  char32_t OfferCharacter(char32_t typed);
+
+  // BindingPlace
+  QWidget* ParentOf(const Control& control) override;
+  QMenuBar* MenuBar() override;
+  Binding* BindingOf(const Control& control) override;
+  PictureStore& Pictures() override { return pictures; }
+  QFont FontOf(const Control& control) override;
+  const Form& Model() const override { return form; }
+  Form& Model() { return form; }
+
+  // What the window tells.
+  void WindowResized(QSize inside);
+  void WindowMoved(QPoint corner);
+  void WindowStateChanged(Qt::WindowStates state);
+  void WindowActivated();
+  void CloseAsked();
+  // The first picture of this form is on the screen; called once.
+  std::function<void()> OnFirstPicture;
+
+private:
+  void FormChanged(Form& form, Change what) override;
+  void ControlAdded(Form& form, Control& control) override;
+  void FormRefresh(Form& form) override;
+  void MakeWindow();
+  void EnsureWidgets();
+  void FollowGeometry();
+  void FocusMoved(QWidget* from, QWidget* to);
+  Binding* Holder(QWidget* w) const;
+  bool PressButton(bool CommandButton::*which);
+
+  Form& form;
+  PictureStore& pictures;
+  std::vector<std::unique_ptr<Binding>> bindings;
+  QPointer<FormWindow> window;
+  QEventLoop* modal = nullptr;
+  bool following = false; // the window follows the model: what it tells is no news
+  bool detached = false;
+};
+
+// The window itself passes on what happens to it.
+class FormWindow : public QWidget {
+public:
+  FormWindow(FormView& view, Qt::WindowFlags flags);
+  FormView* View() const { return view; }
+  void Forsake() { view = nullptr; }
+  QWidget* Sheet() const { return sheet; }
+  QMenuBar* MenuBar(); // makes it
+  int MenuHeight() const;
+
+protected:
+  bool event(QEvent* e) override;
+  void closeEvent(QCloseEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+  void moveEvent(QMoveEvent* e) override;
+
+private:
+  FormView* view;
+  QWidget* sheet;
+  QMenuBar* menus = nullptr;
+  bool painted = false;
+};
+
+} // namespace trekor

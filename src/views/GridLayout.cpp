@@ -1,0 +1,83 @@
+#include "views/GridLayout.h"
+
+#include "views/Twips.h"
+
+#include <algorithm>
+
+namespace trekor {
+
+namespace {
+
+constexpr int Margin = 6;
+constexpr int PictureRow = 44;
+constexpr int NarrowestColumn = 62;
+constexpr int WidestColumn = 150;
+
+std::size_t N(int i) {
+  return static_cast<std::size_t>(i);
+}
+
+int Share(const Grid& grid, int station, int width) {
+  const int others = grid.Cols() - 1;
+  return others > 0 ? std::clamp((width - station) / others, NarrowestColumn, WidestColumn) : NarrowestColumn;
+}
+
+} // namespace
+
+int GridLayout::HeightOfFixedRow(const Grid& grid, int row) const {
+  for (int c = 0; c < grid.Cols(); ++c)
+    if (!grid.CellPicture(row, c).empty())
+      return PictureRow;
+  return rowHeight;
+}
+
+// A width of the model's own counts, except that the positions of a step must be readable whatever it says.
+int GridLayout::ColumnWidth(const Grid& grid, int col, int share) const {
+  const int wanted = grid.ColWidth(col) < 0 ? share : Pixels(grid.ColWidth(col));
+  return col == 0 ? std::max(grid.ColWidth(0) < 0 ? 0 : wanted, stationWidth) : wanted;
+}
+
+void GridLayout::Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view) {
+  fixedRows = std::min(grid.FixedRows(), grid.Rows());
+  rowHeight = metrics.height() + 2 * Margin;
+  stationWidth = metrics.horizontalAdvance("0000.000 to 0000.000") + 3 * Margin;
+  const int share = Share(grid, ColumnWidth(grid, 0, 0), view.width());
+  edges.assign(1, 0);
+  for (int c = 0; c < grid.Cols(); ++c)
+    edges.push_back(edges.back() + ColumnWidth(grid, c, share));
+  tops.assign(1, 0);
+  for (int r = 0; r < fixedRows; ++r)
+    tops.push_back(tops.back() + HeightOfFixedRow(grid, r));
+}
+
+QSize GridLayout::Overhang(QSize view, int rows) const {
+  return {std::max(0, edges.back() - view.width()),
+          std::max(0, FixedHeight() + (rows - fixedRows) * rowHeight - view.height())};
+}
+
+QRect GridLayout::RowRect(int row, int width) const {
+  if (row < fixedRows)
+    return {0, tops[N(row)], width, tops[N(row) + 1] - tops[N(row)]};
+  return {0, FixedHeight() + (row - fixedRows) * rowHeight - scrolled.y(), width, rowHeight};
+}
+
+QRect GridLayout::CellRect(int row, int first, int last) const {
+  const int left = edges[N(first)] - (first > 0 ? scrolled.x() : 0);
+  const int right = edges[N(last) + 1] - (last > 0 ? scrolled.x() : 0);
+  const QRect line = RowRect(row, 0);
+  return {left, line.top(), right - left, line.height()};
+}
+
+int GridLayout::RowAt(int y) const {
+  if (y < FixedHeight())
+    return static_cast<int>(std::upper_bound(tops.begin(), tops.end(), y) - tops.begin()) - 1;
+  return fixedRows + (y - FixedHeight() + scrolled.y()) / rowHeight;
+}
+
+int GridLayout::ColumnAt(int x) const {
+  const int place = x < FirstColumnWidth() ? x : x + scrolled.x();
+  const int col = static_cast<int>(std::upper_bound(edges.begin(), edges.end(), place) - edges.begin()) - 1;
+  return col < static_cast<int>(edges.size()) - 1 ? col : -1;
+}
+
+} // namespace trekor

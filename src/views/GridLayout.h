@@ -1,0 +1,42 @@
+// Where the cells of a grid lie in its view: fixed rows on top, the first column at the left, both staying when the
+// rest is scrolled. All in logical pixels of the view.
+#pragma once
+
+#include "forms/Grid.h"
+
+#include <QFontMetrics>
+#include <QRect>
+#include <QSize>
+
+#include <vector>
+
+namespace trekor {
+
+class GridLayout {
+public:
+  // Lays the grid out anew for a view of this size.
+  void Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view);
+  void ScrollTo(int x, int y) { scrolled = {x, y}; }
+
+  // What does not fit into the view and can be scrolled to.
+  QSize Overhang(QSize view, int rows) const;
+  int FixedHeight() const { return tops.back(); }
+  int RowHeight() const { return rowHeight; }
+  int FirstColumnWidth() const { return edges.size() > 1 ? edges[1] : 0; }
+  // The columns `first` to `last` of a row. Cells under the fixed parts are not cut off here.
+  QRect CellRect(int row, int first, int last) const;
+  QRect RowRect(int row, int width) const;
+  int RowAt(int y) const;    // may lie beyond the grid's last row
+  int ColumnAt(int x) const; // -1 beyond the last column
+  // The row's height in this grid as its pictures ask for it; data rows are all alike.
+  int HeightOfFixedRow(const Grid& grid, int row) const;
+
+private:
+  int ColumnWidth(const Grid& grid, int col, int share) const;
+  int fixedRows = 0, rowHeight = 1, stationWidth = 0;
+  std::vector<int> edges{0}; // left edges of the columns, and the right edge of the last one
+  std::vector<int> tops{0};  // upper edges of the fixed rows, and the lower edge of the last one
+  QPoint scrolled;
+};
+
+} // namespace trekor

@@ -1,0 +1,291 @@
+#include "views/GridView.h"
+
+#include "views/Theme.h"
+#include "views/ValueBars.h"
+
+#include <QCoreApplication>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <utility>
+
+namespace trekor {
+
+namespace {
+
+const QEvent::Type AbsorbChanges = static_cast<QEvent::Type>(QEvent::registerEventType());
+constexpr int MostMoves = 8; // more rows than this at once are drawn anew faster
+constexpr int Padding = 6;
+
+int Flags(Align a) {
+  return Qt::AlignVCenter | Qt::TextSingleLine |
+         (a == Align::Left    ? Qt::AlignLeft
+          : a == Align::Right ? Qt::AlignRight
+                              : Qt::AlignHCenter);
+}
+
+} // namespace
+
+GridView::GridView(Grid& model, PictureStore& store, QWidget* parent)
+    : QAbstractScrollArea(parent), grid(model), pictures(store) {
+  setFrameShape(QFrame::NoFrame);
+  setFocusPolicy(Qt::StrongFocus);
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that rows can be moved as pixels
+  viewport()->setAutoFillBackground(false);
+  grid.TakeChanges(); // the first picture shows everything
+  Rearrange();
+}
+
+// ---- following the model
+
+void GridView::GridChanged() {
+  if (awaited)
+    return;
+  awaited = true;
+  QCoreApplication::postEvent(this, new QEvent(AbsorbChanges), Qt::HighEventPriority);
+}
+
+bool GridView::event(QEvent* e) {
+  if (e->type() != AbsorbChanges)
+    return QAbstractScrollArea::event(e);
+  Absorb();
+  return true;
+}
+
+void GridView::Absorb() {
+  awaited = false;
+  const Grid::Changes changes = grid.TakeChanges();
+  const auto moves = std::count_if(changes.steps.begin(), changes.steps.end(),
+                                   [](const auto& s) { return s.sort != Grid::Changes::Step::Cell; });
+  if (changes.all || moves > MostMoves || (overtaken && moves > 0))
+    Rearrange();
+  else
+    Follow(changes);
+  overtaken = false;
+  if (changes.selection)
+    ShowSelection();
+}
+
+// The rows move first; a changed cell is drawn where its row has come to lie.
+void GridView::Follow(const Grid::Changes& changes) {
+  using Step = Grid::Changes::Step;
+  std::vector<Step> cells;
+  for (const Step& s : changes.steps) {
+    if (s.sort == Step::Cell) {
+      cells.push_back(s);
+      continue;
+    }
+    const bool inserted = s.sort == Step::RowInserted;
+    for (Step& c : cells)
+      c.row += c.row >= s.row ? (inserted ? 1 : -1) : 0;
+    MoveRows(s.row, inserted ? layout.RowHeight() : -layout.RowHeight());
+  }
+  for (const Step& c : cells) {
+    if (c.row < 0 || c.row >= grid.Rows() || c.col >= grid.Cols())
+      continue;
+    if (c.row < grid.FixedRows() && layout.HeightOfFixedRow(grid, c.row) != layout.RowRect(c.row, 0).height())
+      return Rearrange();
+    viewport()->update(grid.MergeRow(c.row) ? layout.RowRect(c.row, viewport()->width())
+                                            : layout.CellRect(c.row, c.col, c.col));
+  }
+  SetScrollRanges();
+}
+
+void GridView::MoveRows(int row, int distance) {
+  if (row < grid.FixedRows())
+    return viewport()->update();
+  QRect moved = layout.RowRect(row, viewport()->width());
+  moved.setTop(std::max(moved.top(), layout.FixedHeight()));
+  moved.setBottom(viewport()->height() - 1);
+  if (!moved.isValid())
+    return;
+  viewport()->scroll(0, distance, moved); // what comes free is drawn by itself
+}
+
+void GridView::Rearrange() {
+  layout.Arrange(grid, fontMetrics(), viewport()->size());
+  SetScrollRanges();
+  viewport()->update();
+}
+
+void GridView::SetScrollRanges() {
+  const QSize over = layout.Overhang(viewport()->size(), grid.Rows());
+  horizontalScrollBar()->setRange(0, over.width());
+  horizontalScrollBar()->setPageStep(std::max(1, viewport()->width() - layout.FirstColumnWidth()));
+  horizontalScrollBar()->setSingleStep(std::max(1, layout.FirstColumnWidth() / 3));
+  verticalScrollBar()->setRange(0, over.height());
+  verticalScrollBar()->setPageStep(std::max(1, viewport()->height() - layout.FixedHeight()));
+  verticalScrollBar()->setSingleStep(layout.RowHeight());
+  layout.ScrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
+}
+
+// The mark of the selection costs a whole picture, so it is drawn only when there is, or was, one to be seen.
+void GridView::ShowSelection() {
+  if (marked || grid.SelectionMarks())
+    viewport()->update();
+  marked = grid.SelectionMarks();
+}
+
+void GridView::resizeEvent(QResizeEvent*) {
+  Rearrange();
+}
+
+void GridView::changeEvent(QEvent* e) {
+  QAbstractScrollArea::changeEvent(e);
+  if (e->type() == QEvent::FontChange)
+    Rearrange();
+}
+
+void GridView::scrollContentsBy(int, int) {
+  layout.ScrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
+  viewport()->update();
+}
+
+// ---- painting
+
+void GridView::paintEvent(QPaintEvent* e) {
+  overtaken |= awaited;
+  QPainter p(viewport());
+  p.setFont(font());
+  for (const QRect& area : e->region()) {
+    const int last = std::min(grid.Rows() - 1, layout.RowAt(area.bottom()));
+    // Data rows before fixed ones: a row half scrolled away must not cover them.
+    for (int r = std::max(grid.FixedRows(), layout.RowAt(std::max(area.top(), layout.FixedHeight()))); r <= last; ++r)
+      PaintRow(p, r, area);
+    for (int r = layout.RowAt(area.top()); r <= std::min(last, grid.FixedRows() - 1); ++r)
+      PaintRow(p, r, area);
+    const int end = layout.RowRect(grid.Rows(), 0).top();
+    if (area.bottom() >= end)
+      p.fillRect(area.intersected(QRect(0, end, viewport()->width(), viewport()->height())), QColor(theme::Paper));
+  }
+  if (grid.SelectionMarks())
+    PaintCurrentCell(p);
+}
+
+void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
+  const int width = viewport()->width();
+  const int firstWidth = layout.FirstColumnWidth();
+  if (grid.Cols() > 1 && area.right() >= firstWidth) {
+    p.save();
+    p.setClipRect(QRect(firstWidth, 0, width - firstWidth, viewport()->height()), Qt::IntersectClip);
+    const int from = layout.ColumnAt(std::max(area.left(), firstWidth));
+    for (int c = from < 0 ? grid.Cols() : FirstEqual(row, from); c < grid.Cols();) {
+      const int last = LastEqual(row, c);
+      if (layout.CellRect(row, c, last).left() > area.right())
+        break;
+      PaintCell(p, row, c, last);
+      c = last + 1;
+    }
+    p.restore();
+  }
+  if (grid.Cols() > 0 && area.left() < firstWidth)
+    PaintCell(p, row, 0, 0);
+  const int end = grid.Cols() > 0 ? layout.CellRect(row, grid.Cols() - 1, grid.Cols() - 1).right() + 1 : 0;
+  if (end <= area.right()) {
+    QRect rest = layout.RowRect(row, width);
+    rest.setLeft(end);
+    p.fillRect(rest, QColor(row < grid.FixedRows() ? theme::Head : theme::Paper));
+  }
+}
+
+// Merged cells: neighbours of equal text along a merged row. The first column stays apart, as it doesn't scroll. Merged
+// columns are for the key pictures; here two equal values one above the other are two values.
+int GridView::LastEqual(int row, int first) const {
+  int last = first;
+  if (grid.MergeRow(row) && !grid.Text(row, first).empty())
+    while (last + 1 < grid.Cols() && grid.Text(row, last + 1) == grid.Text(row, first))
+      ++last;
+  return last;
+}
+
+int GridView::FirstEqual(int row, int col) const {
+  int first = col;
+  if (grid.MergeRow(row) && !grid.Text(row, col).empty())
+    while (first > 1 && grid.Text(row, first - 1) == grid.Text(row, col))
+      --first;
+  return first;
+}
+
+bool GridView::Chosen(int row) const {
+  const auto [low, high] = std::minmax(grid.Row(), grid.RowSel());
+  return grid.SelectionMarks() && row >= low && row <= high && row >= grid.FixedRows();
+}
+
+void GridView::PaintCell(QPainter& p, int row, int first, int last) {
+  const QRect cell = layout.CellRect(row, first, last);
+  const bool head = row < grid.FixedRows();
+  p.fillRect(cell, QColor(head ? theme::Head : Chosen(row) ? theme::AccentSoft : theme::Paper));
+  PaintContent(p, row, first, last, cell);
+  p.setPen(QColor(theme::Line));
+  p.drawLine(cell.bottomLeft(), cell.bottomRight());
+  p.drawLine(cell.topRight(), cell.bottomRight());
+}
+
+void GridView::PaintContent(QPainter& p, int row, int first, int last, const QRect& cell) {
+  const std::string& key = grid.CellPicture(row, first);
+  if (const int bar = BarNumber(key); bar >= 0)
+    DrawBar(p, cell, bar);
+  else if (!key.empty()) {
+    const int side = std::min(cell.height(), cell.width()) - 6;
+    const QPixmap picture = pictures.Scaled(key, side, devicePixelRatioF());
+    QRect place(QPoint(), picture.deviceIndependentSize().toSize());
+    place.moveCenter(cell.center());
+    p.drawPixmap(place.topLeft(), picture);
+  }
+  const std::string& text = grid.Text(row, first);
+  if (text.empty())
+    return;
+  const bool head = row < grid.FixedRows();
+  QFont f = font();
+  if (head)
+    f.setBold(true);
+  p.setFont(f);
+  p.setPen(QColor(isEnabled() ? theme::Ink : theme::FaintInk));
+  const Align align = head && first > 0 ? Align::Centre : grid.CellAlignment(row, first);
+  // A merged text that begins left of the view is read from the view's edge.
+  QRect place = cell.adjusted(Padding, 0, -Padding, 0);
+  if (first != last)
+    place.setLeft(std::max(place.left(), layout.FirstColumnWidth() + Padding));
+  p.drawText(place, Flags(align), Q(text));
+}
+
+void GridView::PaintCurrentCell(QPainter& p) {
+  const int row = grid.Row(), col = grid.Col();
+  if (row < grid.FixedRows() || row >= grid.Rows() || col >= grid.Cols())
+    return;
+  const int first = col > 0 ? FirstEqual(row, col) : 0;
+  p.setClipRect(
+      QRect(col > 0 ? layout.FirstColumnWidth() : 0, layout.FixedHeight(), viewport()->width(), viewport()->height()));
+  p.setPen(QPen(QColor(theme::Accent), 3));
+  p.setBrush(Qt::NoBrush);
+  p.drawRect(layout.CellRect(row, first, col > 0 ? LastEqual(row, first) : 0).adjusted(1, 1, -2, -2));
+}
+
+// ---- the operator's acts
+
+void GridView::mousePressEvent(QMouseEvent* e) {
+  const QPoint at = e->position().toPoint();
+  const int row = layout.RowAt(at.y()), col = layout.ColumnAt(at.x());
+  if (e->button() != Qt::LeftButton || row >= grid.Rows() || col < 0)
+    return;
+  grid.SelectCell(row, col);
+  grid.Click(row, col);
+}
+
+void GridView::mouseDoubleClickEvent(QMouseEvent* e) {
+  mousePressEvent(e);
+  if (grid.OnDblClick)
+    grid.OnDblClick();
+}
+
+void GridView::keyPressEvent(QKeyEvent* e) {
+  const int down = (e->key() == Qt::Key_Down) - (e->key() == Qt::Key_Up);
+  const int right = (e->key() == Qt::Key_Right) - (e->key() == Qt::Key_Left);
+  if (down == 0 && right == 0)
+    return QAbstractScrollArea::keyPressEvent(e);
+  grid.SelectCell(grid.Row() + down, grid.Col() + right);
+}
+
+} // namespace trekor

@@ -1,0 +1,59 @@
+// The collection grid on the screen. It draws the cells itself and no more of them than have changed: a new row moves
+// the picture down and draws one row. Changes are taken from the model once for each turn of the event loop, so that a
+// tick makes one picture.
+#pragma once
+
+#include "forms/Grid.h"
+#include "views/GridLayout.h"
+#include "views/PictureStore.h"
+
+#include <QAbstractScrollArea>
+
+namespace trekor {
+
+// What a grid's binding needs of its widget.
+class GridWidget {
+public:
+  virtual ~GridWidget() = default;
+  virtual void GridChanged() = 0;
+};
+
+class GridView : public QAbstractScrollArea, public GridWidget {
+public:
+  GridView(Grid& grid, PictureStore& pictures, QWidget* parent);
+  void GridChanged() override;
+
+protected:
+  bool event(QEvent* e) override;
+  void paintEvent(QPaintEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+  void changeEvent(QEvent* e) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
+  void keyPressEvent(QKeyEvent* e) override;
+
+private:
+  void Absorb();
+  void Follow(const Grid::Changes& changes);
+  void MoveRows(int row, int distance);
+  void Rearrange();
+  void SetScrollRanges();
+  void ShowSelection();
+  void PaintRow(QPainter& p, int row, const QRect& area);
+  void PaintCell(QPainter& p, int row, int first, int last);
+  void PaintContent(QPainter& p, int row, int first, int last, const QRect& cell);
+  void PaintCurrentCell(QPainter& p);
+  bool Chosen(int row) const;
+  int LastEqual(int row, int first) const;
+  int FirstEqual(int row, int col) const;
+
+  Grid& grid;
+  PictureStore& pictures;
+  GridLayout layout;
+  bool awaited = false;   // an Absorb is on its way
+  bool overtaken = false; // something was painted before it came: the pixels can't be moved any more
+  bool marked = false;    // selection marks as last painted
+};
+
+} // namespace trekor

@@ -1,0 +1,82 @@
+#include "views/KeyFilter.h"
+
+#include "views/FormView.h"
+#include "views/KeyCodes.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QWindow>
+
+namespace trekor {
+
+namespace {
+
+constexpr unsigned NumbersBegin = 8;
+
+FormView* ViewOf(const QObject* window) {
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (auto* form = dynamic_cast<FormWindow*>(w); form && form->windowHandle() == window)
+      return form->View();
+  return nullptr;
+}
+
+// 1 Shift, 2 Ctrl, 4 Alt.
+int ShiftState(Qt::KeyboardModifiers m) {
+  return (m & Qt::ShiftModifier ? 1 : 0) + (m & Qt::ControlModifier ? 2 : 0) + (m & Qt::AltModifier ? 4 : 0);
+}
+
+} // namespace
+
+KeyFilter::KeyFilter() {
+  const QString platform = QGuiApplication::platformName();
+  machineNumbers = platform == "xcb" || platform.startsWith("wayland");
+  qApp->installEventFilter(this);
+}
+
+bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
+  const QEvent::Type type = event->type();
+  if ((type != QEvent::ShortcutOverride && type != QEvent::KeyPress) || !watched->isWindowType())
+    return false;
+  FormView* view =
+      QApplication::activePopupWidget() ? nullptr : ViewOf(watched); // an open menu or list has its own keys
+  if (!view)
+    return false;
+  auto& key = static_cast<QKeyEvent&>(*event);
+  return type == QEvent::KeyPress ? Press(*view, key) : Question(*view, key);
+}
+
+bool KeyFilter::Offer(FormView& view, const QKeyEvent& key) const {
+  const unsigned scan = key.nativeScanCode();
+  const int code = KeyCodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier),
+                             machineNumbers && scan > NumbersBegin ? scan - NumbersBegin : 0);
+  return code != 0 && view.OfferKey(code, ShiftState(key.modifiers()));
+}
+
+// What the form does with the key may let further keys in: their answers must not stand for this one's.
+bool KeyFilter::Question(FormView& view, QKeyEvent& key) {
+  const bool answer = Offer(view, key);
+  asked = true;
+  taken = answer;
+  if (answer)
+    key.accept(); // no shortcut may have it
+  return answer;
+}
+
+bool KeyFilter::Press(FormView& view, QKeyEvent& key) {
+  const bool answer = asked ? taken : Offer(view, key);
+  asked = false;
+  if (answer || key.text().isEmpty())
+    return answer;
+  const char32_t typed = key.text().toUcs4().front();
+  const char32_t becomes = view.OfferCharacter(typed);
+  if (becomes == typed)
+    return false;
+  if (auto* line = becomes != 0 ? dynamic_cast<QLineEdit*>(view.Focused()) : nullptr) {
+    line->insert(QString::fromUcs4(&becomes, 1));
+    emit line->textEdited(line->text());
+  }
+  return true;
+}
+
+} // namespace trekor

@@ -1,0 +1,32 @@
+// The on-screen picture of the keyboard or the keypad: merged cells drawn as keys that fill the view evenly.
+#pragma once
+
+#include "views/GridView.h"
+
+#include <QWidget>
+
+namespace trekor {
+
+class KeyGridView : public QWidget, public GridWidget {
+public:
+  KeyGridView(Grid& grid, PictureStore& pictures, QWidget* parent);
+  void GridChanged() override;
+
+protected:
+  void paintEvent(QPaintEvent* e) override;
+  void mousePressEvent(QMouseEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
+
+private:
+  struct Key {
+    int row, col, lastRow, lastCol;
+  };
+  Key KeyAt(int row, int col) const;
+  QRect Place(const Key& key) const;
+  void PaintKey(QPainter& p, const Key& key);
+
+  Grid& grid;
+  PictureStore& pictures;
+};
+
+} // namespace trekor

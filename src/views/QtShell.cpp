@@ -1,0 +1,149 @@
+#include "views/QtShell.h"
+
+#include "views/Theme.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QScreen>
+
+namespace trekor {
+
+namespace {
+
+QMessageBox::Icon IconOf(BoxIcon icon) {
+  switch (icon) {
+  case BoxIcon::Stop:
+    return QMessageBox::Critical;
+  case BoxIcon::Exclamation:
+    return QMessageBox::Warning;
+  case BoxIcon::Information:
+    return QMessageBox::Information;
+  case BoxIcon::None:
+    break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+} // namespace
+
+QtShell::~QtShell() {
+  UnloadAll();
+}
+
+void QtShell::UnloadAll() {
+  while (!views.empty())
+    Unload(*views.begin()->first);
+  notice.reset();
+}
+
+void QtShell::Load(Form& form) {
+  auto& view = views[&form];
+  if (!view) {
+    view.reset(new FormView(form, pictures));
+    form.Loaded = true;
+  }
+}
+
+void QtShell::Unload(Form& form) {
+  const auto place = views.find(&form);
+  if (place == views.end())
+    return;
+  const auto view = std::move(place->second);
+  views.erase(place);
+  form.Loaded = false;
+  view->Detach();
+}
+
+FormView* QtShell::ViewOf(Form& form) {
+  Load(form);
+  return views.at(&form).get();
+}
+
+QWidget* QtShell::MainWindow() const {
+  const auto place = mainForm ? views.find(mainForm) : views.end();
+  return place == views.end() || !mainForm->Shown ? nullptr : place->second->Window();
+}
+
+void QtShell::Show(Form& form) {
+  FormView* view = ViewOf(form);
+  if (!mainForm) {
+    mainForm = &form;
+    view->OnFirstPicture = [this] {
+      if (OnFirstPicture)
+        OnFirstPicture();
+    };
+  }
+  view->Show(MainWindow());
+}
+
+void QtShell::Hide(Form& form) {
+  const auto place = views.find(&form);
+  if (place != views.end())
+    place->second->Hide();
+}
+
+void QtShell::ShowModal(Form& form) {
+  QWidget* active = QApplication::activeWindow();
+  ViewOf(form)->ShowModal(active ? active : MainWindow());
+}
+
+void QtShell::SetFocus(Control& control) {
+  FormView* view = ViewOf(control.Owner());
+  Binding* binding = view->Window() ? view->BindingOf(control) : nullptr;
+  if (QWidget* w = binding ? binding->Ensure() : nullptr)
+    w->setFocus();
+}
+
+void QtShell::BringToFront(Control& control) {
+  FormView* view = ViewOf(control.Owner());
+  Binding* binding = view->Window() ? view->BindingOf(control) : nullptr;
+  if (QWidget* w = binding ? binding->Ensure() : nullptr)
+    w->raise();
+}
+
+long long QtShell::WindowHandle(Form& form) {
+  QWidget* w = ViewOf(form)->Window();
+  return w ? static_cast<long long>(w->winId()) : 0;
+}
+
+void QtShell::Hourglass(bool on) {
+  if (std::exchange(hourglass, on) == on)
+    return;
+  if (on)
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon icon) {
+  QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::Ok, QApplication::activeWindow());
+  box.setTextFormat(Qt::PlainText);
+  box.exec();
+}
+
+void QtShell::ShowNotice(const std::string& text) {
+  if (text.empty()) {
+    notice.reset();
+    return;
+  }
+  if (!notice) {
+    notice = std::make_unique<QLabel>(nullptr, Qt::ToolTip);
+    notice->setMargin(24);
+    notice->setFrameShape(QFrame::Box);
+  }
+  notice->setText(Q(text));
+  notice->adjustSize();
+  const QWidget* over = MainWindow();
+  const QRect area = over ? over->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
+  notice->move(area.center() - notice->rect().center());
+  notice->show();
+  notice->repaint();
+}
+
+bool QtShell::SavePicture(const std::string& key, const std::string& nativePath) {
+  const QImage& image = pictures.Original(key);
+  return !image.isNull() && image.save(Q(nativePath), "PNG");
+}
+
+} // namespace trekor

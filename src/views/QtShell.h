@@ -1,0 +1,58 @@
+// What the windowing system does for the logic, with a view for each loaded form.
+#pragma once
+
+#include "platform/Shell.h"
+#include "views/FormView.h"
+#include "views/KeyFilter.h"
+
+#include <QPointer>
+
+#include <functional>
+#include <map>
+#include <memory>
+
+class QLabel;
+
+namespace trekor {
+
+class QtShell : public Shell {
+public:
+  explicit QtShell(Drives& drives) : pictures(drives) {}
+  ~QtShell() override;
+  QtShell(const QtShell&) = delete;
+  QtShell& operator=(const QtShell&) = delete;
+
+  void Load(Form& form) override;
+  void Unload(Form& form) override;
+  void Show(Form& form) override;
+  void Hide(Form& form) override;
+  void ShowModal(Form& form) override;
+  void SetFocus(Control& control) override;
+  void BringToFront(Control& control) override;
+  long long WindowHandle(Form& form) override;
+  void Hourglass(bool on) override;
+  void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
+  void ShowNotice(const std::string& text) override;
+  bool SavePicture(const std::string& key, const std::string& nativePath) override;
+
+  // Lets go of all forms. To be called while they still live.
+  void UnloadAll();
+  // Raised once, when the first window has shown its first picture.
+  std::function<void()> OnFirstPicture;
+
+private:
+  struct DeleteLater {
+    void operator()(FormView* view) const { view->deleteLater(); }
+  };
+  FormView* ViewOf(Form& form); // loads the form when that was forgotten
+  QWidget* MainWindow() const;
+
+  PictureStore pictures;
+  KeyFilter keys;
+  std::map<Form*, std::unique_ptr<FormView, DeleteLater>> views;
+  Form* mainForm = nullptr; // the first one that was shown
+  std::unique_ptr<QLabel> notice;
+  bool hourglass = false;
+};
+
+} // namespace trekor
