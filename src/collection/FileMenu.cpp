@@ -24,10 +24,17 @@ void FileMenu::Prepare_File() {
     prepareHeld = true; // opened now, it would be closed with the file before it
     return;
   }
-  if (!ctx.rooms.files.CreateDataFile(ctx.rooms.setup))
+  ctx.rooms.files.CreateDataFile(ctx.rooms.setup);
+  if (ctx.fields.ending) { // an exit came in while the pictures were stored: nobody else would close this file
+    ctx.rooms.files.CloseDataFile();
+    ctx.run().DataFileOpen = false;
     return;
+  }
   feedback.SetCaption();
-  setups.Lock_SetupControls();
+  if (ctx.run().DataFileOpen)
+    setups.Lock_SetupControls();
+  else // perhaps the one before it had to go
+    setups.Unlock_SetupControls();
 }
 
 // "FILE PATH D:\Roads", "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB", "FILE GUID 00..FF",

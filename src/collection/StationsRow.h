@@ -27,7 +27,6 @@ constexpr int StepRowKind = -1;
 void Write_Fix(Grid& stations, int row, const LocalTime& time, const GpsFix& gps);
 // -1 for a step row, the observation's index for an event row; 0 where nothing stands.
 int RowKind(const Grid& stations, int row);
-LocalTime CellTime(const std::string& cell);
 double CellDouble(const std::string& cell);
 float CellFloat(const std::string& cell);
 int CellInteger(const std::string& cell);

@@ -1,6 +1,7 @@
 #include "collection/Storing.h"
 
 #include "collection/StationsRow.h"
+#include "datafiles/DateText.h"
 #include "values/Text.h"
 
 namespace trekor {
@@ -14,7 +15,7 @@ NewStation StationOfRow(const Grid& stations, int row) {
   NewStation s;
   s.StationType = RowKind(stations, row) == StepRowKind ? 0 : 1;
   s.FileText = stations.Text(row, ColStation);
-  s.Time = CellTime(stations.Text(row, ColTime));
+  s.Time = ReadDate(stations.Text(row, ColTime));
   s.GPSStatus = CellInteger(stations.Text(row, ColGpsStatus));
   s.GPSTime = CellDouble(stations.Text(row, ColGpsTime));
   s.Latitude = CellDouble(stations.Text(row, ColLatitude));

@@ -1,0 +1,98 @@
+#include "collection/RunFixture.h"
+
+namespace trekor::tests {
+
+class Sound : public RunFixture {
+protected:
+  void SetUp() override {
+    fakes.drives.MakeFolders("C:\\Trekor\\Audio\\Danish");
+    state.folders.AudioLanguagePath = "C:\\Trekor\\Audio\\Danish\\";
+    state.command.Language = "Danish";
+    Wave("English", "O101");
+    Wave("English", "D1");
+    Wave("Danish", "D2");
+    Wave("Danish", "401");
+    Load();
+    StartFromLink(10.0);
+    fakes.sound.TakePlayed();
+  }
+  void Wave(const std::string& folder, const std::string& name) {
+    fakes.drives.Write("C:\\Trekor\\Audio\\" + folder + "\\" + name + ".wav", "wave");
+  }
+  Texts Played() { return fakes.sound.TakePlayed(); }
+  Feedback& feedback() { return run.parts().feedback; }
+};
+
+TEST_F(Sound, TonesAreTheDigitsOfTheValue) {
+  feedback().PlayObservationSound(Crack, 3);
+  feedback().PlayDigitSound(7);
+  feedback().PlayObservationSound(Crack, -1);
+  feedback().PlayDigitSound(12);
+  EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\Tones\\D3.WAV", "C:\\Trekor\\Audio\\Tones\\D7.WAV"}));
+}
+
+TEST_F(Sound, WordsFallBackToEnglishFileByFileAndToTheDigit) {
+  state.options.DataColVoice = true;
+  feedback().PlayObservationSound(Crack, 2); // its own word, in English
+  feedback().PlayObservationSound(Hole, 2);
+  feedback().PlayObservationSound(Hole, 1);
+  feedback().PlayObservationSound(Hole, 3);
+  EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\English\\O101.WAV", "C:\\Trekor\\Audio\\Danish\\D2.WAV",
+                             "C:\\Trekor\\Audio\\English\\D1.WAV"}));
+}
+
+TEST_F(Sound, AToneThatOnlyTheLanguageHasPlaysFromThere) {
+  EXPECT_TRUE(feedback().PlayWave(" 401 "));
+  EXPECT_EQ(Played(), Texts{"C:\\Trekor\\Audio\\Danish\\401.WAV"});
+  EXPECT_FALSE(feedback().PlayWave("402"));
+}
+
+TEST_F(Sound, WithoutVoiceTheSystemSoundsStillPlay) {
+  state.options.AssistanceVoice = false;
+  Press('A');
+  Press('Z');
+  Dmi(10.1);
+  EXPECT_EQ(Sounds(), (Texts{"undefinedkey.WAV", "newsegment.WAV"}));
+}
+
+TEST_F(Sound, AssistanceIsSpokenOrShown) {
+  int shown = 0;
+  fakes.shell.scripts["Message"] = [&shown](Form&) { ++shown; };
+  const std::string path = state.folders.MdbFolder + "\\Words.mdb";
+  ASSERT_TRUE(Database::Create(fakes.drives.NativePath(path), ""));
+  ASSERT_TRUE(Database::Open(fakes.drives.NativePath(path), OpenMode::Shared)
+                  ->Execute("CREATE TABLE Messages (ID INTEGER NOT NULL PRIMARY KEY, English TEXT);"
+                            "INSERT INTO Messages VALUES (401, 'Taken.'), (402, 'Free.')"));
+  messages.Open(path);
+  struct Case {
+    int number;
+    bool voice, text;
+    int shown;
+  };
+  for (const Case& c :
+       {Case{401, true, true, 0}, Case{402, true, false, 1}, Case{401, false, true, 1}, Case{401, false, false, 0}}) {
+    state.options.AssistanceVoice = c.voice;
+    state.options.AssistanceText = c.text;
+    shown = 0;
+    feedback().Assist(c.number);
+    EXPECT_EQ(shown, c.shown) << c.number << " voice " << c.voice << " text " << c.text;
+  }
+}
+
+TEST_F(Sound, SlowDownSoundsAtTheEndOfAStepAndIsCalledByNobody) {
+  Dmi(10.05);
+  run.parts().stepping.Check_SlowDown(0);
+  EXPECT_TRUE(Played().empty());
+  state.position.DmiStation.SetDefault(10.2); // past the end: the bar stands at its full length
+  run.parts().stepping.Check_SlowDown(0);
+  EXPECT_EQ(Sounds(), Texts{"slowdown.WAV"});
+}
+
+TEST_F(Sound, ProgressOfTheCommaFileStandsInTheCaption) {
+  run.AsciiFileProgress(42);
+  EXPECT_EQ(form.Caption(), "Writing ASCII output file. Please wait ... (42%)");
+  Tick(40);
+  EXPECT_EQ(form.Caption(), "Veldmark Trekor");
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,174 @@
+#include "collection/RunFixture.h"
+
+namespace trekor::tests {
+
+class FileMenuStories : public RunFixture {
+protected:
+  void SetUp() override { Load(); }
+  void Collect(const std::string& name) {
+    OpenFile(name);
+    StartFromLink(10.0);
+    Dmi(10.1);
+    Press(F4);
+    Sent();
+  }
+  // The operator names the file in the form.
+  void Operator_Names(const std::string& name) {
+    fakes.shell.scripts["FileNewDialog2"] = [this, name](Form&) {
+      state.file.DataPath = Folder;
+      state.file.DataName = name;
+    };
+  }
+};
+
+TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
+  Operator_Names("ROAD09");
+  form.mnuNew.Click();
+  EXPECT_EQ(Sent(), (Texts{"FILE PATH C:\\Roads", "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB",
+                           "FILE GUID " + state.file.DataGuid, "FILE SESSION 1", "FILE OPEN"}));
+  EXPECT_EQ(state.file.DataGuid.size(), 32U);
+  EXPECT_FALSE(form.cboTestSetupNames.Enabled());
+  EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\ROAD09.mdb (1)");
+}
+
+TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnounced) {
+  Operator_Names("ROAD09");
+  fakes.drives.failing.push_back("C:\\ROADS\\ROAD09.MDB");
+  form.mnuNew.Click();
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_FALSE(state.run.DataFileOpen);
+  EXPECT_TRUE(form.cboTestSetupNames.Enabled());
+}
+
+TEST_F(FileMenuStories, ACloseLeavesTheCommaFileAndTellsTheLink) {
+  Collect("ROAD09");
+  form.mnuClose.Click();
+  EXPECT_EQ(Sent(), Texts{"FILE CLOSE"});
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.TKR"));
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
+  EXPECT_FALSE(state.run.DataFileOpen);
+  EXPECT_TRUE(form.Texts7.Enabled());
+  EXPECT_TRUE(form.cboTestSetupNames.Enabled());
+  EXPECT_EQ(form.Caption(), "Veldmark Trekor");
+  EXPECT_EQ(state.file.LastCloseTime, fakes.clock.Now());
+}
+
+TEST_F(FileMenuStories, DataThatStandNowhereElseAreNeverDeleted) {
+  state.options.KeepMdb = false;
+  Collect("GONE");
+  form.mnuClose.Click();
+  EXPECT_FALSE(Exists("C:\\Roads\\GONE.mdb"));
+  EXPECT_TRUE(Exists("C:\\Roads\\GONE.TKR"));
+  OpenFile("EMPTY"); // no station, so no comma file
+  form.mnuClose.Click();
+  EXPECT_TRUE(Exists("C:\\Roads\\EMPTY.mdb"));
+  state.options.WriteAscii = false;
+  Collect("KEPT");
+  form.mnuClose.Click();
+  EXPECT_TRUE(Exists("C:\\Roads\\KEPT.mdb"));
+}
+
+TEST_F(FileMenuStories, CopiesFollowTheNameOfTheCommaFile) {
+  fakes.drives.MakeFolders("D:\\Roads");
+  Link("FILE BACKUPPATH D:\\Roads");
+  state.options.WriteAscii = false;
+  Collect("FIRST");
+  form.mnuClose.Click();
+  EXPECT_TRUE(fakes.drives.Files("D:\\Roads", "*.*").empty()) << "no comma file yet, so no name to copy by";
+  state.options.WriteAscii = true;
+  state.options.KeepMdb = false;
+  Collect("SECOND");
+  form.mnuClose.Click();
+  EXPECT_EQ(fakes.drives.Files("D:\\Roads", "*.*"), (Texts{"SECOND.mdb", "SECOND.TKR"}));
+}
+
+TEST_F(FileMenuStories, ALaterSessionsCommaFileHasItsNumber) {
+  Collect("ROAD09");
+  form.mnuClose.Click();
+  ASSERT_TRUE(files.ReopenDataFile(setup));
+  StartFromLink(11.0);
+  Press(F4);
+  CloseFile();
+  EXPECT_EQ(state.file.AsciiName, "ROAD09-02");
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09-02.TKR"));
+}
+
+TEST_F(FileMenuStories, ACloseDoesNothingInARunAndLittleWithoutAFile) {
+  OpenFile();
+  StartFromLink(10.0);
+  CloseFile();
+  EXPECT_TRUE(state.run.DataFileOpen);
+  Press(F4);
+  CloseFile();
+  Sent();
+  form.Texts7.SetEnabled(false);
+  CloseFile();
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
+  EXPECT_TRUE(form.Texts7.Enabled());
+}
+
+TEST_F(FileMenuStories, AFileOrderedInARunTakesTheRowsThatLeaveFromThen) {
+  StartFromLink(10.0);
+  Dmi(10.1);
+  OpenFile("LATE");
+  Press(F4);
+  EXPECT_EQ(Stations(), (Texts{"10.1 0", "10.1 0"}));
+}
+
+// ---------------------------------------------------------------------------------------------------------- the setup
+
+TEST_F(FileMenuStories, AChosenSetupBringsItsColumnsAndKeys) {
+  form.cboTestSetupNames.Select(1);
+  EXPECT_EQ(state.TestSetupID, 2);
+  EXPECT_EQ(state.TestSetupName, "Short");
+  EXPECT_EQ(form.lblSetupID.Caption(), "2");
+  EXPECT_EQ(form.Grid.Cols(), 2);
+  EXPECT_EQ(setup.KeyToObs('B'), -1);
+  EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
+  form.cboTestSetupNames.Select(2); // "Empty"
+  EXPECT_EQ(form.Grid.Cols(), 1);
+  EXPECT_TRUE(form.Grid.Redraw());
+  EXPECT_FALSE(Fields().GridBusy);
+}
+
+TEST_F(FileMenuStories, TheRunningSetupStaysWhenTheListIsFilledAgain) {
+  form.cboTestSetupNames.Select(1);
+  setup.Observations(1).SetDefault(std::string("kept"));
+  run.parts().setups.Load_TestSetupNames();
+  EXPECT_EQ(setup.Observations(1).DefaultText(), "kept");
+  EXPECT_EQ(form.cboTestSetupNames.ListIndex(), 1);
+  state.TestSetupID = 0; // as at a start, where the label alone was kept
+  run.parts().setups.Load_TestSetupNames();
+  EXPECT_EQ(state.TestSetupID, 2);
+  EXPECT_EQ(setup.Observations(1).DefaultText(), "");
+}
+
+TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
+  ASSERT_TRUE(vocabulary.ObsDB->Execute("DELETE FROM SetupNames"));
+  run.parts().setups.Load_TestSetupNames();
+  EXPECT_EQ(form.cboTestSetupNames.Text(), "n/a");
+  EXPECT_FALSE(form.cboTestSetupNames.Enabled());
+  EXPECT_EQ(form.lblSetupID.Caption(), "-1");
+  EXPECT_EQ(setup.ObsCount(), 0);
+}
+
+TEST_F(FileMenuStories, DeleteOnAPictureTakesTheKeyAway) {
+  form.TabStrip1.Select(1);
+  EXPECT_TRUE(form.tabFrames1.Visible());
+  EXPECT_FALSE(form.tabFrames0.Visible());
+  form.fxgKeyBoard.SetRow(3);
+  form.fxgKeyBoard.SetCol(3); // the letter A
+  ASSERT_EQ(form.fxgKeyBoard.Text(3, 3), "A");
+  Key(Del);
+  EXPECT_EQ(setup.Observations(Crack).KeyCode(), -1);
+  EXPECT_EQ(setup.KeyToObs('A'), -1);
+  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "");
+  EXPECT_EQ(form.fxgKeyBoard.CellPicture(3, 3), "");
+  const auto stored = vocabulary.ObsDB->OpenQuery("SELECT KeyCode FROM Setups WHERE SetupID=1 AND ObsParID=1");
+  EXPECT_EQ(stored->Get(0).Integer(), -1);
+  Key(Del); // nothing more to take
+  EXPECT_EQ(setup.Observations(Hole).KeyCode(), 'B');
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,170 @@
+// What comes in at a pump in the middle of something else.
+#include "collection/RunFixture.h"
+
+namespace trekor::tests {
+
+class AtAPump : public RunFixture {
+protected:
+  void SetUp() override { Load(); }
+  // The line arrives at the n-th pump from now.
+  void LineAtPump(int n, const std::string& line) {
+    fakes.pump.AtPump(n, [this, line] { fakes.socket.DeliverNow(line + "\r\n"); });
+  }
+};
+
+TEST_F(AtAPump, AnEchoedStartInTheWaitsBeginsNoSecondRun) {
+  OpenFile();
+  LineAtPump(400, "CTRL START");
+  for (int n = 300; n < 900; n += 25) // ticks go on in the waits
+    fakes.pump.AtPump(n, [this] { form.IdleTimer.Fire(); });
+  StartAt(10.0);
+  EXPECT_EQ(Roads(), Texts{"10.000 to 10.100"});
+  EXPECT_EQ(Stations(), Texts{"10 0"});
+  EXPECT_EQ(std::count(prompts.begin(), prompts.end(), prompts.front()), 1);
+}
+
+TEST_F(AtAPump, ACommandInsideALinkStartMakesTheRestOfItSpeak) {
+  // The new-file form is up when another message ends FromLink.
+  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { Link("FACILITY NAME Road 21"); };
+  Type(form.Texts7, "0.1");
+  Answer("3");
+  Link("CTRL START");
+  EXPECT_EQ(prompts.size(), 1U);
+  EXPECT_EQ(Roads(), Texts{"3.000 to 3.100"});
+}
+
+TEST_F(AtAPump, APositionInsideARowWaitsUntilTheRowIsWhole) {
+  for (int n = 1; n <= 4; ++n) {
+    SCOPED_TRACE("pump " + std::to_string(n));
+    StartFromLink(10.0);
+    // The arrival of the first position is pump 1, the row's own pumps come inside it.
+    LineAtPump(1 + n, "DMI 10.35");
+    LineAtPump(1 + n, "DMI 10.35");
+    Dmi(10.1);
+    fakes.pump.ProcessEvents();
+    fakes.pump.ProcessEvents();
+    fakes.pump.ProcessEvents();
+    EXPECT_EQ(Roads(), (Texts{"10.300 to 10.400", "10.200 to 10.300", "10.100 to 10.200", "10.000 to 10.100"}));
+    ExpectAligned();
+    Press(F4);
+  }
+}
+
+TEST_F(AtAPump, AKeyInsideAStepRowWaitsForTheNextTick) {
+  StartFromLink(10.0);
+  fakes.pump.AtPump(2, [this] {
+    Key('B');
+    form.IdleTimer.Fire();
+  });
+  Dmi(10.1);
+  EXPECT_EQ(Rows(), 2);
+  Tick();
+  EXPECT_EQ(Roads(), (Texts{"10.100 to 10.200", "10.100", "10.000 to 10.100"}));
+  ExpectAligned();
+}
+
+TEST_F(AtAPump, APositionInsideAnEventRowIsCaughtUpAfterIt) {
+  StartFromLink(10.0);
+  Key('B');
+  LineAtPump(2, "DMI 10.1"); // the tick's own pump is the first
+  Tick();
+  EXPECT_EQ(Roads(), (Texts{"10.100 to 10.200", "10.000 to 10.100", "10.000"}));
+  ExpectAligned();
+}
+
+TEST_F(AtAPump, AnExitInTheWaitsEndsTheStartFirst) {
+  for (int pump : {2, 5, 300, 1500, 2300}) {
+    SCOPED_TRACE("pump " + std::to_string(pump));
+    Fields().ending = false;
+    unloads = 0;
+    OpenFile("ROAD" + std::to_string(pump));
+    Type(form.Texts7, "0.1");
+    Answer("10");
+    LineAtPump(pump, "CTRL EXIT");
+    Key(F2);
+    if (unloads == 0) // the start was over before
+      Tick();
+    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(State(), 0);
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_FALSE(state.run.DataFileOpen);
+    EXPECT_FALSE(form.IdleTimer.Running());
+    socket.Load();
+    fakes.pump.ProcessEvents();
+  }
+}
+
+TEST_F(AtAPump, AnExitInsideARowStoresEveryValue) {
+  for (int pump : {2, 3, 4}) {
+    SCOPED_TRACE("pump " + std::to_string(pump));
+    Fields().ending = false;
+    form.IdleTimer.SetRunning(true);
+    OpenFile("EXIT" + std::to_string(pump));
+    StartFromLink(10.0);
+    Press('A');
+    LineAtPump(pump, "CTRL EXIT");
+    Sent();
+    Dmi(10.1);
+    fakes.pump.ProcessEvents();
+    fakes.pump.ProcessEvents();
+    EXPECT_EQ(State(), 0);
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10.1 0", "10 0"})) << "the key's position is where the run ends";
+    EXPECT_EQ(Spans_Of(Crack), Texts{"1 2 1"});
+    EXPECT_EQ(Sent(), (Texts{"FILE CLOSE", "CTRL EXIT"})) << "no acknowledgement, and silent as asked by the link";
+    socket.Load();
+    fakes.pump.ProcessEvents();
+  }
+}
+
+TEST_F(AtAPump, AnExitDuringAPromptStopsTheRunAndDropsTheAnswer) {
+  OpenFile();
+  StartFromLink(10.0);
+  fakes.shell.scripts["NumericPrompt"] = [this](Form& prompt) {
+    Link("CTRL EXIT");
+    dynamic_cast<PromptForm&>(prompt).txtBox.Type("77");
+  };
+  Press('G');
+  EXPECT_EQ(unloads, 1);
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(Stations(), (Texts{"10 0", "10 0"}));
+  EXPECT_FALSE(form.IdleTimer.Running());
+}
+
+TEST_F(AtAPump, AnExitInTheSendOfAPauseStillStoresTheRun) {
+  OpenFile();
+  StartFromLink(10.0);
+  Press('A');
+  Key(F3);
+  LineAtPump(2, "CTRL EXIT");
+  Tick();
+  EXPECT_EQ(unloads, 1);
+  EXPECT_EQ(State(), 0);
+  EXPECT_EQ(Spans_Of(Crack), Texts{"1 2 1"});
+}
+
+TEST_F(AtAPump, NoTickRunsWhileAKeyAsks) {
+  StartFromLink(10.0);
+  state.run.Simulator = true;
+  fakes.shell.scripts["NumericPrompt"] = [this](Form&) {
+    EXPECT_FALSE(form.IdleTimer.Running());
+    Link("CTRL STOP"); // into the ring
+    EXPECT_EQ(State(), 1);
+  };
+  Press('G');
+  EXPECT_TRUE(form.IdleTimer.Running());
+  Tick();
+  EXPECT_EQ(State(), 0);
+}
+
+TEST_F(AtAPump, AFileOrderedWhileOneIsClosedIsOpenedAfterIt) {
+  OpenFile("FIRST");
+  LineAtPump(2, "FILE NAME SECOND");
+  LineAtPump(2, "FILE OPEN");
+  Link("FILE CLOSE");
+  fakes.pump.ProcessEvents();
+  EXPECT_TRUE(state.run.DataFileOpen);
+  EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\SECOND.mdb");
+  EXPECT_TRUE(Exists("C:\\Roads\\FIRST.mdb"));
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,148 @@
+#include "collection/RunFixture.h"
+
+namespace trekor::tests {
+
+class RoadSteps : public RunFixture {
+protected:
+  void SetUp() override { Load(); }
+};
+
+TEST_F(RoadSteps, EachPositionCrossesOneBoundaryAtMost) {
+  StartFromLink(0.9);
+  Sounds();
+  struct Case {
+    double dmi;
+    const char* running;
+  };
+  for (const Case& c : {Case{0.999, "0.900 to 1.000"}, Case{1.0, "1.000 to 1.100"}, Case{1.35, "1.100 to 1.200"},
+                        Case{1.35, "1.200 to 1.300"}, Case{1.36, "1.300 to 1.400"}, Case{1.36, "1.300 to 1.400"},
+                        Case{1.1, "1.300 to 1.400"}}) {
+    Dmi(c.dmi);
+    EXPECT_EQ(Cell(0, 0), c.running) << c.dmi;
+  }
+  EXPECT_EQ(Sounds(), Texts(4, "newsegment.WAV"));
+  EXPECT_EQ(form.Texts8.Text(), "1.300");
+  ExpectAligned();
+}
+
+TEST_F(RoadSteps, DecreasingStationsCrossDownwards) {
+  Link("SET DMI 0 D 10");
+  EXPECT_EQ(form.UpDnPicture.Picture(), "DNICON");
+  StartFromLink(10.0);
+  EXPECT_EQ(Cell(0, 0), "10.000 to 9.900");
+  Dmi(9.9);
+  EXPECT_EQ(Cell(0, 0), "9.900 to 9.800");
+}
+
+TEST_F(RoadSteps, BoundariesWaitThroughAPause) {
+  StartFromLink(1.0);
+  Press(F3);
+  Dmi(1.5);
+  Link("SET DMI 0 D 7");
+  EXPECT_TRUE(state.position.DmiIncreasing);
+  EXPECT_EQ(Rows(), 1);
+  Press(F2);
+  Dmi(1.5);
+  EXPECT_EQ(Cell(0, 0), "1.100 to 1.200");
+}
+
+TEST_F(RoadSteps, StepTextsBecomeKilometresByTheShortFactor) {
+  struct Case {
+    int unit;
+    const char* text;
+    double km;
+  };
+  for (const Case& c :
+       {Case{0, " 0,1 ", 0.1}, Case{0, "", 0}, Case{1, "250", 0.25}, Case{2, "1", 1 / 0.6213712},
+        Case{3, "-1.2640", -(1 / 0.6213712 + 2640.0 / 5280 / 0.6213712)}, Case{4, "5280", 1 / 0.6213712},
+        Case{5, "1760", 1 / 0.6213712}, Case{6, "100", 0}, Case{8, "1", 0}}) {
+    state.units.StationUnit = c.unit;
+    EXPECT_NEAR(run.parts().stepping.StationTextToKm(c.text), c.km, 1e-9) << c.unit << " " << c.text;
+  }
+}
+
+TEST_F(RoadSteps, BoxesAreCheckedWhenTheyAreLeft) {
+  struct Case {
+    const char *typed, *shown;
+    double km;
+  };
+  for (const Case& c : {Case{"-0.1", "0.100", 0.1}, Case{"0", "0.001", 0.001}, Case{"", "0.001", 0.001},
+                        Case{"0,25", "0.250", 0.25}, Case{"20000", "10000.000", 10000}}) {
+    Type(form.Texts7, c.typed);
+    EXPECT_EQ(form.Texts7.Text(), c.shown) << c.typed;
+    EXPECT_DOUBLE_EQ(state.position.StepSize.Default(), c.km) << c.typed;
+  }
+  Type(form.Texts6, "12.5");
+  EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 12.5);
+  EXPECT_EQ(Sent(), Texts{"SET DMI  0 1  12.5"});
+  EXPECT_EQ(Fields().FocusIndex, -1);
+}
+
+TEST_F(RoadSteps, DirectionTurnsByPictureAndKeysUntilAFileFixesIt) {
+  constexpr int Up = 38, Down = 40, Shift = 1;
+  Key(Up, Shift); // increasing already
+  EXPECT_TRUE(state.position.DmiIncreasing);
+  Key(Down); // no modifier
+  EXPECT_TRUE(state.position.DmiIncreasing);
+  Key(Down, Shift);
+  EXPECT_FALSE(state.position.DmiIncreasing);
+  EXPECT_EQ(form.DmiDirLabel.Caption(), "0");
+  Key(Up, Shift);
+  EXPECT_EQ(Sent(), (Texts{"SET DMI  0 -1  0", "SET DMI  0 1  0"}));
+  OpenFile();
+  StartFromLink(1.0);
+  Press(F4);
+  Key(Down, Shift);
+  EXPECT_TRUE(state.position.DmiIncreasing) << "fixed for the life of the session";
+  CloseFile();
+  Key(Down, Shift);
+  EXPECT_FALSE(state.position.DmiIncreasing);
+}
+
+TEST_F(RoadSteps, StepBarFollowsThePositionEvery400Milliseconds) {
+  StartFromLink(1.0);
+  Dmi(1.05);
+  Tick(17);
+  EXPECT_EQ(Bar(0), "BAR:5");
+  Dmi(1.35); // one boundary crossed, far ahead of the row
+  Tick(17);
+  EXPECT_EQ(run.parts().grids.Bar(0), 100);
+}
+
+TEST_F(RoadSteps, SimulationMovesUntilTheFirstRealPositionAndNotInAPause) {
+  state.run.Simulator = true;
+  state.position.DmiStation.SetDefault(1);
+  Tick(33);
+  EXPECT_NEAR(state.position.DmiStation.Default(), 1.001, 1e-9);
+  EXPECT_EQ(Sent(), Texts{"DMI  1.001"});
+  Dmi(2);
+  Tick(66);
+  EXPECT_EQ(state.position.DmiStation.Default(), 2);
+}
+
+TEST_F(RoadSteps, StartStationPromptSetsTheCountUnlessItIsEmptied) {
+  Answer("3,5");
+  run.EnterHugeNumber(6);
+  EXPECT_EQ(form.Texts6.Text(), "3.500");
+  EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 3.5);
+  EXPECT_EQ(Sent().size(), 1U);
+  Answer("");
+  run.EnterHugeNumber(6);
+  EXPECT_EQ(form.Texts6.Text(), "3.500");
+  EXPECT_TRUE(Sent().empty());
+  state.position.DmiStation.SetDefault(9);
+  Answer("<esc>"); // answers with the old text, which is applied
+  run.EnterHugeNumber(6);
+  EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 3.5);
+  EXPECT_EQ(Sent().size(), 1U);
+}
+
+TEST_F(RoadSteps, DanishKeysGiveTheirLettersInABoxWhateverTheLayout) {
+  state.command.Language = "Danish";
+  form.Texts6.OnKeyDown(192, 0);
+  EXPECT_EQ(form.Texts6.OnKeyPress(U';'), U'\u00C6');
+  form.Texts6.OnKeyDown('1', 0);
+  EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), U'1');
+}
+
+} // namespace trekor::tests
