@@ -1,0 +1,124 @@
+#include "datafiles/DataFileFixture.h"
+
+#include "Version.h"
+#include "datafiles/ExportSessions.h"
+
+#include <fstream>
+#include <sstream>
+
+namespace trekor::tests {
+namespace {
+
+std::string ReadText(const std::string& nativePath) {
+  std::ifstream in(nativePath, std::ios::binary);
+  std::ostringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+void Replace(std::string& text, const std::string& what, const std::string& by) {
+  for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
+    text.replace(at, what.size(), by);
+}
+
+} // namespace
+
+void MakeTemplate(FakeDrives& drives, const std::string& sqlFile, const std::string& path) {
+  const std::string native = drives.NativePath(path);
+  ASSERT_TRUE(Database::Create(native, ""));
+  auto database = Database::Open(native, OpenMode::Shared);
+  ASSERT_NE(database, nullptr);
+  ASSERT_TRUE(database->Execute("BEGIN;" + ReadText(TREKOR_SOURCE_DIR "/templates/" + sqlFile) + "COMMIT;"))
+      << database->LastError();
+}
+
+std::string Expected(const std::string& name) {
+  std::string text = ReadText(TREKOR_SOURCE_DIR "/tests/datafiles/expected/" + name);
+  Replace(text, "@VERSION@", FileFormat(50 + VersionMajor + VersionMinor / 100.0, "#0.00"));
+  Replace(text, "@REVISION@", std::to_string(VersionRevision));
+  return text;
+}
+
+Job::Job() {
+  machine.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
+  machine.drives.MakeFolders("D:\\Data");
+  state.folders.AppPath = "C:\\Trekor";
+  state.folders.RootFolder = "C:\\Veldmark\\Trekor";
+  state.folders.MdbFolder = "C:\\Veldmark\\Trekor\\MDB";
+  MakeTemplate(machine.drives, "DataFile.sql", "C:\\Veldmark\\Trekor\\MDB\\DATAfile.mdb");
+  state.file.DataPath = "D:\\Data";
+  state.position.StepSize.SetDefault(0.1);
+}
+
+ClassObservation& Job::Offer(int code, const std::string& name, const std::string& abbreviation, int mode, double max) {
+  ClassObservation& obs = setup.AddObservation();
+  obs.ObsCode = code;
+  obs.DataTypeID = 1;
+  obs.RegModeCode = mode;
+  obs.SetMin(0);
+  obs.SetMax(max);
+  obs.SetObsNames("on screen", name, "scr", abbreviation);
+  obs.SetObsIcon("RUT.PNG");
+  return obs;
+}
+
+bool Job::Create(const std::string& name) {
+  state.file.DataName = name;
+  return files.CreateDataFile(setup);
+}
+
+void Job::Fix(double latitude, double longitude, double height, int status, int satellites) {
+  next.Latitude = latitude;
+  next.Longitude = longitude;
+  next.Height = static_cast<float>(height);
+  next.GPSStatus = status;
+  next.GPSSVs = satellites;
+}
+
+std::int32_t Job::Stand(const std::string& station, int type) {
+  next.StationType = type;
+  next.FileText = station;
+  machine.clock.Advance(1000);
+  next.Time = machine.clock.Now();
+  next.GPSTime = next.Time.hour * 10000 + next.Time.minute * 100 + next.Time.second;
+  return files.AddStation(next);
+}
+
+void Job::Value(std::int32_t from, std::int32_t to, int code, const std::string& text, int parCode) {
+  files.AddRegistration(from, to, code, parCode, text);
+}
+
+std::string Job::Comma(std::int32_t sessionID) {
+  state.file.AsciiName = state.file.DataName;
+  comma.WriteCommaFile(sessionID, true, setup.ObsCount());
+  std::string text = machine.drives.Read("D:\\Data\\" + state.file.AsciiName + ".TKR");
+  if (!text.empty())
+    EXPECT_EQ(text.find('\n'), text.find("\r\n") + 1) << "lines end with CR LF";
+  Replace(text, "\r\n", "\n");
+  return text;
+}
+
+std::string Job::Records(const std::string& text) {
+  const std::string lastOfHead = "5040,1,0,0,0,1,0,0,0,1\n";
+  const std::size_t at = text.find(lastOfHead);
+  return at == std::string::npos ? "no head" : text.substr(at + lastOfHead.size());
+}
+
+std::vector<std::string> Job::AskRows(const std::string& query) {
+  std::vector<std::string> rows;
+  const auto answer = files.database ? files.database->OpenQuery(query) : nullptr;
+  for (; answer && !answer->Eof(); answer->MoveNext()) {
+    std::string row;
+    for (int i = 0; i < answer->FieldCount(); ++i)
+      row += (i > 0 ? "|" : "") + answer->Get(i).Text();
+    rows.push_back(row);
+  }
+  return rows;
+}
+
+std::string Job::Ask(const std::string& query) {
+  const auto rows = AskRows(query);
+  return rows.empty() ? "no row" : rows[0];
+}
+
+} // namespace trekor::tests

@@ -1,0 +1,225 @@
+#include "datafiles/DataFileFixture.h"
+
+#include <csignal>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace trekor::tests {
+namespace {
+
+TEST(DataFiles, StartsASessionWithTheObservationsOfTheSetup) {
+  Job job;
+  ProgramState& state = job.state;
+  state.folders.AppVersion = "1.2.3456789";
+  state.people.OperatorName = std::string(40, 'o');
+  state.command.HardwareName = "7707-104";
+  state.TestSetupName = "Summer";
+  state.options.OptionFileUnits = "Metric";
+  state.file.DataGuid = "ABCD";
+  state.facility.FacilityName = "Ring Road";
+  state.facility.FacilityClass = "A";
+  state.facility.FacilityDistrict = "North";
+  state.facility.FacilityDirection = 2;
+  state.facility.FacilityLanes = 4;
+  state.facility.SectionType = "Motorway";
+  state.facility.Lane = std::string(49, 'x') + "\xC3\xA9\xC3\xA9"; // 51 characters, cut inside none of them
+  state.position.DmiIncreasing = true;
+  job.Offer(17, "Rutting", "RUT", 2).SetFileText("depth in mm");
+  job.Offer(21, "Potholes", "PTH", 0, 1);
+  ASSERT_TRUE(job.Create("ROAD01"));
+  EXPECT_TRUE(state.run.DataFileOpen);
+  EXPECT_EQ(state.file.DataFilePath, "D:\\Data\\ROAD01.mdb");
+  EXPECT_EQ(state.file.SessionID, 1);
+  EXPECT_EQ(job.Ask("SELECT * FROM Sessions"),
+            "1|ABCD|1.2.3456|" + std::string(32, 'o') +
+                "|7707-104|Summer|Metric|2024-05-06 07:08:09|Ring Road||2|Motorway|4|||0|||||" + std::string(49, 'x') +
+                "\xC3\xA9||999999.999|-999999.999|1|0.1");
+  EXPECT_EQ(job.AskRows("SELECT ObsParID, SessionID, ObsCode, ObsName, ObsAbrv, ParCode, ParName, ParAbrv, DataType,"
+                        " TextUtil, Min, Max, RegModeCode FROM Observations"),
+            (std::vector<std::string>{"1|1|17|Rutting|RUT|0| | |1|depth in mm|0|3|2",
+                                      "2|1|21|Potholes|PTH|0| | |1| |0|1|0"}));
+  EXPECT_EQ(job.Ask("SELECT substr(ObsIcon, 1, 15) FROM Observations"),
+            job.Ask("SELECT CAST('PICTURE RUT.PNG' AS BLOB)"));
+}
+
+TEST(DataFiles, StoresStationsInFileUnitsAndTheLimitsAtTheEndOfARun) {
+  Job job;
+  job.state.units.FileStationUnit = 1;
+  job.state.facility.LaneNumber = "12345678901234567";
+  ASSERT_TRUE(job.Create("ROAD01"));
+  job.Fix(55.5, -12.25, 1.5, 4, 11);
+  EXPECT_EQ(job.Step("1500.0"), 1);
+  EXPECT_EQ(job.Event("  900.5"), 2);
+  EXPECT_EQ(job.Step("99999999.9"), 3); // beyond the road network: the nearest limit
+  EXPECT_EQ(job.state.file.StationID, 3);
+  job.Value(1, 3, 17, "2", 5);
+  EXPECT_EQ(job.AskRows("SELECT * FROM Stations"),
+            (std::vector<std::string>{
+                "1|1|1500|1|-1|0||1234567890123456|2024-05-06 07:08:10|4|70810|55.5|-12.25|1.5|11",
+                "2|1|900.5|1|-1|1||1234567890123456|2024-05-06 07:08:11|4|70811|55.5|-12.25|1.5|11",
+                "3|1|10000000|1|-1|0||1234567890123456|2024-05-06 07:08:12|4|70812|55.5|-12.25|1.5|11"}));
+  EXPECT_EQ(job.Ask("SELECT * FROM Registrations"), "1|1|3|17|5|2");
+  job.state.facility.SectionName = "South"; // what is current at the end of the run is what the session keeps
+  job.files.EditSession();
+  EXPECT_EQ(job.AskRows("SELECT SessionID, SectionName, StationMin, StationMax, Date FROM Sessions"),
+            std::vector<std::string>{"1|South|900.5|10000000|2024-05-06 07:08:12"});
+}
+
+TEST(DataFiles, KeepsTheDirectionOfTheSectionThatWasReadLast) {
+  Job job;
+  ASSERT_TRUE(job.Create("ROAD01"));
+  ASSERT_TRUE(job.files.database->Execute("UPDATE Sessions SET SectionDirection=3, Operator='Anna'"));
+  job.files.rsSessions->MoveLast();
+  job.files.ReadSession();
+  EXPECT_EQ(job.files.session.SectionHeading, "East");
+  EXPECT_EQ(job.files.session.Operator, "Anna");
+  EXPECT_EQ(job.state.people.OperatorName, "") << "reading a session leaves the people of the run alone";
+  job.files.NewSession();
+  EXPECT_EQ(job.Ask("SELECT SessionID, SectionDirection, Operator FROM Sessions WHERE SessionID=2"), "2|3|");
+}
+
+TEST(DataFiles, ReplacesAnOldFileButNeverTheOpenOne) {
+  Job job;
+  ASSERT_TRUE(job.Create("ROAD01"));
+  job.Step("1.000");
+  EXPECT_FALSE(job.Create("road01")) << "the open file, in other letters";
+  EXPECT_TRUE(job.state.run.DataFileOpen);
+  EXPECT_EQ(job.Ask("SELECT count(*) FROM Stations"), "1");
+  ASSERT_TRUE(job.Create("ROAD02")); // lets the first one go
+  EXPECT_TRUE(job.Create("ROAD01"));
+  EXPECT_EQ(job.Ask("SELECT count(*) FROM Stations"), "0");
+  EXPECT_FALSE(job.Create(""));
+  EXPECT_TRUE(job.state.run.DataFileOpen);
+}
+
+TEST(DataFiles, StaysClosedWhenTheTemplateOrTheFolderIsMissing) {
+  Job job;
+  job.state.file.DataPath = "D:\\Nowhere";
+  EXPECT_FALSE(job.Create("ROAD01"));
+  job.state.file.DataPath = "D:\\Data";
+  job.machine.drives.DeleteFile("C:\\Veldmark\\Trekor\\MDB\\DATAfile.mdb");
+  EXPECT_FALSE(job.Create("ROAD01"));
+  EXPECT_FALSE(job.state.run.DataFileOpen);
+  EXPECT_TRUE(job.machine.drives.Files("D:\\Data", "*.*").empty());
+}
+
+TEST(DataFiles, OpensNoForeignDamagedMissingOrLockedFile) {
+  Job job;
+  ASSERT_TRUE(job.Create("GOOD"));
+  job.files.CloseDataFile();
+  const std::string good = job.machine.drives.Read(job.DataFile("GOOD"));
+  job.machine.drives.Write(job.DataFile("SHORT"), good.substr(0, good.size() / 3));
+  job.machine.drives.Write(job.DataFile("TEXT"), "Dear reader, this is no data file at all. " + std::string(5000, '.'));
+  job.machine.drives.Write(job.DataFile("EMPTY"), "");
+  MakeTemplate(job.machine.drives, "Software.sql", job.DataFile("FOREIGN"));
+  for (const char* name : {"SHORT", "TEXT", "EMPTY", "FOREIGN", "MISSING"}) {
+    job.state.file.DataFilePath = job.DataFile(name);
+    EXPECT_FALSE(job.files.OpenDataFile()) << name;
+    EXPECT_EQ(job.files.database, nullptr) << name;
+  }
+  EXPECT_EQ(job.machine.drives.Read(job.DataFile("TEXT")).size(), 5042U);
+  EXPECT_FALSE(job.machine.drives.FileExists(job.DataFile("MISSING")));
+  job.state.file.DataFilePath = job.DataFile("GOOD");
+  auto other = Database::Open(job.machine.drives.NativePath(job.DataFile("GOOD")), OpenMode::Exclusive);
+  ASSERT_NE(other, nullptr);
+  EXPECT_FALSE(job.files.OpenDataFile()) << "another program has it";
+  other.reset();
+  EXPECT_TRUE(job.files.OpenDataFile());
+}
+
+TEST(DataFiles, AddsASessionEachTimeAFileIsOpenedForMoreCollection) {
+  Job job;
+  MakeTemplate(job.machine.drives, "DataFile.sql", "C:\\Trekor\\DATAfile.vdb");
+  job.Offer(17, "Rutting", "RUT", 2);
+  ASSERT_TRUE(job.Create("ROAD01"));
+  job.Step("1.000");
+  for (const char* name : {"ROAD01.mdb", "ROAD01.MDB"}) {
+    job.files.CloseDataFile();
+    job.state.file.DataName = name;
+    ASSERT_TRUE(job.files.ReopenDataFile(job.setup));
+    EXPECT_EQ(job.state.file.DataName, "ROAD01");
+    EXPECT_EQ(job.state.file.DataFilePath, "D:\\Data\\ROAD01.mdb");
+    EXPECT_DOUBLE_EQ(job.state.position.StationMinimum.Default(), 999999.999);
+  }
+  EXPECT_EQ(job.AskRows("SELECT SessionID, ObsName FROM Observations"),
+            (std::vector<std::string>{"1|Rutting", "2|Rutting", "3|Rutting"}));
+  EXPECT_EQ(job.Ask("SELECT max(SessionID), count(*) FROM Sessions"), "3|3");
+  EXPECT_EQ(job.state.file.SessionID, 3);
+  EXPECT_EQ(job.Step("2.000"), 2);
+}
+
+// A row of the run: a station and its twenty registrations reach the disk together or not at all.
+void StoreRow(Job& job, int row) {
+  job.files.BeginRow();
+  const std::int32_t here = job.Step(FixedFormat(row * 0.1, "###0.000"));
+  for (int code = 1; code <= 20; ++code)
+    job.Value(here, here, code, "3");
+  job.files.EndRow();
+}
+
+TEST(DataFiles, HoldsEveryStoredRowAndNoHalfRowWhenTheProgramIsKilled) {
+  for (const int rowsBefore : {1, 7, 300}) {
+    Job job;
+    int told[2];
+    ASSERT_EQ(pipe(told), 0);
+    const pid_t child = fork();
+    if (child == 0) {
+      const bool open = job.Create("KILLED");
+      for (int row = 0; open; ++row) {
+        StoreRow(job, row);
+        if (write(told[1], "r", 1) != 1)
+          break;
+      }
+      _exit(1);
+    }
+    close(told[1]);
+    int stored = 0;
+    for (char byte = 0; stored < rowsBefore && read(told[0], &byte, 1) == 1;)
+      ++stored;
+    kill(child, SIGKILL);
+    for (char byte = 0; read(told[0], &byte, 1) == 1;)
+      ++stored; // told while the signal was under way
+    close(told[0]);
+    waitpid(child, nullptr, 0);
+
+    job.state.file.DataFilePath = job.DataFile("KILLED");
+    ASSERT_TRUE(job.files.OpenDataFile());
+    EXPECT_EQ(job.Ask("PRAGMA integrity_check"), "ok");
+    const int stations = std::stoi(job.Ask("SELECT count(*) FROM Stations"));
+    EXPECT_GE(stations, stored);
+    EXPECT_EQ(std::stoi(job.Ask("SELECT count(*) FROM Registrations")), 20 * stations);
+    EXPECT_EQ(job.Ask("SELECT count(*) FROM Sessions"), "1");
+  }
+}
+
+TEST(DataFiles, LeavesNoLogOfAKilledProgramUnderANewFile) {
+  Job job;
+  if (const pid_t child = fork(); child == 0) {
+    job.Create("ROAD01");
+    StoreRow(job, 1);
+    kill(getpid(), SIGKILL);
+  } else {
+    waitpid(child, nullptr, 0);
+  }
+  ASSERT_TRUE(job.machine.drives.FileExists(job.DataFile("ROAD01") + "-wal"));
+  ASSERT_TRUE(job.Create("ROAD01"));
+  EXPECT_EQ(job.Ask("SELECT count(*) FROM Stations"), "0");
+  EXPECT_EQ(job.Ask("PRAGMA integrity_check"), "ok");
+  job.files.CloseDataFile();
+  EXPECT_EQ(job.machine.drives.Files("D:\\Data", "*.*"), std::vector<std::string>{"ROAD01.mdb"}) << "one plain file";
+}
+
+TEST(DataFiles, GoesOnWithoutAFile) {
+  Job job;
+  job.files.BeginRow();
+  EXPECT_EQ(job.Step("1.000"), 0);
+  job.Value(1, 1, 1, "1");
+  job.files.EndRow();
+  job.files.EditSession();
+  job.files.ReadSession();
+  job.files.CloseDataFile();
+  EXPECT_FALSE(job.comma.WriteCommaFile(0, true, 1));
+}
+
+} // namespace
+} // namespace trekor::tests

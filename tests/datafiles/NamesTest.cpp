@@ -1,0 +1,49 @@
+#include "datafiles/DataFiles.h"
+#include "support/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace trekor::tests {
+namespace {
+
+TEST(NextFreeName, CountsTheTrailingDigitsOn) {
+  FakeDrives drives;
+  drives.MakeFolders("D:\\Roads.9\\A");
+  for (const char* name : {"ROAD09", "ROAD10", "ROAD99", "ROAD", "ROAD1", "7", "A1.B"})
+    drives.Write("D:\\Roads.9\\A\\" + std::string(name) + ".mdb", "x");
+  drives.Write("D:\\Roads.9\\A\\PLAIN", "x");
+  for (const auto& [name, free] :
+       {std::pair("ROAD09.mdb", "ROAD11.mdb"), std::pair("road99.MDB", "road100.MDB"),
+        std::pair("ROAD.mdb", "ROAD2.mdb"), std::pair("7.mdb", "8.mdb"), std::pair("A1.B.mdb", "A1.B1.mdb"),
+        std::pair("PLAIN", "PLAIN1"), std::pair("NEW007.mdb", "NEW007.mdb")})
+    EXPECT_EQ(NextFreeName("D:\\Roads.9\\A\\" + std::string(name), drives), "D:\\Roads.9\\A\\" + std::string(free));
+}
+
+TEST(NewGuid, IsThirtyTwoDigitsOrFourPartsOrNothing) {
+  FakeProcess process;
+  EXPECT_EQ(NewGuid(false, process), "00112233445566778899AABBCCDDEEFF");
+  EXPECT_EQ(NewGuid(true, process), "00112233-4455-6677-8899AABBCCDDEEFF");
+  process.guidFails = true;
+  EXPECT_EQ(NewGuid(false, process), "");
+}
+
+TEST(CopyFiles, CopiesWhatMatchesOverWhatIsThereAndGoesOnAfterAFailure) {
+  FakeDrives drives;
+  for (const char* folder : {"D:\\Data", "E:\\Data"})
+    drives.MakeFolders(folder);
+  for (const char* name : {"JOB.TKR", "JOB.mdb", "job.txt", "JOB-02.TKR", "JOBS.mdb"})
+    drives.Write("D:\\Data\\" + std::string(name), name);
+  drives.Write("E:\\Data\\JOB.mdb", "an older copy");
+  drives.failing = {"E:\\DATA\\JOB.TKR"};
+  CopyFiles("D:\\Data", "JOB.*", "E:\\Data", drives);
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*"), (std::vector<std::string>{"JOB.mdb", "job.txt"}));
+  EXPECT_EQ(drives.Read("E:\\Data\\JOB.mdb"), "JOB.mdb");
+  CopyFiles("D:\\Data", "JOB-02.*", "E:\\Data", drives);
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 3U);
+  CopyFiles("D:\\Data", ".*", "E:\\Data", drives); // no comma file was ever written: nothing is backed up
+  CopyFiles("D:\\Data", "JOB.*", "", drives);
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 3U);
+}
+
+} // namespace
+} // namespace trekor::tests
