@@ -87,7 +87,9 @@ bool Engine::Open() {
     return true;
   // A file that was closed in a folder where nothing can be written may still be marked as one with a log. Without a
   // log beside it all that it holds stands in it, and it can be read as it is.
-  const bool readAsItIs = mode == OpenMode::ReadOnly && !HasLeftovers(path) && sqlite3_errcode(db) == SQLITE_CANTOPEN;
+  const int why = db ? sqlite3_errcode(db) & 0xFF : SQLITE_OK;
+  const bool readAsItIs =
+      mode == OpenMode::ReadOnly && !HasLeftovers(path) && (why == SQLITE_CANTOPEN || why == SQLITE_READONLY);
   return readAsItIs && Connect(true) && Prepare();
 }
 
@@ -140,6 +142,7 @@ bool Engine::PrepareDurable() {
     return FailWith("the file is read-only");
   if (PragmaText("journal_mode=WAL") != "wal")
     return Fail("log");
+  hasLog = true;
   return Execute("PRAGMA synchronous=FULL") && Execute(logPages) && Execute("BEGIN EXCLUSIVE; COMMIT");
 }
 
@@ -161,7 +164,7 @@ void Engine::Close() {
     Rollback();
   while (!statements.empty())
     statements.back()->Finalize();
-  if (mode == OpenMode::ExclusiveDurable) {
+  if (hasLog) {
     Execute("PRAGMA wal_checkpoint(TRUNCATE)");
     Execute("PRAGMA journal_mode=DELETE");
   }

@@ -106,7 +106,8 @@ private:
   std::map<std::string, std::shared_ptr<const TableLayout>> layouts;
   std::map<std::string, TableState> states;
   std::uint64_t allChanges = 0;
-  int depth = 0; // of Begin and Commit
+  int depth = 0;       // of Begin and Commit
+  bool hasLog = false; // until the close folds it back
   Statement begin, commit, sequence;
 };
 
