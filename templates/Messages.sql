@@ -11,7 +11,6 @@ CREATE TABLE Messages (
   ID      INTEGER NOT NULL PRIMARY KEY,  -- also the name of the wave file that speaks it, when there is one
   English TEXT
 );
-CREATE UNIQUE INDEX Messages_ID ON Messages(ID);
 
 INSERT INTO Messages(ID, English) VALUES
   (401, 'A file of this name exists already. Please choose another name.');

@@ -16,7 +16,6 @@ CREATE TABLE Text (
   TextID  TEXT(40) NOT NULL COLLATE NOCASE PRIMARY KEY,
   English TEXT(255)
 );
-CREATE UNIQUE INDEX Text_TextID ON Text(TextID COLLATE NOCASE);
 
 INSERT INTO Text(TextID, English) VALUES
   -- titles of the prompts: the word, then what is asked

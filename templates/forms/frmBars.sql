@@ -17,4 +17,5 @@ CREATE UNIQUE INDEX frmBars_NameIndex ON frmBars(Name COLLATE NOCASE);
 
 INSERT INTO frmBars(Name, "Left", Top, Width, Height, Value, Visible, Tag, CapEnglish,
                    TipEnglish, HelpEnglish) VALUES
-  ('Me',     0,     0,  3000,  1500, NULL,  -1, 'C',  'Bars', NULL, NULL);
+  ('Me',     0,     0,  3000,  1500, NULL,  -1, 'C',  'Bars',
+     NULL, 'The pictures of the value bars.');

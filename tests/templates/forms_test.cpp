@@ -1,0 +1,147 @@
+// The forms' tables against the forms: every control has its row, and the picture that they make holds together.
+#include "templates/Share.h"
+
+#include "collection/MeasurementsForm.h"
+#include "collection/Prompts.h"
+#include "datafiles/FileNewDialog2.h"
+#include "link/SocketProp.h"
+#include "texts/Message.h"
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+
+namespace trekor::tests {
+
+namespace {
+
+struct Box {
+  int left = 0, top = 0, width = 0, height = 0;
+  bool Overlaps(const Box& o) const {
+    return left < o.left + o.width && o.left < left + width && top < o.top + o.height && o.top < top + height;
+  }
+  bool Holds(const Box& o) const {
+    return o.left >= left && o.top >= top && o.left + o.width <= left + width && o.top + o.height <= top + height;
+  }
+};
+
+struct Row {
+  Box box;
+  bool placed = false, visible = false;
+  std::string caption, help;
+};
+
+using Rows = std::map<std::string, Row>;
+
+Rows ReadRows(Database& database, const std::string& form) {
+  Rows rows;
+  const auto table = database.OpenTable(form);
+  if (!table || !table->SetIndex("NameIndex"))
+    return rows;
+  const auto number = [&](const char* field) { return static_cast<int>(table->Get(field).Integer()); };
+  for (table->MoveFirst(); !table->Eof(); table->MoveNext())
+    rows[table->Get("Name").Text()] = {{number("Left"), number("Top"), number("Width"), number("Height")},
+                                       !table->Get("Left").IsNull() && number("Width") > 0 && number("Height") > 0,
+                                       table->Get("Visible").Flag(),
+                                       table->Get("CapEnglish").Text(),
+                                       table->Get("HelpEnglish").Text()};
+  return rows;
+}
+
+bool HasPlace(const Control& c) {
+  return c.TypeOf() != Kind::Menu && c.TypeOf() != Kind::Timer && c.TypeOf() != Kind::ImageList;
+}
+
+bool NeedsWords(const Control& c) {
+  return c.TypeOf() == Kind::Menu || c.TypeOf() == Kind::CommandButton || c.TypeOf() == Kind::CheckBox ||
+         c.TypeOf() == Kind::OptionButton;
+}
+
+class FormTables : public testing::Test {
+protected:
+  void SetUp() override { ASSERT_TRUE(database); }
+
+  template <class Check> void OnEachForm(Check check) {
+    for (const Form* form : Forms) {
+      SCOPED_TRACE(form->Name());
+      check(*form, ReadRows(*database, form->Name()));
+    }
+  }
+
+  std::unique_ptr<Database> database = OpenShared("Trekor.vdb");
+  MeasurementsForm measurements;
+  frmKeyBoardForm keyBoard;
+  frmKeyPadForm keyPad;
+  frmBarsForm bars;
+  PromptForm number{"NumericPrompt"}, text{"TextPrompt"};
+  SocketPropForm socket;
+  MessageForm message;
+  FileNewForm fileNew;
+  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,   &number,
+                                          &text,         &socket,   &message, &fileNew};
+};
+
+} // namespace
+
+TEST_F(FormTables, ThereIsOneForEachFormAndNoOther) {
+  std::set<std::string> tables, forms = {"Version", "Text"};
+  for (const auto& name : database->TableNames())
+    tables.insert(name);
+  for (const Form* form : Forms)
+    forms.insert(form->Name());
+  EXPECT_EQ(tables, forms);
+}
+
+TEST_F(FormTables, EveryControlHasItsRowAndNoRowNamesAControlThatIsNot) {
+  OnEachForm([](const Form& form, const Rows& rows) {
+    std::set<std::string> controls = {"Me"}, named;
+    for (const Control* control : form.Controls())
+      controls.insert(control->FullName());
+    for (const auto& [name, row] : rows)
+      named.insert(name);
+    EXPECT_EQ(named, controls);
+  });
+}
+
+TEST_F(FormTables, EveryControlLiesInsideWhatHoldsIt) {
+  OnEachForm([](const Form& form, const Rows& rows) {
+    for (const Control* control : form.Controls()) {
+      if (!HasPlace(*control))
+        continue;
+      const Row& row = rows.at(control->FullName());
+      const Box& around = rows.at(control->Container ? control->Container->FullName() : "Me").box;
+      EXPECT_TRUE(row.placed) << control->FullName();
+      EXPECT_TRUE((Box{0, 0, around.width, around.height}.Holds(row.box))) << control->FullName();
+    }
+  });
+}
+
+// A tab strip is the one control that others stand on: the frames of its pages.
+TEST_F(FormTables, NoVisibleSiblingsOverlap) {
+  OnEachForm([](const Form& form, const Rows& rows) {
+    const auto check = [&](const Control& a, const Control& b) {
+      const Row &one = rows.at(a.FullName()), &other = rows.at(b.FullName());
+      if (a.Container != b.Container || !one.visible || !other.visible || !HasPlace(a) || !HasPlace(b))
+        return;
+      const bool stands = a.TypeOf() == Kind::TabStrip && b.TypeOf() == Kind::Frame;
+      EXPECT_TRUE(stands ? one.box.Holds(other.box) : !one.box.Overlaps(other.box))
+          << a.FullName() << " " << b.FullName();
+    };
+    const auto& controls = form.Controls();
+    for (auto a = controls.begin(); a != controls.end(); ++a)
+      for (auto b = a + 1; b != controls.end(); ++b)
+        check(**a, **b);
+  });
+}
+
+TEST_F(FormTables, WhateverCanBePressedSaysWhatItIs) {
+  OnEachForm([](const Form& form, const Rows& rows) {
+    EXPECT_FALSE(rows.at("Me").caption.empty());
+    EXPECT_FALSE(rows.at("Me").help.empty());
+    for (const Control* control : form.Controls())
+      EXPECT_TRUE(!NeedsWords(*control) || !rows.at(control->FullName()).caption.empty()) << control->FullName();
+  });
+}
+
+} // namespace trekor::tests

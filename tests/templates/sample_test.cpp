@@ -1,0 +1,117 @@
+// The sample vocabulary, its icons, and the tones that answer its keys.
+#include "templates/Share.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <fstream>
+#include <iterator>
+#include <set>
+#include <vector>
+
+namespace trekor::tests {
+
+namespace {
+
+bool MayCarryAnObservation(std::int64_t code) {
+  const auto between = [code](int from, int to) { return code >= from && code <= to; };
+  return code == 32 || between(48, 57) || between(65, 90) || (between(96, 111) && code != 108) || between(116, 121);
+}
+
+// As a setup is loaded.
+std::unique_ptr<Recordset> LoadSetup(Database& database, const std::string& id) {
+  return database.OpenQuery("SELECT * FROM Setups, Observations, ObsLinguistic WHERE Setups.SetupID=" + id +
+                            " AND Setups.ObsParID = Observations.ObsParID"
+                            " AND Observations.LanguageID=ObsLinguistic.LanguageID"
+                            " AND Observations.ObsCode=ObsLinguistic.ObsCode"
+                            " AND NOT Observations.ObsCode=0 ORDER BY GridPosition");
+}
+
+std::vector<int> Samples(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  const std::vector<unsigned char> bytes{std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+  std::vector<int> samples;
+  for (std::size_t i = 44; i + 1 < bytes.size(); i += 2)
+    samples.push_back(static_cast<std::int16_t>(bytes[i] | bytes[i + 1] << 8));
+  return samples;
+}
+
+} // namespace
+
+TEST(SampleVocabulary, LoadsEachSetupWithAValidKeyOfItsOwnForEachItem) {
+  const auto database = OpenShared("sample/Observations.mdb");
+  ASSERT_TRUE(database);
+  const auto setups = database->OpenTable("SetupNames");
+  ASSERT_EQ(setups->RecordCount(), 2);
+  std::set<std::int64_t> used;
+  for (setups->MoveFirst(); !setups->Eof(); setups->MoveNext()) {
+    SCOPED_TRACE(setups->Get("SetupName").Text());
+    std::set<std::int64_t> keys;
+    std::int64_t place = 0;
+    const auto rows = LoadSetup(*database, setups->Get("SetupID").Text());
+    for (; rows && !rows->Eof(); rows->MoveNext()) {
+      SCOPED_TRACE(rows->Get("ObsNameDisp").Text());
+      EXPECT_EQ(rows->Get("GridPosition").Integer(), ++place);
+      EXPECT_TRUE(MayCarryAnObservation(rows->Get("KeyCode").Integer()));
+      EXPECT_TRUE(keys.insert(rows->Get("KeyCode").Integer()).second);
+      used.insert(rows->Get("Setups.ObsParID").Integer());
+    }
+    EXPECT_GE(place, 10);
+    EXPECT_TRUE(keys.count(32)); // the thumb's key
+  }
+  EXPECT_EQ(used.size(), static_cast<std::size_t>(database->OpenTable("Observations")->RecordCount()));
+}
+
+TEST(SampleVocabulary, ShowsEverySortOfItem) {
+  const auto database = OpenShared("sample/Observations.mdb");
+  ASSERT_TRUE(database);
+  std::set<std::int64_t> types, modes, keyings;
+  const auto items = database->OpenTable("Observations");
+  for (items->MoveFirst(); !items->Eof(); items->MoveNext()) {
+    types.insert(items->Get("DataType").Integer());
+    modes.insert(items->Get("RegModeCode").Integer());
+    keyings.insert(items->Get("KeyingCode").Integer());
+  }
+  using Set = std::set<std::int64_t>;
+  EXPECT_EQ(types, (Set{0, 1, 2, 4}));
+  EXPECT_EQ(modes, (Set{0, 1, 2, 3}));
+  EXPECT_EQ(keyings, (Set{1, 2}));
+}
+
+// The drawings are looked for, as a build without windows renders none.
+TEST(SampleVocabulary, HasAnIconOfItsOwnForEachItemAndNamesThatFitTheirColumn) {
+  const auto database = OpenShared("sample/Observations.mdb");
+  ASSERT_TRUE(database);
+  const std::filesystem::path drawings = TREKOR_SOURCE_DIR "/resources/icons/items";
+  std::set<std::string> icons;
+  const auto names = database->OpenTable("ObsLinguistic");
+  for (names->MoveFirst(); !names->Eof(); names->MoveNext()) {
+    const std::filesystem::path icon = names->Get("ObsIcon").Text();
+    EXPECT_EQ(icon.extension(), ".png");
+    EXPECT_TRUE(std::filesystem::exists(drawings / icon.stem().concat(".svg"))) << icon;
+    EXPECT_TRUE(icons.insert(icon.string()).second) << icon;
+    EXPECT_LE(names->Get("ObsAbrvDisp").Text().size(), 6u);
+  }
+  EXPECT_EQ(icons.size(), static_cast<std::size_t>(std::distance(std::filesystem::directory_iterator(drawings), {})));
+}
+
+TEST(Tones, AreTenDifferentSoundsOfTheSameLengthThatNeitherClickNorClip) {
+  std::set<std::vector<int>> different;
+  for (int digit = 0; digit < 10; ++digit) {
+    SCOPED_TRACE(digit);
+    const auto samples = Samples(Share("Audio/Tones/D" + std::to_string(digit) + ".wav"));
+    ASSERT_EQ(samples.size(), 2646u); // 120 ms
+    EXPECT_LT(std::abs(samples.front()), 200);
+    EXPECT_LT(std::abs(samples.back()), 200);
+    int loudest = 0;
+    for (const int s : samples)
+      loudest = std::max(loudest, std::abs(s));
+    EXPECT_GT(loudest, 8000);
+    EXPECT_LT(loudest, 32767);
+    different.insert(samples);
+  }
+  EXPECT_EQ(different.size(), 10u);
+}
+
+} // namespace trekor::tests
