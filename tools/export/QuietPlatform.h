@@ -77,10 +77,13 @@ public:
   static constexpr const char* In = "IN:";
   static constexpr const char* Out = "OUT:";
   std::string dataFile, outFolder;
+  std::string outFile; // when it is set, what is made goes there whatever its name
 
   std::string NativePath(const std::string& path) override {
     if (path.rfind(std::string(In) + "\\", 0) == 0)
       return dataFile;
+    if (!outFile.empty())
+      return outFile;
     return outFolder + "/" + path.substr(std::string(Out).size() + 1);
   }
   bool DriveExists(char) override { return false; }

@@ -1,0 +1,176 @@
+#include "datafiles/FileNewDialog2.h"
+
+#include "datafiles/BackupDrives.h"
+#include "datafiles/DataFileFixture.h"
+
+#include <algorithm>
+#include <functional>
+
+namespace trekor::tests {
+namespace {
+
+// The new-file form over a data drive D with folder Data and a spare drive E, with a user who acts on it.
+struct Dialog {
+  Dialog() {
+    drives.MakeFolders("C:\\Trekor");
+    drives.MakeFolders("D:\\Data");
+    drives.MakeFolders("E:\\Data");
+    drives.currentFolder = "D:\\Data";
+    MakeTemplate(drives, "Messages.sql", "C:\\Trekor\\Messages.mdb");
+    messages.Open("C:\\Trekor\\Messages.mdb");
+    messages.Load_Form();
+  }
+  FakePlatform machine;
+  FakeDrives& drives = machine.drives;
+  ProgramState state;
+  Form mainForm{"Measurements"};
+  TextDatabase texts{state, machine.platform};
+  MessageCatalogue messages{state, machine.platform, texts};
+  SocketProp socket{state, machine.platform, texts, mainForm};
+  Sections sections{state, machine.platform, socket};
+  FileNewDialog2 dialog{state, machine.platform, texts, messages, sections};
+  FileNewForm& form = dialog.form;
+
+  void Ask(const std::function<void()>& user) {
+    machine.shell.scripts["FileNewDialog2"] = [user](Form&) { user(); };
+    dialog.ShowDialog();
+  }
+  int Messages() {
+    return static_cast<int>(std::count(machine.shell.acts.begin(), machine.shell.acts.end(), "Modal Message"));
+  }
+};
+
+TEST(FileNewDialog2, HandsOverNameFolderBackupAndRoad) {
+  Dialog d;
+  d.state.facility.SectionEnd = "Exit 12";
+  d.machine.socket.state = SocketState::Connected;
+  d.Ask([&d] {
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\Data");
+    EXPECT_EQ(d.form.cboBackup.Text(), "E:") << "the first drive behind the data's";
+    d.form.Texts0.Type("Ring Road");
+    d.form.Texts1.Type("North");
+    d.form.Texts9.Type("Bridge");
+    d.form.Texts2.Type("  ROAD01 ");
+    EXPECT_TRUE(d.form.OnKeyDown(13, 0));
+  });
+  EXPECT_EQ(d.state.file.DataName, "ROAD01");
+  EXPECT_EQ(d.state.file.DataPath, "D:\\Data");
+  EXPECT_EQ(d.state.file.BackupPath, "E:\\Data");
+  EXPECT_EQ(d.state.facility.SectionStart, "Bridge");
+  EXPECT_EQ(d.machine.socket.TakeLines(), (std::vector<std::string>{"FACILITY NAME Ring Road", "SECTION NAME North",
+                                                                    "SECTION START Bridge", "SECTION END Exit 12"}));
+}
+
+TEST(FileNewDialog2, ForgetsTheNameWhenTheUserCancels) {
+  for (const int key : {27, 115, 13}) { // Enter with an empty name is a cancel, too
+    Dialog d;
+    d.state.file.DataName = "OLD";
+    d.Ask([&d, key] {
+      d.form.Texts2.Type(key == 13 ? "   " : "NEW");
+      d.form.OnKeyDown(key, 0);
+    });
+    EXPECT_EQ(d.state.file.DataName, "") << key;
+    EXPECT_EQ(d.state.file.DataPath, "") << key;
+  }
+}
+
+TEST(FileNewDialog2, RefusesANameThatExistsOnEitherDrive) {
+  for (const char* existing : {"D:\\Data\\road01.mdb", "E:\\Data\\Road01.MDB"}) {
+    Dialog d;
+    d.drives.Write(existing, "x");
+    d.Ask([&d] {
+      d.form.Texts2.Type("ROAD01");
+      d.form.CmdOK.Click();
+    });
+    EXPECT_EQ(d.Messages(), 1) << existing;
+    EXPECT_EQ(d.state.file.DataName, "") << existing;
+    EXPECT_EQ(d.state.file.BackupPath, "") << existing;
+  }
+}
+
+TEST(FileNewDialog2, MakesOneLevelOfTheBackupFolderAndSaysWhenItCannot) {
+  Dialog d;
+  d.drives.MakeFolders("D:\\Data\\Deep\\Deeper");
+  const auto accept = [&d] {
+    d.form.Texts2.Type("ROAD01");
+    d.form.CmdOK.Click();
+  };
+  d.drives.currentFolder = "D:\\Data\\Deep\\Deeper";
+  d.Ask(accept);
+  EXPECT_EQ(d.machine.shell.boxes, std::vector<std::string>{"Could not create Backup folder: E:\\Data\\Deep\\Deeper"});
+  EXPECT_EQ(d.state.file.DataName, "");
+  d.Ask([&] {
+    d.form.DirectorySelect.DblClick(0); // up to Deep
+    accept();
+  });
+  EXPECT_EQ(d.state.file.BackupPath, "E:\\Data\\Deep");
+  EXPECT_TRUE(d.drives.FolderExists("E:\\Data\\Deep"));
+}
+
+TEST(FileNewDialog2, WalksFoldersAndProposesTheNextNameOfASeries) {
+  Dialog d;
+  d.drives.MakeFolders("D:\\Data\\May");
+  for (const char* name : {"ROAD09.mdb", "ROAD10.MDB", "notes.txt"})
+    d.drives.Write("D:\\Data\\May\\" + std::string(name), "x");
+  d.drives.currentFolder = "D:\\";
+  d.Ask([&d] {
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\");
+    d.form.DirectorySelect.DblClick(0); // Data
+    d.form.DirectorySelect.DblClick(1); // May, behind ".."
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\Data\\May");
+    ASSERT_EQ(d.form.FileSelect.ListCount(), 2);
+    d.form.FileSelect.Select(0);
+    EXPECT_EQ(d.form.Texts2.Text(), "ROAD11");
+    EXPECT_EQ(d.form.Texts2.OnKeyPress(U'?'), U'\0');
+    EXPECT_EQ(d.form.Texts2.OnKeyPress(U'x'), U'x');
+    d.form.DriveSelect.Select(d.form.DriveSelect.ListCount() - 1); // E
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "E:\\");
+    EXPECT_EQ(d.form.cboBackup.List(2), "D:") << "the data drive has moved";
+  });
+}
+
+TEST(FileNewDialog2, BlinksWhatIsFiledOtherwiseThanSeen) {
+  Dialog d;
+  d.state.units.FileUnitsUS = true;
+  d.state.units.FileStationUnit = d.state.units.StationUnit = 3;
+  d.Ask([&d] {
+    EXPECT_EQ(d.form.FiledUnitsLabel.Caption(), "US/ENGLISH");
+    EXPECT_EQ(d.form.FiledStationsLabel.Caption(), "MILES.FEET");
+    const int plain = d.form.FiledStationsLabel.ForeColor();
+    d.form.BlinkTimer.Fire();
+    EXPECT_NE(d.form.FiledUnitsLabel.ForeColor(), plain);
+    EXPECT_EQ(d.form.FiledStationsLabel.ForeColor(), plain);
+    d.form.BlinkTimer.Fire();
+    EXPECT_EQ(d.form.FiledUnitsLabel.ForeColor(), plain);
+  });
+  EXPECT_FALSE(d.form.BlinkTimer.Running());
+}
+
+TEST(BackupDrives, OffersTheDrivesThatMayHoldCopies) {
+  FakePlatform machine;
+  for (const char* folder : {"D:\\", "F:\\", "H:\\", "K:\\"})
+    machine.drives.MakeFolders(folder);
+  machine.drives.remoteNames = {{'H', "\\\\VCC-7\\share"}, {'K', "\\\\OFFICE\\share"}};
+  Form form("Test");
+  ComboBox list(form, "cboBackup");
+  CommandLineFlags command;
+  const auto rows = [&](char dataDrive) {
+    FillBackupDrives(list, dataDrive, command, machine.drives);
+    std::string all;
+    for (int i = 1; i < list.ListCount(); ++i)
+      all += list.List(i);
+    return all + " " + list.Text();
+  };
+  EXPECT_EQ(rows('D'), "C:F:H:K: F:");
+  EXPECT_EQ(rows('K'), "C:D:F:H: F:") << "the former choice stays";
+  EXPECT_EQ(rows('F'), "C:D:H:K: H:");
+  list.SetListIndex(0);
+  EXPECT_EQ(rows('D'), "C:F:H:K: No Backup");
+  command.CmdDrive = "F";
+  command.CmdR = true;
+  list.Clear();
+  EXPECT_EQ(rows('K'), "C:D: D:") << "none behind: the last one before";
+}
+
+} // namespace
+} // namespace trekor::tests
