@@ -56,6 +56,8 @@ void Measurements::Load_Form() {
 void Measurements::Load_Controls() {
   p->layout.Resize(); // the grid comes to stand under the tabs
   p->layout.TabStrip1_Click();
+  for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's row has no place for the tips of its buttons
+    form.tbControlBar.SetButtonTip(i, rooms.texts.GetText("T_" + form.tbControlBar.Buttons(i).Key));
   if (rooms.state.run.UserLevel < 1)
     form.mnuMessaging.SetVisible(false);
   // What these open is not built yet.
