@@ -204,6 +204,20 @@ TEST_F(DispatcherTest, RoadAndSectionTakeTheRestOfTheLine) {
   EXPECT_EQ(Sent(), Lines{});
 }
 
+TEST_F(DispatcherTest, OnlySomeVerbsTouchTheLinksFlag) {
+  for (const char* line :
+       {"DMI 1", "GPS 1 2 3", "SET VEHICLE A", "SET DRIVER B", "SET OPERATOR C", "SET UNITS SI KM", "EVENT X"}) {
+    state.run.FromLink = true; // an order that is being carried out meanwhile
+    Line(line);
+    EXPECT_TRUE(state.run.FromLink) << line;
+  }
+  for (const char* line : {"CTRL ARM", "FILE SESSION", "FACILITY NAME A", "SECTION X", "SET DMI 0 I 1"}) {
+    state.run.FromLink = true;
+    Line(line);
+    EXPECT_FALSE(state.run.FromLink) << line;
+  }
+}
+
 TEST_F(DispatcherTest, AnyBytesLeaveTheProgramStanding) {
   std::string bytes;
   unsigned seed = 12345;
