@@ -10,8 +10,8 @@
 namespace trekor {
 
 struct UpdateResult {
-  std::string path;      // the working database, a path of the program
-  DbVersion version;     // the template's
+  std::string path;         // the working database, a path of the program
+  DbVersion version;        // the template's
   bool programEnds = false; // a message was shown and the program must not go on
 };
 

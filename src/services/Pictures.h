@@ -1,4 +1,5 @@
-// Pictures in database fields: a data file carries its own copy of the icons, so that it can be read without the vocabulary.
+// Pictures in database fields: a data file carries its own copy of the icons, so that it can be read without the
+// vocabulary.
 #pragma once
 
 #include "core/ProgramState.h"
@@ -9,9 +10,9 @@
 
 namespace trekor {
 
-// Appends the picture of an image-list key to a LONGBINARY field of a row that is being added or edited. A null recordset
-// or an empty key: nothing happens. Goes through AppPath\temp.bin and, as it always did, leaves surplus bytes behind the
-// picture; the picture format carries its own length.
+// Appends the picture of an image-list key to a LONGBINARY field of a row that is being added or edited. A null
+// recordset or an empty key: nothing happens. Goes through AppPath\temp.bin and, as it always did, leaves surplus bytes
+// behind the picture; the picture format carries its own length.
 void dbSaveImage(Recordset* row, const std::string& field, const std::string& picture, const FolderPaths& folders,
                  Platform& platform);
 

@@ -1,0 +1,180 @@
+#include "dbupdate/UpdateDatabase.h"
+
+#include "dbupdate/MergeDatabase.h"
+#include "store/Database.h"
+#include "store/Recordset.h"
+
+#include <memory>
+#include <optional>
+
+namespace trekor {
+
+namespace {
+
+constexpr char locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
+constexpr double copyPauseMilliseconds = 500;
+
+// The files of one update, as paths of the program.
+struct Files {
+  std::string templateFile, working, lock, backup;
+};
+
+class Update {
+public:
+  Update(const FolderPaths& f, Platform& p, Files files) : folders(f), platform(p), names(std::move(files)) {}
+
+  UpdateResult Run();
+
+private:
+  std::unique_ptr<Database> Open(const std::string& path, OpenMode mode);
+  std::optional<DbVersion> VersionOf(const std::string& path, OpenMode mode);
+  void InstallMissing();
+  bool BackUp();
+  bool Install();
+  void Replace(int oldMajor);
+  void Merge();
+  bool Cancel(const std::string& path, const std::string& why);
+  void Refuse(const std::string& text, const std::string& path);
+  void Box(const std::string& text) { platform.shell.MsgBox(text, folders.ProgramName, BoxIcon::None); }
+  void Wait();
+  UpdateResult End();
+
+  const FolderPaths& folders;
+  Platform& platform;
+  const Files names;
+  UpdateResult result;
+};
+
+std::unique_ptr<Database> Update::Open(const std::string& path, OpenMode mode) {
+  return Database::Open(platform.drives.NativePath(path), mode);
+}
+
+// The last row of the table counts.
+std::optional<DbVersion> Update::VersionOf(const std::string& path, OpenMode mode) {
+  const auto database = Open(path, mode);
+  const auto version = database ? database->OpenTable("Version") : nullptr;
+  if (!version || !version->HasField("Major") || !version->HasField("Minor"))
+    return std::nullopt;
+  version->MoveLast();
+  if (version->Eof())
+    return std::nullopt;
+  return DbVersion{static_cast<int>(version->Get("Major").Integer()),
+                   static_cast<int>(version->Get("Minor").Integer())};
+}
+
+// Only a missing file: one that is there and can't be read may hold a site's only copy of its work.
+void Update::InstallMissing() {
+  if (platform.drives.FileExists(names.working))
+    return;
+  if (platform.drives.FileExists(names.templateFile))
+    platform.drives.CopyFile(names.templateFile, names.working);
+  else
+    Database::Create(platform.drives.NativePath(names.working), locale);
+}
+
+void Update::Refuse(const std::string& text, const std::string& path) {
+  Box(text + path);
+  result.programEnds = platform.drives.FileExists(path);
+}
+
+bool Update::Cancel(const std::string& path, const std::string& why) {
+  Box(path + why + " Update cancelled");
+  return false;
+}
+
+// Time enough for a scanner or a slow share to let go of the file.
+void Update::Wait() {
+  const double end = platform.clock.Milliseconds() + copyPauseMilliseconds;
+  while (platform.clock.Milliseconds() < end)
+    platform.pump.ProcessEvents();
+}
+
+bool Update::BackUp() {
+  Drives& drives = platform.drives;
+  drives.MakeFolder(folders.RootFolder + "\\BAK");
+  if (drives.FileExists(names.backup) && !drives.DeleteFile(names.backup))
+    return Cancel(names.backup, " could not be removed!");
+  drives.CopyFile(names.working, names.backup);
+  if (!drives.FileExists(names.backup)) {
+    Wait();
+    drives.CopyFile(names.working, names.backup);
+  }
+  return drives.FileExists(names.backup) || Cancel(names.working, " could not be backed up!");
+}
+
+bool Update::Install() {
+  Drives& drives = platform.drives;
+  if (!drives.DeleteFile(names.working))
+    return Cancel(names.working, " could not be removed!");
+  if (drives.CopyFile(names.templateFile, names.working))
+    return true;
+  Cancel(names.working, " could not be installed!");
+  drives.CopyFile(names.backup, names.working);
+  return false;
+}
+
+// A new major version replaces the database; the old content then stays in the backup only.
+void Update::Replace(int oldMajor) {
+  platform.shell.ShowNotice("Updating " + names.working + ", Please wait...");
+  if (BackUp() && Install() && result.version.Major == oldMajor)
+    Merge();
+}
+
+void Update::Merge() {
+  platform.drives.ClearReadOnly(names.working);
+  const auto old = Open(names.backup, OpenMode::ReadOnly), fresh = Open(names.working, OpenMode::Exclusive);
+  if (old && fresh)
+    MergeDatabase(*old, *fresh);
+}
+
+// Copying from a medium can leave the read-only attribute set.
+UpdateResult Update::End() {
+  platform.drives.ClearReadOnly(names.working);
+  platform.shell.ShowNotice("");
+  return result;
+}
+
+// The two numbers are compared one by one and not as a pair, so that 2.1 over 3.0 does update.
+bool IsCurrent(const DbVersion& released, const DbVersion& working) {
+  return released.Major <= working.Major && released.Minor <= working.Minor;
+}
+
+UpdateResult Update::Run() {
+  result.path = names.working;
+  if (!Open(names.templateFile, OpenMode::ReadOnly)) {
+    Box("Error:\r\nCannot open " + names.templateFile);
+    result.programEnds = true;
+    return result;
+  }
+  platform.drives.MakeFolder(folders.RootFolder + "\\MDB");
+  platform.drives.DeleteFile(names.lock); // a lock left by a crash would block the update
+  InstallMissing();
+  const auto released = VersionOf(names.templateFile, OpenMode::ReadOnly);
+  if (!released) {
+    Refuse("Cannot open ", names.templateFile);
+    return result;
+  }
+  result.version = *released;
+  if (released->Major == 1 && released->Minor == 1) // never updates anything
+    return End();
+  const auto working = VersionOf(names.working, OpenMode::Shared);
+  if (!working) {
+    Refuse("Cannot open ", names.working);
+    return result;
+  }
+  if (!IsCurrent(*released, *working))
+    Replace(working->Major);
+  return End();
+}
+
+} // namespace
+
+UpdateResult UpdateDatabase(const FolderPaths& folders, Platform& platform, const std::string& templateName,
+                            const std::string& folder, const std::string& name) {
+  const std::string file = name.empty() ? templateName : name;
+  Files files{folders.AppPath + "\\" + templateName + ".vdb", folder + "\\" + file + ".mdb",
+              folder + "\\" + file + ".ldb", folders.RootFolder + "\\BAK\\" + file + ".mdb"};
+  return Update(folders, platform, std::move(files)).Run();
+}
+
+} // namespace trekor

@@ -1,0 +1,82 @@
+#include "services/Pictures.h"
+
+#include <cstdio>
+#include <memory>
+#include <vector>
+
+namespace trekor {
+
+namespace {
+
+constexpr std::size_t blockSize = 8192;
+
+struct Failure {
+  const char* description;
+  int number;
+};
+constexpr Failure noFailure = {"", 0};
+constexpr Failure cantWrite = {"Work file can't be written", 75};
+constexpr Failure cantRead = {"Work file not found", 53};
+constexpr Failure noField = {"The field takes no picture", 3265};
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using OpenFile = std::unique_ptr<std::FILE, FileCloser>;
+
+std::size_t LengthOf(std::FILE* file) {
+  std::fseek(file, 0, SEEK_END);
+  const long length = std::ftell(file);
+  std::rewind(file);
+  return length > 0 ? static_cast<std::size_t>(length) : 0;
+}
+
+// Reads a buffer of highest subscript + 1 bytes. What lies behind the end of the file stays zero in the buffer, and
+// goes into the field all the same.
+bool AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, std::size_t highestSubscript) {
+  std::vector<unsigned char> buffer(highestSubscript + 1);
+  const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), file);
+  (void)read;
+  return row.AppendChunk(field, buffer.data(), buffer.size());
+}
+
+// The remainder goes first, then the whole blocks, each with one byte more than its name says: files in the field hold
+// their pictures with this tail of zeros, one byte for the remainder and one for each block.
+Failure AppendFile(Recordset& row, const std::string& field, const std::string& nativePath, Pump& pump) {
+  const OpenFile file(std::fopen(nativePath.c_str(), "rb"));
+  if (!file)
+    return cantRead;
+  const std::size_t length = LengthOf(file.get());
+  if (!AppendBuffer(row, field, file.get(), length % blockSize))
+    return noField;
+  for (std::size_t block = 0; block < length / blockSize; ++block) {
+    if (!AppendBuffer(row, field, file.get(), blockSize))
+      return noField;
+    pump.ProcessEvents();
+  }
+  return noFailure;
+}
+
+bool CanWrite(const std::string& nativePath) {
+  return OpenFile(std::fopen(nativePath.c_str(), "wb")) != nullptr;
+}
+
+} // namespace
+
+void dbSaveImage(Recordset* row, const std::string& field, const std::string& picture, const FolderPaths& folders,
+                 Platform& platform) {
+  if (!row || picture.empty())
+    return;
+  const std::string workFile = platform.drives.NativePath(folders.AppPath + "\\temp.bin");
+  Failure failure = cantWrite;
+  if (platform.shell.SavePicture(picture, workFile))
+    failure = AppendFile(*row, field, workFile, platform.pump);
+  else if (CanWrite(workFile))
+    return; // the key has no picture
+  if (failure.number != 0)
+    platform.shell.MsgBox(std::string("dbSaveImage: ") + failure.description + " (" + std::to_string(failure.number) +
+                              ")",
+                          folders.ProgramName, BoxIcon::None);
+}
+
+} // namespace trekor

@@ -1,0 +1,99 @@
+#include "services/Pictures.h"
+
+#include "store/Database.h"
+#include "support/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace trekor {
+
+namespace {
+
+// Writes a picture file of a wanted length; "none" has no picture.
+class PictureShell : public tests::FakeShell {
+public:
+  bool SavePicture(const std::string& key, const std::string& nativePath) override {
+    if (key == "none")
+      return false;
+    std::string bytes;
+    for (int i = 0; i < std::stoi(key); ++i)
+      bytes += static_cast<char>('a' + i % 23);
+    std::FILE* file = std::fopen(nativePath.c_str(), "wb");
+    const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
+    if (file)
+      std::fclose(file);
+    last = bytes;
+    return written;
+  }
+  std::string last;
+};
+
+class PicturesTest : public testing::Test {
+protected:
+  PicturesTest() {
+    folders.AppPath = "C:\\Trekor";
+    fakes.drives.MakeFolders(folders.AppPath);
+    const std::string path = fakes.drives.NativePath("C:\\Trekor\\Data.mdb");
+    Database::Create(path, "");
+    database = Database::Open(path, OpenMode::Shared);
+    database->Execute("PRAGMA synchronous=OFF");
+    database->Execute("CREATE TABLE Observations(ObsIcon LONGBINARY, ObsName TEXT)");
+    row = database->OpenTable("Observations");
+  }
+  void Save(const std::string& picture, const std::string& field = "ObsIcon") {
+    row->AddNew();
+    dbSaveImage(row.get(), field, picture, folders, platform);
+  }
+
+  tests::FakePlatform fakes;
+  PictureShell shell;
+  Platform platform{fakes.clock,    fakes.pump,   fakes.socket,  fakes.sound,
+                    fakes.keyboard, fakes.drives, fakes.process, shell};
+  FolderPaths folders;
+  std::unique_ptr<Database> database;
+  std::unique_ptr<Recordset> row;
+};
+
+} // namespace
+
+TEST_F(PicturesTest, ThePictureIsFollowedByAByteForTheRemainderAndOneForEachBlock) {
+  struct Case {
+    const char* length;
+    std::size_t surplus;
+    int pumps;
+  };
+  for (const Case& each : {Case{"0", 1, 0}, Case{"100", 1, 0}, Case{"8191", 1, 0}, Case{"8192", 2, 1},
+                           Case{"8193", 2, 1}, Case{"20000", 3, 2}}) {
+    SCOPED_TRACE(each.length);
+    const int pumped = fakes.pump.count;
+    Save(each.length);
+    const Bytes stored = row->Get("ObsIcon").Blob();
+    Bytes wanted(shell.last.begin(), shell.last.end());
+    wanted.resize(wanted.size() + each.surplus);
+    EXPECT_EQ(stored, wanted);
+    EXPECT_EQ(fakes.pump.count - pumped, each.pumps);
+    EXPECT_EQ(fakes.drives.Read("C:\\Trekor\\temp.bin"), shell.last) << "the work file stays, replaced each time";
+  }
+  EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(PicturesTest, WithoutRowOrPictureNothingHappens) {
+  dbSaveImage(nullptr, "ObsIcon", "100", folders, platform);
+  Save("");
+  Save("none");
+  EXPECT_TRUE(row->Get("ObsIcon").IsNull());
+  EXPECT_TRUE(shell.boxes.empty());
+}
+
+TEST_F(PicturesTest, AFailureIsToldInABoxAndEndsTheOperation) {
+  Save("100", "NoSuchField");
+  Save("100", "ObsName");
+  folders.AppPath = "C:\\Missing";
+  Save("100");
+  ASSERT_EQ(shell.boxes.size(), 3U);
+  EXPECT_EQ(shell.boxes[0], "dbSaveImage: The field takes no picture (3265)");
+  EXPECT_EQ(shell.boxes[2], "dbSaveImage: Work file can't be written (75)");
+  EXPECT_TRUE(row->Get("ObsIcon").IsNull());
+}
+
+} // namespace trekor
