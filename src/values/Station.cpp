@@ -4,6 +4,7 @@
 #include "values/NumberText.h"
 #include "values/Text.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace trekor {
@@ -29,15 +30,12 @@ double KmToMileFeet(double v) {
 
 // "1234.5" as people read it, the digits behind the mark kept together: "12+34.5", "-12-34.5".
 std::string PlusNotation(std::string text) {
-  std::string prefix;
-  char mark = '+';
-  if (const std::size_t minus = text.find('-'); minus != std::string::npos) {
+  const std::size_t minus = text.find('-');
+  const bool negative = minus != std::string::npos;
+  if (negative)
     text.erase(0, minus + 1);
-    prefix = "-";
-    mark = '-';
-  }
-  const std::size_t at = text.size() < 4 ? 0 : text.size() - 4;
-  return prefix + text.insert(at, 1, mark);
+  text.insert(text.size() - std::min<std::size_t>(text.size(), 4), 1, negative ? '-' : '+');
+  return negative ? '-' + text : text;
 }
 
 // The same in a fixed width: a minus sign stays where the pattern has put it.
