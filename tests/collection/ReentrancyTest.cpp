@@ -73,7 +73,7 @@ TEST_F(AtAPump, APositionInsideAnEventRowIsCaughtUpAfterIt) {
 }
 
 TEST_F(AtAPump, AnExitInTheWaitsEndsTheStartFirst) {
-  for (int pump : {2, 5, 300, 1500, 2300}) {
+  for (int pump : {2, 5, 300, 1500}) {
     SCOPED_TRACE("pump " + std::to_string(pump));
     Fields().ending = false;
     unloads = 0;
@@ -82,8 +82,6 @@ TEST_F(AtAPump, AnExitInTheWaitsEndsTheStartFirst) {
     Answer("10");
     LineAtPump(pump, "CTRL EXIT");
     Key(F2);
-    if (unloads == 0) // the start was over before
-      Tick();
     EXPECT_EQ(unloads, 1);
     EXPECT_EQ(State(), 0);
     EXPECT_EQ(Rows(), 0);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "collection/Parts.h"
+#include "collection/StationsRow.h"
 #include "link/Dispatcher.h"
 #include "support/FakePlatform.h"
 
