@@ -14,28 +14,47 @@ namespace {
 // Start values of the limits in the head: a road beyond them keeps them.
 constexpr double FirstMinimum = 999.999, FirstMaximum = -999.999;
 
-constexpr const char* StationColumns =
-    "SELECT StationID, StationType, Station, GPSStatus, GPSTime, Latitude, Longitude, Height, GPSSVs FROM Stations";
-enum StationPlace { StaID, StaType, StaStation, StaStatus, StaTime, StaLatitude, StaLongitude, StaHeight, StaSVs };
+// Fields of the two walks over the stations, by place. Every field of a query costs at every row, so each asks its own.
+constexpr const char* LimitFields = "StationID, StationType, Station";
+enum LimitPlace { LimID, LimType, LimStation };
+constexpr const char* PositionFields = "StationID, Station, GPSStatus, GPSTime, Latitude, Longitude, Height, GPSSVs";
+enum StationPlace { StaID, StaStation, StaStatus, StaTime, StaLatitude, StaLongitude, StaHeight, StaSVs };
 
-std::string StationQuery(std::int32_t sessionID) {
+std::string StationQuery(const char* fields, std::int32_t sessionID) {
   const std::string where = sessionID == 0 ? "" : " WHERE SessionID=" + std::to_string(sessionID);
-  return StationColumns + where + " ORDER BY StationID";
+  return std::string("SELECT ") + fields + " FROM Stations" + where + " ORDER BY StationID";
 }
 
 } // namespace
 
 struct CommaFile::Walk {
-  Walk(const Database& database, const std::string& stationQuery, int loaded)
-      : stations(database, stationQuery), registrations(database, RegistrationQuery), loadedObservations(loaded) {}
+  Walk(const Database& database, std::int32_t sessionID, int loaded)
+      : stations(database, StationQuery(PositionFields, sessionID)), registrations(database, RegistrationQuery),
+        loadedObservations(loaded) {}
+  // To the next registration between two stations of the walk. Sifted here and not by the query: that is cheaper, as
+  // both numbers are read anyway. False at the end.
+  bool NextRegistration();
+
   Cursor stations, registrations;
+  std::int64_t FromID = 0, ToID = 0; // of the registration on which the walk stands
   int loadedObservations;
   std::int64_t FirstID = 0, LastID = 0;
-  int rows = 1; // one above the number of stations once they are counted
+  std::int64_t lowestID = 0; // FirstID moves on, this stays
+  int rows = 1;              // one above the number of stations once they are counted
   int StationsDone = 0, percent = -1;
   CommaPosition here, prior; // the station of the walk, and the start of the stretch that comes next
   bool failed = false;
 };
+
+bool CommaFile::Walk::NextRegistration() {
+  while (registrations.Step()) {
+    FromID = registrations.Integer(RegFromID);
+    ToID = registrations.Integer(RegToID);
+    if (FromID >= lowestID && ToID <= LastID && !(ToID == 0 && registrations.IsNull(RegToID)))
+      return true;
+  }
+  return false;
+}
 
 CommaFile::CommaFile(ProgramState& programState, Platform& seams, DataFiles& dataFiles)
     : state(programState), platform(seams), files(dataFiles), RecordStation(programState.units) {}
@@ -45,12 +64,11 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
   if (!write || !files.database || !ChooseSession(sessionID))
     return false;
   state.position.StepSize.SetFileValue(files.session.SegmentSize); // for good: the next start may have to ask for it
-  Walk walk(*files.database, StationQuery(sessionID), loadedObservations);
-  if (!walk.stations.Step()) {
-    outcome = walk.stations.Failed() ? CommaOutcome::Failed : CommaOutcome::Nothing;
+  Walk walk(*files.database, sessionID, loadedObservations);
+  if (!PassStations(walk, sessionID)) {
+    outcome = walk.failed ? CommaOutcome::Failed : CommaOutcome::Nothing;
     return false;
   }
-  PassStations(walk);
   CommaOutput out;
   out.Open(platform.drives.NativePath(state.file.DataPath + "\\" + state.file.AsciiName + ".TKR"));
   CommaRecords records(out, table, state);
@@ -79,59 +97,75 @@ bool CommaFile::ChooseSession(std::int32_t sessionID) {
 
 // The limits and the last two step stations, into the run's own objects: no run needs them now, and they keep what they
 // get here after the file is closed. Each takes the file value of the other, so limits hold and mile.feet rounds.
-void CommaFile::PassStations(Walk& w) {
+// False when there are no stations.
+bool CommaFile::PassStations(Walk& w, std::int32_t sessionID) {
+  Cursor row(*files.database, StationQuery(LimitFields, sessionID));
+  if (!row.Step()) {
+    w.failed = row.Failed();
+    return false;
+  }
   Positions& p = state.position;
   p.StationMinimum.SetDefault(FirstMinimum);
   p.StationMaximum.SetDefault(FirstMaximum);
-  w.FirstID = w.stations.Integer(StaID);
+  w.FirstID = w.lowestID = row.Integer(LimID);
   do {
     ++w.rows;
-    w.LastID = w.stations.Integer(StaID);
-    if (!w.stations.IsNull(StaStation))
-      RecordStation.SetFileValue(w.stations.Real(StaStation));
+    w.LastID = row.Integer(LimID);
+    if (!row.IsNull(LimStation))
+      RecordStation.SetFileValue(row.Real(LimStation));
     const double km = RecordStation.Default();
     if (km < p.StationMinimum.Default())
       p.StationMinimum.SetDefault(km);
     if (km > p.StationMaximum.Default())
       p.StationMaximum.SetDefault(km);
-    if (w.stations.Integer(StaType) == 0) {
+    if (row.Integer(LimType) == 0) {
       p.PreviousStation.SetFileValue(p.KeyStation.FileValue());
       p.KeyStation.SetFileValue(RecordStation.FileValue());
     }
-  } while (w.stations.Step());
-  w.failed = w.stations.Failed();
+  } while (row.Step());
+  w.failed = row.Failed();
+  return true;
 }
 
-// A field without a value leaves that of the row before.
-static void ReadStationRow(const Cursor& row, Station& station, CommaPosition& into) {
-  if (!row.IsNull(StaStation))
-    station.SetFileValue(row.Real(StaStation));
-  into.km = station.Default();
-  if (!row.IsNull(StaStatus))
-    into.GPSStatus = static_cast<int>(row.Integer(StaStatus));
-  if (!row.IsNull(StaTime))
-    into.GPSTime = row.Real(StaTime);
-  if (!row.IsNull(StaLatitude))
-    into.Latitude = row.Real(StaLatitude);
-  if (!row.IsNull(StaLongitude))
-    into.Longitude = row.Real(StaLongitude);
-  if (!row.IsNull(StaHeight))
-    into.Height = static_cast<double>(static_cast<float>(row.Real(StaHeight)));
-  if (!row.IsNull(StaSVs))
-    into.GPSSVs = static_cast<std::int32_t>(row.Integer(StaSVs));
+namespace {
+
+// A field without a value leaves that of the row before. A null reads as 0, so only a 0 must be asked.
+void Take(const Cursor& row, int place, double& into) {
+  const double number = row.Real(place);
+  if (number != 0 || !row.IsNull(place))
+    into = number;
 }
+
+void Take(const Cursor& row, int place, std::int32_t& into) {
+  const std::int64_t number = row.Integer(place);
+  if (number != 0 || !row.IsNull(place))
+    into = static_cast<std::int32_t>(number);
+}
+
+void ReadStationRow(const Cursor& row, Station& station, CommaPosition& into) {
+  const double position = row.Real(StaStation);
+  if (position != 0 || !row.IsNull(StaStation))
+    station.SetFileValue(position);
+  into.km = station.Default();
+  Take(row, StaStatus, into.GPSStatus);
+  Take(row, StaTime, into.GPSTime);
+  Take(row, StaLatitude, into.Latitude);
+  Take(row, StaLongitude, into.Longitude);
+  Take(row, StaHeight, into.Height);
+  into.Height = double{ToSingle(into.Height)};
+  Take(row, StaSVs, into.GPSSVs);
+}
+
+} // namespace
 
 void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
   if (AsciiFileProgress)
     AsciiFileProgress(0);
   w.percent = 0;
-  w.stations.Restart();
   if (w.stations.Step())
     ReadStationRow(w.stations, RecordStation, w.here);
   w.prior = w.here; // the first station makes no record of its own
-  w.registrations.Bind(1, w.FirstID);
-  w.registrations.Bind(2, w.LastID);
-  bool more = w.registrations.Step();
+  bool more = w.NextRegistration();
   while (more && w.stations.Step()) {
     Progress(w);
     ReadStationRow(w.stations, RecordStation, w.here);
@@ -143,38 +177,37 @@ void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
 // All registrations that are due at the present station. False at the end of them. A stretch ends the station's turn: a
 // point that follows it waits for a station of its own number, and none comes.
 bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
-  Cursor& r = w.registrations;
   const std::int64_t ThisID = w.stations.Integer(StaID);
-  while (!r.Eof() && r.Integer(RegToID) == ThisID) {
-    if (r.Integer(RegFromID) != ThisID) {
+  bool more = !w.registrations.Eof();
+  while (more && w.ToID == ThisID) {
+    if (w.FromID != ThisID) {
       ReadSegment(w);
       records.WriteSegmentRecord(w.prior, w.here);
       w.prior = w.here;
       w.FirstID = ThisID;
       return true;
     }
-    records.WritePointRecord(r, w.here);
-    r.Step();
+    records.WritePointRecord(w.registrations, w.here);
+    more = w.NextRegistration();
   }
-  return !r.Eof();
+  return more;
 }
 
 // The values of one stretch. Its first registration is taken whatever its start; the others only when they start where
 // the last written stretch ended. Only the values of the running setup are cleared first: with a smaller one loaded,
 // the places above it keep their digits from the stretch before.
 void CommaFile::ReadSegment(Walk& w) {
-  const std::size_t clear =
-      std::min(static_cast<std::size_t>(std::max(w.loadedObservations, 0)) + 1, table.ObsValues.size());
-  std::fill(table.ObsValues.begin() + 1, table.ObsValues.begin() + static_cast<std::ptrdiff_t>(clear), '\0');
-  Cursor& r = w.registrations;
-  const std::int64_t SegmentTo = r.Integer(RegToID);
+  const auto loaded = static_cast<std::size_t>(std::max(w.loadedObservations, 0));
+  const std::size_t cleared = std::min(loaded + 1, table.ObsValues.size());
+  std::fill(table.ObsValues.begin() + 1, table.ObsValues.begin() + static_cast<std::ptrdiff_t>(cleared), '\0');
+  const std::int64_t SegmentTo = w.ToID;
   do {
-    const std::int64_t code = r.Integer(RegObsCode);
-    const auto value = static_cast<char>(SegmentDigit(r.TextView(RegRegData)));
+    const std::int64_t code = w.registrations.Integer(RegObsCode);
+    const auto value = static_cast<char>(SegmentDigit(w.registrations.TextView(RegRegData)));
     for (std::size_t i = 1; i <= static_cast<std::size_t>(table.CommaObsCount); ++i)
       if (table.ObsCodes[i] == code)
         table.ObsValues[i] = value;
-  } while (r.Step() && r.Integer(RegFromID) == w.FirstID && r.Integer(RegToID) == SegmentTo);
+  } while (w.NextRegistration() && w.FromID == w.FirstID && w.ToID == SegmentTo);
 }
 
 void CommaFile::Progress(Walk& w) {

@@ -31,7 +31,7 @@ public:
 private:
   struct Walk;
   bool ChooseSession(std::int32_t sessionID);
-  void PassStations(Walk& walk);
+  bool PassStations(Walk& walk, std::int32_t sessionID);
   void WriteRecords(Walk& walk, CommaRecords& records);
   bool WriteRegistrations(Walk& walk, CommaRecords& records);
   void ReadSegment(Walk& walk);

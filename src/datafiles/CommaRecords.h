@@ -28,7 +28,7 @@ struct CommaTable {
 // A position as the walk carries it: the station in kilometres and the fix.
 struct CommaPosition {
   double km = 0;
-  int GPSStatus = 0;
+  std::int32_t GPSStatus = 0;
   double GPSTime = 0, Latitude = 0, Longitude = 0, Height = 0;
   std::int32_t GPSSVs = 0;
 };
@@ -69,8 +69,8 @@ private:
 };
 
 // Fields of the walks, by place.
-constexpr const char* RegistrationQuery = "SELECT FromID, ToID, ObsCode, ParCode, RegData FROM Registrations"
-                                          " WHERE FromID>=?1 AND ToID<=?2 ORDER BY RegID";
+constexpr const char* RegistrationQuery =
+    "SELECT FromID, ToID, ObsCode, ParCode, RegData FROM Registrations ORDER BY RegID";
 enum RegistrationPlace { RegFromID, RegToID, RegObsCode, RegParCode, RegRegData };
 
 } // namespace trekor

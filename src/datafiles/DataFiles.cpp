@@ -48,10 +48,11 @@ bool DataFiles::CreateDataFile(const TestSetup& setup) {
   if (!InstallTemplate() || !OpenDataFile())
     return false;
   preparing = true;
-  StartSession(setup);
+  state.run.DataFileOpen = StartSession(setup);
   preparing = false;
-  state.run.DataFileOpen = true;
-  return true;
+  if (!state.run.DataFileOpen)
+    CloseDataFile();
+  return state.run.DataFileOpen;
 }
 
 bool DataFiles::ReopenDataFile(const TestSetup& setup) {
@@ -97,14 +98,14 @@ bool DataFiles::InstallTemplate() {
 }
 
 // One transaction: a new session is in the file with all its observations or not at all.
-void DataFiles::StartSession(const TestSetup& setup) {
+bool DataFiles::StartSession(const TestSetup& setup) {
   state.position.StationMaximum.SetDefault(FirstMaximum);
   state.position.StationMinimum.SetDefault(FirstMinimum);
   BeginRow();
   NewSession();
   for (int i = 1; i <= setup.ObsCount(); ++i)
     AddObservation(setup.Observations(i));
-  EndRow();
+  return EndRow();
 }
 
 bool DataFiles::OpenDataFile(OpenMode mode) {
@@ -139,9 +140,13 @@ void DataFiles::BeginRow() {
 }
 
 // A full disk shows as missing rows: the grid row that didn't get through is dropped whole.
-void DataFiles::EndRow() {
-  if (database && !database->Commit())
+bool DataFiles::EndRow() {
+  if (!database)
+    return false;
+  const bool stored = database->Commit();
+  if (!stored)
     database->Rollback();
+  return stored;
 }
 
 } // namespace trekor

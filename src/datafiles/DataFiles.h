@@ -93,7 +93,7 @@ public:
   void AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode, const std::string& regData);
   // Around the rows of one flushed grid row: they reach the disk together, with one synchronisation.
   void BeginRow();
-  void EndRow();
+  bool EndRow(); // false: nothing of the row was stored
 
   SessionRow session;
   std::unique_ptr<Database> database;
@@ -103,7 +103,7 @@ private:
   void BuildPath();
   bool IsOpen(const std::string& path) const;
   bool InstallTemplate();
-  void StartSession(const TestSetup& setup);
+  bool StartSession(const TestSetup& setup);
   void SaveSession();
   void RefillSession();
 
