@@ -87,8 +87,12 @@ void TakeOperator(ProgramState& state, std::string_view name) {
   state.run.UserLevel = 9;
 }
 
+constexpr std::size_t LongestPath = 260; // of the paths with drive letters; keeps garbage from nesting without an end
+
 // Makes the folder and the levels above it that are missing. True when it is there afterwards.
 bool MakeFolders(Drives& drives, const std::string& path) {
+  if (path.size() > LongestPath)
+    return false;
   if (drives.FolderExists(path))
     return true;
   const std::size_t parent = path.find_last_of('\\');

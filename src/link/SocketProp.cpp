@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
 #include <iostream>
 
 namespace trekor {
@@ -236,16 +235,11 @@ void SocketProp::DispatchLines() {
 
 // Only CR LF ends a line; a lone one of the two is an ordinary character.
 bool SocketProp::NextLine(std::string_view& line) {
-  const char* const bytes = ReceiveBuffer.data();
-  while (searched < ReceiveBuffer.size()) {
-    const void* const found = std::memchr(bytes + searched, '\n', ReceiveBuffer.size() - searched);
-    if (!found)
-      break;
-    const auto at = static_cast<std::size_t>(static_cast<const char*>(found) - bytes);
+  for (std::size_t at = 0; (at = ReceiveBuffer.find('\n', searched)) != std::string::npos;) {
     searched = at + 1;
-    if (at == consumed || bytes[at - 1] != '\r')
+    if (at == consumed || ReceiveBuffer[at - 1] != '\r')
       continue;
-    line = {bytes + consumed, at - 1 - consumed};
+    line = std::string_view(ReceiveBuffer).substr(consumed, at - 1 - consumed);
     consumed = searched;
     if (!skipping && line.size() <= LongestLine)
       return true;

@@ -152,6 +152,7 @@ TEST_F(DispatcherTest, DataFoldersAreMadeAndDriveCIsTheSecondTry) {
   EXPECT_EQ(state.file.BackupPath, "E:\\Jobs"); // a backup has no second try
   Line("FILE BACKUPPATH");
   EXPECT_EQ(state.file.BackupPath, "");
+  Line("FILE PATH E:" + std::string(500000, '\\') + "x"); // no end of levels
   fake.drives.failing = {"C:\\CLOSED"};
   Line("FILE PATH C:\\Closed");
   EXPECT_EQ(state.file.DataPath, "C:\\Closed");
