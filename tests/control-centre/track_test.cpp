@@ -40,7 +40,7 @@ TEST(TrackTest, InterpolatesByWayAndByTimeAndStaysAtTheEnds) {
 TEST(TrackTest, ReadsNmeaOncePerFixAndRefusesBrokenSentences) {
   const char* text = "$GPGGA,235958,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,\r\n"
                      "$GPRMC,235958,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W\r\n"
-                     "$GPGGA,235959,4807.100,N,01131.000,E,0,00,,,M,,M,,\r\n"         // no fix
+                     "$GPGGA,235959,4807.100,N,01131.000,E,0,00,,,M,,M,,\r\n"            // no fix
                      "$GPGGA,235959,4807.100,N,01131.000,E,1,08,0.9,545.4,M,,M,,*00\r\n" // wrong checksum
                      "noise\n"
                      "$GNRMC,000002,A,4807.038,S,01131.000,W,,,240394,,\n";

@@ -24,6 +24,13 @@ const QHash<QString, Action>& Actions() {
   return table;
 }
 
+// The first word; `rest` keeps what stands behind it, its inner blanks as they are.
+QString TakeWord(QString& rest) {
+  const QString word = rest.section(' ', 0, 0);
+  rest = rest.mid(word.size()).trimmed();
+  return word;
+}
+
 bool Number(const QString& text, double& number) {
   bool ok = false;
   number = text.toDouble(&ok);
@@ -31,12 +38,13 @@ bool Number(const QString& text, double& number) {
 }
 
 // "at 12.350 key F5", "at 12.400 send CTRL SUSPEND", "at 20 speed 60", "at 30 end"
-bool ReadEvent(const QString& rest, Drive& drive) {
+bool ReadEvent(QString rest, Drive& drive) {
   Event event;
-  const auto action = Actions().find(rest.section(' ', 1, 1).toLower());
-  event.text = rest.section(' ', 2);
-  if (!Number(rest.section(' ', 0, 0), event.seconds) || action == Actions().end())
+  const bool timed = Number(TakeWord(rest), event.seconds);
+  const auto action = Actions().find(TakeWord(rest).toLower());
+  if (!timed || action == Actions().end())
     return false;
+  event.text = rest;
   event.action = *action;
   if (event.action == Action::Speed && !Number(event.text, event.number))
     return false;
@@ -75,7 +83,8 @@ bool ReadScript(const QString& text, const QString& folder, Drive& drive, QStrin
     const QString line = raw.trimmed();
     if (line.isEmpty() || line.startsWith('#'))
       continue;
-    const QString word = line.section(' ', 0, 0).toLower(), rest = line.section(' ', 1).trimmed();
+    QString rest = line;
+    const QString word = TakeWord(rest).toLower();
     QString why = "not understood: " + line;
     if (!ReadSetting(word, rest, folder, drive, &why)) {
       *reason = QString("line %1: %2").arg(number).arg(why);

@@ -20,6 +20,12 @@ LinkServer::LinkServer(QObject* parent) : QObject(parent) {
   connect(&server, &QTcpServer::newConnection, this, &LinkServer::Accept);
 }
 
+// The socket tells its end while it is destroyed; nobody is there to hear it by then.
+LinkServer::~LinkServer() {
+  if (peer)
+    peer->disconnect(this);
+}
+
 bool LinkServer::Listen(quint16 port) {
   return server.listen(QHostAddress::LocalHost, port);
 }

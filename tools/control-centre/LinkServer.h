@@ -14,6 +14,7 @@ class LinkServer : public QObject {
 
 public:
   explicit LinkServer(QObject* parent = nullptr);
+  ~LinkServer() override;
   // On 127.0.0.1 only. Port 0 takes a free one. False when the port is taken.
   bool Listen(quint16 port);
   quint16 Port() const { return server.serverPort(); }

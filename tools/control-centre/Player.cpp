@@ -42,28 +42,35 @@ void Player::Hear(const QString& line) {
 void Player::Tick() {
   const double present = static_cast<double>(wall.nsecsElapsed()) / 1e9, passed = present - last;
   last = present;
-  if (next < drive.events.size() && drive.events[next].seconds <= now && Waiting(drive.events[next])) {
-    waited += passed;
-    if (waited > patienceSeconds) {
-      timer.stop();
-      emit Failed("waited in vain for: " + drive.events[next].text);
-    }
-    return;
+  if (!held) {
+    now += passed;
+    Move(passed);
   }
-  now += passed;
-  Move(passed);
   RunEvents();
-  Report();
+  waited = held ? waited + passed : 0;
+  if (waited > patienceSeconds)
+    return Fail("waited in vain for: " + drive.events[next].text);
+  if (!held && timer.isActive())
+    Report();
 }
 
+// Carries out what is due; a wait that is not met yet holds the rest.
 void Player::RunEvents() {
-  while (timer.isActive() && next < drive.events.size() && drive.events[next].seconds <= now &&
-         !Waiting(drive.events[next])) {
-    waited = 0;
+  held = false;
+  while (timer.isActive() && next < drive.events.size() && drive.events[next].seconds <= now) {
+    held = Waiting(drive.events[next]);
+    if (held)
+      return;
     Do(drive.events[next++]);
   }
 }
 
+void Player::Fail(const QString& why) {
+  timer.stop();
+  emit Failed(why);
+}
+
+// Asked once a tick: a wait that is met uses up the lines to its own.
 bool Player::Waiting(const Event& event) {
   if (event.action == Event::Action::WaitWindow)
     return !keys.WindowShown(event.text);
@@ -104,8 +111,7 @@ void Player::Press(const Event& event) {
   link.Tell("--", "key " + event.text);
   if (keys.Press(event.text))
     return;
-  timer.stop();
-  emit Failed(keys.Available() ? "no such key: " + event.text : "no windowing system to press keys in");
+  Fail(keys.Available() ? "no such key: " + event.text : "no windowing system to press keys in");
 }
 
 void Player::TakeScreenshot(const QString& path) {
@@ -113,8 +119,7 @@ void Player::TakeScreenshot(const QString& path) {
       qobject_cast<QGuiApplication*>(QCoreApplication::instance()) ? QGuiApplication::primaryScreen() : nullptr;
   if (screen && screen->grabWindow(0).save(path, "PNG"))
     return link.Tell("--", "screenshot " + path);
-  timer.stop();
-  emit Failed("could not take the screenshot " + path);
+  Fail("could not take the screenshot " + path);
 }
 
 void Player::Move(double seconds) {

@@ -29,6 +29,7 @@ private:
   void Hear(const QString& line);
   void Tick();
   void RunEvents();
+  void Fail(const QString& why);
   bool Waiting(const Event& event);
   void Do(const Event& event);
   void Press(const Event& event);
@@ -46,6 +47,7 @@ private:
   double last = 0;   // wall time of the last tick
   double way = 0;    // kilometres driven
   double waited = 0; // how long the present wait has lasted
+  bool held = false; // a wait holds the drive
   double nextDmi = 0, nextGps = 0;
   std::size_t next = 0; // event
   QStringList heard;    // lines that no wait has used yet

@@ -49,13 +49,7 @@ std::unique_ptr<QProcess> Launch(const QString& program, const QString& argument
   return child;
 }
 
-std::unique_ptr<Player> Play(const QString& path, LinkServer& link, KeyPresser& keys, QProcess* child) {
-  Drive drive;
-  QString reason;
-  if (!ReadDrive(path, drive, &reason)) {
-    std::fprintf(stderr, "trekor-control: %s\n", qUtf8Printable(reason));
-    return nullptr;
-  }
+std::unique_ptr<Player> Play(Drive drive, LinkServer& link, KeyPresser& keys, QProcess* child) {
   auto player = std::make_unique<Player>(std::move(drive), link, keys);
   QObject::connect(player.get(), &Player::Ended, [&link] { link.Send("CTRL EXIT"); });
   QObject::connect(player.get(), &Player::Failed, [&link, child](const QString& why) {
@@ -71,6 +65,12 @@ std::unique_ptr<Player> Play(const QString& path, LinkServer& link, KeyPresser& 
 }
 
 int Run(QCoreApplication& app, const QCommandLineParser& options) {
+  Drive drive;
+  QString reason;
+  if (options.isSet("drive") && !ReadDrive(options.value("drive"), drive, &reason)) {
+    std::fprintf(stderr, "trekor-control: %s\n", qUtf8Printable(reason));
+    return 1;
+  }
   LinkServer link;
   bool portOk = false;
   const uint port = options.value("port").toUInt(&portOk);
@@ -86,11 +86,8 @@ int Run(QCoreApplication& app, const QCommandLineParser& options) {
   else
     QObject::connect(&link, &LinkServer::Closed, [] { QCoreApplication::exit(0); });
   std::unique_ptr<Player> player;
-  if (options.isSet("drive")) {
-    player = Play(options.value("drive"), link, keys, child.get());
-    if (!player)
-      return 1;
-  }
+  if (options.isSet("drive"))
+    player = Play(std::move(drive), link, keys, child.get());
   ReadTypedLines(link);
   return app.exec();
 }
