@@ -4,10 +4,11 @@
 #include "store/Database.h"
 #include "store/Recordset.h"
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <unistd.h>
 
 namespace trekor::tests {
 
@@ -19,23 +20,33 @@ inline std::unique_ptr<Database> OpenShared(const std::string& file) {
   return Database::Open(Share(file), OpenMode::ReadOnly);
 }
 
-// A copy that a test may write to; gone with the object.
+// A folder of the running test's own, below the build so that two builds can test at once.
+class TestFolder {
+public:
+  TestFolder()
+      : path(std::filesystem::path(TREKOR_BINARY_DIR) / "tests" /
+             testing::UnitTest::GetInstance()->current_test_info()->name()) {
+    std::filesystem::remove_all(path);
+    std::filesystem::create_directories(path);
+  }
+  ~TestFolder() { std::filesystem::remove_all(path); }
+  std::string File(const std::string& name) const { return (path / name).string(); }
+  const std::filesystem::path path;
+};
+
+// A copy that a test may write to.
 class WritableCopy {
 public:
-  explicit WritableCopy(const std::string& file)
-      : folder(std::filesystem::temp_directory_path() / ("trekor-templates-" + std::to_string(::getpid()))) {
-    std::filesystem::create_directories(folder);
-    std::filesystem::copy_file(Share(file), folder / "copy.mdb", std::filesystem::copy_options::overwrite_existing);
-    database = Database::Open((folder / "copy.mdb").string(), OpenMode::Shared);
+  explicit WritableCopy(const std::string& file) {
+    std::filesystem::copy_file(Share(file), folder.File("copy.mdb"));
+    database = Database::Open(folder.File("copy.mdb"), OpenMode::Shared);
   }
-  ~WritableCopy() {
-    database.reset();
-    std::filesystem::remove_all(folder);
-  }
-  std::unique_ptr<Database> database;
 
 private:
-  std::filesystem::path folder;
+  TestFolder folder; // goes after the database
+
+public:
+  std::unique_ptr<Database> database;
 };
 
 } // namespace trekor::tests

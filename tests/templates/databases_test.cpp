@@ -7,7 +7,6 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <set>
 
 namespace trekor::tests {
 
@@ -18,6 +17,10 @@ using Names = std::vector<std::string>;
 std::string BytesOf(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+int MakeTemplate(const std::string& out, const std::string& texts) {
+  return std::system((TREKOR_BINARY_DIR "/templates/make_template " + out + " " + texts).c_str());
 }
 
 const std::map<std::string, Names> Layouts = {
@@ -68,27 +71,19 @@ TEST(Templates, ArePlainFilesOfOnePageSize) {
 }
 
 TEST(MakeTemplate, GivesTheSameBytesAgain) {
-  const auto again = (std::filesystem::temp_directory_path() / "trekor-again.vdb").string();
-  const std::string tool = TREKOR_BINARY_DIR "/templates/make_template ";
-  ASSERT_EQ(std::system((tool + again + " " TREKOR_SOURCE_DIR "/templates/DataFile.sql").c_str()), 0);
-  EXPECT_EQ(BytesOf(again), BytesOf(Share("DataFile.vdb")));
-  std::filesystem::remove(again);
+  const TestFolder folder;
+  ASSERT_EQ(MakeTemplate(folder.File("again.vdb"), TREKOR_SOURCE_DIR "/templates/DataFile.sql"), 0);
+  EXPECT_EQ(BytesOf(folder.File("again.vdb")), BytesOf(Share("DataFile.vdb")));
 }
 
 TEST(MakeTemplate, RefusesAFaultAndLeavesNoFile) {
-  const auto folder = std::filesystem::temp_directory_path() / "trekor-fault";
-  const std::string tool = TREKOR_BINARY_DIR "/templates/make_template ";
   for (const std::string sql :
        {"CREATE TABLE A(x);\nINSERT INTO A VALUES (1, 2);", "CREATE TABLE A(x", "SELECT \"no name\";"}) {
-    std::filesystem::create_directories(folder);
-    std::ofstream(folder / "fault.sql") << sql;
-    EXPECT_NE(
-        std::system(
-            (tool + (folder / "out.vdb").string() + " " + (folder / "fault.sql").string() + " 2>/dev/null").c_str()),
-        0)
-        << sql;
-    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 1) << sql;
-    std::filesystem::remove_all(folder);
+    const TestFolder folder;
+    std::ofstream(folder.path / "fault.sql") << sql;
+    EXPECT_NE(MakeTemplate(folder.File("out.vdb"), folder.File("fault.sql") + " 2>" + folder.File("words")), 0) << sql;
+    EXPECT_NE(BytesOf(folder.File("words")).find("fault.sql:"), std::string::npos) << sql;
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path), {}), 2) << sql;
   }
 }
 
