@@ -1,0 +1,13 @@
+// The measurements of the house, each beside the floor that the bare library sets on the same machine in the same run.
+// A measurement takes the words behind its name; it gives the exit code.
+#pragma once
+
+#include "ExportBench.h"
+
+namespace trekor::bench {
+
+int RunStore(int argc, char** argv);      // FILE ROWS: grid rows through the program's own storing code
+int RunStoreFloor(int argc, char** argv); // FILE ROWS: the same rows by bare prepared inserts
+int RunStoreRatio(int argc, char** argv); // ROWS: both in turn
+
+} // namespace trekor::bench
