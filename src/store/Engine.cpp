@@ -196,16 +196,15 @@ void Engine::ForgetLayouts() {
   }
 }
 
-std::int64_t Engine::NextNumber(const TableLayout& layout) {
-  TableState& state = State(layout.name);
+std::int64_t Engine::NextNumber(const TableLayout& layout, TableState& state) {
   if (!state.counterKnown) {
     if (!sequence.Ready())
       sequence.Prepare(*this, "SELECT seq FROM sqlite_sequence WHERE name=?", true);
     const FieldValue name(layout.name);
     sequence.Bind(1, name);
-    if (sequence.Step())
-      state.counter = std::max(state.counter, sequence.Number(0));
+    state.stored = sequence.Step() ? sequence.Number(0) : 0;
     sequence.Reset();
+    state.counter = std::max(state.counter, state.stored);
     state.counterKnown = mode == OpenMode::Exclusive || mode == OpenMode::ExclusiveDurable;
   }
   return ++state.counter;

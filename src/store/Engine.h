@@ -53,6 +53,7 @@ private:
 struct TableState {
   std::uint64_t changes = 0;  // moves on with each change of a row
   std::int64_t counter = 0;   // highest number that an automatic key was given
+  std::int64_t stored = 0;    // highest number that the file knows of, while nobody else can have moved it
   bool counterKnown = false;  // nobody else can have moved it
   std::int64_t lastAdded = 0; // key of the row that is certainly the last one; 0 when it isn't known
 };
@@ -75,7 +76,7 @@ public:
   std::uint64_t AllChanges() const { return allChanges; }
 
   // The next automatic key of a table. It is used up by being asked for.
-  std::int64_t NextNumber(const TableLayout& layout);
+  std::int64_t NextNumber(const TableLayout& layout, TableState& state);
 
   bool Begin();
   bool Commit();

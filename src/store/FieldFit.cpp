@@ -38,17 +38,14 @@ bool FitReal(const FieldValue& value, bool single, FieldValue& into) {
 bool FitText(const FieldValue& value, int size, FieldValue& into) {
   if (value.IsBytes())
     return false;
-  if (!value.IsText()) {
-    into = FieldValue(value.Text());
-    return true;
-  }
-  into = value;
-  if (size <= 0)
-    return true;
-  const std::string text = value.Text();
-  const std::string_view cut = FirstCharacters(text, static_cast<std::size_t>(size));
+  if (!value.IsText())
+    return FitText(FieldValue(value.Text()), size, into);
+  const std::string_view text = value.TextView();
+  const std::string_view cut = size > 0 ? FirstCharacters(text, static_cast<std::size_t>(size)) : text;
   if (cut.size() < text.size())
     into = FieldValue(std::string(cut));
+  else
+    into = value;
   return true;
 }
 
@@ -85,7 +82,7 @@ bool IsDateText(std::string_view text) {
 }
 
 bool FitDate(const FieldValue& value, FieldValue& into) {
-  if (!value.IsText() || !IsDateText(value.Text()))
+  if (!value.IsText() || !IsDateText(value.TextView()))
     return false;
   into = value;
   return true;

@@ -99,7 +99,7 @@ bool Recordset::AddNew() {
   const auto& columns = parts->shape.columns;
   for (std::size_t i = 0; i < columns.size(); ++i) {
     if (columns[i].field.autoNumber)
-      parts->buffer[i] = FieldValue(parts->engine->NextNumber(layout));
+      parts->buffer[i] = FieldValue(parts->engine->NextNumber(layout, *parts->shape.tables[0].state));
     else
       parts->buffer[i] = columns[i].field.defaultValue;
   }

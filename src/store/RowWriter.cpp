@@ -2,6 +2,8 @@
 
 #include "store/FieldFit.h"
 
+#include <algorithm>
+
 #include <sqlite3.h>
 
 namespace trekor {
@@ -25,17 +27,24 @@ bool RowWriter::PrepareInsert() {
       engine, "INSERT INTO " + QuotedName(table.layout->name) + " (" + names + ") VALUES (" + marks + ")", true);
 }
 
+// A number that the library would give anyway is left to it: it then need not look whether the number is taken.
+bool RowWriter::NumberComesByItself(std::size_t place, const FieldValue& value) const {
+  return ColumnAt(place).field.autoNumber && table.state->counterKnown && value.Integer() == table.state->stored + 1;
+}
+
 bool RowWriter::Insert(const std::vector<FieldValue>& values, std::int64_t& number) {
   if (!engine.MayWrite())
     return engine.FailWith("the transaction was taken back");
   if (!PrepareInsert())
     return false;
   int parameter = 1;
+  static const FieldValue null;
   for (const std::size_t place : places)
-    insert.Bind(parameter++, values[place]);
+    insert.Bind(parameter++, NumberComesByItself(place, values[place]) ? null : values[place]);
   if (!insert.Run())
     return false;
   number = sqlite3_last_insert_rowid(engine.db);
+  table.state->stored = std::max(table.state->stored, number);
   ++table.state->changes;
   table.state->lastAdded = table.layout->HasAutoNumber() && table.state->counterKnown ? number : 0;
   return true;

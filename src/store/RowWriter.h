@@ -24,6 +24,7 @@ public:
 private:
   const Column& ColumnAt(std::size_t place) const { return shape.columns[place]; }
   bool PrepareInsert();
+  bool NumberComesByItself(std::size_t place, const FieldValue& value) const;
   bool PrepareChange(const std::vector<char>& touched);
 
   Engine& engine;
