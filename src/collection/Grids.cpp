@@ -6,7 +6,15 @@ namespace trekor {
 
 namespace {
 constexpr int StationsWidth = 2400, ObservationWidth = 840; // twips
-constexpr float FullStep = 100;                             // the step bar counts per cent
+constexpr int TypeText = 4;
+constexpr float FullStep = 100; // the step bar counts per cent
+
+// A value that is worth carrying: not 0, and no text that reads so.
+bool HasValue(const ClassObservation& o) {
+  const auto text = o.DefaultText();
+  return o.DataTypeID == TypeText ? !text.empty() && text != "0" : o.DefaultNumber() != 0;
+}
+
 } // namespace
 
 void Grids::Setup_Grid() {
@@ -94,12 +102,10 @@ void Grids::Carry_Values() {
 
 void Grids::Carry(int obs, int row) {
   auto& o = ctx.rooms.setup.Observations(obs);
-  const bool text = o.DataTypeID == 4;
   if (o.IsCarried()) {
-    const bool something = text ? o.DefaultText() != "" && o.DefaultText() != "0" : o.DefaultNumber() != 0;
-    if (something)
+    if (HasValue(o))
       Show_Cell(row, obs);
-  } else if (text) {
+  } else if (o.DataTypeID == TypeText) {
     SetBar(obs, 0); // the text itself stays
   } else {
     o.Reset();
@@ -153,7 +159,7 @@ void Grids::Write_EventCells(int row, int obs) {
   const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
   if (type < 3)
     Show_Cell(row, obs);
-  else if (type == 4)
+  else if (type == TypeText)
     Write_Text(row, obs);
 }
 

@@ -10,7 +10,8 @@ namespace trekor {
 
 namespace {
 
-constexpr int TypeBoolean = 0, TypeInteger = 1, TypeFloat = 2, TypeUnnamed = 3, TypeText = 4;
+// 3 has no name: its key changes nothing and shows the value in the cell alone.
+constexpr int TypeBoolean = 0, TypeInteger = 1, TypeFloat = 2, TypeText = 4;
 constexpr int KeyingTwoKeys = 2;
 constexpr float WaitingPicture = -13;
 constexpr int NoDigit = -1;

@@ -56,8 +56,9 @@ void SetupChoice::Choose_None() {
   Choose();
 }
 
+// The form's stored look fills the list too, before there are keys and columns; the load chooses when they are there.
 void SetupChoice::cboTestSetupNames_Click() {
-  if (!filling && ctx.form.cboTestSetupNames.ListIndex() >= 0)
+  if (!filling && !ctx.fields.loading && ctx.form.cboTestSetupNames.ListIndex() >= 0)
     Choose();
 }
 

@@ -144,6 +144,18 @@ TEST_F(FileMenuStories, TheRunningSetupStaysWhenTheListIsFilledAgain) {
   EXPECT_EQ(setup.Observations(1).DefaultText(), "");
 }
 
+TEST_F(FileMenuStories, TheSetupOfTheLastTimeComesBackAtTheNextStart) {
+  form.cboTestSetupNames.Select(1);
+  texts.SaveFormProperties(form);
+  form.cboTestSetupNames.Select(0);
+  state.TestSetupID = 0;
+  run.Load_Form();
+  EXPECT_EQ(state.TestSetupID, 2);
+  EXPECT_EQ(state.TestSetupName, "Short");
+  EXPECT_EQ(form.Grid.Cols(), 2);
+  EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
+}
+
 TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
   ASSERT_TRUE(vocabulary.ObsDB->Execute("DELETE FROM SetupNames"));
   run.parts().setups.Load_TestSetupNames();
