@@ -34,6 +34,14 @@ std::string Entered(const TextBox& box) {
   return SameText(text, "Default") ? "" : text;
 }
 
+// No byte that means another character in Windows-1252 than in UTF-8.
+bool IsPlain(std::string_view bytes) {
+  unsigned all = 0;
+  for (const char c : bytes)
+    all |= static_cast<unsigned char>(c);
+  return all < 0x80;
+}
+
 void ShowDefault(TextBox& box) {
   if (Trim(box.Text()).empty())
     box.SetText("Default");
@@ -210,6 +218,7 @@ void SocketProp::Socket_DataArrival() {
   if (!Active)
     return;
   Compact();
+  plain = (plain || ReceiveBuffer.empty()) && IsPlain(bytes);
   if (ReceiveBuffer.empty())
     ReceiveBuffer = std::move(bytes);
   else
@@ -257,7 +266,7 @@ void SocketProp::DispatchLine(std::string_view line) {
   if (!Dispatch)
     return;
   line = TrimView(line);
-  if (std::all_of(line.begin(), line.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; }))
+  if (plain || IsPlain(line))
     Dispatch(line);
   else
     Dispatch(FromWindows1252(line));

@@ -91,6 +91,7 @@ private:
   // moving marks, compacted once an arrival, so that a burst of lines and a line without an end both cost linear time.
   std::string ReceiveBuffer;
   std::size_t consumed = 0, searched = 0;
+  bool plain = true;     // the buffer holds ASCII alone: asked once an arrival, not once a line
   bool skipping = false; // the line that goes on at `consumed` has grown too long and is dropped up to its end
   int depth = 0;         // arrivals being dispatched inside one another
 };

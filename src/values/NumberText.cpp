@@ -38,6 +38,33 @@ struct Reading {
   std::size_t length = 0; // characters that belong to it; 0 when there is none
 };
 
+// The plain numbers of the link and the files, "-12.345": at most 15 digits and no exponent. Their digits are a whole
+// number that a double holds exactly, and so is the power of ten, so that one division rounds correctly. False for all
+// others.
+bool ReadPlain(std::string_view text, double& number) {
+  constexpr std::array<double, 16> tens = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  if (text.size() > tens.size() + 1)
+    return false;
+  const bool negative = !text.empty() && text[0] == '-';
+  const char *at = text.data() + (negative ? 1 : 0), *const end = text.data() + text.size();
+  const char* const from = at;
+  std::int64_t digits = 0;
+  for (; at < end && IsDigit(*at); ++at)
+    digits = digits * 10 + (*at - '0');
+  const auto whole = static_cast<std::size_t>(at - from);
+  std::size_t behindMark = 0;
+  if (at < end && *at == '.')
+    for (++at; at < end && IsDigit(*at); ++at, ++behindMark)
+      digits = digits * 10 + (*at - '0');
+  const std::size_t count = whole + behindMark;
+  if (at < end || count == 0 || count >= tens.size())
+    return false;
+  const double size = static_cast<double>(digits) / tens[behindMark];
+  number = negative ? -size : size;
+  return true;
+}
+
 // A leading number in text without blanks.
 Reading ReadNumber(std::string_view text) {
   const std::size_t sign = !text.empty() && (text[0] == '-' || text[0] == '+') ? 1 : 0;
@@ -119,6 +146,8 @@ template <class Whole> std::optional<Whole> ToWhole(double number) {
 } // namespace
 
 double Val(std::string_view text) {
+  if (double plain = 0; ReadPlain(text, plain))
+    return plain;
   if (text.find(' ') == std::string_view::npos)
     return ReadNumber(text).number;
   std::string number;

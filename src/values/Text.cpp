@@ -112,10 +112,11 @@ std::size_t EndOf(std::string_view text, int& n) {
 } // namespace
 
 std::string_view TrimView(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(' ');
-  if (first == std::string_view::npos)
-    return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  while (!text.empty() && text.front() == ' ')
+    text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ')
+    text.remove_suffix(1);
+  return text;
 }
 
 std::string Trim(std::string_view text) {

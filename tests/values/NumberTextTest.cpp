@@ -57,6 +57,18 @@ TEST(NumberTextTest, ValReadsTheLongestLeadingNumber) {
     EXPECT_EQ(Val(text), 0) << text;
 }
 
+TEST(NumberTextTest, ValReadsEveryNumberAsTheLibraryDoes) {
+  std::mt19937_64 random(2);
+  for (int i = 0; i < 20000; ++i) {
+    std::string text = std::to_string(random() % 10'000'000'000'000'000 >> random() % 50);
+    text.insert(random() % (text.size() + 1), ".");
+    double number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    ASSERT_EQ(Val(text), number) << text;
+    ASSERT_EQ(Val("-" + text), -number) << text;
+  }
+}
+
 TEST(NumberTextTest, ValTakesNumbersOfAnyLength) {
   EXPECT_EQ(Val("1" + std::string(400, '0')), Largest);
   EXPECT_EQ(Val("0." + std::string(400, '0') + "1"), 0);
