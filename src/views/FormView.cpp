@@ -13,6 +13,9 @@ namespace trekor {
 
 namespace {
 
+constexpr int GridPixels = 16;
+constexpr int HighBox = 50;
+
 Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
   if (form.ToolWindow)
     return Qt::Tool;
@@ -105,8 +108,16 @@ QMenuBar* FormView::MenuBar() {
   return window ? window->MenuBar() : nullptr;
 }
 
+// Values are read at a glance from arm's length; a box much higher than a line of text is meant to be read from there
+// too.
 QFont FormView::FontOf(const Control& control) {
-  return theme::Of(control.FontOf(), form.FontOf, QApplication::font());
+  QFont base = QApplication::font();
+  const bool sized = control.FontOf().Size > 0 || form.FontOf.Size > 0;
+  if (control.TypeOf() == Kind::FlexGrid)
+    base.setPixelSize(GridPixels);
+  else if (const int height = Pixels(control.Height); !sized && control.TypeOf() == Kind::TextBox && height > HighBox)
+    base.setPixelSize(height * 2 / 5);
+  return theme::Of(control.FontOf(), form.FontOf, base);
 }
 
 void FormView::FollowGeometry() {

@@ -17,7 +17,8 @@ namespace {
 
 const QEvent::Type AbsorbChanges = static_cast<QEvent::Type>(QEvent::registerEventType());
 constexpr int MostMoves = 8; // more rows than this at once are drawn anew faster
-constexpr int Padding = 6;
+constexpr int Padding = 6, HeadPadding = 2;
+constexpr double Smallest = 0.65; // of a heading's size, before it is cut off
 
 int Flags(Align a) {
   return Qt::AlignVCenter | Qt::TextSingleLine |
@@ -59,7 +60,9 @@ void GridView::Absorb() {
   const Grid::Changes changes = grid.TakeChanges();
   const auto moves = std::count_if(changes.steps.begin(), changes.steps.end(),
                                    [](const auto& s) { return s.sort != Grid::Changes::Step::Cell; });
-  if (changes.all || moves > MostMoves || (overtaken && moves > 0))
+  // The marks stay in their place when the rows below them move.
+  const bool fixedPicture = overtaken || marked || grid.SelectionMarks();
+  if (changes.all || moves > MostMoves || (fixedPicture && moves > 0))
     Rearrange();
   else
     Follow(changes);
@@ -209,7 +212,7 @@ int GridView::FirstEqual(int row, int col) const {
 }
 
 bool GridView::Chosen(int row) const {
-  const auto [low, high] = std::minmax(grid.Row(), grid.RowSel());
+  const int low = std::min(grid.Row(), grid.RowSel()), high = std::max(grid.Row(), grid.RowSel());
   return grid.SelectionMarks() && row >= low && row <= high && row >= grid.FixedRows();
 }
 
@@ -238,17 +241,25 @@ void GridView::PaintContent(QPainter& p, int row, int first, int last, const QRe
   if (text.empty())
     return;
   const bool head = row < grid.FixedRows();
-  QFont f = font();
-  if (head)
-    f.setBold(true);
-  p.setFont(f);
+  p.setFont(head ? HeadFont(text, cell.width() - 2 * HeadPadding) : font());
   p.setPen(QColor(isEnabled() ? theme::Ink : theme::FaintInk));
   const Align align = head && first > 0 ? Align::Centre : grid.CellAlignment(row, first);
   // A merged text that begins left of the view is read from the view's edge.
-  QRect place = cell.adjusted(Padding, 0, -Padding, 0);
+  const int padding = head && first > 0 ? HeadPadding : Padding;
+  QRect place = cell.adjusted(padding, 0, -padding, 0);
   if (first != last)
     place.setLeft(std::max(place.left(), layout.FirstColumnWidth() + Padding));
   p.drawText(place, Flags(align), Q(text));
+}
+
+// Bold, and smaller where the column is too narrow for it.
+QFont GridView::HeadFont(const std::string& text, int room) const {
+  QFont f = font();
+  f.setBold(true);
+  const int width = QFontMetrics(f).horizontalAdvance(Q(text));
+  if (width > room)
+    f.setPixelSize(static_cast<int>(QFontInfo(f).pixelSize() * std::max(Smallest, room / static_cast<double>(width))));
+  return f;
 }
 
 void GridView::PaintCurrentCell(QPainter& p) {

@@ -43,6 +43,7 @@ private:
   void PaintRow(QPainter& p, int row, const QRect& area);
   void PaintCell(QPainter& p, int row, int first, int last);
   void PaintContent(QPainter& p, int row, int first, int last, const QRect& cell);
+  QFont HeadFont(const std::string& text, int room) const;
   void PaintCurrentCell(QPainter& p);
   bool Chosen(int row) const;
   int LastEqual(int row, int first) const;

@@ -27,6 +27,8 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 } // namespace
 
+QtShell::QtShell(Drives& drives) : pictures(drives) {}
+
 QtShell::~QtShell() {
   UnloadAll();
 }

@@ -17,7 +17,7 @@ namespace trekor {
 
 class QtShell : public Shell {
 public:
-  explicit QtShell(Drives& drives) : pictures(drives) {}
+  explicit QtShell(Drives& drives);
   ~QtShell() override;
   QtShell(const QtShell&) = delete;
   QtShell& operator=(const QtShell&) = delete;

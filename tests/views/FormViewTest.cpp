@@ -1,0 +1,189 @@
+#include "views/QtShell.h"
+
+#include "support/FakePlatform.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QTest>
+#include <QTimer>
+
+#include <gtest/gtest.h>
+
+namespace trekor {
+namespace {
+
+struct SmallForm : Form {
+  SmallForm() : Form("SmallForm") {
+    Move(300, 300, 6000, 4500);
+    mnuFile.SetCaption("&File");
+    mnuNew.SetCaption("&New");
+    Texts0.Move(150, 150, 3000, 450);
+    Texts1.Move(150, 750, 3000, 450);
+    CmdOK.Move(150, 1500, 1500, 450);
+    CmdOK.Default = true;
+    OnKeyDown = [this](int code, int shift) {
+      keys.push_back(std::to_string(code) + "/" + std::to_string(shift));
+      return takesAll;
+    };
+    CmdOK.OnClick = [this] { ++pressed; };
+  }
+  Menu mnuFile{*this, "mnuFile"}, mnuNew{*this, "mnuNew", &mnuFile};
+  TextBox Texts0{*this, "Texts", 0}, Texts1{*this, "Texts", 1};
+  CommandButton CmdOK{*this, "CmdOK"};
+  std::vector<std::string> keys;
+  bool takesAll = false;
+  int pressed = 0;
+};
+
+class FormViewTest : public testing::Test {
+protected:
+  FormViewTest() {
+    shell.Load(form);
+    shell.Show(form);
+    shell.SetFocus(form.Texts0);
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (dynamic_cast<FormWindow*>(w))
+        window = w;
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    form.keys.clear();
+  }
+  ~FormViewTest() override {
+    shell.UnloadAll();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
+    QTest::keyClick(window->windowHandle(), key, with);
+  }
+  tests::FakeDrives drives;
+  QtShell shell{drives};
+  SmallForm form;
+  QWidget* window = nullptr;
+};
+
+TEST_F(FormViewTest, AKeyIsHeardOnceAndBeforeMenusAndControls) {
+  form.takesAll = true;
+  for (const Qt::Key key : {Qt::Key_A, Qt::Key_F10, Qt::Key_Tab, Qt::Key_Space, Qt::Key_Return})
+    Press(key);
+  Press(Qt::Key_F, Qt::AltModifier); // the menu's letter
+  Press(Qt::Key_1, Qt::KeypadModifier);
+  EXPECT_EQ(form.keys, (std::vector<std::string>{"65/0", "121/0", "9/0", "32/0", "13/0", "18/4", "70/4", "97/0"}));
+  EXPECT_EQ(form.Texts0.Text(), "");
+  EXPECT_EQ(form.ActiveControl, &form.Texts0);
+  EXPECT_EQ(form.pressed, 0);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+}
+
+TEST_F(FormViewTest, WhatTheFormLeavesGoesToTheControl) {
+  Press(Qt::Key_A);
+  Press(Qt::Key_7);
+  EXPECT_EQ(form.Texts0.Text(), "a7");
+  EXPECT_EQ(form.keys, (std::vector<std::string>{"65/0", "55/0"}));
+  Press(Qt::Key_Tab);
+  EXPECT_EQ(form.ActiveControl, &form.Texts1);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(form.pressed, 1);
+}
+
+TEST_F(FormViewTest, ABoxMayTakeTurnOrRefuseWhatIsTyped) {
+  form.Texts0.OnKeyPress = [](char32_t c) { return c == U',' ? U'.' : c == U'x' ? U'\0' : c; };
+  form.Texts0.MaxLength = 3;
+  for (const Qt::Key key : {Qt::Key_1, Qt::Key_Comma, Qt::Key_X, Qt::Key_5, Qt::Key_6})
+    Press(key);
+  EXPECT_EQ(form.Texts0.Text(), "1.5");
+  form.OnKeyPress = [](char32_t) { return true; };
+  Press(Qt::Key_Backspace);
+  EXPECT_EQ(form.Texts0.Text(), "1.5");
+}
+
+TEST_F(FormViewTest, FocusIsToldToTheBoxesAndCodeIsNotTakenForTheOperator) {
+  std::string story;
+  form.Texts0.OnLostFocus = [&] { story += "lost0 "; };
+  form.Texts1.OnGotFocus = [&] {
+    story += "got1 ";
+    form.Texts1.SelectAll();
+  };
+  form.Texts1.OnChange = [&] { story += "change "; };
+  form.Texts1.SetText("12.5");
+  shell.SetFocus(form.Texts1);
+  EXPECT_EQ(story, "change lost0 got1 ");
+  Press(Qt::Key_9); // replaces what was selected
+  EXPECT_EQ(form.Texts1.Text(), "9");
+  EXPECT_EQ(story, "change lost0 got1 change ");
+}
+
+TEST_F(FormViewTest, AModalFormReturnsWhenItIsHidden) {
+  SmallForm prompt;
+  bool tickedInside = false;
+  prompt.CmdOK.OnClick = [&] { shell.Hide(prompt); };
+  shell.Load(prompt);
+  QTimer::singleShot(20, [&] {
+    tickedInside = prompt.Shown;
+    prompt.CmdOK.Click();
+  });
+  shell.ShowModal(prompt);
+  EXPECT_TRUE(tickedInside);
+  EXPECT_FALSE(prompt.Shown);
+  shell.Unload(prompt);
+}
+
+TEST_F(FormViewTest, TheCloseBoxAsksFirst) {
+  std::string story;
+  bool mayGo = false;
+  form.OnQueryUnload = [&] {
+    story += "query ";
+    return mayGo;
+  };
+  form.OnUnload = [&] {
+    story += "unload ";
+    shell.Unload(form); // as the main form's does, inside the window's own event
+  };
+  window->close();
+  EXPECT_EQ(story, "query ");
+  EXPECT_TRUE(form.Shown);
+  mayGo = true;
+  window->close();
+  EXPECT_EQ(story, "query query unload ");
+  EXPECT_FALSE(form.Loaded);
+}
+
+TEST_F(FormViewTest, AControlThatComesLaterIsShownToo) {
+  form.Texts0.SetText("first");
+  auto* box = static_cast<TextBox*>(form.LoadElement("Texts", 5));
+  box->Move(150, 3000, 1500, 300);
+  box->SetText("later");
+  QLineEdit* found = nullptr;
+  for (auto* edit : window->findChildren<QLineEdit*>())
+    if (edit->text() == "later")
+      found = edit;
+  ASSERT_NE(found, nullptr);
+  EXPECT_EQ(found->geometry(), QRect(10, 200, 100, 20));
+  EXPECT_TRUE(found->isVisible());
+}
+
+TEST_F(FormViewTest, ATimerKeepsItsTurnsButNotInsideItself) {
+  Form ticking("Ticking");
+  Timer timer(ticking, "IdleTimer");
+  int beats = 0, depth = 0, deepest = 0;
+  timer.OnTimer = [&] {
+    timer.SetRunning(false);
+    deepest = std::max(deepest, ++depth);
+    if (++beats == 1)
+      QTest::qWait(30);
+    --depth;
+    timer.SetRunning(beats < 4);
+  };
+  timer.SetInterval(5);
+  shell.Load(ticking);
+  timer.SetRunning(true);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return beats == 4; }, 2000));
+  QTest::qWait(30);
+  EXPECT_EQ(beats, 4);
+  EXPECT_EQ(deepest, 1);
+  shell.Unload(ticking);
+}
+
+} // namespace
+} // namespace trekor
