@@ -65,6 +65,7 @@ void DriveRunner::Install(const std::string& shared) {
   fakes.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
   fakes.drives.MakeFolders("C:\\Veldmark\\Parcels\\MDB");
   fakes.drives.MakeFolders("C:\\Roads");
+  fakes.drives.MakeFolders("D:\\"); // the second drive, for backups
   const fs::path to = fakes.drives.NativePath("C:\\Trekor");
   fs::copy(shared, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   fs::copy(to / "HardWare.vdb", fs::path(fakes.drives.NativePath("C:\\Veldmark\\Trekor\\VDB")) / "Hardware.vdb");
@@ -117,9 +118,11 @@ void DriveRunner::Do(const std::string& line) {
     Tick(static_cast<int>(Val(rest) / 25));
   else if (verb == "answer")
     answers.push_back(rest);
-  else if (verb == "cell")
-    form.Grid.SelectCell(static_cast<int>(Val(rest)), static_cast<int>(Val(rest.substr(rest.find(' ')))));
-  else if (verb == "station" || verb == "step") {
+  else if (verb == "cell") {
+    int row = 0, col = 0;
+    std::istringstream(rest) >> row >> col;
+    form.Grid.SelectCell(row, col);
+  } else if (verb == "station" || verb == "step") {
     TextBox& box = verb == "step" ? form.Texts7 : form.Texts6;
     box.GetFocus();
     box.Type(rest);
@@ -128,6 +131,8 @@ void DriveRunner::Do(const std::string& line) {
     fakes.socket.PeerClose();
   else if (line == "peer fails")
     fakes.socket.Fail(10054);
+  else if (verb == "watchdog")
+    program->socket.form.WDT.Fire();
   else if (verb == "exit")
     program->measurements.mnuExit_Click();
   else

@@ -21,6 +21,7 @@ namespace trekor::tests {
 //   cell ROW COL    in a pause the operator moves to that cell of the grid (rows from 4)
 //   station TEXT, step TEXT    the operator types into the box and leaves it
 //   peer closes, peer fails    the link is lost
+//   watchdog        the link's timer of 5 seconds fires
 //   exit            the close box
 class DriveRunner {
 public:

@@ -78,6 +78,8 @@ void FakeSocket::Deliver(std::string bytes) {
 }
 
 void FakeSocket::DeliverNow(std::string bytes) {
+  if (state != SocketState::Connected)
+    return; // nobody hears it
   incoming += bytes;
   if (events)
     events->Socket_DataArrival();
