@@ -282,7 +282,10 @@ SocketProp::WordViews SocketProp::Split_Views(std::string_view message) {
     }
     const bool quoted = message[at] == Quote;
     const std::size_t from = quoted ? at + 1 : at;
-    const std::size_t end = std::min(message.find(quoted ? Quote : ' ', from), message.size());
+    const char last = quoted ? Quote : ' ';
+    std::size_t end = from; // words are short: a loop beats the library's search
+    while (end < message.size() && message[end] != last)
+      ++end;
     const auto number = static_cast<std::size_t>(++list.WordCount);
     if (number > room) {
       if (std::getenv("TREKOR_TRACE"))

@@ -13,6 +13,10 @@ namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 
+// The powers of ten that stand here once: as locals they would be laid out anew at each call.
+constexpr std::array<double, 16> Tens = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+
 bool IsDigit(char c) {
   return c >= '0' && c <= '9';
 }
@@ -42,9 +46,7 @@ struct Reading {
 // number that a double holds exactly, and so is the power of ten, so that one division rounds correctly. False for all
 // others.
 bool ReadPlain(std::string_view text, double& number) {
-  constexpr std::array<double, 16> tens = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  if (text.size() > tens.size() + 1)
+  if (text.size() > Tens.size() + 1)
     return false;
   const bool negative = !text.empty() && text[0] == '-';
   const char *at = text.data() + (negative ? 1 : 0), *const end = text.data() + text.size();
@@ -58,9 +60,9 @@ bool ReadPlain(std::string_view text, double& number) {
     for (++at; at < end && IsDigit(*at); ++at, ++behindMark)
       digits = digits * 10 + (*at - '0');
   const std::size_t count = whole + behindMark;
-  if (at < end || count == 0 || count >= tens.size())
+  if (at < end || count == 0 || count >= Tens.size())
     return false;
-  const double size = static_cast<double>(digits) / tens[behindMark];
+  const double size = static_cast<double>(digits) / Tens[behindMark];
   number = negative ? -size : size;
   return true;
 }
@@ -137,7 +139,7 @@ template <class Float> std::string PlainText(Float number, int digits) {
 }
 
 template <class Whole> std::optional<Whole> ToWhole(double number) {
-  const double rounded = std::nearbyint(number);
+  const double rounded = std::trunc(number) == number ? number : std::nearbyint(number);
   if (!(rounded >= std::numeric_limits<Whole>::min() && rounded <= std::numeric_limits<Whole>::max()))
     return std::nullopt;
   return static_cast<Whole>(rounded);
@@ -252,8 +254,7 @@ void NumberPattern::Append(std::string& out, double number, char mark) const {
   }
   // Nearly every number is settled by one multiplication: only when the digit behind the last one is so near to a half
   // that the error of the product (less than 2^-52 of it) could decide, the digits must be asked.
-  constexpr std::array<double, 10> tens = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
-  const double scaled = decimals < 10 ? std::abs(number) * tens[static_cast<std::size_t>(decimals)] : LargestDouble;
+  const double scaled = decimals < 10 ? std::abs(number) * Tens[static_cast<std::size_t>(decimals)] : LargestDouble;
   const double whole = std::floor(scaled), rest = scaled - whole;
   if (!(scaled < 1e14) || std::abs(rest - 0.5) < scaled * 4.5e-16 + 1e-15) {
     Exactly(out, number, mark);

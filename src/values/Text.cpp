@@ -111,14 +111,6 @@ std::size_t EndOf(std::string_view text, int& n) {
 
 } // namespace
 
-std::string_view TrimView(std::string_view text) {
-  while (!text.empty() && text.front() == ' ')
-    text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ')
-    text.remove_suffix(1);
-  return text;
-}
-
 std::string Trim(std::string_view text) {
   return std::string(TrimView(text));
 }

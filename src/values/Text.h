@@ -8,7 +8,13 @@
 namespace trekor {
 
 std::string Trim(std::string_view text);
-std::string_view TrimView(std::string_view text);
+inline std::string_view TrimView(std::string_view text) {
+  while (!text.empty() && text.front() == ' ')
+    text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ')
+    text.remove_suffix(1);
+  return text;
+}
 // Upper and lower case of Latin, Greek and Cyrillic letters; everything else stays.
 std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
