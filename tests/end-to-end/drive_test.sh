@@ -1,0 +1,46 @@
+#!/usr/bin/env bash
+# The real programs under a virtual display: real windows, real key presses, a real link. Looks at what the office gets.
+#   drive_test.sh BUILD-FOLDER
+set -euo pipefail
+here=$(cd "$(dirname "$0")" && pwd)
+build=$1
+work=$(mktemp -d)
+trap '[ -z "${KEEP:-}" ] || cp -r "$work" "$KEEP"; kill "${display:-}" 2>/dev/null || true; rm -rf "$work"' EXIT
+
+fail() { echo "FAILED: $*"; cat "$work/transcript.txt" "$work/errors.txt" 2>/dev/null | grep -v ' DMI ' | tail -n 60; exit 1; }
+is() { [ "$2" = "$3" ] || fail "$1: '$2' where '$3' is right"; }
+
+export TREKOR_DRIVES=$work/drives TREKOR_TRACE=1 SDL_AUDIODRIVER=dummy XDG_RUNTIME_DIR=$work
+export LSAN_OPTIONS=suppressions=$here/lsan.supp:print_suppressions=0
+databases=$TREKOR_DRIVES/C/Veldmark/Trekor/MDB
+mkdir -p "$databases"
+cp "$build/share/trekor/sample/Observations.mdb" "$databases/"
+
+exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>/dev/null)
+display=$!
+read -r -u 3 number
+DISPLAY=:$number "$build/bin/trekor-control" --launch "$build/bin/Trekor" --args "7707-104 /US" \
+  --drive "$here/short.drive" </dev/null >"$work/transcript.txt" 2>"$work/errors.txt" || fail "the drive ended with $?"
+
+file=$TREKOR_DRIVES/C/Roads/SHORT01.mdb
+comma=$TREKOR_DRIVES/C/Roads/SHORT01.TKR
+ask() { sqlite3 -readonly "$file" "$1"; }
+
+is "the file checks clean" "$(ask 'PRAGMA integrity_check')" ok
+is "the file is plain" "$(ask 'PRAGMA journal_mode')$(ls "$file"-* 2>/dev/null)" delete
+is "sessions" "$(ask "SELECT count(*) || Operator || TestSetup FROM Sessions")" "1A. LindPavement distress"
+is "potholes as points" "$(ask 'SELECT count(*) FROM Registrations WHERE ObsCode=121 AND FromID=ToID')" 3
+is "the note" "$(ask 'SELECT RegData FROM Registrations WHERE ObsCode=291 AND FromID=ToID')" oak
+is "cracks counted in the first step" \
+  "$(ask 'SELECT RegData FROM Registrations WHERE ObsCode=101 AND FromID<>ToID ORDER BY RegID LIMIT 1')" 2
+is "rut class by two keys" "$(ask 'SELECT RegData FROM Registrations WHERE ObsCode=141 ORDER BY RegID LIMIT 1')" 7
+is "every registration lies between stored stations" \
+  "$(ask 'SELECT count(*) FROM Registrations WHERE FromID NOT IN (SELECT StationID FROM Stations)
+          OR ToID NOT IN (SELECT StationID FROM Stations) OR FromID > ToID')" 0
+is "the first step ends at its boundary" "$(ask 'SELECT Station FROM Stations WHERE StationType=0 LIMIT 1 OFFSET 1')" 2.1
+is "points in the comma file" "$(grep -c '^5311,' "$comma")" 4
+is "the note in the comma file" "$(grep -c ',291,0,"oak"' "$comma")" 1
+is "the last record" "$(tail -n 1 "$comma" | tr -d '\r')" "5319,     0.0"
+is "lines without a carriage return" "$(grep -vc $'\r$' "$comma" || true)" 0
+grep -q -- '<- CTRL EXIT' "$work/transcript.txt" || fail "no CTRL EXIT"
+echo "passed"
