@@ -58,8 +58,7 @@ void Measurements::Load_Controls() {
   p->layout.TabStrip1_Click();
   for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's row has no place for the tips of its buttons
     form.tbControlBar.SetButtonTip(i, rooms.texts.GetText("T_" + form.tbControlBar.Buttons(i).Key));
-  if (rooms.state.run.UserLevel < 1)
-    form.mnuMessaging.SetVisible(false);
+  form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >= 1); // both ways: an ordinary user's session is stored too
   // What these open is not built yet.
   for (Menu* entry : {&form.mnuOpen, &form.mnuExport, &form.mnuObsEdit, &form.mnuOptions, &form.mnuMessaging,
                       &form.mnuHelpTopics, &form.mnuAbout})
