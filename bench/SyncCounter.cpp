@@ -91,6 +91,8 @@ int OpenCounted(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   counted->real = reinterpret_cast<sqlite3_file*>(counted + 1);
   counted->real->pMethods = nullptr;
   sqlite3_vfs* system = TheLayer().system;
+  if (!system)
+    return SQLITE_CANTOPEN;
   const int result = system->xOpen(system, name, counted->real, flags, outFlags);
   counted->base.pMethods = counted->real->pMethods ? &methods : nullptr;
   return result;

@@ -31,6 +31,9 @@ struct FieldDefinition {
   FieldValue defaultValue = {};
 };
 
+// In a file an index is called Table_Name, as index names are shared by all tables of a file; here it is Name. A
+// primary key without a name of its own is called by its first field. One that runs downwards (DESC) delivers its last
+// row first.
 struct IndexDefinition {
   std::string name; // as given to Recordset::SetIndex
   std::vector<std::string> fields;
@@ -65,7 +68,10 @@ public:
   // Adds a column to an existing table.
   bool AppendField(const std::string& table, const FieldDefinition& field);
 
-  // Empty when the table is missing or the query is wrong. A recordset must not outlive its database.
+  // Empty when the table is missing or the query is wrong. A recordset must not outlive its database. Both stand on
+  // their first row. A plain "SELECT * FROM ..." can be edited; everything else can only be read. A query without an
+  // order, and ties of one, come in the order of insertion; text sorts without case where the column was declared
+  // COLLATE NOCASE.
   std::unique_ptr<Recordset> OpenTable(const std::string& name);
   std::unique_ptr<Recordset> OpenQuery(const std::string& sql);
   // Runs statements without a result (template building, tests).

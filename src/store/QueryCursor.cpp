@@ -14,7 +14,7 @@ constexpr std::size_t smallResult = 512; // rows
 QueryCursor::QueryCursor(Engine& onEngine, const Shape& ofShape, std::string text)
     : engine(onEngine), shape(ofShape), sql(std::move(text)) {
   if (rows.Prepare(engine, sql, true))
-    Requery();
+    QueryCursor::Requery();
 }
 
 void QueryCursor::Requery() {

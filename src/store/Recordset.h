@@ -49,7 +49,8 @@ public:
   FieldValue Get(std::string_view name) const;
   FieldValue Get(int place) const;
 
-  // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable.
+  // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable. Its number is used
+  // up even when the row is never stored. False for a join.
   bool AddNew();
   // Copies the current row into the buffer.
   bool Edit();
@@ -60,11 +61,13 @@ public:
   bool Set(int place, const FieldValue& value);
   // Adds bytes behind those that a LONGBINARY field of the buffer already holds.
   bool AppendChunk(std::string_view name, const unsigned char* bytes, std::size_t count);
-  // Stores the buffer. The current position does not move to an added row (MoveLast does).
+  // Stores the buffer; of a join each field goes into its own table. After a failure the buffer stays. The current
+  // position does not move to an added row (MoveLast does).
   bool Update();
   // Drops the buffer.
   void CancelUpdate();
-  // Deletes the current row; the position then stands before the next row, so that MoveNext goes on naturally.
+  // Deletes the current row, of a join that of the first table; the position then stands before the next row, so that
+  // MoveNext goes on naturally.
   bool Delete();
 
 private:

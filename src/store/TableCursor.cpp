@@ -17,7 +17,7 @@ std::string Parameter(std::size_t place) {
 } // namespace
 
 TableCursor::TableCursor(Engine& onEngine, const Shape& ofShape) : engine(onEngine), shape(ofShape) {
-  MoveFirst();
+  TableCursor::MoveFirst();
 }
 
 // A text compares without case even where a table was declared without.
@@ -40,18 +40,32 @@ std::string TableCursor::Order(bool backwards) const {
   return text + (backwards ? "rowid DESC" : "rowid");
 }
 
-// The rows behind the position: parameters 1.. are its keys, the last one is its own number. Nulls stand first.
+namespace {
+
+// Nulls stand first, so in an order that runs downwards they come behind every value.
+std::string Beyond(const std::string& name, const std::string& value, bool descending) {
+  std::string text = "(" + name;
+  text += (descending ? " < " : " > ") + value;
+  text += " OR (" + (descending ? name : value);
+  text += " IS NULL AND " + (descending ? value : name);
+  return text + " IS NOT NULL))";
+}
+
+std::string OrEqualAnd(const std::string& name, const std::string& value, const std::string& rest) {
+  std::string text = " OR (" + name;
+  text += " IS " + value;
+  return text + " AND (" + rest + "))";
+}
+
+} // namespace
+
+// The rows behind the position: parameters 1.. are its keys, the last one is its own number.
 std::string TableCursor::After() const {
   const std::vector<IndexKey>& keys = Keys();
-  const std::size_t count = keys.size();
-  std::string text = "rowid > " + Parameter(count + 1);
-  for (std::size_t i = count; i-- > 0;) {
-    const IndexKey& key = keys[i];
-    const std::string name = KeyText(Layout(), key), value = Parameter(i + 1);
-    const std::string beyond =
-        key.descending ? "(" + name + " < " + value + " OR (" + value + " IS NOT NULL AND " + name + " IS NULL))"
-                       : "(" + name + " > " + value + " OR (" + value + " IS NULL AND " + name + " IS NOT NULL))";
-    text = beyond + " OR (" + name + " IS " + value + " AND (" + text + "))";
+  std::string text = "rowid > " + Parameter(keys.size() + 1);
+  for (std::size_t i = keys.size(); i-- > 0;) {
+    const std::string name = KeyText(Layout(), keys[i]), value = Parameter(i + 1);
+    text = Beyond(name, value, keys[i].descending) + OrEqualAnd(name, value, text);
   }
   return text;
 }
