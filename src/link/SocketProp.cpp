@@ -99,6 +99,8 @@ void SocketProp::Hide() {
 }
 
 void SocketProp::Unload() {
+  if (!form.Loaded) // the program was closed before it came to the link: there is no look to keep
+    return;
   Active = false;
   SendData("CTRL EXIT");
   platform.pump.ProcessEvents();
