@@ -1,6 +1,7 @@
 #include "core/Folders.h"
 
 #include "Version.h"
+#include "core/CopyDatabase.h"
 #include "values/Text.h"
 
 namespace trekor {
@@ -57,7 +58,7 @@ void FolderRoots(FolderPaths& folders, Platform& platform) {
   if (folders.WinVersion >= FirstServedWindows) {
     MakeMdbFolder(folders.MdbFolder, platform.drives);
     // Anew at every start, whether or not it is there; without a template nothing happens.
-    platform.drives.CopyFile(folders.VdbFolder + "\\Hardware.vdb", folders.MdbFolder + "\\7707-XXX.mdb");
+    CopyDatabase(platform.drives, folders.VdbFolder + "\\Hardware.vdb", folders.MdbFolder + "\\7707-XXX.mdb");
   }
 }
 

@@ -1,6 +1,7 @@
 // Creating, opening and closing. The rows are in DataRows.cpp, the session in DataSessions.cpp.
 #include "datafiles/DataFiles.h"
 
+#include "core/CopyDatabase.h"
 #include "datafiles/DataFields.h"
 #include "dbupdate/UpdateDatabase.h"
 #include "values/Text.h"
@@ -87,14 +88,9 @@ bool DataFiles::IsOpen(const std::string& path) const {
   return database && SameText(database->Path(), platform.drives.NativePath(path));
 }
 
-// The template is the layout of the file. A program that was killed may have left its log beside a file of this name:
-// it belongs to the rows that are replaced here and would be played into the fresh copy at the first opening.
+// The template is the layout of the file.
 bool DataFiles::InstallTemplate() {
-  const std::string& path = state.file.DataFilePath;
-  for (const char* tail : {"-wal", "-shm", "-journal"})
-    if (platform.drives.FileExists(path + tail) && !platform.drives.DeleteFile(path + tail))
-      return false;
-  return platform.drives.CopyFile(state.folders.MdbFolder + TemplateFile, path);
+  return CopyDatabase(platform.drives, state.folders.MdbFolder + TemplateFile, state.file.DataFilePath);
 }
 
 // One transaction: a new session is in the file with all its observations or not at all.

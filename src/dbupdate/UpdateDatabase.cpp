@@ -1,5 +1,6 @@
 #include "dbupdate/UpdateDatabase.h"
 
+#include "core/CopyDatabase.h"
 #include "dbupdate/MergeDatabase.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
@@ -67,7 +68,7 @@ void Update::InstallMissing() {
   if (platform.drives.FileExists(names.working))
     return;
   if (platform.drives.FileExists(names.templateFile))
-    platform.drives.CopyFile(names.templateFile, names.working);
+    CopyDatabase(platform.drives, names.templateFile, names.working);
   else
     Database::Create(platform.drives.NativePath(names.working), locale);
 }
@@ -94,10 +95,10 @@ bool Update::BackUp() {
   drives.MakeFolder(folders.RootFolder + "\\BAK");
   if (drives.FileExists(names.backup) && !drives.DeleteFile(names.backup))
     return Cancel(names.backup, " could not be removed!");
-  drives.CopyFile(names.working, names.backup);
+  CopyDatabase(drives, names.working, names.backup);
   if (!drives.FileExists(names.backup)) {
     Wait();
-    drives.CopyFile(names.working, names.backup);
+    CopyDatabase(drives, names.working, names.backup);
   }
   return drives.FileExists(names.backup) || Cancel(names.working, " could not be backed up!");
 }
@@ -106,7 +107,7 @@ bool Update::Install() {
   Drives& drives = platform.drives;
   if (!drives.DeleteFile(names.working))
     return Cancel(names.working, " could not be removed!");
-  if (drives.CopyFile(names.templateFile, names.working))
+  if (CopyDatabase(drives, names.templateFile, names.working))
     return true;
   Cancel(names.working, " could not be installed!");
   drives.CopyFile(names.backup, names.working);
