@@ -15,6 +15,7 @@
 #include <QApplication>
 
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 
 namespace {
@@ -30,15 +31,20 @@ int Run(int argc, char** argv) {
   QtProcess process(argc, argv, drives.Root(), drives.CurrentFolder()); // before the toolkit takes its arguments away
   QApplication app(argc, argv);
   theme::Apply(app);
-  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
-                    Release());
+  if (!process.PreviousInstance()) // which would have its files changed under its feet
+    FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
+                      Release());
   QtClock clock;
   QtPump pump;
   QtSocket socket;
   SdlSoundPlayer sound(drives);
   SystemKeyboard keyboard(QGuiApplication::platformName() == "xcb");
   QtShell shell(drives);
-  shell.OnFirstPicture = [&sound] { sound.OpenDevice(); };
+  shell.OnFirstPicture = [&sound] {
+    if (std::getenv("TREKOR_TRACE"))
+      std::fputs("first picture\n", stderr);
+    sound.OpenDevice();
+  };
   Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
   Program program(platform);
   if (program.Main() && !process.Ended())

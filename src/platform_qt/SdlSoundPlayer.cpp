@@ -25,6 +25,7 @@ SdlSoundPlayer::~SdlSoundPlayer() {
 bool SdlSoundPlayer::StartAudio() {
   if (!audioStarted) {
     SDL_SetMainReady();
+    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
     audioStarted = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
   }
   return audioStarted;
