@@ -3,7 +3,7 @@
 namespace trekor {
 
 void FileMenu::mnuNew_Click() {
-  if (asking) // a start from the link while the operator has the form before him
+  if (asking || ctx.fields.ending) // a start from the link while the operator has the form before him
     return;
   if (ctx.run().DataFileOpen)
     mnuClose_Click();

@@ -45,9 +45,11 @@ void Measurements::Load_Form() {
   rooms.state.run.RunState = 0;
   Show_Form();
   p->ctx.fields.loading = false; // the link may command a start as soon as it stands
-  Send_SystemInfo();
-  p->ctx.Pump();
-  p->layout.Resize();
+  if (!p->ctx.fields.ending) {
+    Send_SystemInfo();
+    p->ctx.Pump();
+    p->layout.Resize();
+  }
   rooms.platform.shell.Hourglass(false);
   if (!p->ctx.fields.ending)
     form.IdleTimer.SetRunning(true);
@@ -90,6 +92,8 @@ void Measurements::Show_Form() {
   // The first word on units has no socket to go to, but its wait is part of the start: spent here, the form is painted
   // in it. The sound device, too, can wait until there is something to see.
   SendUnits(rooms.state, rooms.socket);
+  if (p->ctx.fields.ending) // closed in the wait: nothing else may come up, the link least of all
+    return;
   rooms.platform.sound.Open_SoundDevice();
   rooms.messages.Load_Form();
   p->asking.NumericPrompt.Load();

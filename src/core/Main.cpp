@@ -1,5 +1,5 @@
-// Start-up, in its fixed order: the texts must be open before the command line is judged, the options before the folders
-// of the language, everything before the first form.
+// Start-up, in its fixed order: the texts must be open before the command line is judged, the options before the
+// folders of the language, everything before the first form.
 #include "core/CommandLine.h"
 #include "core/Folders.h"
 #include "core/Program.h"

@@ -1,7 +1,8 @@
-// The shared state of the program: plain fields, written where a decision is made and read where it is needed. One thread,
-// no locks, no caching. It is cut into small records, so that a procedure takes no more than it needs.
+// The shared state of the program: plain fields, written where a decision is made and read where it is needed. One
+// thread, no locks, no caching. It is cut into small records, so that a procedure takes no more than it needs.
 //
-// Beware of pumps: a socket message can run in the middle of another operation, so FromLink must be read afresh at each test.
+// Beware of pumps: a socket message can run in the middle of another operation, so FromLink must be read afresh at each
+// test.
 #pragma once
 
 #include "platform/Clock.h"
@@ -35,8 +36,8 @@ struct CommandLineFlags {
 enum class RunStates : int { Idle = 0, Running = 1, Paused = 2 };
 
 struct RunFlags {
-  int RunState = 0;      // 0 idle, 1 running, 2 paused; written by the run alone
-  bool FromLink = false; // an incoming message is being carried out
+  int RunState = 0;         // 0 idle, 1 running, 2 paused; written by the run alone
+  bool FromLink = false;    // an incoming message is being carried out
   bool DmiReceived = false; // set by the first "DMI", ends the simulation
   bool Simulator = false;
   int UserLevel = 0; // -1, 0, 1 or 9
@@ -78,7 +79,7 @@ struct FacilityRecord {
       SectionSpeed, SectionLength, SectionWidth, SectionStart, SectionEnd;
   double SectionTraffic = 0;
   int FacilityDirection = 0, StartingDirection = 0; // heading codes: 1 N, 2 S, 3 E, 4 W, 0 none
-  std::string SessionDistrict, SessionClass;        // nothing sets these two: sessions hold them empty, as they always did
+  std::string SessionDistrict, SessionClass; // nothing sets these two: sessions hold them empty, as they always did
   std::string NetworkDb, SectionsPath;
 };
 
@@ -88,7 +89,7 @@ struct FileNaming {
   std::string BackupPath; // empty: no backup
   std::string DataName;   // without extension
   std::string DataFilePath, DataGuid;
-  std::string AsciiName;       // name of the last comma file, without folder and extension; never cleared
+  std::string AsciiName; // name of the last comma file, without folder and extension; never cleared
   std::int32_t SessionID = 0, StationID = 0;
   LocalTime LastCloseTime;
 };

@@ -1,16 +1,12 @@
 #include "drives/DriveRunner.h"
 
-#include "store/Recordset.h"
+#include "support/ReleasedTree.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
-#include <algorithm>
-#include <filesystem>
 #include <sstream>
 
 namespace trekor::tests {
-
-namespace fs = std::filesystem;
 
 namespace {
 
@@ -33,44 +29,16 @@ int CodeOf(const std::string& key) {
   return static_cast<unsigned char>(key[0]);
 }
 
-// The rows of a table, a line each: name=value of every field but bytes, which show as their number.
-std::string RowsOf(Database& database, const std::string& table) {
-  std::string text = "[" + table + "]\n";
-  const auto rows = database.OpenTable(table);
-  for (; rows && !rows->Eof(); rows->MoveNext()) {
-    for (int i = 0; i < rows->FieldCount(); ++i) {
-      const FieldValue value = rows->Get(i);
-      text += (i ? "|" : "") + (value.IsNull()    ? "null"
-                                : value.IsBytes() ? std::to_string(value.Blob().size()) + " bytes"
-                                                  : value.Text());
-    }
-    text += "\n";
-  }
-  return text;
-}
-
 } // namespace
 
 DriveRunner::DriveRunner(const std::string& shared) {
-  Install(shared);
+  InstallRelease(fakes.drives, shared);
   for (const char* name : {"NumericPrompt", "TextPrompt"})
     fakes.shell.scripts[name] = [this](Form& form) { Answer(form); };
   program = std::make_unique<Program>(fakes.platform);
 }
 
 DriveRunner::~DriveRunner() = default;
-
-void DriveRunner::Install(const std::string& shared) {
-  fakes.drives.MakeFolders("C:\\Veldmark\\Trekor\\VDB");
-  fakes.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
-  fakes.drives.MakeFolders("C:\\Veldmark\\Parcels\\MDB");
-  fakes.drives.MakeFolders("C:\\Roads");
-  fakes.drives.MakeFolders("D:\\"); // the second drive, for backups
-  const fs::path to = fakes.drives.NativePath("C:\\Trekor");
-  fs::copy(shared, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
-  fs::copy(to / "HardWare.vdb", fs::path(fakes.drives.NativePath("C:\\Veldmark\\Trekor\\VDB")) / "Hardware.vdb");
-  fs::copy(to / "sample" / "Observations.mdb", fakes.drives.NativePath("C:\\Veldmark\\Trekor\\MDB\\Observations.mdb"));
-}
 
 void DriveRunner::Answer(Form& form) {
   told += "prompt " + form.Caption() + "\n";
@@ -153,25 +121,7 @@ std::string DriveRunner::Play(const std::string& drive) {
   TellLines();
   for (const auto& box : fakes.shell.boxes)
     told += "box " + box + "\n";
-  return told + DataFile();
-}
-
-// Every data file and comma file on the data drive and on a backup drive.
-std::string DriveRunner::DataFile() {
-  std::string text;
-  for (const std::string folder : {"C:\\Roads", "D:\\Roads"})
-    for (const auto& name : fakes.drives.Files(folder, "*.*")) {
-      text += "== " + folder + "\\" + name + "\n";
-      const std::string path = folder + "\\" + name;
-      if (SameText(name.substr(name.size() - 4), ".TKR")) {
-        text += FromWindows1252(fakes.drives.Read(path));
-        continue;
-      }
-      const auto database = Database::Open(fakes.drives.NativePath(path), OpenMode::ReadOnly);
-      for (const char* table : {"Sessions", "Observations", "Stations", "Registrations"})
-        text += database ? RowsOf(*database, table) : "not a database\n";
-    }
-  return text;
+  return told + FilesLeft(fakes.drives);
 }
 
 } // namespace trekor::tests

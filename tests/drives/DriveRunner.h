@@ -32,12 +32,10 @@ public:
   std::string Play(const std::string& drive);
 
 private:
-  void Install(const std::string& shared);
   void Do(const std::string& line);
   void Tick(int n);
   void Answer(Form& form);
   void TellLines();
-  std::string DataFile();
 
   FakePlatform fakes;
   std::unique_ptr<Program> program;
