@@ -1,5 +1,7 @@
 #include "collection/FileMenu.h"
 
+#include "datafiles/ExportSessions.h"
+
 namespace trekor {
 
 void FileMenu::mnuNew_Click() {
@@ -66,20 +68,22 @@ void FileMenu::mnuClose_Click() {
 }
 
 // The copies are made from the closed file, before it may be deleted. Data that stand nowhere else are never deleted:
-// the file goes only when this close has left its comma file.
+// the file goes only when this close has left its comma file, on the disk and not in the system's memory alone.
 void FileMenu::Close_File() {
   const RunCommand command(ctx.fields); // no start in the pumps in here
   const WhileSet closing(ctx.fields.closing);
   auto& state = ctx.state();
   const std::string path = state.file.DataFilePath;
   const bool written = state.options.WriteAscii && Write_CommaFile();
+  const std::string commaPath = state.file.DataPath + "\\" + state.file.AsciiName + ".TKR";
   ctx.rooms.files.CloseDataFile();
   if (!state.file.BackupPath.empty())
     CopyFiles(state.file.DataPath, state.file.AsciiName + ".*", state.file.BackupPath, ctx.rooms.platform.drives);
   ctx.Send("FILE CLOSE"); // the control program wants to hear it also when it has asked for it
   ctx.run().DataFileOpen = false;
-  if (written && !state.options.KeepMdb)
-    ctx.rooms.platform.drives.DeleteFile(path);
+  Drives& drives = ctx.rooms.platform.drives;
+  if (written && !state.options.KeepMdb && drives.SyncFile(commaPath))
+    drives.DeleteFile(path);
 }
 
 // The first session's comma file has the data file's name, later ones the session's number behind it: ROAD09-02.
@@ -87,7 +91,7 @@ bool FileMenu::Write_CommaFile() {
   auto& file = ctx.state().file;
   file.AsciiName = file.DataName;
   if (file.SessionID > 1)
-    file.AsciiName += (file.SessionID < 10 ? "-0" : "-") + std::to_string(file.SessionID);
+    file.AsciiName += SessionSuffix(file.SessionID);
   return ctx.rooms.comma.WriteCommaFile(file.SessionID, true, ctx.rooms.setup.ObsCount());
 }
 

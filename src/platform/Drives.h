@@ -1,5 +1,5 @@
-// Drives, folders and files under drive letters and backslashes. The program state, the databases and the wire hold such
-// paths only; the adapter alone knows what they are on this machine. Names are found without regard to case.
+// Drives, folders and files under drive letters and backslashes. The program state, the databases and the wire hold
+// such paths only; the adapter alone knows what they are on this machine. Names are found without regard to case.
 #pragma once
 
 #include <string>
@@ -23,6 +23,8 @@ public:
   // Copies over an existing file. False when anything failed; a failed copy leaves no half file under the target's name
   // when there was none before. The copy and its folder are on the disk (synced) when the call returns true.
   virtual bool CopyFile(const std::string& from, const std::string& to) = 0;
+  // Brings a file and its name in the folder onto the disk; true when both are there.
+  virtual bool SyncFile(const std::string& path) = 0;
   virtual bool DeleteFile(const std::string& path) = 0;
   // Clears the read-only attribute of a file.
   virtual void ClearReadOnly(const std::string& path) = 0;

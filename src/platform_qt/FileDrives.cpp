@@ -116,6 +116,12 @@ bool FileDrives::CopyFile(const std::string& from, const std::string& to) {
   return done;
 }
 
+bool FileDrives::SyncFile(const std::string& path) {
+  std::error_code failed;
+  const fs::path file = Path(path);
+  return fs::is_regular_file(file, failed) && native::SyncFile(file) && native::SyncFolder(file.parent_path());
+}
+
 bool FileDrives::DeleteFile(const std::string& path) {
   std::error_code failed;
   const fs::path file = Path(path);

@@ -20,7 +20,7 @@ bool DriveExists(const std::filesystem::path& root, char letter);
 std::string RemoteName(char letter);
 // Brings a file, or the names of a folder, onto the disk.
 bool SyncFile(const std::filesystem::path& file);
-void SyncFolder(const std::filesystem::path& folder);
+bool SyncFolder(const std::filesystem::path& folder);
 // Brings everything of the file system of this path onto the disk.
 void SyncAll(const std::filesystem::path& path);
 // Puts a file in the place of another in one step.
@@ -43,6 +43,7 @@ public:
   bool FolderExists(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;
+  bool SyncFile(const std::string& path) override;
   bool DeleteFile(const std::string& path) override;
   void ClearReadOnly(const std::string& path) override;
   std::vector<std::string> Files(const std::string& folder, const std::string& pattern) override;

@@ -110,8 +110,8 @@ std::string RemoteName(char) {
 bool SyncFile(const fs::path& file) {
   return Sync(file, O_RDONLY);
 }
-void SyncFolder(const fs::path& folder) {
-  Sync(folder, O_RDONLY | O_DIRECTORY);
+bool SyncFolder(const fs::path& folder) {
+  return Sync(folder, O_RDONLY | O_DIRECTORY);
 }
 
 void SyncAll(const fs::path& path) {

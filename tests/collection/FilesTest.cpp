@@ -59,6 +59,11 @@ TEST_F(FileMenuStories, DataThatStandNowhereElseAreNeverDeleted) {
   form.mnuClose.Click();
   EXPECT_FALSE(Exists("C:\\Roads\\GONE.mdb"));
   EXPECT_TRUE(Exists("C:\\Roads\\GONE.TKR"));
+  EXPECT_EQ(fakes.drives.synced, Texts{"C:\\Roads\\GONE.TKR"});
+  fakes.drives.failing.push_back("C:\\ROADS\\UNSURE.TKR"); // its comma file may be in the memory alone
+  Collect("UNSURE");
+  form.mnuClose.Click();
+  EXPECT_TRUE(Exists("C:\\Roads\\UNSURE.mdb"));
   OpenFile("EMPTY"); // no station, so no comma file
   form.mnuClose.Click();
   EXPECT_TRUE(Exists("C:\\Roads\\EMPTY.mdb"));
@@ -106,6 +111,19 @@ TEST_F(FileMenuStories, ACloseDoesNothingInARunAndLittleWithoutAFile) {
   EXPECT_TRUE(Sent().empty());
   EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
   EXPECT_TRUE(form.Texts7.Enabled());
+}
+
+// The next span begins at a station that is in the file, or nothing behind the gap would find its way out of it.
+TEST_F(FileMenuStories, AFullDiskLeavesAGapAndTheSpansGoOnBehindIt) {
+  OpenFile();
+  StartFromLink(10.0);
+  ASSERT_TRUE(files.database->Execute("CREATE TRIGGER full BEFORE INSERT ON Registrations WHEN NEW.ToID=2"
+                                      " BEGIN SELECT RAISE(ROLLBACK, 'disk full'); END"));
+  Dmi(10.1);
+  Dmi(10.2);
+  Press(F4);
+  EXPECT_EQ(Stations(), (Texts{"10 0", "10.2 0", "10.2 0"}));
+  EXPECT_EQ(Spans_Of(Rut), (Texts{"1 3 ", "3 4 "})) << "the second station is not in the file";
 }
 
 TEST_F(FileMenuStories, AFileOrderedInARunTakesTheRowsThatLeaveFromThen) {

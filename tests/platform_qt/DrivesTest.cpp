@@ -90,6 +90,8 @@ TEST_F(DrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
   fs::permissions(Native("C/from.vdb"), fs::perms::owner_read); // as shipped files often are
   EXPECT_TRUE(drives->CopyFile("C:\\FROM.VDB", "C:\\Old.mdb"));
   EXPECT_EQ(Read(Native("C/old.mdb")), "new content");
+  EXPECT_TRUE(drives->SyncFile("C:\\OLD.mdb"));
+  EXPECT_FALSE(drives->SyncFile("C:\\nothing.vdb"));
   EXPECT_TRUE(drives->DeleteFile("C:\\old.mdb")); // the copy can be written again
   EXPECT_FALSE(drives->CopyFile("C:\\nothing.vdb", "C:\\copy.mdb"));
   EXPECT_FALSE(drives->CopyFile("C:\\from.vdb", "C:\\no\\such\\copy.mdb"));

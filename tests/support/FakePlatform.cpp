@@ -173,6 +173,11 @@ bool FakeDrives::CopyFile(const std::string& from, const std::string& to) {
          fs::copy_file(NativePath(from), NativePath(to), fs::copy_options::overwrite_existing, error);
 }
 
+bool FakeDrives::SyncFile(const std::string& path) {
+  synced.push_back(path);
+  return !Fails(*this, path) && FileExists(path);
+}
+
 bool FakeDrives::DeleteFile(const std::string& path) {
   std::error_code error;
   return !Fails(*this, path) && fs::remove(NativePath(path), error);

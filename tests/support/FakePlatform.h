@@ -114,6 +114,7 @@ public:
   bool FolderExists(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;
+  bool SyncFile(const std::string& path) override;
   bool DeleteFile(const std::string& path) override;
   void ClearReadOnly(const std::string& path) override;
   std::vector<std::string> Files(const std::string& folder, const std::string& pattern) override;
@@ -128,8 +129,9 @@ public:
   std::filesystem::path root;
   std::map<char, std::string> remoteNames;
   std::string currentFolder = "C:\\Trekor";
-  // Paths (upper case) whose copy, deletion or making fails.
+  // Paths (upper case) whose copy, deletion, making or syncing fails.
   std::vector<std::string> failing;
+  std::vector<std::string> synced; // paths, in order
 };
 
 class FakeProcess : public Process {
