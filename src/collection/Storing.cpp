@@ -31,6 +31,7 @@ void Storing::Flush_Row(int row) {
   const Grid& stations = ctx.form.StationsGrid;
   if (row < stations.FixedRows() || row >= stations.Rows())
     return;
+  const auto before = ctx.fields.LastStationID;
   ctx.rooms.files.BeginRow();
   const auto station = ctx.rooms.files.AddStation(StationOfRow(stations, row));
   const int kind = RowKind(stations, row);
@@ -38,7 +39,9 @@ void Storing::Flush_Row(int row) {
     Store_Span(row, station);
   else
     Store_Point(row, kind, station);
-  ctx.rooms.files.EndRow();
+  // A row that the disk had no room for leaves a gap, but the next span still begins at a station of the file.
+  if (!ctx.rooms.files.EndRow() && ctx.run().DataFileOpen)
+    ctx.fields.LastStationID = before;
 }
 
 void Storing::Store_Point(int row, int obs, std::int32_t station) {
@@ -80,8 +83,9 @@ void Storing::Store_StartStation() {
   s.Height = gps.GpsHeight;
   s.GPSSVs = gps.GpsSVs;
   ctx.rooms.files.BeginRow();
-  ctx.fields.LastStationID = ctx.rooms.files.AddStation(s);
+  ctx.rooms.files.AddStation(s);
   ctx.rooms.files.EndRow();
+  ctx.fields.LastStationID = ctx.state().file.StationID; // an older one when the disk was full
 }
 
 } // namespace trekor

@@ -142,11 +142,17 @@ void Take(const Cursor& row, int place, std::int32_t& into) {
     into = static_cast<std::int32_t>(number);
 }
 
-void ReadStationRow(const Cursor& row, Station& station, CommaPosition& into) {
+} // namespace
+
+// Its number becomes the program's own StationID, where the number of the last stored station stood.
+void CommaFile::ReadStation(Walk& w) {
+  const Cursor& row = w.stations;
+  CommaPosition& into = w.here;
+  state.file.StationID = static_cast<std::int32_t>(row.Integer(StaID));
   const double position = row.Real(StaStation);
   if (position != 0 || !row.IsNull(StaStation))
-    station.SetFileValue(position);
-  into.km = station.Default();
+    RecordStation.SetFileValue(position);
+  into.km = RecordStation.Default();
   Take(row, StaStatus, into.GPSStatus);
   Take(row, StaTime, into.GPSTime);
   Take(row, StaLatitude, into.Latitude);
@@ -156,19 +162,17 @@ void ReadStationRow(const Cursor& row, Station& station, CommaPosition& into) {
   Take(row, StaSVs, into.GPSSVs);
 }
 
-} // namespace
-
 void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
   if (AsciiFileProgress)
     AsciiFileProgress(0);
   w.percent = 0;
   if (w.stations.Step())
-    ReadStationRow(w.stations, RecordStation, w.here);
+    ReadStation(w);
   w.prior = w.here; // the first station makes no record of its own
   bool more = w.NextRegistration();
   while (more && w.stations.Step()) {
     Progress(w);
-    ReadStationRow(w.stations, RecordStation, w.here);
+    ReadStation(w);
     more = WriteRegistrations(w, records);
   }
   w.failed = w.failed || w.stations.Failed() || w.registrations.Failed();
@@ -177,7 +181,7 @@ void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
 // All registrations that are due at the present station. False at the end of them. A stretch ends the station's turn: a
 // point that follows it waits for a station of its own number, and none comes.
 bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
-  const std::int64_t ThisID = w.stations.Integer(StaID);
+  const std::int64_t ThisID = state.file.StationID;
   bool more = !w.registrations.Eof();
   while (more && w.ToID == ThisID) {
     if (w.FromID != ThisID) {

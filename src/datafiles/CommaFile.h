@@ -33,6 +33,7 @@ private:
   bool ChooseSession(std::int32_t sessionID);
   bool PassStations(Walk& walk, std::int32_t sessionID);
   void WriteRecords(Walk& walk, CommaRecords& records);
+  void ReadStation(Walk& walk);
   bool WriteRegistrations(Walk& walk, CommaRecords& records);
   void ReadSegment(Walk& walk);
   void Progress(Walk& walk);

@@ -131,17 +131,21 @@ void DataFiles::CloseDataFile() {
 }
 
 void DataFiles::BeginRow() {
+  stationBefore = state.file.StationID;
   if (database)
     database->Begin();
 }
 
-// A full disk shows as missing rows: the grid row that didn't get through is dropped whole.
+// A full disk shows as missing rows: the grid row that didn't get through is dropped whole, and the last stored station
+// is the one before it again.
 bool DataFiles::EndRow() {
   if (!database)
     return false;
   const bool stored = database->Commit();
-  if (!stored)
+  if (!stored) {
     database->Rollback();
+    state.file.StationID = stationBefore;
+  }
   return stored;
 }
 

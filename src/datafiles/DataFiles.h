@@ -43,19 +43,6 @@ struct SessionRow {
   int StationDirection = 0;
 };
 
-// One row of Stations, as read.
-struct StationRow {
-  std::int32_t SessionID = 0, StationID = 0;
-  double Station = 0; // file units
-  int StationUnit = 0, StationDirection = 0, StationType = 0;
-  std::string Lane, LaneNumber;
-  LocalTime Time;
-  int GPSStatus = 0;
-  double GPSTime = 0, Latitude = 0, Longitude = 0;
-  float Height = 0;
-  std::int32_t GPSSVs = 0;
-};
-
 // The fields of a station that the caller gives.
 struct NewStation {
   int StationType = 0;
@@ -89,7 +76,6 @@ public:
   void ReadSession(); // the current row of Sessions into `session`
   void AddObservation(const ClassObservation& observation);
   std::int32_t AddStation(const NewStation& station);
-  void ReadStation(const Recordset& row, StationRow& into) const;
   void AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode, const std::string& regData);
   // Around the rows of one flushed grid row: they reach the disk together, with one synchronisation.
   void BeginRow();
@@ -111,6 +97,7 @@ private:
   Platform& platform;
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
+  std::int32_t stationBefore = 0; // StationID when the row began
   // Places of the fields that every row of a run sets, found once when the file is opened.
   std::vector<int> stationPlaces, registrationPlaces;
 };

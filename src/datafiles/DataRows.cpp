@@ -79,23 +79,4 @@ void DataFiles::AddObservation(const ClassObservation& obs) {
   row.Update();
 }
 
-void DataFiles::ReadStation(const Recordset& row, StationRow& into) const {
-  const auto number = [&row](const char* field) { return static_cast<std::int32_t>(row.Get(field).Integer()); };
-  into.SessionID = number("SessionID");
-  into.StationID = number("StationID");
-  into.Station = row.Get("Station").Number();
-  into.StationUnit = number("StationUnit");
-  into.StationDirection = number("StationDirection");
-  into.StationType = number("StationType");
-  into.Lane = row.Get("Lane").Text();
-  into.LaneNumber = row.Get("LaneNumber").Text();
-  into.Time = ReadDate(row.Get("Time").Text());
-  into.GPSStatus = number("GPSStatus");
-  into.GPSTime = row.Get("GPSTime").Number();
-  into.Latitude = row.Get("Latitude").Number();
-  into.Longitude = row.Get("Longitude").Number();
-  into.Height = static_cast<float>(row.Get("Height").Number());
-  into.GPSSVs = number("GPSSVs");
-}
-
 } // namespace trekor
