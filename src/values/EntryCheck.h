@@ -37,4 +37,25 @@ bool CheckEntry(EntryVariable variable, Field& field, double lowest, double high
   return result.ok;
 }
 
+// When the operator leaves the field: with a wrong entry he is sent back to it by `returnFocus`, which also lets events
+// run. The guard is off meanwhile, as the field that loses the focus again must not be checked again.
+template <class Field, class ReturnFocus>
+void ValidateEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
+                   ReturnFocus returnFocus) {
+  if (!guard || CheckEntry(variable, field, lowest, highest, guard, allowEmpty, false))
+    return;
+  guard = false;
+  returnFocus();
+  guard = true;
+}
+
+// One of several fields that are checked together: `error` becomes true when any of them fails.
+template <class Field>
+bool TestEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
+               bool& error) {
+  const bool ok = CheckEntry(variable, field, lowest, highest, guard, allowEmpty, false);
+  error = error || !ok;
+  return ok;
+}
+
 } // namespace trekor

@@ -189,5 +189,30 @@ TEST(EntryCheckTest, WhatDoesNotFitTheVariableLeavesItAsItWas) {
   EXPECT_EQ(field.text, "1");
 }
 
+TEST(EntryCheckTest, AWrongEntryBringsTheOperatorBackToItsField) {
+  std::int16_t value = 7;
+  Field field{"11"};
+  bool guard = true, error = false;
+  int back = 0;
+  const auto leave = [&] {
+    ValidateEntry(&value, field, 0, 10, guard, false, [&] {
+      EXPECT_FALSE(guard) << "the focus that moves back must not check again";
+      ++back;
+    });
+  };
+  leave();
+  EXPECT_EQ(back, 1);
+  EXPECT_EQ(field.text, "10");
+  EXPECT_TRUE(guard);
+  leave(); // what was put there is right
+  guard = false;
+  field.text = "12";
+  leave();
+  EXPECT_EQ(back, 1);
+  EXPECT_FALSE(TestEntry(&value, field, 0, 10, guard, false, error));
+  EXPECT_TRUE(TestEntry(&value, field, 0, 10, guard, false, error));
+  EXPECT_TRUE(error) << "one wrong field of several is enough";
+}
+
 } // namespace
 } // namespace trekor
