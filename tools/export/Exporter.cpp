@@ -49,6 +49,8 @@ bool Exporter::Open(const fs::path& file, std::string& why) {
   state.file.DataFilePath = std::string(TwoPlaces::In) + "\\" + file.filename().string();
   if (!SameText(file.extension().string(), ".MDB"))
     why = "not a data file: the name does not end in .mdb";
+  else if (state.file.DataName.empty())
+    why = "not a data file: the name is blank";
   else if (!fs::exists(file, error))
     why = "no such file";
   else if (!fs::is_directory(machine.drives.outFolder, error))
