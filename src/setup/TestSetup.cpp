@@ -1,8 +1,13 @@
 #include "setup/TestSetup.h"
 
+#include <algorithm>
+#include <utility>
+
 namespace trekor {
 
 namespace {
+
+constexpr std::int64_t LeastCode = -32768, LargestCode = 32767;
 
 bool Between(int code, int first, int last) {
   return code >= first && code <= last;
@@ -23,8 +28,12 @@ std::string TextOf(const Recordset& row, const char* field) {
   return row.Get(field).Text();
 }
 
-int NumberOf(const Recordset& row, const char* field) {
-  return static_cast<int>(row.Get(field).Integer());
+// An empty field, or a number that is too large for its width, leaves the member as it was made.
+template <class Width, class Member> void Take(Member& member, const FieldValue& field) {
+  const std::int64_t number = field.Integer();
+  if (!field.IsNull() && std::in_range<Width>(number)) {
+    member = static_cast<Member>(number);
+  }
 }
 
 // The limits are singles; held as that, their text has the digits that were entered and a comparison with them is
@@ -35,17 +44,20 @@ ObsValue LimitOf(const FieldValue& field) {
   return static_cast<double>(single) == number ? ObsValue(single) : ObsValue(number);
 }
 
+// A code beyond 16 bits stays recognisable as an invalid one.
 int KeyCodeOf(const FieldValue& field) {
-  return field.IsNull() ? -1 : static_cast<int>(field.Integer());
+  return field.IsNull() ? -1 : static_cast<int>(std::clamp<std::int64_t>(field.Integer(), LeastCode, LargestCode));
 }
 
 void Fill_Names(ClassObservation& obs, const Recordset& row) {
-  obs.ObsCode = NumberOf(row, "Observations.ObsCode");
+  Take<std::int16_t>(obs.ObsCode, row.Get("Observations.ObsCode"));
   obs.SetObsNames(TextOf(row, "ObsNameDisp"), TextOf(row, "ObsNameFile"), TextOf(row, "ObsAbrvDisp"),
                   TextOf(row, "ObsAbrvFile"));
   obs.SetObsIcon(TextOf(row, "ObsIcon"));
-  obs.SetPar(NumberOf(row, "ParCode"), TextOf(row, "ParNameDisp"), TextOf(row, "ParNameFile"),
-             TextOf(row, "ParAbrvDisp"), TextOf(row, "ParAbrvFile"), TextOf(row, "ParIcon"));
+  int parCode = 0;
+  Take<std::int16_t>(parCode, row.Get("ParCode"));
+  obs.SetPar(parCode, TextOf(row, "ParNameDisp"), TextOf(row, "ParNameFile"), TextOf(row, "ParAbrvDisp"),
+             TextOf(row, "ParAbrvFile"), TextOf(row, "ParIcon"));
 }
 
 void Fill_Values(ClassObservation& obs, const Recordset& row) {
@@ -53,8 +65,8 @@ void Fill_Values(ClassObservation& obs, const Recordset& row) {
   obs.SetMax(LimitOf(row.Get("Max")));
   obs.SetDispText(TextOf(row, "TextDisp"));
   obs.SetFileText(TextOf(row, "TextFile"));
-  obs.DataTypeID = NumberOf(row, "DataType");
-  obs.ObsParID = static_cast<std::int32_t>(row.Get("Observations.ObsParID").Integer());
+  Take<std::int16_t>(obs.DataTypeID, row.Get("DataType"));
+  Take<std::int32_t>(obs.ObsParID, row.Get("Observations.ObsParID"));
 }
 
 } // namespace
@@ -108,8 +120,8 @@ void TestSetup::AddRow(const Recordset& row) {
   if (obs.KeyCode() != storedKey) {
     Clear_SetupKey(i); // an invalid key is erased for good
   }
-  obs.RegModeCode = NumberOf(row, "RegModeCode");
-  obs.KeyingCode = NumberOf(row, "KeyingCode");
+  Take<std::int16_t>(obs.RegModeCode, row.Get("RegModeCode"));
+  Take<std::int16_t>(obs.KeyingCode, row.Get("KeyingCode"));
   obs.Reset(); // last, as the type decides what the limits are
 }
 

@@ -49,6 +49,20 @@ TEST_F(Vocabulary, ErasesAKeyThatMayCarryNothing) {
   EXPECT_EQ(setup.KeyToObs(-1), -1) << "no key is no observation, although two rows have met there";
 }
 
+TEST_F(Vocabulary, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
+  OpenVocabulary();
+  Add({.id = 1, .dataType = 2, .keyCode = 65, .mode = 3, .keying = 2});
+  Run("UPDATE Observations SET RegModeCode=NULL, KeyingCode=70000, DataType=NULL");
+  Run("UPDATE Setups SET KeyCode=4294967361"); // 65 in its lower half
+  setup.Load_TestSetup();
+  const ClassObservation& obs = setup.Observations(1);
+  EXPECT_EQ(obs.RegModeCode, 1);
+  EXPECT_EQ(obs.KeyingCode, 0);
+  EXPECT_EQ(obs.DataTypeID, 0);
+  EXPECT_EQ(obs.KeyCode(), -1);
+  EXPECT_EQ(StoredKey(1), -1);
+}
+
 TEST_F(Vocabulary, LetsTwoRowsKeepOneKeyAndTheLaterRule) {
   OpenVocabulary();
   Add({.id = 1, .keyCode = 65});
