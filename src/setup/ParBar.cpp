@@ -9,9 +9,10 @@ namespace {
 
 constexpr int PictureFull = 10, PictureOff = 11, PictureOn = 12, PictureLast = 13;
 
-// The number of a picture that was asked for by its negative, ties to even; -1 when it is far beyond the last one.
+// The number of a picture that was asked for by its negative, ties to even; -1 when it is far beyond the last one or no
+// number at all.
 int RequestedPicture(float v) {
-  return v < -1000 ? -1 : static_cast<int>(std::nearbyint(-v));
+  return v > -1000 ? static_cast<int>(std::nearbyint(-v)) : -1;
 }
 
 } // namespace
@@ -48,8 +49,10 @@ int ParBar::BarPicture() const {
   if (twoState) {
     return member != 0 ? PictureOn : PictureOff;
   }
-  const float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
-  return static_cast<int>(std::floor(fraction * 10 + 0.5F));
+  float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
+  if (!std::isfinite(highest - lowest)) // an item "without limits" has a scale that is longer than any single
+    fraction = (member / 2 - lowest / 2) / (highest / 2 - lowest / 2);
+  return std::isfinite(fraction) ? static_cast<int>(std::floor(fraction * 10 + 0.5F)) : 0;
 }
 
 // Under the selection, and in the step bar, only the scale is drawn: a two-state or waiting picture leaves there what

@@ -4,6 +4,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <limits>
+
 namespace trekor::tests {
 namespace {
 
@@ -38,6 +41,14 @@ TEST_F(Bar, ShowsTenthsOfItsScale) {
   EXPECT_EQ(bar.Default(), 10) << "kept within the scale";
   EXPECT_EQ(Show(2, 10, 0), "BAR:0");
   EXPECT_EQ(bar.Default(), 2);
+}
+
+TEST_F(Bar, ShowsAScaleThatIsLongerThanAnySingle) {
+  constexpr float huge = 3.402823E+38F;
+  EXPECT_EQ(Show(-huge, huge, 0), "BAR:5");
+  EXPECT_EQ(Show(-huge, huge, huge), "BAR:10");
+  EXPECT_EQ(Show(0, std::numeric_limits<float>::infinity(), huge), "BAR:0");
+  EXPECT_EQ(Show(0, 10, std::nanf("")), "") << "no number draws nothing";
 }
 
 TEST_F(Bar, IsTwoStateBetweenZeroAndOneFromTheNextValueOn) {
