@@ -123,13 +123,14 @@ std::string Lower(std::string_view text) {
   return Turned(text, LowerOf);
 }
 
+// By capitals: the two small sigmas have the same one.
 bool SameText(std::string_view a, std::string_view b) {
   std::size_t i = 0, k = 0;
   while (i < a.size() && k < b.size()) {
     const std::size_t i0 = i, k0 = k;
     const char32_t c = utf8::Next(a, i), d = utf8::Next(b, k);
     const bool same =
-        c == utf8::Invalid || d == utf8::Invalid ? c == d && a[i0] == b[k0] : c == d || LowerOf(c) == LowerOf(d);
+        c == utf8::Invalid || d == utf8::Invalid ? c == d && a[i0] == b[k0] : c == d || UpperOf(c) == UpperOf(d);
     if (!same)
       return false;
   }

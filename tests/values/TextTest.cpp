@@ -22,6 +22,7 @@ TEST(TextTest, CaseFollowsTheAlphabet) {
     EXPECT_TRUE(SameText(p.lower, p.upper)) << p.lower;
   }
   EXPECT_EQ(Upper("λόγος"), "ΛΌΓΟΣ");
+  EXPECT_TRUE(SameText("ΛΌΓΟΣ", "λόγος"));
   EXPECT_FALSE(SameText("a", "ab"));
   EXPECT_FALSE(SameText("\xFF", "\xFE"));
   EXPECT_EQ(Upper("a\xFFz\xC3"), "A\xFFZ\xC3"); // what is no character stays
