@@ -1,0 +1,102 @@
+// A vocabulary comes from other machines and old disks. Whatever stands in it, the setup that is loaded keeps to its
+// own rules. Seeded, so that a failure comes back.
+#include "Vocabulary.h"
+
+#include <algorithm>
+#include <random>
+
+namespace trekor::tests {
+namespace {
+
+class DamagedVocabulary : public Vocabulary {
+protected:
+  // The released layout with the sample setups in it.
+  void OpenSample() {
+    database.ObsDB = Make(Working, TemplateText("Observations.sql") + TemplateText("sample-vocabulary.sql"));
+    Quiet();
+  }
+  void Quiet() { database.ObsDB->Execute("PRAGMA synchronous=OFF"); } // the disk is of no interest here
+  std::size_t Any(std::size_t below) { return random() % below; }
+  void ExpectSound() {
+    for (int i = 1; i <= setup.ObsCount(); ++i)
+      ExpectSound(setup.Observations(i));
+    for (int code = -2; code <= 300; ++code) {
+      const int obs = setup.KeyToObs(code);
+      ASSERT_TRUE(obs == -1 || (setup.Has(obs) && Valid_KeyCode(code))) << "code " << code;
+    }
+  }
+  std::mt19937 random{11};
+
+private:
+  static void ExpectSound(ClassObservation& obs) {
+    ASSERT_LE(obs.Min(), obs.Max());
+    ASSERT_TRUE(obs.KeyCode() == -1 || Valid_KeyCode(obs.KeyCode())) << obs.KeyCode();
+    for (const int code : {obs.RegModeCode, obs.KeyingCode, obs.DataTypeID, obs.ObsCode})
+      ASSERT_TRUE(code >= -32768 && code <= 32767) << code;
+    ASSERT_FALSE((obs.ObsNameDisp() + obs.ObsAbrvFile() + obs.ObsIcon()).empty());
+    for (const char* value : {"1E300", "-1E300", "2,5", ""}) {
+      obs.SetDefault(value);
+      const double rounding = obs.DataTypeID == 1 ? 0.5 : 0; // a limit between two whole numbers is passed by a hair
+      if (obs.DataTypeID != 4) {
+        ASSERT_TRUE(obs.DefaultNumber() >= obs.Min() - rounding && obs.DefaultNumber() <= obs.Max() + rounding)
+            << value;
+      }
+      obs.IncValue();
+      obs.Reset();
+    }
+  }
+};
+
+// The file's fields hold whatever another program has put there, whatever their declared type.
+TEST_F(DamagedVocabulary, HoldsValuesOfEveryKindInEveryField) {
+  const char* const fields[] = {"Observations.Min",         "Observations.Max",          "Observations.DataType",
+                                "Observations.RegModeCode", "Observations.KeyingCode",   "Observations.ObsCode",
+                                "Setups.KeyCode",           "Setups.GridPosition",       "Setups.KeyCode",
+                                "ObsLinguistic.ObsIcon",    "ObsLinguistic.ObsNameDisp", "Observations.ParCode",
+                                "Observations.TextDisp",    "ObsLinguistic.ObsAbrvFile"};
+  const char* const values[] = {
+      "NULL",    "9e999", "-9e999", "1e300", "9223372036854775807", "-9223372036854775808", "70000", "x'00ff'", "'abc'",
+      "' 12,5'", "65",    "-1",     "0.1",   "4294967361",          "char(0,255)"};
+  OpenSample();
+  for (int i = 0; i < 120; ++i) {
+    ASSERT_TRUE(database.ObsDB->Begin());
+    for (int k = 0; k < 6; ++k) {
+      const std::string field = fields[Any(std::size(fields))], table = field.substr(0, field.find('.'));
+      database.ObsDB->Execute("UPDATE " + table + " SET " + field.substr(table.size() + 1) + "=" +
+                              values[Any(std::size(values))] + " WHERE rowid=" + std::to_string(1 + Any(24)));
+    }
+    ASSERT_TRUE(database.ObsDB->Commit());
+    state.TestSetupID = static_cast<std::int32_t>(1 + Any(2));
+    setup.Load_TestSetup();
+    ASSERT_NO_FATAL_FAILURE(ExpectSound()) << "round " << i;
+  }
+}
+
+TEST_F(DamagedVocabulary, IsLoadedAsFarAsItCanBeRead) {
+  OpenSample();
+  const std::string native = database.ObsDB->Path();
+  database.ObsDB.reset();
+  std::ostringstream whole;
+  whole << std::ifstream(native, std::ios::binary).rdbuf();
+  const std::string good = whole.str();
+  int loaded = 0;
+  for (int i = 0; i < 100; ++i) {
+    std::string bytes = good;
+    for (std::size_t k = 1 + Any(20); k > 0; --k)
+      bytes[100 + Any(bytes.size() - 100)] = static_cast<char>(Any(256));
+    if (i % 5 == 4)
+      bytes.resize(Any(bytes.size()));
+    std::ofstream(native, std::ios::binary | std::ios::trunc) << bytes;
+    database.ObsDB = Database::Open(native, OpenMode::Shared);
+    if (database.ObsDB)
+      Quiet();
+    setup.Load_TestSetup();
+    ASSERT_NO_FATAL_FAILURE(ExpectSound()) << "round " << i;
+    loaded += setup.ObsCount() > 0 ? 1 : 0;
+    database.ObsDB.reset();
+  }
+  EXPECT_GT(loaded, 10) << "some damage leaves the rows readable";
+}
+
+} // namespace
+} // namespace trekor::tests
