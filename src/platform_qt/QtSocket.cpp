@@ -102,10 +102,8 @@ void QtSocket::OnState(QAbstractSocket::SocketState s) {
     state = SocketState::ResolvingHost;
   else if (s == QAbstractSocket::ConnectingState)
     state = SocketState::Connecting;
-  else if (s == QAbstractSocket::ConnectedState) {
-    state = SocketState::Connected;
+  else if (s == QAbstractSocket::ConnectedState)
     Post(News::Connected);
-  }
 }
 
 // A peer's close is no error: it leaves the state PeerClosing, which nobody but a new Connect ends.
@@ -132,6 +130,9 @@ void QtSocket::Post(News news, int number) {
 void QtSocket::Raise(News news, int number) {
   if (news == News::Data)
     dataPosted = false; // before the handler: what arrives while it runs is new
+  // Only now, or a tick before the owner's handler would get a line out ahead of the greeting.
+  if (news == News::Connected && state != SocketState::PeerClosing && state != SocketState::Error)
+    state = SocketState::Connected;
   if (!events)
     return;
   switch (news) {

@@ -6,6 +6,7 @@
 #include <QCoreApplication>
 #include <QElapsedTimer>
 #include <QTcpServer>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
@@ -64,6 +65,17 @@ TEST_F(SocketTest, LinesGoBothWays) {
   PeerSays("DMI 1\r\n");
   EXPECT_TRUE(Until([&] { return heard.story == "connect data "; }));
   EXPECT_EQ(socket.ReadAll(), "DMI 1\r\n");
+}
+
+TEST_F(SocketTest, NothingGoesOutBeforeTheOwnerHasHeardOfTheConnection) {
+  bool early = false;
+  QTimer tick; // gets its turn between the toolkit's signal and the owner's event
+  QObject::connect(&tick, &QTimer::timeout, [&] { early |= heard.story.empty() && socket.Send("DMI 1\r\n"); });
+  tick.start(0);
+  socket.Connect("127.0.0.1", server.serverPort());
+  EXPECT_TRUE(Until([&] { return !heard.story.empty(); }));
+  EXPECT_FALSE(early);
+  EXPECT_TRUE(socket.Send("IDENTITY\r\n"));
 }
 
 TEST_F(SocketTest, AHandlerThatPumpsHearsWhatArrivesMeanwhile) {
