@@ -4,6 +4,7 @@
 #include "core/CopyDatabase.h"
 #include "datafiles/DataFields.h"
 #include "dbupdate/UpdateDatabase.h"
+#include "store/InUse.h"
 #include "values/Text.h"
 
 #include <utility>
@@ -88,9 +89,12 @@ bool DataFiles::IsOpen(const std::string& path) const {
   return database && SameText(database->Path(), platform.drives.NativePath(path));
 }
 
-// The template is the layout of the file.
+// The template is the layout of the file. What another program is writing is never replaced under its hands, though
+// some file systems would let us.
 bool DataFiles::InstallTemplate() {
-  return CopyDatabase(platform.drives, state.folders.MdbFolder + TemplateFile, state.file.DataFilePath);
+  const std::string& path = state.file.DataFilePath;
+  return !InUse(platform.drives.NativePath(path)) &&
+         CopyDatabase(platform.drives, state.folders.MdbFolder + TemplateFile, path);
 }
 
 // One transaction: a new session is in the file with all its observations or not at all.

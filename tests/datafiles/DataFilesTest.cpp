@@ -123,8 +123,12 @@ TEST(DataFiles, OpensNoForeignDamagedMissingOrLockedFile) {
   auto other = Database::Open(job.machine.drives.NativePath(job.DataFile("GOOD")), OpenMode::Exclusive);
   ASSERT_NE(other, nullptr);
   EXPECT_FALSE(job.files.OpenDataFile()) << "another program has it";
+  EXPECT_FALSE(job.Create("GOOD"));
+  EXPECT_EQ(job.machine.drives.Read(job.DataFile("GOOD")), good) << "and keeps it";
   other.reset();
   EXPECT_TRUE(job.files.OpenDataFile());
+  job.files.CloseDataFile();
+  EXPECT_TRUE(job.Create("TEXT")) << "what is no database is in nobody's use";
 }
 
 TEST(DataFiles, AddsASessionEachTimeAFileIsOpenedForMoreCollection) {

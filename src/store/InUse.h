@@ -1,0 +1,12 @@
+// Whether a database file may be replaced.
+#pragma once
+
+#include <string>
+
+namespace trekor {
+
+// True when another program holds the database at this native path. False for a free one, for a file that is no
+// database and for none at all. Asks by opening it for a moment, which folds a log that a killed program has left.
+bool InUse(const std::string& nativePath);
+
+} // namespace trekor
