@@ -23,14 +23,17 @@ int FormWindow::MenuHeight() const {
 }
 
 bool FormWindow::event(QEvent* e) {
+  const QEvent::Type type = e->type();
   const bool result = QWidget::event(e);
+  if (type == QEvent::DeferredDelete)
+    return result; // that was the end of this window
   if (!view)
     return result;
-  if (e->type() == QEvent::WindowStateChange)
+  if (type == QEvent::WindowStateChange)
     view->WindowStateChanged(windowState());
-  else if (e->type() == QEvent::WindowActivate)
+  else if (type == QEvent::WindowActivate)
     view->WindowActivated();
-  else if (e->type() == QEvent::Paint && !std::exchange(painted, true))
+  else if (type == QEvent::Paint && !std::exchange(painted, true))
     QTimer::singleShot(0, view, [v = view] {
       if (v->OnFirstPicture)
         v->OnFirstPicture();
