@@ -36,6 +36,9 @@ public:
   // Completes the row that is being made, without pumping; nothing when there is none.
   void Finish_Row();
   void Remove_Row(int row);
+  // In a pause: the row that moves up in its place becomes current with its own values, or those of the row that went
+  // would be written into it.
+  void Remove_CurrentRow();
   void Clear_Rows();
   // Puts all bars to 0 and all observations to their minimum.
   void Reset_Values();
@@ -46,7 +49,7 @@ public:
   void SetBar(int col, float value);
   float Bar(int col) const;
 
-  // Header row 0 of a column; the space bar shows "[ ]".
+  // Header row 0 of a column; the space bar and no key show "[ ]".
   std::function<std::string(int code)> KeyCaption;
   static constexpr int KeyRow = 0, BarRow = 1, IconRow = 2, NameRow = 3;
 

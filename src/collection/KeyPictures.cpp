@@ -7,6 +7,7 @@ namespace trekor {
 
 namespace {
 constexpr int SpaceBar = 32;
+constexpr const char* NoCaption = "[ ]";
 constexpr int TabKeyboard = 1, TabKeypad = 2;
 } // namespace
 
@@ -69,8 +70,8 @@ void KeyPictures::RemoveSetup() {
 }
 
 std::string KeyPictures::KeyCaption(int code) const {
-  if (code == SpaceBar)
-    return "[ ]";
+  if (code < 0 || code == SpaceBar)
+    return NoCaption;
   const auto text = KeyBoardClass.KeyText(code);
   return text.empty() ? KeyPadClass.KeyText(code) : text;
 }

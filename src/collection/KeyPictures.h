@@ -18,7 +18,7 @@ public:
   // The setup's icons on all four pictures, or away from them.
   void AddSetup();
   void RemoveSetup();
-  // The text on the key as a column header shows it; the space bar reads "[ ]", no key "".
+  // The text on the key as a column header shows it; the space bar and no key (-1) read "[ ]".
   std::string KeyCaption(int code) const;
   // Delete in idle, on the tab Keyboard or Keypad: the key under the cursor no longer carries its observation.
   void Remove_SelectedKey();

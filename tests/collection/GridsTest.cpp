@@ -21,6 +21,17 @@ TEST_F(CollectionGrid, HeaderShowsKeyBarIconAndName) {
   EXPECT_EQ(Bar(Edge), "BAR:11");
 }
 
+TEST_F(CollectionGrid, HeaderOfAKeylessColumnSaysSoFromTheNextChoiceOn) {
+  form.TabStrip1.Select(1);
+  form.fxgKeyBoard.SetRow(3);
+  form.fxgKeyBoard.SetCol(3); // the letter A
+  Key(46);                    // Delete
+  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "");
+  form.cboTestSetupNames.Select(1);
+  form.cboTestSetupNames.Select(0);
+  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "[ ]");
+}
+
 TEST_F(CollectionGrid, AStepRowCarriesWhatLivesOnAndClearsWhatDoesNot) {
   StartFromLink(10.0);
   Answer("gravel");
