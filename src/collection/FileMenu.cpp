@@ -5,7 +5,8 @@
 namespace trekor {
 
 void FileMenu::mnuNew_Click() {
-  if (asking || ctx.fields.ending) // a start from the link while the operator has the form before him
+  // Asking already: a start from the link while the operator has the form before him.
+  if (asking || ctx.fields.closing || ctx.fields.ending)
     return;
   if (ctx.run().DataFileOpen)
     mnuClose_Click();
@@ -21,11 +22,13 @@ void FileMenu::mnuNew_Click() {
   Announce_File();
 }
 
+// Storing a large picture lets events run. A start that came there would find no file yet and ask for one, so the link
+// waits, and the operator's key is refused.
 void FileMenu::Prepare_File() {
-  if (ctx.fields.closing) {
-    prepareHeld = true; // opened now, it would be closed with the file before it
+  if (ctx.state().file.DataName.empty() || ctx.fields.ending)
     return;
-  }
+  const SocketProp::Hold later(ctx.rooms.socket);
+  const WhileSet preparing(ctx.fields.preparing);
   ctx.rooms.files.CreateDataFile(ctx.rooms.setup);
   if (ctx.fields.ending) { // an exit came in while the pictures were stored: nobody else would close this file
     ctx.rooms.files.CloseDataFile();
@@ -57,14 +60,11 @@ void FileMenu::mnuClose_Click() {
   ctx.form.Texts7.SetEnabled(true);
   if (!ctx.run().DataFileOpen)
     return;
+  const SocketProp::Hold later(ctx.rooms.socket); // a file opened in here would be closed with the one before it
   Close_File();
   feedback.SetCaption();
   setups.Unlock_SetupControls();
   ctx.state().file.LastCloseTime = ctx.rooms.platform.clock.Now();
-  if (prepareHeld && !ctx.fields.ending) {
-    prepareHeld = false;
-    Prepare_File();
-  }
 }
 
 // The copies are made from the closed file, before it may be deleted. Data that stand nowhere else are never deleted:

@@ -25,8 +25,7 @@ private:
   RunContext& ctx;
   SetupChoice& setups;
   Feedback& feedback;
-  bool asking = false;      // the new-file form is up
-  bool prepareHeld = false; // a "FILE OPEN" came in the middle of the close
+  bool asking = false; // the new-file form is up
 };
 
 } // namespace trekor

@@ -12,7 +12,7 @@ constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind
 // The waits let ticks and link messages in while RunState is still 0; the guard keeps their commands out, and an exit
 // among them sets `ending`, after which this start has nothing more to do.
 void Run::Start_Run() {
-  if (!ctx.fields.BusyGuard)
+  if (!ctx.fields.BusyGuard || ctx.fields.preparing)
     return;
   const RunCommand command(ctx.fields);
   const WhileSet starting(ctx.fields.starting);

@@ -225,7 +225,12 @@ void SocketProp::Socket_DataArrival() {
     ReceiveBuffer = std::move(bytes);
   else
     ReceiveBuffer += bytes;
-  if (depth < DeepestArrival)
+  if (depth < DeepestArrival && holds == 0)
+    DispatchLines();
+}
+
+void SocketProp::Release() {
+  if (--holds == 0 && depth == 0)
     DispatchLines();
 }
 

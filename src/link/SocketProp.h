@@ -47,6 +47,19 @@ public:
   // once after the start would be dropped otherwise.
   void WaitForFirstConnection();
 
+  // While one stands, lines that arrive wait in their order. They are carried out when it is gone: at once, or behind
+  // the line that is being carried out now.
+  class Hold {
+  public:
+    explicit Hold(SocketProp& link) : socket(link) { ++socket.holds; }
+    ~Hold() { socket.Release(); }
+    Hold(const Hold&) = delete;
+    Hold& operator=(const Hold&) = delete;
+
+  private:
+    SocketProp& socket;
+  };
+
   // Words 1 to 32 of a message; entry 0 stays empty. WordCount is 33 when there were more.
   struct WordList {
     std::array<std::string, 33> Words;
@@ -78,6 +91,7 @@ private:
   void Compact();
   bool NextLine(std::string_view& line);
   void DispatchLines();
+  void Release();
   void DispatchLine(std::string_view line);
 
   ProgramState& state;
@@ -94,6 +108,7 @@ private:
   bool plain = true;     // the buffer holds ASCII alone: asked once an arrival, not once a line
   bool skipping = false; // the line that goes on at `consumed` has grown too long and is dropped up to its end
   int depth = 0;         // arrivals being dispatched inside one another
+  int holds = 0;
 };
 
 } // namespace trekor

@@ -180,6 +180,8 @@ TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
   EXPECT_EQ(form.cboTestSetupNames.Text(), "n/a");
   EXPECT_FALSE(form.cboTestSetupNames.Enabled());
   EXPECT_EQ(form.lblSetupID.Caption(), "-1");
+  Link("FILE OPEN"); // without a name nothing happens
+  EXPECT_FALSE(form.cboTestSetupNames.Enabled());
   EXPECT_EQ(setup.ObsCount(), 0);
 }
 

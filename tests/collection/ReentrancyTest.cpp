@@ -154,6 +154,29 @@ TEST_F(AtAPump, NoTickRunsWhileAKeyAsks) {
   EXPECT_EQ(State(), 0);
 }
 
+// The next lines of the link come while the pictures of the new file are stored.
+TEST_F(AtAPump, WhatComesWhileAFileIsMadeIsCarriedOutInOrderBehindIt) {
+  Type(form.Texts7, "0.1");
+  Link("FILE PATH C:\\Roads");
+  Link("FILE NAME FIRST");
+  fakes.shell.pictureBytes = 20000; // events run between its blocks
+  LineAtPump(2, "FILE NAME SECOND");
+  fakes.pump.AtPump(2, [this] { Key(F2); }); // the operator's own start finds the form at work
+  LineAtPump(3, "FILE OPEN");
+  LineAtPump(4, "CTRL PREPARE 10");
+  LineAtPump(5, "CTRL START");
+  Line("FILE OPEN");
+  for (int i = 0; i < 3; ++i)
+    fakes.pump.ProcessEvents();
+  EXPECT_TRUE(Exists("C:\\Roads\\FIRST.mdb"));
+  EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\SECOND.mdb");
+  EXPECT_EQ(State(), 1);
+  EXPECT_EQ(Stations(), Texts{"10 0"});
+  EXPECT_TRUE(prompts.empty());
+  const auto& acts = fakes.shell.acts;
+  EXPECT_EQ(std::count(acts.begin(), acts.end(), "Modal FileNewDialog2"), 0);
+}
+
 TEST_F(AtAPump, AFileOrderedWhileOneIsClosedIsOpenedAfterIt) {
   OpenFile("FIRST");
   LineAtPump(2, "FILE NAME SECOND");

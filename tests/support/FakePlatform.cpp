@@ -271,7 +271,7 @@ void FakeShell::MsgBox(const std::string& text, const std::string& title, BoxIco
 
 bool FakeShell::SavePicture(const std::string& key, const std::string& nativePath) {
   std::ofstream file(nativePath, std::ios::binary);
-  file << "PICTURE " << key;
+  file << "PICTURE " << key << std::string(pictureBytes, '.');
   return file.good();
 }
 

@@ -166,6 +166,7 @@ public:
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
   void ShowNotice(const std::string& text) override { notices.push_back(text); }
   bool SavePicture(const std::string& key, const std::string& nativePath) override;
+  std::size_t pictureBytes = 0; // of each saved picture, behind its name
 
   // By form name. A form without a script is hidden at once, as if the user had closed it untouched.
   std::map<std::string, std::function<void(Form&)>> scripts;
