@@ -28,6 +28,13 @@ void Grids::Grid_CellChanged() {
   f.GridBusy = false;
 }
 
+void Grids::Remove_CurrentRow() {
+  const int row = ctx.fields.CurrentRow;
+  Remove_Row(row);
+  if (row < ctx.form.Grid.Rows()) // otherwise the selection has moved, which the tick sees
+    Load_RowValues();
+}
+
 // False when the row has been removed.
 bool Grids::Edit_EventCell(int obs) {
   const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
@@ -44,7 +51,7 @@ bool Grids::Edit_Number(int obs) {
   if (ctx.fields.ending)
     return false;
   if (answer.empty()) {
-    Remove_Row(ctx.fields.CurrentRow);
+    Remove_CurrentRow();
     return false;
   }
   Asking::Take_Number(ctx.rooms.setup.Observations(obs), answer);
@@ -56,7 +63,7 @@ bool Grids::Edit_Text(int obs) {
   if (ctx.fields.ending)
     return false;
   if (answer.empty()) {
-    Remove_Row(ctx.fields.CurrentRow);
+    Remove_CurrentRow();
     return false;
   }
   ctx.rooms.setup.Observations(obs).SetDefault(answer);

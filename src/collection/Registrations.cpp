@@ -196,7 +196,7 @@ void Registrations::Delete_Key() {
     grids.SetBar(f.CurrentObs, 0);
     f.CurrentObs = 0;
   } else if (Paused() && grids.RowKindAt(f.CurrentRow) > 0) {
-    grids.Remove_Row(f.CurrentRow);
+    grids.Remove_CurrentRow();
   } else if (Paused()) {
     Delete_Cell();
   }

@@ -191,6 +191,21 @@ TEST_F(KeyPresses, DeleteInAPauseTakesRowsAndCells) {
   ExpectAligned();
 }
 
+TEST_F(KeyPresses, TheRowThatMovesUpKeepsItsOwnValue) {
+  for (const char* area : {"80", "120"}) {
+    Answer(area);
+    Press('G');
+  }
+  Press(F3);
+  Select(1, Crack); // 120
+  Press(Del);
+  Select(1, Hole);
+  EXPECT_EQ(Cell(1, Area), "80");
+  Answer("<esc>");
+  Select(1, Area);
+  EXPECT_EQ(Cell(1, Area), "80");
+}
+
 TEST_F(KeyPresses, ADeleteOutsideAPauseRemovesNothing) {
   Press('B');
   Press(Del);
