@@ -125,6 +125,8 @@ bool Engine::Prepare() {
   const bool exclusive = mode == OpenMode::Exclusive || mode == OpenMode::ExclusiveDurable;
   if (exclusive && !Execute("PRAGMA locking_mode=EXCLUSIVE"))
     return false;
+  if (!exclusive) // before the first look, which another program's commit can meet as well as any later one
+    sqlite3_busy_timeout(db, busyMilliseconds);
   if (!Execute("SELECT count(*) FROM sqlite_master"))
     return false;
   if (exclusive && !(mode == OpenMode::ExclusiveDurable ? PrepareDurable() : PrepareExclusive()))
@@ -132,8 +134,6 @@ bool Engine::Prepare() {
   // A log that a killed program has left: back to one plain file.
   if (mode == OpenMode::Shared && PragmaText("journal_mode") == "wal")
     Execute("PRAGMA journal_mode=DELETE");
-  if (!exclusive)
-    sqlite3_busy_timeout(db, busyMilliseconds);
   return true;
 }
 

@@ -1,6 +1,7 @@
 // Opening, locking, closing; what is left after a kill; files that are no databases.
 #include "StoreFixture.h"
 
+#include <chrono>
 #include <csignal>
 
 #include <sys/wait.h>
@@ -101,6 +102,16 @@ TEST_F(DurabilityTest, AnExclusiveFileIsLockedFromTheFirstMoment) {
   Reopen(OpenMode::Shared);
   EXPECT_TRUE(Database::Open(path, OpenMode::Shared));
   EXPECT_EQ(database->OpenTable("Stations")->RecordCount(), 2);
+}
+
+// Other programs share some of the databases: their commit must not look like a damaged file at our start.
+TEST_F(DurabilityTest, OpeningWaitsAShortWhileForAnotherProgram) {
+  Reopen(OpenMode::Exclusive);
+  for (const OpenMode mode : {OpenMode::Shared, OpenMode::ReadOnly}) {
+    const auto start = std::chrono::steady_clock::now();
+    EXPECT_FALSE(Database::Open(path, mode));
+    EXPECT_GE(std::chrono::steady_clock::now() - start, std::chrono::milliseconds(200));
+  }
 }
 
 TEST_F(DurabilityTest, NestedTransactionsCountAsOneAndRollBackAsOne) {
