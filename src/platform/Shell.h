@@ -29,8 +29,8 @@ public:
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
   // A small text over the screen while something long runs; the empty text takes it away.
   virtual void ShowNotice(const std::string& text) = 0;
-  // Writes the picture of an image-list key as a file in the platform's picture format (PNG) to a native path; false when
-  // the key has no picture.
+  // Writes the picture of an image-list key as a file in the platform's picture format (PNG) to a native path; false
+  // when the key has no picture.
   virtual bool SavePicture(const std::string& key, const std::string& nativePath) = 0;
 };
 

@@ -41,14 +41,14 @@ void SdlSoundPlayer::OpenDevice() {
   tried = true;
   if (!StartAudio())
     return;
-  SDL_AudioSpec spec{};
-  spec.freq = Rate;
-  spec.format = AUDIO_S16SYS;
-  spec.channels = Channels;
-  spec.samples = Frames;
-  spec.callback = &SdlSoundPlayer::Feed;
-  spec.userdata = this;
-  device = SDL_OpenAudioDevice(nullptr, 0, &spec, nullptr, 0);
+  SDL_AudioSpec stream{};
+  stream.freq = Rate;
+  stream.format = AUDIO_S16SYS;
+  stream.channels = Channels;
+  stream.samples = Frames;
+  stream.callback = &SdlSoundPlayer::Feed;
+  stream.userdata = this;
+  device = SDL_OpenAudioDevice(nullptr, 0, &stream, nullptr, 0);
   if (device != 0)
     SDL_PauseAudioDevice(device, 0);
 }
@@ -84,13 +84,13 @@ bool SdlSoundPlayer::Playing() {
 const SdlSoundPlayer::Samples& SdlSoundPlayer::Load(const std::string& nativePath) {
   const auto [entry, fresh] = cache.try_emplace(nativePath);
   Samples& sound = entry->second;
-  SDL_AudioSpec spec{};
+  SDL_AudioSpec file{};
   Uint8* bytes = nullptr;
   Uint32 length = 0;
-  if (!fresh || !SDL_LoadWAV(nativePath.c_str(), &spec, &bytes, &length))
+  if (!fresh || !SDL_LoadWAV(nativePath.c_str(), &file, &bytes, &length))
     return sound;
   SDL_AudioCVT cvt{};
-  if (SDL_BuildAudioCVT(&cvt, spec.format, spec.channels, spec.freq, AUDIO_S16SYS, Channels, Rate) >= 0) {
+  if (SDL_BuildAudioCVT(&cvt, file.format, file.channels, file.freq, AUDIO_S16SYS, Channels, Rate) >= 0) {
     sound.resize(std::size_t{length} * static_cast<std::size_t>(std::max(1, cvt.len_mult)));
     std::copy_n(bytes, length, sound.begin());
     cvt.buf = sound.data();
