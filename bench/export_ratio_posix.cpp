@@ -32,6 +32,7 @@ struct Measure {
 Measure Run(std::vector<std::string> words) {
   words.insert(words.begin(), "trekor-bench");
   std::vector<char*> argv;
+  argv.reserve(words.size() + 1);
   for (std::string& word : words)
     argv.push_back(word.data());
   argv.push_back(nullptr);

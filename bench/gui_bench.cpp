@@ -47,10 +47,15 @@ void Tell(const char* what, Spread ours, Spread floor, const char* unit) {
   std::fflush(stdout);
 }
 
+// The place of a cell among all of them, row behind row.
+std::size_t Place(int row, int col) {
+  return static_cast<std::size_t>(row) * Columns + static_cast<std::size_t>(col);
+}
+
 // The floor: cells of text in a widget, the changed ones drawn, a new row moved in. Nothing else.
 class BareGrid : public QWidget {
 public:
-  BareGrid() : cells(static_cast<std::size_t>((HeadRows + DataRows) * Columns)) {
+  BareGrid() : cells(Place(HeadRows + DataRows, 0)) {
     setAttribute(Qt::WA_OpaquePaintEvent);
     QFont f = font();
     f.setPixelSize(16);
@@ -58,12 +63,12 @@ public:
     resize(1024, 640);
   }
   void Write(int row, int col, const QString& text) {
-    cells[static_cast<std::size_t>(row * Columns + col)] = text;
+    cells[Place(row, col)] = text;
     update(col * ColumnWidth, row * RowHeight, ColumnWidth, RowHeight);
   }
   void NewRow() {
-    cells.insert(cells.begin() + HeadRows * Columns, Columns, QString());
-    cells.resize(static_cast<std::size_t>((HeadRows + DataRows) * Columns));
+    cells.insert(std::next(cells.begin(), std::ptrdiff_t{HeadRows} * Columns), Columns, QString());
+    cells.resize(Place(HeadRows + DataRows, 0));
     scroll(0, RowHeight, QRect(0, HeadRows * RowHeight, width(), height() - HeadRows * RowHeight));
   }
   std::function<void()> onKey;
@@ -87,7 +92,7 @@ private:
     p.drawLine(cell.bottomLeft(), cell.bottomRight());
     p.drawLine(cell.topRight(), cell.bottomRight());
     if (r < HeadRows + DataRows && c < Columns)
-      p.drawText(cell, Qt::AlignCenter, cells[static_cast<std::size_t>(r * Columns + c)]);
+      p.drawText(cell, Qt::AlignCenter, cells[Place(r, c)]);
   }
   std::vector<QString> cells;
 };
