@@ -7,7 +7,7 @@
 
 namespace trekor {
 
-constexpr std::size_t BufferSize = 256U * 1024U;
+constexpr std::size_t BufferSize = std::size_t{256} * 1024;
 
 CommaOutput::CommaOutput() {
   buffer.reserve(BufferSize + 4096);
