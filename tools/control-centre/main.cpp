@@ -75,7 +75,8 @@ int Run(QCoreApplication& app, const QCommandLineParser& options) {
   bool portOk = false;
   const uint port = options.value("port").toUInt(&portOk);
   if (!portOk || port > 65535 || !link.Listen(static_cast<quint16>(port))) {
-    std::fprintf(stderr, "trekor-control: cannot listen on 127.0.0.1:%s\n", qUtf8Printable(options.value("port")));
+    std::fprintf(stderr, "trekor-control: cannot listen on 127.0.0.1:%s; is another one running?\n",
+                 qUtf8Printable(options.value("port")));
     return 1;
   }
   link.Tell("--", QString("listening on 127.0.0.1:%1").arg(link.Port()));
@@ -114,5 +115,10 @@ int main(int argc, char** argv) {
                       {"drive", "A script, or a GPX or NMEA track.", "file"},
                       {"port", "Listen on another port than 15959.", "number", "15959"}});
   options.process(*app);
+  if (!options.positionalArguments().isEmpty()) {
+    std::fprintf(stderr, "trekor-control: not understood: %s; see --help\n",
+                 qUtf8Printable(options.positionalArguments().first()));
+    return 1;
+  }
   return Run(*app, options);
 }
