@@ -31,7 +31,7 @@ bool Sync(const fs::path& path, int flags) {
 // The entry of this name whatever its case; the name as given when there is none, so that it can be made.
 fs::path Entry(const fs::path& folder, const std::string& name) {
   std::error_code failed;
-  const fs::path exact = folder / PathFromText(name);
+  fs::path exact = folder / PathFromText(name);
   if (fs::exists(fs::symlink_status(exact, failed)))
     return exact;
   for (fs::directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed))

@@ -17,7 +17,7 @@ constexpr int Frames = 512; // 12 ms from the key to the loudspeaker
 } // namespace
 
 SdlSoundPlayer::~SdlSoundPlayer() {
-  Close_SoundDevice();
+  SdlSoundPlayer::Close_SoundDevice(); // named, as nothing below this class is alive any more
   if (audioStarted)
     SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
