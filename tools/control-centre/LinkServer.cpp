@@ -72,7 +72,8 @@ void LinkServer::Read() {
 void LinkServer::Send(const QString& line) {
   if (!peer)
     return;
-  Tell("->", line);
+  if (TellsPositions || !(line.startsWith("DMI ") || line.startsWith("GPS ")))
+    Tell("->", line);
   peer->write(ToWire(line) + "\r\n");
 }
 

@@ -72,6 +72,7 @@ int Run(QCoreApplication& app, const QCommandLineParser& options) {
     return 1;
   }
   LinkServer link;
+  link.TellsPositions = !options.isSet("brief");
   bool portOk = false;
   const uint port = options.value("port").toUInt(&portOk);
   if (!portOk || port > 65535 || !link.Listen(static_cast<quint16>(port))) {
@@ -113,6 +114,7 @@ int main(int argc, char** argv) {
   options.addOptions({{"launch", "Start this program.", "program"},
                       {"args", "Its command line.", "line", "7707-104 /US"},
                       {"drive", "A script, or a GPX or NMEA track.", "file"},
+                      {"brief", "Leave out the positions that are sent."},
                       {"port", "Listen on another port than 15959.", "number", "15959"}});
   options.process(*app);
   if (!options.positionalArguments().isEmpty()) {
