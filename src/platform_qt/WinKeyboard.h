@@ -1,4 +1,4 @@
-// The NumLock key on Windows.
+// The keyboard on Windows.
 #pragma once
 
 #include "platform/Keyboard.h"
@@ -10,6 +10,9 @@ public:
   explicit WinKeyboard(bool) {}
   bool NumLock() override;
   void PressNumLock() override;
+  void KeyDown(int code) override;
+  void KeyUp(int code) override;
+  int ScanKey(char32_t character) override;
 };
 
 } // namespace trekor

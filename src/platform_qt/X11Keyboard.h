@@ -1,5 +1,5 @@
-// The NumLock key of an X11 display. The display is asked only when somebody asks this class, which nobody does in an
-// idle tick; without X11 the key reads as off and pressing it does nothing.
+// The keyboard of an X11 display. The display is asked only when somebody asks this class, which nobody does in an idle
+// tick; without X11 NumLock reads as off, no character has a key, and pressing does nothing.
 #pragma once
 
 #include "platform/Keyboard.h"
@@ -17,9 +17,14 @@ public:
 
   bool NumLock() override;
   void PressNumLock() override;
+  void KeyDown(int code) override { Fake(code, true); }
+  void KeyUp(int code) override { Fake(code, false); }
+  int ScanKey(char32_t character) override;
 
 private:
   bool Open();
+  bool CanFake();
+  void Fake(int code, bool down);
 
   bool haveX11;
   void* display = nullptr; // a connection of our own, apart from the toolkit's

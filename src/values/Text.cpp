@@ -144,6 +144,12 @@ int CharCount(std::string_view text) {
   return n;
 }
 
+char32_t FirstCharacter(std::string_view text) {
+  std::size_t at = 0;
+  const char32_t c = text.empty() ? 0 : utf8::Next(text, at);
+  return c == utf8::Invalid ? 0 : c;
+}
+
 std::string CutText(std::string_view text, int n) {
   return std::string(text.substr(0, EndOf(text, n)));
 }

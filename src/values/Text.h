@@ -20,6 +20,8 @@ std::string Upper(std::string_view text);
 std::string Lower(std::string_view text);
 bool SameText(std::string_view a, std::string_view b); // without regard to case
 int CharCount(std::string_view text);
+// The code of the first character; 0 for the empty text and for a byte that begins none.
+char32_t FirstCharacter(std::string_view text);
 // The first n characters.
 std::string CutText(std::string_view text, int n);
 // Exactly n characters: cut, or padded with blanks on the right.

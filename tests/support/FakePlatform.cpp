@@ -28,6 +28,21 @@ LocalTime FakeClock::Now() {
   return {t.tm_year + 1900, t.tm_mon + 1, t.tm_mday, t.tm_hour, t.tm_min, t.tm_sec};
 }
 
+int FakeKeyboard::ScanKey(char32_t c) {
+  if (const auto found = scans.find(c); found != scans.end())
+    return found->second;
+  const bool digit = c >= '0' && c <= '9', capital = c >= 'A' && c <= 'Z', small = c >= 'a' && c <= 'z';
+  return digit || capital || c == ' ' ? static_cast<int>(c) : small ? static_cast<int>(c - 32) : 0;
+}
+
+void FakeKeyboard::Note(char way, int code) {
+  keys += (keys.empty() ? "" : " ") + (way + std::to_string(code));
+  if (way == '+')
+    held.insert(code);
+  else if (const auto down = held.find(code); down != held.end())
+    held.erase(down);
+}
+
 void FakePump::ProcessEvents() {
   ++count;
   clock.Advance(millisecondsPerPump);

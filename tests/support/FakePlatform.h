@@ -10,7 +10,9 @@
 #include <filesystem>
 #include <functional>
 #include <map>
+#include <set>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace trekor::tests {
@@ -98,8 +100,20 @@ public:
     numLock = !numLock;
     ++presses;
   }
+  void KeyDown(int code) override { Note('+', code); }
+  void KeyUp(int code) override { Note('-', code); }
+  // Of an American keyboard: letters, digits and a blank; what else is wanted stands in `scans`.
+  int ScanKey(char32_t character) override;
+  // "+18 -18": Alt down and up; since the last call.
+  std::string TakeKeys() { return std::exchange(keys, {}); }
   bool numLock = false;
   int presses = 0;
+  std::map<char32_t, int> scans;
+  std::multiset<int> held; // keys that are down now
+
+private:
+  void Note(char way, int code);
+  std::string keys;
 };
 
 // Real files below a temporary folder that goes with the object; one subfolder a drive.

@@ -39,6 +39,9 @@ class QuietKeyboard : public Keyboard {
 public:
   bool NumLock() override { return false; }
   void PressNumLock() override {}
+  void KeyDown(int) override {}
+  void KeyUp(int) override {}
+  int ScanKey(char32_t) override { return 0; }
 };
 
 class QuietProcess : public Process {

@@ -1,0 +1,151 @@
+// Key strings and what reaches the keyboard: "+40" is Down pressed, "-40" released.
+#include "services/cSendKeys.h"
+
+#include "support/FakePlatform.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <random>
+
+namespace trekor::tests {
+namespace {
+
+class SendKeysTest : public testing::Test {
+protected:
+  // What is sent; a run that fails appends its description.
+  std::string Send(const std::string& text) {
+    const KeyError error = keys.SendKeys(text, false);
+    EXPECT_EQ(error.source, error.Failed() ? "Trekor.cSendKeys" : "");
+    EXPECT_EQ(error.description.empty(), !error.Failed());
+    EXPECT_TRUE(fakes.keyboard.held.empty()) << text;
+    const std::string sent = fakes.keyboard.TakeKeys();
+    return sent + (error.Failed() ? (sent.empty() ? "" : " ") + error.description : "");
+  }
+
+  FakePlatform fakes;
+  cSendKeys keys{fakes.platform};
+};
+
+TEST_F(SendKeysTest, AModifierHoldsForItsBracketsAndForNothingElse) {
+  const struct {
+    const char *text, *sent;
+  } runs[] = {{"+(ab)", "+16 +65 -65 +66 -66 -16"},
+              {"%a", "+18 -18 +65 -65"},
+              {"%{DOWN}", "+18 -18 +40 -40"},
+              {"~", "+17 -17"}, // not Enter
+              {"a+", "+65 -65 +16 -16"},
+              {"+~(x)", "+16 -16 +17 +88 -88 -17"},
+              {"%()", "+18 -18"},
+              {"%(a+(b)~c)d", "+18 +65 -65 +16 +66 -66 -16 +17 -17 +67 -67 -18 +68 -68"},
+              {"+(+(a))", "+16 +16 +65 -65 -16 -16"},
+              {"", ""}};
+  for (const auto& run : runs)
+    EXPECT_EQ(Send(run.text), run.sent) << run.text;
+}
+
+TEST_F(SendKeysTest, BracesNameAKeyAndHowOften) {
+  fakes.keyboard.scans = {{'{', 219}, {'}', 221}, {')', 48}, {'%', 53}};
+  const struct {
+    const char *text, *sent;
+  } runs[] = {{"{F2 3}", "+113 -113 +113 -113 +113 -113"},
+              {"{~}{F16}{PgDn}", "+13 -13 +127 -127 +34 -34"},
+              {"{{}{}}{)}{%}", "+219 -219 +221 -221 +48 -48 +53 -53"},
+              {"{} 2}", "+221 -221 +221 -221"},
+              {"{q}Q", "+81 -81 +81 -81"}, // a capital is its plain key
+              {"{PAGEUP}", "+80 -80"},     // no such name: its first letter
+              {"{F17 2}", "+70 -70 +70 -70"},
+              {"{TAB 0}{TAB -2}", ""},
+              {"{TAB 2.5}{TAB  1}", "+9 -9 +9 -9 +9 -9"}};
+  for (const auto& run : runs)
+    EXPECT_EQ(Send(run.text), run.sent) << run.text;
+}
+
+TEST_F(SendKeysTest, EveryNameHasItsCode) {
+  const std::map<int, std::vector<std::string>> names = {{8, {"BACKSPACE", "BS", "BKSP"}},
+                                                         {9, {"TAB"}},
+                                                         {13, {"ENTER", "~"}},
+                                                         {19, {"BREAK"}},
+                                                         {20, {"CAPSLOCK"}},
+                                                         {27, {"ESC"}},
+                                                         {33, {"PGUP"}},
+                                                         {34, {"PGDN"}},
+                                                         {35, {"END"}},
+                                                         {36, {"HOME"}},
+                                                         {37, {"LEFT"}},
+                                                         {38, {"UP"}},
+                                                         {39, {"RIGHT"}},
+                                                         {40, {"DOWN"}},
+                                                         {42, {"PRTSC"}},
+                                                         {45, {"INSERT", "INS"}},
+                                                         {46, {"DELETE", "DEL"}},
+                                                         {47, {"HELP"}},
+                                                         {144, {"NUMLOCK"}},
+                                                         {145, {"SCROLLLOCK"}},
+                                                         {112, {"F1"}},
+                                                         {121, {"F10"}},
+                                                         {127, {"F16"}}};
+  for (const auto& [code, each] : names)
+    for (const auto& name : each)
+      EXPECT_EQ(Send("{" + name + "}"), "+" + std::to_string(code) + " -" + std::to_string(code)) << name;
+}
+
+TEST_F(SendKeysTest, AFailureReleasesWhatIsHeldAndSaysWhere) {
+  const std::string command = "Invalid sendkeys command";
+  const struct {
+    const char* text;
+    std::string sent;
+  } runs[] = {{")", command + ": unmatched ) at position 1"},
+              {"a%(b))c", "+65 -65 +18 +66 -66 -18 " + command + ": unmatched ) at position 6"},
+              {"{", command + "; opening { without content or closing } at position 1"},
+              {"{}", command + "; opening { without content or closing } at position 1"},
+              {"+(~({x", "+16 +17 -17 -16 " + command + "; opening { without content or closing } at position 5"},
+              {"{TAB", command + "; opening { without closing } at position 1"},
+              {"+({TAB)", "+16 -16 " + command + "; opening { without closing } at position 3"},
+              {"a{TAB x}b", "+65 -65 " + command + "; key repetitions 'x' is invalid near position 2"},
+              {"%({TAB 1 2})", "+18 -18 " + command + "; key repetitions '1 2' is invalid near position 3"},
+              {"{TAB }", command + "; key repetitions '' is invalid near position 1"},
+              {"+(%(a)", "+16 +18 +65 -65 -18 -16 " + command + ": more open brackets than close brackets."},
+              {"%(a?b)", "+18 +65 -65 -18 Key ? could not be interpreted."},
+              {"%({ 3})", "+18 -18 Key  could not be interpreted."},
+              {"{TAB 3000000000}", "Overflow"}};
+  for (const auto& run : runs)
+    EXPECT_EQ(Send(run.text), run.sent) << run.text;
+}
+
+TEST_F(SendKeysTest, PositionsAndKeysAreCharactersNotBytes) {
+  fakes.keyboard.scans = {{U'æ', 192}, {U'道', 65}};
+  EXPECT_EQ(Send("æ道{æ 2}"), "+192 -192 +65 -65 +192 -192 +192 -192");
+  EXPECT_EQ(Send("æ道)"), "+192 -192 +65 -65 Invalid sendkeys command: unmatched ) at position 3");
+  EXPECT_EQ(Send("{æ"), "Invalid sendkeys command; opening { without content or closing } at position 1");
+  EXPECT_EQ(Send("\xC3"), "Key \xC3 could not be interpreted.");
+}
+
+TEST_F(SendKeysTest, ErrorsKeepTheirNumber) {
+  EXPECT_EQ(keys.KeyPress("?", 1).number, 9);
+  EXPECT_EQ(keys.SendKeys("%(?)", true).number, 9);
+  EXPECT_TRUE(keys.SendKeys(")", false).Failed());
+  EXPECT_FALSE(keys.SendKeys("a", true).Failed());
+}
+
+// Every press has its release, whatever stands in the text; none is released that was not down.
+TEST_F(SendKeysTest, NoKeyStaysDown) {
+  const std::vector<std::string> pieces = {"+", "~",  "%",  "(",    ")",      "{",   "}", " ", "a",
+                                           "7", "+(", "%(", "DOWN", "{UP 2}", "{F1", "?", "æ", "\xFF"};
+  std::mt19937 random(20240506);
+  int ended = 0;
+  for (int round = 0; round < 5000; ++round) {
+    std::string text;
+    for (auto left = random() % 12; left > 0; --left)
+      text += pieces[random() % pieces.size()];
+    ended += keys.SendKeys(text, false).Failed() ? 0 : 1;
+    ASSERT_TRUE(fakes.keyboard.held.empty()) << text;
+    const std::string sent = fakes.keyboard.TakeKeys();
+    ASSERT_EQ(std::count(sent.begin(), sent.end(), '+'), std::count(sent.begin(), sent.end(), '-')) << text;
+  }
+  EXPECT_GT(ended, 200);
+}
+
+} // namespace
+} // namespace trekor::tests
