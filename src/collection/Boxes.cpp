@@ -11,7 +11,6 @@ namespace {
 constexpr double SmallestDepth = 5, LargestDepth = 100; // the tip says 2: meant so
 } // namespace
 
-// A double click does nothing yet: it will open a list through the key injector.
 void Boxes::Wire() {
   Wire(ctx.form.Texts6, 6);
   Wire(ctx.form.Texts7, 7);
@@ -26,6 +25,8 @@ void Boxes::Wire(TextBox& box, int index) {
     box.SelectAll();
   };
   box.OnLostFocus = [this, index] { Lost_Focus(index); };
+  // Opens the list of a box that has one; what the keyboard cannot send is no news to the operator.
+  box.OnDblClick = [this] { ctx.rooms.SendKeysObject.SendKeys("%{DOWN}", false); };
   box.OnKeyDown = [this](int keyCode, int) { return National_Key(keyCode); };
   box.OnKeyPress = [this](char32_t typed) { return national != 0 ? std::exchange(national, 0) : typed; };
 }

@@ -10,6 +10,7 @@
 #include "options/Options.h"
 #include "options/Sections.h"
 #include "platform/Platform.h"
+#include "services/cSendKeys.h"
 #include "setup/ClassKeyBoard.h"
 #include "setup/ParBar.h"
 #include "setup/TestSetup.h"
@@ -31,6 +32,7 @@ struct RunRooms {
   CommaFile& comma;
   SocketProp& socket;
   FileNewDialog2& fileNew;
+  cSendKeys& SendKeysObject;
 };
 
 } // namespace trekor

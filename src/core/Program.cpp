@@ -3,11 +3,12 @@
 namespace trekor {
 
 Program::Program(Platform& p)
-    : platform(p), texts(state, p), messages(state, p, texts), options(state, p, messages), setupDatabase(state, p),
-      setup(state, setupDatabase, form.imlObsPicsUCaseKeys), files(state, p), comma(state, p, files),
-      socket(state, p, texts, form), sections(state, p, socket), fileNew(state, p, texts, messages, sections),
+    : platform(p), SendKeysObject(p), texts(state, p), messages(state, p, texts), options(state, p, messages),
+      setupDatabase(state, p), setup(state, setupDatabase, form.imlObsPicsUCaseKeys), files(state, p),
+      comma(state, p, files), socket(state, p, texts, form), sections(state, p, socket),
+      fileNew(state, p, texts, messages, sections),
       measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, files, comma,
-                                  socket, fileNew}),
+                                  socket, fileNew, SendKeysObject}),
       dispatcher(state, p, socket, sections, measurements) {
   // Sending is low in the house, dispatching is high: here the circle of run and link is closed.
   socket.Dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };

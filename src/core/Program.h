@@ -19,6 +19,7 @@ public:
   ProgramState state;
   Platform& platform;
   MeasurementsForm form;
+  cSendKeys SendKeysObject; // before the texts
   TextDatabase texts;
   MessageCatalogue messages;
   OptionsDatabase options;

@@ -97,8 +97,9 @@ protected:
   SocketProp socket{state, fakes.platform, texts, form};
   Sections sections{state, fakes.platform, socket};
   FileNewDialog2 fileNew{state, fakes.platform, texts, messages, sections};
+  cSendKeys SendKeysObject{fakes.platform};
   Measurements run{form, RunRooms{state, fakes.platform, texts, messages, options, sections, vocabulary, setup, files,
-                                  comma, socket, fileNew}};
+                                  comma, socket, fileNew, SendKeysObject}};
   Dispatcher dispatcher{state, fakes.platform, socket, sections, run};
   std::vector<std::string> prompts; // titles asked
   int unloads = 0;

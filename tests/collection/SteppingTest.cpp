@@ -78,6 +78,16 @@ TEST_F(RoadSteps, BoxesAreCheckedWhenTheyAreLeft) {
   EXPECT_EQ(Fields().FocusIndex, -1);
 }
 
+TEST_F(RoadSteps, ADoubleClickOnABoxSendsAltAndThenDown) {
+  for (TextBox* box : {&form.Texts6, &form.Texts7, &form.Texts8}) {
+    const bool enabled = box->Enabled();
+    box->SetEnabled(true);
+    box->DblClick();
+    box->SetEnabled(enabled);
+    EXPECT_EQ(fakes.keyboard.TakeKeys(), "+18 -18 +40 -40") << box->Name();
+  }
+}
+
 TEST_F(RoadSteps, DirectionTurnsByPictureAndKeysUntilAFileFixesIt) {
   constexpr int Up = 38, Down = 40, Shift = 1;
   Key(Up, Shift); // increasing already

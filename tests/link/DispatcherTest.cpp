@@ -26,8 +26,9 @@ protected:
   CommaFile comma{state, fake.platform, files};
   Sections sections{state, fake.platform, socket};
   FileNewDialog2 fileNew{state, fake.platform, texts, messages, sections};
+  cSendKeys SendKeysObject{fake.platform};
   Measurements measurements{form, RunRooms{state, fake.platform, texts, messages, options, sections, setupDatabase,
-                                           setup, files, comma, socket, fileNew}};
+                                           setup, files, comma, socket, fileNew, SendKeysObject}};
   Dispatcher dispatcher{state, fake.platform, socket, sections, measurements};
   int unloads = 0;
 };
