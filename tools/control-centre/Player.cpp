@@ -33,10 +33,20 @@ void Player::Hear(const QString& line) {
     heard.removeFirst();
   if (line.startsWith("HWND "))
     window = line.section(' ', -1).toLongLong();
+  if (line.startsWith("SET DMI "))
+    SetCount(line.split(' ', Qt::SkipEmptyParts));
   if (line.startsWith("SET SYSTEM ") && !timer.isActive()) {
     wall.start();
     timer.start(TickMilliseconds);
   }
+}
+
+// "SET DMI  0 -1  12.35": the operator has turned the direction or set the count; the instrument counts on from there.
+void Player::SetCount(const QStringList& words) {
+  if (words.size() != 5)
+    return;
+  drive.increasing = words[3] == "1";
+  drive.startKm = words[4].toDouble() + (drive.increasing ? -way : way);
 }
 
 void Player::Tick() {

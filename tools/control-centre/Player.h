@@ -27,6 +27,7 @@ signals:
 
 private:
   void Hear(const QString& line);
+  void SetCount(const QStringList& words);
   void Tick();
   void RunEvents();
   void Fail(const QString& why);
