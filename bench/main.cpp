@@ -25,11 +25,10 @@ constexpr Measurement measurements[] = {
     {"exportratio", RunExportRatio, "STATIONS"},
 };
 
-int Usage() {
-  std::fputs("usage:\n", stderr);
+void Usage(std::FILE* out) {
+  std::fputs("usage:\n", out);
   for (const Measurement& each : measurements)
-    std::fprintf(stderr, "  trekor-bench %s %s\n", each.name.data(), each.words);
-  return 2;
+    std::fprintf(out, "  trekor-bench %s %s\n", each.name.data(), each.words);
 }
 
 } // namespace
@@ -40,8 +39,13 @@ int main(int argc, char** argv) {
     std::printf("trekor-bench %d.%d.%d\n", trekor::VersionMajor, trekor::VersionMinor, trekor::VersionRevision);
     return 0;
   }
+  if (wanted == "--help") {
+    Usage(stdout);
+    return 0;
+  }
   for (const Measurement& each : measurements)
     if (each.name == wanted)
       return each.run(argc - 2, argv + 2);
-  return Usage();
+  Usage(stderr);
+  return 2;
 }

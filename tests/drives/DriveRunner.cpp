@@ -108,11 +108,13 @@ void DriveRunner::Do(const std::string& line) {
 }
 
 std::string DriveRunner::Play(const std::string& drive) {
+  if (drive.starts_with("args "))
+    fakes.process.commandLine = drive.substr(5, drive.find('\n') - 5);
   if (!program->Main())
     return "the program did not start\n";
   std::istringstream lines(drive);
   for (std::string line; std::getline(lines, line);) {
-    if (line.empty() || line[0] == '#')
+    if (line.empty() || line[0] == '#' || line.starts_with("args "))
       continue;
     Do(line);
     TellLines();

@@ -13,6 +13,7 @@
 namespace trekor::tests {
 
 // The drive's words, one a line; "#" begins a comment.
+//   args LINE       on the first line: the program's command line
 //   > LINE          the control program sends a line
 //   key NAME        a key: F2, A, 7, Space, Num3, Num+, Esc, Del, or a code such as #65
 //   tick [N]        N ticks of 25 ms
