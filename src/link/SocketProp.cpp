@@ -4,7 +4,9 @@
 #include "values/Text.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <cstdlib>
+#include <cstring>
 #include <iostream>
 
 namespace trekor {
@@ -36,10 +38,16 @@ std::string Entered(const TextBox& box) {
 
 // No byte that means another character in Windows-1252 than in UTF-8.
 bool IsPlain(std::string_view bytes) {
-  unsigned all = 0;
-  for (const char c : bytes)
-    all |= static_cast<unsigned char>(c);
-  return all < 0x80;
+  std::uint64_t all = 0; // eight at a time: every byte of a burst comes through here
+  std::size_t at = 0;
+  for (; at + sizeof all <= bytes.size(); at += sizeof all) {
+    std::uint64_t eight = 0;
+    std::memcpy(&eight, bytes.data() + at, sizeof eight);
+    all |= eight;
+  }
+  for (; at < bytes.size(); ++at)
+    all |= static_cast<unsigned char>(bytes[at]);
+  return (all & 0x8080808080808080U) == 0;
 }
 
 void ShowDefault(TextBox& box) {
