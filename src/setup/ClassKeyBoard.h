@@ -33,7 +33,6 @@ public:
   void RemoveKey(int i) { Paint_Key(false, i); }
   void AddSetup() { Paint_Setup(true); }
   void RemoveSetup() { Paint_Setup(false); }
-  bool IsKeyPad() const { return keypad; }
   // The text on the key of a code, "" when the key is not on this picture.
   std::string KeyText(int code) const;
 

@@ -4,7 +4,6 @@
 #include "views/ValueBars.h"
 
 #include <QCoreApplication>
-#include <QKeyEvent>
 #include <QPainter>
 #include <QScrollBar>
 
@@ -289,14 +288,6 @@ void GridView::mouseDoubleClickEvent(QMouseEvent* e) {
   mousePressEvent(e);
   if (grid.OnDblClick)
     grid.OnDblClick();
-}
-
-void GridView::keyPressEvent(QKeyEvent* e) {
-  const int down = (e->key() == Qt::Key_Down) - (e->key() == Qt::Key_Up);
-  const int right = (e->key() == Qt::Key_Right) - (e->key() == Qt::Key_Left);
-  if (down == 0 && right == 0)
-    return QAbstractScrollArea::keyPressEvent(e);
-  grid.SelectCell(grid.Row() + down, grid.Col() + right);
 }
 
 } // namespace trekor

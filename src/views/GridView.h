@@ -31,7 +31,6 @@ protected:
   void scrollContentsBy(int dx, int dy) override;
   void mousePressEvent(QMouseEvent* e) override;
   void mouseDoubleClickEvent(QMouseEvent* e) override;
-  void keyPressEvent(QKeyEvent* e) override;
 
 private:
   void Absorb();
