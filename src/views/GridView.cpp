@@ -4,6 +4,8 @@
 #include "views/ValueBars.h"
 
 #include <QCoreApplication>
+#include <QMouseEvent>
+#include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
 
