@@ -29,7 +29,9 @@ void FileMenu::Prepare_File() {
     return;
   const SocketProp::Hold later(ctx.rooms.socket);
   const WhileSet preparing(ctx.fields.preparing);
-  ctx.rooms.files.CreateDataFile(ctx.rooms.setup);
+  const WhileSet rowsWait(ctx.fields.rowOnStack); // of a run: one that left the grid now would find no file
+  if (ctx.rooms.files.CreateDataFile(ctx.rooms.setup))
+    ctx.fields.LastStationID = 0;
   if (ctx.fields.ending) { // an exit came in while the pictures were stored: nobody else would close this file
     ctx.rooms.files.CloseDataFile();
     ctx.run().DataFileOpen = false;

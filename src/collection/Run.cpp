@@ -32,6 +32,7 @@ void Run::Start_Run() {
   if (ctx.fields.ending) // the box that lost the focus may have sent, and so pumped
     return;
   ring.Clear();
+  ctx.fields.AwaitValue = false; // the run before may have ended between the two keys of a pair
   ctx.fields.heldDmi = 0;
   ctx.run().RunState = 1;
 }
@@ -165,6 +166,7 @@ void Run::Stop_Run() {
   if (!ctx.fields.BusyGuard)
     return;
   const RunCommand command(ctx.fields);
+  const WhileSet ended(ctx.fields.rowOnStack); // a boundary in these sends would lie behind the closing station
   if (!ctx.run().FromLink) {
     ctx.Send("CTRL STOP " + WireNumber(ctx.position().KeyStation.Default()));
     ctx.Send("STATUS STOP " + WireNumber(ctx.position().KeyStation.Default()));

@@ -29,7 +29,7 @@ struct RunFields {
   bool AwaitValue = false; // the next key is the value of CurrentObs
   int CurrentObs = 0;
   bool NumLockAtStart = false;
-  std::int32_t LastStationID = 0; // the last step station that was stored
+  std::int32_t LastStationID = 0; // the last step station that was stored in this file; 0 none
   double NextBarTime = 0, NextSlowTime = 0;
   bool KeyFormsHidden = false;
   bool gridCovers = false; // the grid covers the tabs, as it does in a run

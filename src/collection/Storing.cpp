@@ -54,13 +54,15 @@ void Storing::Store_Point(int row, int obs, std::int32_t station) {
     Add_Registration(station, station, obs, ctx.form.Grid.Text(row, column));
 }
 
-// A blank cell is stored too when its value lives on from step to step.
+// A blank cell is stored too when its value lives on from step to step. Where no station of the file is known before,
+// the values stand at the step's end.
 void Storing::Store_Span(int row, std::int32_t station) {
+  const std::int32_t from = ctx.fields.LastStationID != 0 ? ctx.fields.LastStationID : station;
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i) {
     const int mode = ctx.rooms.setup.Observations(i).RegModeCode;
     const std::string& cell = ctx.form.Grid.Text(row, i);
     if (!TrimView(cell).empty() || (mode != 0 && mode != 1))
-      Add_Registration(ctx.fields.LastStationID, station, i, cell);
+      Add_Registration(from, station, i, cell);
   }
   ctx.fields.LastStationID = station;
 }
@@ -85,7 +87,7 @@ void Storing::Store_StartStation() {
   ctx.rooms.files.BeginRow();
   ctx.rooms.files.AddStation(s);
   ctx.rooms.files.EndRow();
-  ctx.fields.LastStationID = ctx.state().file.StationID; // an older one when the disk was full
+  ctx.fields.LastStationID = ctx.state().file.StationID; // an older one, or 0, when the disk was full
 }
 
 } // namespace trekor

@@ -101,6 +101,7 @@ bool DataFiles::InstallTemplate() {
 bool DataFiles::StartSession(const TestSetup& setup) {
   state.position.StationMaximum.SetDefault(FirstMaximum);
   state.position.StationMinimum.SetDefault(FirstMinimum);
+  state.file.StationID = 0;
   BeginRow();
   NewSession();
   for (int i = 1; i <= setup.ObsCount(); ++i)

@@ -23,14 +23,36 @@ TEST_F(AtAPump, AnEchoedStartInTheWaitsBeginsNoSecondRun) {
   EXPECT_EQ(std::count(prompts.begin(), prompts.end(), prompts.front()), 1);
 }
 
-TEST_F(AtAPump, ACommandInsideALinkStartMakesTheRestOfItSpeak) {
-  // The new-file form is up when another message ends FromLink.
-  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { Link("FACILITY NAME Road 21"); };
+// Any order that is carried out meanwhile ends the silence of the one before it.
+TEST_F(AtAPump, AnOrderInsideALinkStartMakesTheRestOfItSpeak) {
+  const Texts told = {"CTRL PREPARE  3", "STATUS PREPARE  3", "CTRL START  3", "STATUS START  3  0 1",
+                      "ACK Trekor CTRL START"};
+  OpenFile("ROW");
   Type(form.Texts7, "0.1");
+  Dmi(3);
+  Link("CTRL PREPARE 3");
+  Sent();
+  LineAtPump(2, "FACILITY NAME Road 21"); // the first row's; the order's own arrival is the first
+  Link("CTRL START");
+  EXPECT_TRUE(prompts.empty()) << "the station was settled before";
+  EXPECT_EQ(Sent(), told);
+  EXPECT_EQ(Roads(), Texts{"3.000 to 3.100"});
+  Press(F4);
+  CloseFile();
+  Sent();
+  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { // the operator names the file while the order comes
+    Link("FACILITY NAME Road 22");
+    state.file.DataPath = Folder;
+    state.file.DataName = "FORM";
+  };
   Answer("3");
   Link("CTRL START");
   EXPECT_EQ(prompts.size(), 1U);
-  EXPECT_EQ(Roads(), Texts{"3.000 to 3.100"});
+  Texts lines = Sent();
+  ASSERT_EQ(lines.size(), 13U) << "the file is announced too";
+  EXPECT_EQ(lines[6], "FILE OPEN");
+  EXPECT_EQ(lines[7], "SET DMI  0 1  3");
+  EXPECT_EQ(Texts(lines.begin() + 8, lines.end()), told);
 }
 
 TEST_F(AtAPump, APositionInsideARowWaitsUntilTheRowIsWhole) {
@@ -70,6 +92,27 @@ TEST_F(AtAPump, APositionInsideAnEventRowIsCaughtUpAfterIt) {
   Tick();
   EXPECT_EQ(Roads(), (Texts{"10.100 to 10.200", "10.000 to 10.100", "10.000"}));
   ExpectAligned();
+}
+
+// The closing station is where the key was taken; a boundary that came behind it would be stored before it.
+TEST_F(AtAPump, APositionInTheSendsOfAStopCrossesNoBoundary) {
+  for (int pump : {2, 3}) { // the tick's own pump is the first
+    SCOPED_TRACE("pump " + std::to_string(pump));
+    OpenFile("STOP" + std::to_string(pump));
+    StartFromLink(10.0);
+    Dmi(10.05);
+    Key(F4);
+    LineAtPump(pump, "DMI 10.15");
+    Sounds();
+    Tick();
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10.05 0"}));
+    EXPECT_TRUE(Sounds().empty());
+    EXPECT_EQ(form.Texts8.Text(), "10.150");
+    StartFromLink(10.0);
+    Tick(2);
+    EXPECT_EQ(Rows(), 1) << "what was held belonged to the run before";
+    Press(F4);
+  }
 }
 
 TEST_F(AtAPump, AnExitInTheWaitsEndsTheStartFirst) {
@@ -175,6 +218,26 @@ TEST_F(AtAPump, WhatComesWhileAFileIsMadeIsCarriedOutInOrderBehindIt) {
   EXPECT_TRUE(prompts.empty());
   const auto& acts = fakes.shell.acts;
   EXPECT_EQ(std::count(acts.begin(), acts.end(), "Modal FileNewDialog2"), 0);
+}
+
+TEST_F(AtAPump, AKeyWhileTheNextFileOfARunIsMadeLosesNoRow) {
+  Fields().GridDepth = 5;
+  OpenFile("FIRST");
+  StartFromLink(10.0);
+  for (int i = 1; i <= 4; ++i)
+    Dmi(10 + i * 0.1);
+  fakes.shell.pictureBytes = 20000; // events run between its blocks
+  fakes.pump.AtPump(3, [this] {
+    Key('B');
+    form.IdleTimer.Fire();
+  });
+  Link("FILE NAME SECOND");
+  Link("FILE OPEN");
+  fakes.pump.ProcessEvents();
+  Tick();
+  Press(F4);
+  EXPECT_EQ(Stations(), (Texts{"10.1 0", "10.2 0", "10.3 0", "10.4 0", "10.4 1", "10.4 0"}))
+      << "the full grid's oldest row too";
 }
 
 TEST_F(AtAPump, AFileOrderedWhileOneIsClosedIsOpenedAfterIt) {

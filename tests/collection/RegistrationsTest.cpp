@@ -136,6 +136,29 @@ TEST_F(KeyPresses, SixteenKeysAheadLoseTheBacklog) {
   EXPECT_EQ(Cell(0, Crack), "3");
 }
 
+TEST_F(KeyPresses, NothingOfARunOutlivesItsEnd) {
+  const std::vector<std::vector<int>> ends = {{F4}, {Esc}, {F3, F4}, {F3, Esc}};
+  for (const auto& end : ends) {
+    SCOPED_TRACE(testing::PrintToString(end));
+    Press('E'); // waits for its second key
+    for (int key : end)
+      Key(key);
+    Key('A');
+    Key('D');
+    Key(F2);
+    Tick(6);
+    EXPECT_EQ(State(), 0);
+    StartFromLink(11.0);
+    Tick(6);
+    EXPECT_EQ(State(), 1);
+    for (int col = 1; col <= setup.ObsCount(); ++col)
+      EXPECT_EQ(Cell(0, col), "") << "column " << col;
+    Press('A');
+    EXPECT_EQ(Cell(0, Crack), "1") << "the first key of a run is no second one of a pair";
+    EXPECT_EQ(Cell(0, Rut), "");
+  }
+}
+
 TEST_F(KeyPresses, NoLetterReachesAControlInARun) {
   EXPECT_TRUE(run.Form_KeyPress(U'A'));
   Press(F4);

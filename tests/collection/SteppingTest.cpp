@@ -109,14 +109,21 @@ TEST_F(RoadSteps, DirectionTurnsByPictureAndKeysUntilAFileFixesIt) {
   EXPECT_FALSE(state.position.DmiIncreasing);
 }
 
-TEST_F(RoadSteps, StepBarFollowsThePositionEvery400Milliseconds) {
-  StartFromLink(1.0);
-  Dmi(1.05);
-  Tick(17);
-  EXPECT_EQ(Bar(0), "BAR:5");
-  Dmi(1.35); // one boundary crossed, far ahead of the row
-  Tick(17);
-  EXPECT_EQ(run.parts().grids.Bar(0), 100);
+TEST_F(RoadSteps, StepBarFollowsThePositionEvery400MillisecondsInBothDirections) {
+  for (const int way : {1, -1}) {
+    SCOPED_TRACE(way > 0 ? "up" : "down");
+    Link(way > 0 ? "SET DMI 0 I 10" : "SET DMI 0 D 10");
+    StartFromLink(10.0);
+    Tick(17);
+    EXPECT_EQ(Bar(0), "BAR:0");
+    Dmi(10 + way * 0.03);
+    Tick(17);
+    EXPECT_EQ(Bar(0), "BAR:3");
+    Dmi(10 + way * 0.35); // one boundary crossed, far ahead of the row
+    Tick(17);
+    EXPECT_EQ(run.parts().grids.Bar(0), 100);
+    Press(F4);
+  }
 }
 
 TEST_F(RoadSteps, SimulationMovesUntilTheFirstRealPositionAndNotInAPause) {
@@ -125,7 +132,16 @@ TEST_F(RoadSteps, SimulationMovesUntilTheFirstRealPositionAndNotInAPause) {
   Tick(33);
   EXPECT_NEAR(state.position.DmiStation.Default(), 1.001, 1e-9);
   EXPECT_EQ(Sent(), Texts{"DMI  1.001"});
+  form.UpDnPicture.Click();
+  Tick(66);
+  EXPECT_NEAR(state.position.DmiStation.Default(), 0.999, 1e-9);
+  Answer("1");
+  StartAt(1.0);
+  Press(F3);
+  Tick(66);
+  EXPECT_EQ(state.position.DmiStation.Default(), 1);
   Dmi(2);
+  Press(F4);
   Tick(66);
   EXPECT_EQ(state.position.DmiStation.Default(), 2);
 }
