@@ -31,11 +31,11 @@ int CodeOf(const std::string& key) {
 
 } // namespace
 
-DriveRunner::DriveRunner(const std::string& shared) {
-  InstallRelease(fakes.drives, shared);
+DriveRunner::DriveRunner(const std::string& shared, Drives* others) : drives(others ? *others : fakes.drives) {
+  InstallRelease(drives, shared);
   for (const char* name : {"NumericPrompt", "TextPrompt"})
     fakes.shell.scripts[name] = [this](Form& form) { Answer(form); };
-  program = std::make_unique<Program>(fakes.platform);
+  program = std::make_unique<Program>(platform);
 }
 
 DriveRunner::~DriveRunner() = default;
@@ -47,12 +47,9 @@ void DriveRunner::Answer(Form& form) {
     return;
   const std::string answer = answers.front();
   answers.pop_front();
-  if (answer == "<esc>") {
-    box->Press(27, 0);
-    return;
-  }
-  box->Type(answer);
-  box->Press(13, 0);
+  const bool escapes = answer == "<esc>";
+  box->Type(escapes ? "given up" : answer);
+  form.OnKeyDown(escapes ? 27 : 13, 0);
 }
 
 void DriveRunner::TellLines() {
@@ -123,7 +120,7 @@ std::string DriveRunner::Play(const std::string& drive) {
   TellLines();
   for (const auto& box : fakes.shell.boxes)
     told += "box " + box + "\n";
-  return told + FilesLeft(fakes.drives);
+  return told + FilesLeft(drives);
 }
 
 } // namespace trekor::tests

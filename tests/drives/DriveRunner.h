@@ -18,7 +18,8 @@ namespace trekor::tests {
 //   key NAME        a key: F2, A, 7, Space, Num3, Num+, Esc, Del, or a code such as #65
 //   tick [N]        N ticks of 25 ms
 //   wait MS         the clock goes on and the ticks with it
-//   answer TEXT     the next prompt is answered so; "answer <esc>" presses Esc, "answer" alone empties the box
+//   answer TEXT     the next prompt is answered so; "answer <esc>" types something and then presses Esc, "answer" alone
+//                   empties the box
 //   cell ROW COL    in a pause the operator moves to that cell of the grid (rows from 4)
 //   station TEXT, step TEXT    the operator types into the box and leaves it
 //   peer closes, peer fails    the link is lost
@@ -27,18 +28,24 @@ namespace trekor::tests {
 class DriveRunner {
 public:
   // `shared` is the folder with what a release ships (templates, sample vocabulary, tones).
-  explicit DriveRunner(const std::string& shared);
+  explicit DriveRunner(const std::string& shared) : DriveRunner(shared, nullptr) {}
+  // On other drives than the stand-ins; they must outlive the runner.
+  DriveRunner(const std::string& shared, Drives& vehicles) : DriveRunner(shared, &vehicles) {}
   ~DriveRunner();
   // All that came out, as one text.
   std::string Play(const std::string& drive);
 
 private:
+  DriveRunner(const std::string& shared, Drives* others);
   void Do(const std::string& line);
   void Tick(int n);
   void Answer(Form& form);
   void TellLines();
 
   FakePlatform fakes;
+  Drives& drives;
+  Platform platform{fakes.clock,    fakes.pump, fakes.socket,  fakes.sound,
+                    fakes.keyboard, drives,     fakes.process, fakes.shell};
   std::unique_ptr<Program> program;
   std::deque<std::string> answers;
   std::string told;

@@ -2,21 +2,23 @@
 // For rooms that stand on store.
 #pragma once
 
+#include "platform/Drives.h"
 #include "store/Recordset.h"
-#include "support/FakePlatform.h"
 #include "values/Text.h"
 
 #include <filesystem>
+#include <fstream>
+#include <sstream>
 #include <string>
 
 namespace trekor::tests {
 
 // `shared` is the folder with what a release ships (templates, sample vocabulary, tones). Drive D is there for backups.
-inline void InstallRelease(FakeDrives& drives, const std::string& shared) {
+inline void InstallRelease(Drives& drives, const std::string& shared) {
   namespace fs = std::filesystem;
   for (const char* folder :
        {"C:\\Veldmark\\Trekor\\VDB", "C:\\Veldmark\\Trekor\\MDB", "C:\\Veldmark\\Parcels\\MDB", "C:\\Roads", "D:\\"})
-    drives.MakeFolders(folder);
+    fs::create_directories(drives.NativePath(folder));
   const fs::path to = drives.NativePath("C:\\Trekor");
   fs::copy(shared, to, fs::copy_options::recursive | fs::copy_options::overwrite_existing);
   fs::copy(to / "HardWare.vdb", fs::path(drives.NativePath("C:\\Veldmark\\Trekor\\VDB")) / "Hardware.vdb");
@@ -40,14 +42,16 @@ inline std::string RowsOf(Database& database, const std::string& table) {
 }
 
 // Every data file and comma file on the data drive and on the backup drive, as one text.
-inline std::string FilesLeft(FakeDrives& drives) {
+inline std::string FilesLeft(Drives& drives) {
   std::string text;
   for (const std::string folder : {"C:\\Roads", "D:\\Roads"})
     for (const auto& name : drives.Files(folder, "*.*")) {
       const std::string path = folder + "\\" + name;
       text += "== " + path + "\n";
       if (SameText(name.substr(name.size() - 4), ".TKR")) {
-        text += FromWindows1252(drives.Read(path));
+        std::ostringstream bytes;
+        bytes << std::ifstream(drives.NativePath(path), std::ios::binary).rdbuf();
+        text += FromWindows1252(bytes.str());
         continue;
       }
       const auto database = Database::Open(drives.NativePath(path), OpenMode::ReadOnly);
