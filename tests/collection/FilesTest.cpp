@@ -1,5 +1,7 @@
 #include "collection/RunFixture.h"
 
+#include <algorithm>
+
 namespace trekor::tests {
 
 class FileMenuStories : public RunFixture {
@@ -31,13 +33,32 @@ TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
   EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\ROAD09.mdb (1)");
 }
 
-TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnounced) {
+TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnouncedAndTheNextOneIs) {
+  fakes.drives.currentFolder = Folder;
   Operator_Names("ROAD09");
   fakes.drives.failing.push_back("C:\\ROADS\\ROAD09.MDB");
   form.mnuNew.Click();
   EXPECT_TRUE(Sent().empty());
   EXPECT_FALSE(state.run.DataFileOpen);
   EXPECT_TRUE(form.cboTestSetupNames.Enabled());
+  fakes.shell.scripts.erase("FileNewDialog2"); // and the form is closed untouched
+  form.mnuNew.Click();
+  EXPECT_TRUE(Sent().empty());
+  // By hand, with the vehicle's one drive.
+  fakes.drives.failing.clear();
+  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) {
+    fileNew.form.Texts2.Type("ROAD09");
+    fileNew.form.OnKeyDown(13, 0);
+  };
+  Answer("10");
+  form.tbControlBar.ClickButton("play");
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
+  EXPECT_EQ(Stations(), Texts{"10 0"});
+  const auto lines = Sent();
+  EXPECT_NE(std::find(lines.begin(), lines.end(), "FILE BACKUPPATH "), lines.end());
+  Press(F4);
+  CloseFile();
+  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.TKR"));
 }
 
 TEST_F(FileMenuStories, ACloseLeavesTheCommaFileAndTellsTheLink) {

@@ -61,6 +61,32 @@ TEST(FileNewDialog2, HandsOverNameFolderBackupAndRoad) {
                                                                     "SECTION START Bridge", "SECTION END Exit 12"}));
 }
 
+TEST(FileNewDialog2, MakesItsFileWithoutACopyWhenThereIsNoOtherDriveOrNoneIsWanted) {
+  for (const bool oneDrive : {true, false}) {
+    Dialog d;
+    if (oneDrive)
+      for (const char* drive : {"D", "E"})
+        std::filesystem::remove_all(d.drives.root / drive);
+    d.drives.MakeFolders("C:\\Data");
+    d.drives.currentFolder = "C:\\Data";
+    d.state.file.BackupPath = "E:\\Data"; // of the job before
+    d.Ask([&] {
+      if (oneDrive)
+        EXPECT_EQ(d.form.cboBackup.ListCount(), 1);
+      else
+        d.form.cboBackup.Select(0);
+      EXPECT_EQ(d.form.cboBackup.Text(), "No Backup");
+      d.form.Texts2.Type("ROAD01");
+      d.form.CmdOK.Click();
+      EXPECT_FALSE(d.form.Shown);
+    });
+    EXPECT_EQ(d.state.file.DataName, "ROAD01");
+    EXPECT_EQ(d.state.file.DataPath, "C:\\Data");
+    EXPECT_EQ(d.state.file.BackupPath, "");
+    d.Ask([&] { EXPECT_EQ(d.form.cboBackup.Text(), "No Backup") << "the choice stays for the next file"; });
+  }
+}
+
 TEST(FileNewDialog2, ForgetsTheNameWhenTheUserCancels) {
   for (const int key : {27, 115, 13}) { // Enter with an empty name is a cancel, too
     Dialog d;
@@ -85,6 +111,15 @@ TEST(FileNewDialog2, RefusesANameThatExistsOnEitherDrive) {
     EXPECT_EQ(d.Messages(), 1) << existing;
     EXPECT_EQ(d.state.file.DataName, "") << existing;
     EXPECT_EQ(d.state.file.BackupPath, "") << existing;
+    d.Ask([&d] {
+      d.form.Texts2.Type("ROAD01");
+      d.form.CmdOK.Click();
+      EXPECT_TRUE(d.form.Shown);
+      EXPECT_EQ(d.form.Texts2.Text(), "ROAD01");
+      d.form.Texts2.Type("ROAD02");
+      d.form.CmdOK.Click();
+    });
+    EXPECT_EQ(d.state.file.DataName, "ROAD02") << existing;
   }
 }
 
