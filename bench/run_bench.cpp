@@ -3,6 +3,7 @@
 //
 //   trekor_run_bench [STEPS]
 #include "core/Program.h"
+#include "support/FakePlatform.h"
 #include "support/ReleasedTree.h"
 
 #include <chrono>

@@ -1,6 +1,7 @@
 // The whole program without windows: how it comes up, what keeps it from coming up, and its three ways out.
 #include "core/Program.h"
 
+#include "support/FakePlatform.h"
 #include "support/ReleasedTree.h"
 
 #include <gtest/gtest.h>
