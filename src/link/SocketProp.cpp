@@ -1,5 +1,6 @@
 #include "link/SocketProp.h"
 
+#include "platform/WaitSeconds.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -13,8 +14,8 @@ namespace trekor {
 namespace {
 
 constexpr int KeyEscape = 27;
-constexpr int WatchdogPeriod = 5000;          // ms
-constexpr double FirstConnectionLimit = 2000; // ms
+constexpr int WatchdogPeriod = 5000;       // ms
+constexpr double FirstConnectionLimit = 2; // s
 constexpr char Quote = '"';
 // No line of the protocol comes near this. What has no end by then is garbage and must not fill the memory.
 constexpr std::size_t LongestLine = std::size_t{1} << 20;
@@ -56,12 +57,6 @@ void ShowDefault(TextBox& box) {
 }
 
 } // namespace
-
-void WaitSeconds(double seconds, Clock& clock, Pump& pump) {
-  const double end = clock.Milliseconds() + seconds * 1000;
-  while (clock.Milliseconds() < end)
-    pump.ProcessEvents();
-}
 
 SocketProp::SocketProp(ProgramState& programState, Platform& seams, TextDatabase& textDatabase, Form& measurements)
     : state(programState), platform(seams), texts(textDatabase), mainForm(measurements) {}
@@ -140,9 +135,7 @@ void SocketProp::WaitSeconds(double seconds) {
 }
 
 void SocketProp::WaitForFirstConnection() {
-  const double end = platform.clock.Milliseconds() + FirstConnectionLimit;
-  while (!FirstAttemptSettled && platform.clock.Milliseconds() < end)
-    platform.pump.ProcessEvents();
+  trekor::WaitSeconds(FirstConnectionLimit, platform.clock, platform.pump, [this] { return FirstAttemptSettled; });
 }
 
 void SocketProp::cmdConnect_Click() {

@@ -14,9 +14,6 @@
 
 namespace trekor {
 
-// Waits on the millisecond clock while pending events run.
-void WaitSeconds(double seconds, Clock& clock, Pump& pump);
-
 // The small window "Client Properties".
 struct SocketPropForm : Form {
   SocketPropForm() : Form("SocketProp") {}

@@ -1,4 +1,4 @@
-// The toolkit's event loop, one helping at a time. Posted socket events are dispatched in here too.
+// The toolkit's event loop, one helping at a time. The socket's events are raised in here too.
 #pragma once
 
 #include "platform/Pump.h"
@@ -8,6 +8,7 @@ namespace trekor {
 class QtPump : public Pump {
 public:
   void ProcessEvents() override;
+  void WaitForEvents(double milliseconds) override;
 };
 
 } // namespace trekor

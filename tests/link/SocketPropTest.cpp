@@ -203,6 +203,7 @@ TEST_F(SocketPropTest, UnloadingSaysExitWaitsAndHearsNothingMore) {
   const double before = fake.clock.Milliseconds();
   Arrive("CTRL EXIT\r\nDMI 1\r\n"); // what stands behind the order to leave is left
   EXPECT_GE(fake.clock.Milliseconds(), before + 1000);
+  EXPECT_GE(fake.pump.sleeps, 990); // the second, but for what the sends pump
   EXPECT_EQ(TakeHeard(), Lines{"CTRL EXIT"});
   EXPECT_EQ(Sent(), Lines{"CTRL EXIT"});
   EXPECT_EQ(fake.socket.state, SocketState::Closed);
@@ -224,8 +225,10 @@ TEST_F(SocketPropTest, TheFirstConnectionIsAwaitedForAShortWhile) {
   SocketProp silent(state, fake.platform, texts, mainForm);
   silent.Load();
   fake.socket.state = SocketState::ResolvingHost; // and nothing ever comes of it
+  fake.pump.sleeps = 0;
   silent.WaitForFirstConnection();
   EXPECT_LT(fake.clock.Milliseconds(), before + 5000);
+  EXPECT_GE(fake.pump.sleeps, 1990);
 }
 
 TEST(SplitMessageTest, QuotesHoldWordsTogether) {

@@ -33,11 +33,16 @@ class FakePump : public Pump {
 public:
   explicit FakePump(FakeClock& c) : clock(c) {}
   void ProcessEvents() override;
+  void WaitForEvents(double) override {
+    ++sleeps;
+    ProcessEvents();
+  }
   // Runs at the next pump.
   void Post(std::function<void()> event) { events.push_back(std::move(event)); }
   // Runs at the n-th pump from now (1 is the next), so that an event can arrive in the middle of an operation.
   void AtPump(int n, std::function<void()> event) { later.emplace(count + n, std::move(event)); }
   int count = 0;
+  int sleeps = 0; // those of the pumps that let the processor sleep
   double millisecondsPerPump = 1;
 
 private:

@@ -14,6 +14,7 @@ public:
 class QuietPump : public Pump {
 public:
   void ProcessEvents() override {}
+  void WaitForEvents(double) override {}
 };
 
 class QuietSocket : public Socket {
