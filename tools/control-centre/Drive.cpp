@@ -14,6 +14,7 @@ namespace control {
 namespace {
 
 using Action = Event::Action;
+constexpr double HighestRate = 1000;
 
 const QHash<QString, Action>& Actions() {
   static const QHash<QString, Action> table{
@@ -26,7 +27,7 @@ const QHash<QString, Action>& Actions() {
 
 // The first word; `rest` keeps what stands behind it, its inner blanks as they are.
 QString TakeWord(QString& rest) {
-  const QString word = rest.section(' ', 0, 0);
+  QString word = rest.section(' ', 0, 0);
   rest = rest.mid(word.size()).trimmed();
   return word;
 }
@@ -61,10 +62,12 @@ bool ReadSetting(const QString& word, const QString& rest, const QString& folder
     return Number(rest, drive.startKm);
   if (word == "speed")
     return Number(rest, drive.speed);
+  if (word == "pace")
+    return Number(rest, drive.pace) && drive.pace > 0 && drive.pace <= HighestRate;
   if (word == "dmi")
-    return Number(rest, drive.dmiPerSecond) && drive.dmiPerSecond >= 0;
+    return Number(rest, drive.dmiPerSecond) && drive.dmiPerSecond >= 0 && drive.dmiPerSecond <= HighestRate;
   if (word == "gps")
-    return Number(rest, drive.gpsPerSecond) && drive.gpsPerSecond >= 0;
+    return Number(rest, drive.gpsPerSecond) && drive.gpsPerSecond >= 0 && drive.gpsPerSecond <= HighestRate;
   if (word == "direction") {
     drive.increasing = rest == "up";
     return rest == "up" || rest == "down";
@@ -92,7 +95,7 @@ bool ReadScript(const QString& text, const QString& folder, Drive& drive, QStrin
     }
     speedGiven = speedGiven || word == "speed";
   }
-  drive.replaysTrack = !speedGiven && drive.track.HasTimes();
+  drive.replaysTrack = !speedGiven && !drive.track.Empty();
   std::stable_sort(drive.events.begin(), drive.events.end(),
                    [](const Event& a, const Event& b) { return a.seconds < b.seconds; });
   return true;
@@ -104,17 +107,15 @@ bool ReadDrive(const QString& path, Drive& drive, QString* reason) {
     *reason = path + ": " + file.errorString();
     return false;
   }
-  const QByteArray bytes = file.readAll(), start = bytes.trimmed().left(1);
+  QByteArray bytes = file.readAll();
+  if (bytes.startsWith("\xEF\xBB\xBF"))
+    bytes.remove(0, 3); // a byte order mark
+  const QByteArray start = bytes.trimmed().left(1);
   if (start != "<" && start != "$")
     return ReadScript(QString::fromUtf8(bytes), QFileInfo(path).absolutePath(), drive, reason);
   drive = {};
   drive.replaysTrack = true;
-  if (!drive.track.ReadText(bytes, reason))
-    return false;
-  drive.replaysTrack = drive.track.HasTimes();
-  if (!drive.replaysTrack)
-    drive.speed = 50; // a track without times is driven at a country road's pace
-  return true;
+  return drive.track.ReadText(bytes, reason);
 }
 
 } // namespace control

@@ -30,6 +30,7 @@ struct Drive {
   bool increasing = true;
   double speed = 0;          // km/h at the start
   bool replaysTrack = false; // no speed given: the track's own times rule
+  double pace = 1;           // how many seconds of the drive pass in one: events, messages and the vehicle
   double dmiPerSecond = 10, gpsPerSecond = 1;
   std::vector<Event> events; // in order of time, as written when equal
   double lengthSeconds() const { return events.empty() ? 0 : events.back().seconds; }

@@ -1,11 +1,14 @@
-// Time of the drive stands while an event waits, and the vehicle with it: so a drive gives the same file on a slow
-// machine.
+// A drive is a row of moments: those of the events, and those of the positions, which fall due at their own rate. A
+// tick carries out all that have come since the last one, each as of its own moment, so that neither a slow machine nor
+// the length of a tick changes what is told. Time stands while an event waits, and the vehicle with it.
 #include "Player.h"
 
 #include <QDateTime>
 #include <QGuiApplication>
 #include <QPixmap>
 #include <QScreen>
+#include <algorithm>
+#include <limits>
 
 namespace control {
 
@@ -36,9 +39,17 @@ void Player::Hear(const QString& line) {
   if (line.startsWith("SET DMI "))
     SetCount(line.split(' ', Qt::SkipEmptyParts));
   if (line.startsWith("SET SYSTEM ") && !timer.isActive()) {
+    TellStart();
     wall.start();
     timer.start(TickMilliseconds);
   }
+}
+
+// "SET DMI 0 D 10.0500": where the vehicle stands and which way its stations count.
+void Player::TellStart() {
+  link.Send(QString("SET DMI 0 %1 %2").arg(drive.increasing ? "I" : "D").arg(drive.startKm, 0, 'f', 4));
+  if (drive.replaysTrack && !drive.track.Note().isEmpty())
+    link.Tell("--", drive.track.Note());
 }
 
 // "SET DMI  0 -1  12.35": the operator has turned the direction or set the count; the instrument counts on from there.
@@ -52,27 +63,39 @@ void Player::SetCount(const QStringList& words) {
 void Player::Tick() {
   const double present = static_cast<double>(wall.nsecsElapsed()) / 1e9, passed = present - last;
   last = present;
-  if (!held) {
-    now += passed;
-    Move(passed);
-  }
-  RunEvents();
+  if (!held)
+    return DriveTo(now + passed * drive.pace);
+  RunEvent();
   waited = held ? waited + passed : 0;
   if (waited > patienceSeconds)
-    return Fail("waited in vain for: " + drive.events[next].text);
-  if (!held && timer.isActive())
-    Report();
+    Fail("waited in vain for: " + drive.events[next].text);
 }
 
-// Carries out what is due; a wait that is not met yet holds the rest.
-void Player::RunEvents() {
-  held = false;
-  while (timer.isActive() && next < drive.events.size() && drive.events[next].seconds <= now) {
-    held = Waiting(drive.events[next]);
-    if (held)
+// An event goes before a position of the same moment.
+void Player::DriveTo(double moment) {
+  constexpr double never = std::numeric_limits<double>::infinity();
+  while (timer.isActive() && !held) {
+    const double event = next < drive.events.size() ? drive.events[next].seconds : never;
+    const double dmi = drive.dmiPerSecond > 0 ? static_cast<double>(dmiSent) / drive.dmiPerSecond : never;
+    const double gps = drive.gpsPerSecond > 0 ? static_cast<double>(gpsSent) / drive.gpsPerSecond : never;
+    const double due = std::min({event, dmi, gps});
+    MoveTo(std::min(due, moment));
+    if (due > moment)
       return;
-    Do(drive.events[next++]);
+    if (due == event)
+      RunEvent();
+    else if (due == dmi)
+      SendDmi();
+    else
+      SendGps();
   }
+}
+
+// Carries out the next event; a wait that is not met yet holds the rest.
+void Player::RunEvent() {
+  held = Waiting(drive.events[next]);
+  if (!held)
+    Do(drive.events[next++]);
 }
 
 void Player::Fail(const QString& why) {
@@ -132,33 +155,39 @@ void Player::TakeScreenshot(const QString& path) {
   Fail("could not take the screenshot " + path);
 }
 
-void Player::Move(double seconds) {
+// An event that stands before the present one in time, behind a wait, does not turn the time back.
+void Player::MoveTo(double moment) {
+  const double passed = std::max(0.0, moment - now);
+  now += passed;
   if (drive.replaysTrack)
     way = drive.track.AtSeconds(now).km;
   else
-    way += drive.speed / 3600 * seconds;
+    way += drive.speed / 3600 * passed;
 }
 
 double Player::StationKm() const {
   return drive.increasing ? drive.startKm + way : drive.startKm - way;
 }
 
-// "DMI 10.0417", "GPS 61705 45.2725250 13.7124552 206.3 1 9 0 0 0 0": time, position, height, status, satellites.
-void Player::Report() {
-  const bool moves = drive.replaysTrack || drive.speed != 0;
-  if (drive.dmiPerSecond > 0 && moves && now >= nextDmi) {
-    nextDmi = now + 1 / drive.dmiPerSecond;
+// "DMI 10.0417". A vehicle that stands and has no track tells nothing.
+void Player::SendDmi() {
+  ++dmiSent;
+  if (drive.replaysTrack || drive.speed != 0)
     link.Send("DMI " + QString::number(StationKm(), 'f', 4));
-  }
-  if (drive.gpsPerSecond > 0 && !drive.track.Empty() && now >= nextGps) {
-    nextGps = now + 1 / drive.gpsPerSecond;
-    const TrackPoint p = drive.track.AtKm(way);
-    link.Send(QString("GPS %1 %2 %3 %4 1 9 0 0 0 0")
-                  .arg(p.clock, 0, 'f', 0)
-                  .arg(p.latitude, 0, 'f', 7)
-                  .arg(p.longitude, 0, 'f', 7)
-                  .arg(p.height, 0, 'f', 1));
-  }
+}
+
+// "GPS 61705 45.2725250 13.7124552 206.3 1 9 0 0 0 0": time of day, position, height, status, satellites.
+void Player::SendGps() {
+  ++gpsSent;
+  if (drive.track.Empty())
+    return;
+  const TrackPoint p = drive.replaysTrack ? drive.track.AtSeconds(now) : drive.track.AtKm(way);
+  const int seconds = static_cast<int>(p.timeOfDay + 0.001); // a whole second that was worked out may lie just below
+  link.Send(QString("GPS %1 %2 %3 %4 1 9 0 0 0 0")
+                .arg(seconds / 3600 * 10000 + seconds / 60 % 60 * 100 + seconds % 60)
+                .arg(p.latitude, 0, 'f', 7)
+                .arg(p.longitude, 0, 'f', 7)
+                .arg(p.height, 0, 'f', 1));
 }
 
 } // namespace control

@@ -28,15 +28,18 @@ signals:
 private:
   void Hear(const QString& line);
   void SetCount(const QStringList& words);
+  void TellStart();
   void Tick();
-  void RunEvents();
+  void DriveTo(double moment);
+  void RunEvent();
   void Fail(const QString& why);
   bool Waiting(const Event& event);
   void Do(const Event& event);
   void Press(const Event& event);
   void TakeScreenshot(const QString& path);
-  void Move(double seconds);
-  void Report();
+  void MoveTo(double moment);
+  void SendDmi();
+  void SendGps();
   double StationKm() const;
 
   Drive drive;
@@ -44,15 +47,15 @@ private:
   KeyPresser& keys;
   QTimer timer;
   QElapsedTimer wall;
-  double now = 0;    // drive time in seconds: the wall's, less what waits have held
-  double last = 0;   // wall time of the last tick
-  double way = 0;    // kilometres driven
-  double waited = 0; // how long the present wait has lasted
-  bool held = false; // a wait holds the drive
-  double nextDmi = 0, nextGps = 0;
-  std::size_t next = 0; // event
-  QStringList heard;    // lines that no wait has used yet
-  long long window = 0; // the program's, from its greeting
+  double now = 0;                     // drive time in seconds: the wall's times the pace, less what waits have held
+  double last = 0;                    // wall time of the last tick
+  double way = 0;                     // kilometres driven
+  double waited = 0;                  // how long the present wait has lasted, of the wall
+  bool held = false;                  // a wait holds the drive
+  long long dmiSent = 0, gpsSent = 0; // moments that have come, whether or not there was anything to tell
+  std::size_t next = 0;               // event
+  QStringList heard;                  // lines that no wait has used yet
+  long long window = 0;               // the program's, from its greeting
 };
 
 } // namespace control

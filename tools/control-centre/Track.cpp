@@ -1,4 +1,5 @@
-// Both formats end in the same list of points; way and relative time are worked out once, on appending.
+// Both formats end in the same list of points with the times that were read; the way is worked out on appending, and
+// the times of the drive when all points are there.
 #include "Track.h"
 
 #include <QDateTime>
@@ -13,28 +14,35 @@ namespace control {
 
 namespace {
 
-double ClockOf(const QTime& time) {
-  return time.hour() * 10000 + time.minute() * 100 + time.second() + time.msec() / 1000.0;
+constexpr double Day = 86400;
+constexpr double SecondsPerKm = 60; // where nothing else is known: 60 km/h
+
+// The time of day that follows after so many seconds, or stood before when they are negative.
+double TimeAfter(double timeOfDay, double seconds) {
+  const double sum = std::fmod(timeOfDay + seconds, Day);
+  return sum < 0 ? sum + Day : sum;
 }
 
-// A point whose `seconds` is still the absolute time.
-TrackPoint GpxPoint(QXmlStreamReader& xml, bool* valid) {
+// A time without a zone is meant as UTC, like all of them.
+std::optional<double> GpxTime(const QString& text) {
+  auto time = QDateTime::fromString(text.trimmed(), Qt::ISODateWithMs);
+  if (time.timeSpec() == Qt::LocalTime)
+    time.setTimeSpec(Qt::UTC);
+  return time.isValid() ? std::optional(static_cast<double>(time.toMSecsSinceEpoch()) / 1000.0) : std::nullopt;
+}
+
+TrackPoint GpxPoint(QXmlStreamReader& xml, std::optional<double>& time, bool* valid) {
   TrackPoint p;
   bool latOk = false, lonOk = false;
   p.latitude = xml.attributes().value("lat").toDouble(&latOk);
   p.longitude = xml.attributes().value("lon").toDouble(&lonOk);
   while (xml.readNextStartElement()) {
-    if (xml.name() == u"ele") {
+    if (xml.name() == u"ele")
       p.height = xml.readElementText().toDouble();
-    } else if (xml.name() == u"time") {
-      const auto time = QDateTime::fromString(xml.readElementText().trimmed(), Qt::ISODateWithMs).toUTC();
-      if (time.isValid()) {
-        p.seconds = static_cast<double>(time.toMSecsSinceEpoch()) / 1000.0;
-        p.clock = ClockOf(time.time());
-      }
-    } else {
+    else if (xml.name() == u"time")
+      time = GpxTime(xml.readElementText());
+    else
       xml.skipCurrentElement();
-    }
   }
   *valid = latOk && lonOk && std::abs(p.latitude) <= 90 && std::abs(p.longitude) <= 180;
   return p;
@@ -59,19 +67,24 @@ std::optional<double> NmeaDegrees(const QByteArray& number, const QByteArray& he
   return hemisphere == "S" || hemisphere == "W" ? -value : value;
 }
 
-double NmeaSeconds(const QByteArray& hhmmss) {
-  const double raw = hhmmss.toDouble();
+std::optional<double> NmeaSeconds(const QByteArray& hhmmss) {
+  bool ok = false;
+  const double raw = hhmmss.toDouble(&ok);
+  if (!ok)
+    return std::nullopt;
   const int whole = static_cast<int>(raw);
-  return whole / 10000 * 3600 + whole / 100 % 100 * 60 + whole % 100 + (raw - whole);
+  const int seconds = whole / 10000 * 3600 + whole / 100 % 100 * 60 + whole % 100;
+  return seconds + (raw - whole);
 }
 
 TrackPoint Between(const TrackPoint& a, const TrackPoint& b, double part) {
-  TrackPoint p = part < 0.5 ? a : b; // the clock is a reading, not a quantity: it is not interpolated
+  TrackPoint p = part < 1 ? a : b;
   p.seconds = std::lerp(a.seconds, b.seconds, part);
   p.latitude = std::lerp(a.latitude, b.latitude, part);
   p.longitude = std::lerp(a.longitude, b.longitude, part);
   p.height = std::lerp(a.height, b.height, part);
   p.km = std::lerp(a.km, b.km, part);
+  p.timeOfDay = TimeAfter(p.timeOfDay, part < 1 ? p.seconds - a.seconds : 0);
   return p;
 }
 
@@ -106,8 +119,11 @@ bool Track::Read(const QString& path, QString* reason) {
   return ReadText(file.readAll(), reason);
 }
 
-bool Track::ReadText(const QByteArray& text, QString* reason) {
+bool Track::ReadText(const QByteArray& bytes, QString* reason) {
+  const QByteArray text = bytes.startsWith("\xEF\xBB\xBF") ? bytes.mid(3) : bytes;
   points.clear();
+  times.clear();
+  note.clear();
   if (text.trimmed().startsWith('<')) {
     if (!ReadGpx(text, reason))
       return false;
@@ -116,23 +132,21 @@ bool Track::ReadText(const QByteArray& text, QString* reason) {
   }
   if (Empty())
     *reason = "fewer than two positions";
+  else
+    SetTimes();
   return !Empty();
 }
 
 bool Track::ReadGpx(const QByteArray& text, QString* reason) {
   QXmlStreamReader xml(text);
-  double first = 0;
   while (!xml.atEnd()) {
     if (xml.readNext() != QXmlStreamReader::StartElement || xml.name() != u"trkpt")
       continue;
     bool valid = false;
-    TrackPoint p = GpxPoint(xml, &valid);
-    if (!valid)
-      continue;
-    if (points.empty())
-      first = p.seconds;
-    p.seconds = std::max(0.0, p.seconds - first);
-    Append(p);
+    std::optional<double> time;
+    const TrackPoint p = GpxPoint(xml, time, &valid);
+    if (valid)
+      Append(p, time);
   }
   if (xml.hasError())
     *reason = QString("line %1: %2").arg(xml.lineNumber()).arg(xml.errorString());
@@ -143,10 +157,9 @@ bool Track::ReadGpx(const QByteArray& text, QString* reason) {
 //   1 time, 2/3 latitude, 4/5 longitude, 6 fix (0 none), 7 satellites, 9 height
 // $GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A
 //   1 time, 2 valid (A), 3/4 latitude, 5/6 longitude
-// A receiver sends both for one fix: the second of the same time is passed over.
+// A receiver sends both for one fix, in any order: the second of the same time and place only gives its height.
 void Track::ReadNmea(const QByteArray& text) {
-  std::optional<double> first;
-  double day = 0, last = -1;
+  double day = 0;
   double height = 0;
   for (const QByteArray& raw : text.split('\n')) {
     const QByteArray sentence = raw.trimmed();
@@ -160,25 +173,93 @@ void Track::ReadNmea(const QByteArray& text) {
       continue;
     const int at = gga ? 2 : 3;
     const auto latitude = NmeaDegrees(f[at], f[at + 1]), longitude = NmeaDegrees(f[at + 2], f[at + 3]);
-    const double seconds = NmeaSeconds(f[1]);
-    if (!latitude || !longitude || seconds == last)
+    if (!latitude || !longitude)
       continue;
     if (gga)
       height = f[9].toDouble();
-    if (seconds < last)
-      day += 86400; // past midnight
-    last = seconds;
-    first = first.value_or(seconds);
-    Append({day + seconds - *first, *latitude, *longitude, height, 0, f[1].toDouble()});
+    auto time = NmeaSeconds(f[1]);
+    if (time && !times.empty() && times.back() && *time + day < *times.back() - Day / 2)
+      day += Day; // past midnight; by less it is a clock that goes back
+    if (time)
+      *time += day;
+    if (!points.empty() && time == times.back() && points.back().latitude == *latitude &&
+        points.back().longitude == *longitude)
+      points.back().height = height;
+    else
+      Append({0, *latitude, *longitude, height, 0, 0}, time);
   }
 }
 
-void Track::Append(TrackPoint point) {
-  if (!points.empty()) {
-    point.seconds = std::max(point.seconds, points.back().seconds); // a clock that jumps back stands still here
-    point.km = points.back().km + WayKm(points.back(), point);
-  }
+void Track::Append(TrackPoint point, std::optional<double> time) {
+  point.km = points.empty() ? 0 : points.back().km + WayKm(points.back(), point);
   points.push_back(point);
+  times.push_back(time);
+}
+
+void Track::SetTimes() {
+  std::vector<bool> known(points.size());
+  const std::size_t taken = TakeReadings(known);
+  FillTimes(known);
+  if (taken == 0)
+    note = "the track has no times: it is driven at 60 km/h";
+  else if (taken < points.size())
+    note = QString("%1 of the track's %2 points have no time or one that does not follow: they are driven by the way "
+                   "between their neighbours, and at 60 km/h where no time stands on both sides")
+               .arg(points.size() - taken)
+               .arg(points.size());
+}
+
+// Puts the readings that follow one another on the drive's own clock, and says which points have got a time by that.
+std::size_t Track::TakeReadings(std::vector<bool>& known) {
+  std::size_t taken = 0, last = 0;
+  double shift = 0;
+  for (std::size_t i = 0; i < points.size(); ++i) {
+    if (!times[i])
+      continue;
+    TrackPoint& p = points[i];
+    p.timeOfDay = TimeAfter(*times[i], 0);
+    if (taken == 0)
+      shift = p.km * SecondsPerKm - *times[i]; // what lies before it takes its time, too
+    p.seconds = *times[i] + shift;
+    if (taken > 0 && p.seconds <= points[last].seconds) {
+      // A single reading that goes back is passed over. A clock that was set back is seen by the reading behind it.
+      const auto next = std::find_if(times.begin() + static_cast<std::ptrdiff_t>(i) + 1, times.end(),
+                                     [](const auto& time) { return time.has_value(); });
+      if (p.seconds == points[last].seconds || (next != times.end() && **next + shift > points[last].seconds))
+        continue;
+      p.seconds = points[last].seconds + (p.km - points[last].km) * SecondsPerKm;
+      shift = p.seconds - *times[i];
+    } else {
+      ++taken;
+    }
+    known[i] = true;
+    last = i;
+  }
+  return taken;
+}
+
+// The times of all other points, by the way between those that have one.
+void Track::FillTimes(const std::vector<bool>& known) {
+  const auto next = [&](std::size_t from) {
+    return static_cast<std::size_t>(std::find(known.begin() + static_cast<std::ptrdiff_t>(from), known.end(), true) -
+                                    known.begin());
+  };
+  for (std::size_t i = 0, after = next(0); i < points.size(); ++i) {
+    TrackPoint& p = points[i];
+    if (known[i]) {
+      after = next(i + 1);
+      continue;
+    }
+    const bool between = i > 0 && after < points.size();
+    const TrackPoint before = i > 0 ? points[i - 1] : TrackPoint{};
+    const double rest = between ? points[after].km - before.km : 0;
+    const double perKm = rest > 0 ? (points[after].seconds - before.seconds) / rest : SecondsPerKm;
+    p.seconds = before.seconds + (p.km - before.km) * perKm;
+    if (!times[i])
+      p.timeOfDay = i > 0 ? TimeAfter(before.timeOfDay, p.seconds - before.seconds)
+                          : TimeAfter(after < points.size() ? points[after].timeOfDay : 0,
+                                      after < points.size() ? -points[after].seconds : 0);
+  }
 }
 
 TrackPoint Track::AtKm(double km) const {
