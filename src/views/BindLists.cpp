@@ -10,6 +10,8 @@
 #include <QSignalBlocker>
 
 #include <algorithm>
+#include <functional>
+#include <utility>
 
 namespace trekor {
 
@@ -53,18 +55,45 @@ private:
   QComboBox* box = nullptr;
 };
 
+// Tells each choice of the operator's mouse and keys, that of the chosen entry too, and chooses nothing by itself: the
+// toolkit's own list takes its first entry with the focus.
+class ListWidget : public QListWidget {
+public:
+  using QListWidget::QListWidget;
+  std::function<void(int)> chosen;
+
+protected:
+  void focusInEvent(QFocusEvent*) override { viewport()->update(); }
+  void mousePressEvent(QMouseEvent* e) override {
+    pressed = e->button() == Qt::LeftButton;
+    QListWidget::mousePressEvent(e);
+  }
+  void mouseReleaseEvent(QMouseEvent* e) override {
+    QListWidget::mouseReleaseEvent(e);
+    const QListWidgetItem* entry = itemAt(e->position().toPoint());
+    if (std::exchange(pressed, false) && entry) // not the second release of a double click
+      chosen(row(entry));
+  }
+  void keyPressEvent(QKeyEvent* e) override {
+    const int before = currentRow();
+    QListWidget::keyPressEvent(e);
+    if (currentRow() != before && selectionMode() == SingleSelection)
+      chosen(currentRow());
+  }
+
+private:
+  bool pressed = false;
+};
+
 class ListBinding : public Binding {
 public:
   ListBinding(ListBox& c, BindingPlace& p) : Binding(c, p), list(c) {}
 
 private:
   QWidget* Make(QWidget* parent) override {
-    box = new QListWidget(parent);
+    box = new ListWidget(parent);
     box->setSelectionMode(list.MultiSelect ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
-    if (list.MultiSelect)
-      connect(box, &QListWidget::itemClicked, this, [this](QListWidgetItem* i) { list.Select(box->row(i)); });
-    else
-      connect(box, &QListWidget::currentRowChanged, this, [this](int i) { list.Select(i); });
+    box->chosen = [this](int i) { list.Select(i); };
     connect(box, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) { list.DblClick(box->row(i)); });
     return box;
   }
@@ -87,7 +116,7 @@ private:
   }
   void FollowAll() override { Follow(Change::List); }
   ListBox& list;
-  QListWidget* box = nullptr;
+  ListWidget* box = nullptr;
 };
 
 // A titled box around its controls; without a title nothing but their place.

@@ -1,0 +1,241 @@
+// Check boxes, options, combos, lists and the pictures of keys under the operator's mouse and keys: what he does
+// reaches the model once, what the model makes of it is what the screen shows, and nobody chooses for him.
+#include "views/KeyGridView.h"
+#include "views/QtShell.h"
+
+#include "support/FakePlatform.h"
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QListWidget>
+#include <QRadioButton>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace trekor {
+namespace {
+
+struct ChoiceForm : Form {
+  ChoiceForm() : Form("ChoiceForm") {
+    Move(300, 300, 9000, 9000);
+    auto place = [top = 0](Control& c, int height) mutable {
+      c.Move(150, top += 30, 6000, height);
+      top += height;
+    };
+    place(Texts0, 450);
+    place(check, 450);
+    place(a, 450);
+    place(b, 450);
+    place(frame, 900);
+    inside.Container = &frame;
+    inside.Move(150, 150, 3000, 450);
+    place(combo, 450);
+    place(list, 2400);
+    place(several, 2400);
+    several.MultiSelect = true;
+    for (const char* entry : {"one", "two", "three"})
+      for (auto* box : {&list, &several})
+        box->AddItem(entry);
+    for (const char* entry : {"KM", "M", "ML"})
+      combo.AddItem(entry);
+    for (Handler* clicked :
+         {&check.OnClick, &a.OnClick, &b.OnClick, &inside.OnClick, &combo.OnClick, &list.OnClick, &several.OnClick})
+      *clicked = [this] { ++raised; };
+  }
+  int Raised() { return std::exchange(raised, 0); }
+  TextBox Texts0{*this, "Texts", 0};
+  CheckBox check{*this, "chkOne"};
+  OptionButton a{*this, "Options", 0}, b{*this, "Options", 1};
+  Frame frame{*this, "Frames", 1};
+  OptionButton inside{*this, "Options", 2};
+  ComboBox combo{*this, "cboUnits"};
+  ListBox list{*this, "lstOne"}, several{*this, "lstSeveral"};
+  int raised = 0;
+};
+
+class BindingsTest : public testing::Test {
+protected:
+  BindingsTest() {
+    shell.Load(form);
+    shell.Show(form);
+    shell.SetFocus(form.Texts0);
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (dynamic_cast<FormWindow*>(w))
+        window = w;
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  }
+  ~BindingsTest() override {
+    shell.UnloadAll();
+    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  template <class Widget> Widget* The(int n = 0) { return window->findChildren<Widget*>().at(n); }
+  static void ClickOn(QWidget* w, QPoint at) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, at); }
+  static void ClickOn(QListWidget* w, int row) { ClickOn(w->viewport(), w->visualItemRect(w->item(row)).center()); }
+  // "x" for each entry that the screen shows as chosen.
+  static std::string Marks(const QListWidget* w) {
+    std::string marks;
+    for (int i = 0; i < w->count(); ++i)
+      marks += w->item(i)->isSelected() ? 'x' : '.';
+    return marks;
+  }
+  tests::FakeDrives drives;
+  QtShell shell{drives};
+  ChoiceForm form;
+  QWidget* window = nullptr;
+};
+
+TEST_F(BindingsTest, ACheckBoxShowsWhatTheModelMakesOfAClick) {
+  auto* box = The<QCheckBox>();
+  form.check.SetValue(2);
+  form.Raised();
+  EXPECT_EQ(box->checkState(), Qt::PartiallyChecked);
+  for (const auto& [value, seen] : {std::pair{0, Qt::Unchecked}, {1, Qt::Checked}, {0, Qt::Unchecked}}) {
+    ClickOn(box, {8, box->height() / 2});
+    EXPECT_EQ(form.check.Value(), value);
+    EXPECT_EQ(box->checkState(), seen);
+    EXPECT_EQ(form.Raised(), 1);
+  }
+  form.check.OnClick = [this] { form.check.SetValue(0); }; // the logic refuses it
+  ClickOn(box, {8, box->height() / 2});
+  EXPECT_EQ(box->checkState(), Qt::Unchecked);
+  form.check.SetEnabled(false);
+  ClickOn(box, {8, box->height() / 2});
+  EXPECT_EQ(form.check.Value(), 0);
+}
+
+TEST_F(BindingsTest, OptionsOfAContainerExcludeEachOtherOnTheScreen) {
+  auto *a = The<QRadioButton>(0), *b = The<QRadioButton>(1), *inside = The<QRadioButton>(2);
+  const auto shown = [&] {
+    return std::to_string(a->isChecked()) + std::to_string(b->isChecked()) + std::to_string(inside->isChecked());
+  };
+  ClickOn(inside, {8, inside->height() / 2});
+  ClickOn(a, {8, a->height() / 2});
+  EXPECT_EQ(shown(), "101");
+  ClickOn(b, {8, b->height() / 2});
+  EXPECT_EQ(shown(), "011");
+  EXPECT_TRUE(form.b.Value() && form.inside.Value() && !form.a.Value());
+  EXPECT_EQ(form.Raised(), 3);
+  ClickOn(b, {8, b->height() / 2}); // a chosen one is not taken away by a click
+  EXPECT_EQ(shown(), "011");
+  form.a.SetValue(true);
+  EXPECT_EQ(shown(), "101");
+}
+
+TEST_F(BindingsTest, AComboTellsEachChoiceOfTheOperatorAndShowsTheModels) {
+  auto* box = The<QComboBox>();
+  EXPECT_EQ(box->currentIndex(), -1) << "nothing was chosen yet";
+  shell.SetFocus(form.combo);
+  EXPECT_EQ(form.combo.ListIndex(), -1);
+  QTest::keyClick(window->windowHandle(), Qt::Key_Down);
+  QTest::keyClick(window->windowHandle(), Qt::Key_Down);
+  EXPECT_EQ(form.combo.Text(), "M");
+  EXPECT_EQ(form.Raised(), 2);
+  form.combo.SetListIndex(2);
+  EXPECT_EQ(box->currentText(), "ML");
+  EXPECT_EQ(form.Raised(), 1) << "by the code alone, and not by the screen that follows";
+  form.combo.Clear();
+  EXPECT_EQ(box->count(), 0);
+  form.combo.AddItem("FEET");
+  form.combo.AddItem("YARDS");
+  EXPECT_EQ(box->currentIndex(), -1);
+  EXPECT_EQ(form.Raised(), 0);
+  box->activated(1); // the same entry once more is a choice too
+  box->activated(1);
+  EXPECT_EQ(form.combo.Text(), "YARDS");
+  EXPECT_EQ(form.Raised(), 2);
+}
+
+TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
+  auto* box = The<QListWidget>();
+  shell.SetFocus(form.combo);
+  QTest::keyClick(window->windowHandle(), Qt::Key_Tab); // onto the list
+  ASSERT_EQ(form.ActiveControl, &form.list);
+  EXPECT_EQ(form.list.ListIndex(), -1);
+  EXPECT_EQ(form.Raised(), 0);
+  EXPECT_EQ(Marks(box), "...");
+  ClickOn(box, 1);
+  EXPECT_EQ(form.list.ListIndex(), 1);
+  EXPECT_EQ(Marks(box), ".x.");
+  EXPECT_EQ(form.Raised(), 1);
+  ClickOn(box, 1);
+  EXPECT_EQ(form.Raised(), 1) << "the same entry once more is a choice too";
+  QTest::keyClick(window->windowHandle(), Qt::Key_Down);
+  EXPECT_EQ(form.list.List(form.list.ListIndex()), "three");
+  EXPECT_EQ(form.Raised(), 1);
+  int opened = -1;
+  form.list.OnDblClick = [&] { opened = form.list.ListIndex(); };
+  ClickOn(box, 0);
+  QTest::mouseDClick(box->viewport(), Qt::LeftButton, Qt::NoModifier, box->visualItemRect(box->item(0)).center());
+  EXPECT_EQ(opened, 0);
+  EXPECT_EQ(form.Raised(), 1) << "by the first click";
+  form.list.SetListIndex(2);
+  EXPECT_EQ(Marks(box), "..x");
+  EXPECT_EQ(form.Raised(), 1);
+  form.list.Clear();
+  form.list.AddItem("other");
+  EXPECT_EQ(Marks(box), ".");
+  EXPECT_EQ(form.list.ListIndex(), -1);
+  EXPECT_EQ(form.Raised(), 0);
+}
+
+TEST_F(BindingsTest, AListOfSeveralTurnsTheMarkOfTheClickedEntry) {
+  auto* box = The<QListWidget>(1);
+  for (const int row : {0, 2, 0})
+    ClickOn(box, row);
+  EXPECT_EQ(Marks(box), "..x");
+  EXPECT_TRUE(form.several.Selected(2) && !form.several.Selected(0));
+  EXPECT_EQ(form.Raised(), 3);
+  form.several.SetSelected(1, true);
+  EXPECT_EQ(Marks(box), ".xx");
+}
+
+TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
+  Form form("Keys");
+  Grid grid(form, "fxgKeyPad");
+  const std::vector<std::vector<const char*>> keys = {{" ", "/", "*", "-"},
+                                                      {"7", "8", "9", "+"},
+                                                      {"4", "5", "6", "+"},
+                                                      {"1", "2", "3", "Enter"},
+                                                      {"0", "0", ",", "Enter"}};
+  grid.SetCols(4);
+  grid.SetRows(5);
+  for (int r = 0; r < 5; ++r) {
+    grid.SetMergeRow(r, true);
+    for (int c = 0; c < 4; ++c)
+      grid.SetText(r, c, keys[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]);
+  }
+  tests::FakeDrives drives;
+  PictureStore pictures(drives);
+  KeyGridView view(grid, pictures, nullptr);
+  std::string clicked;
+  grid.OnClick = [&](int r, int c) { clicked = grid.Text(r, c); };
+  for (const QSize size : {QSize(400, 400), QSize(331, 217), QSize(61, 45)}) {
+    view.resize(size);
+    for (int r = 0; r < 5; ++r)
+      for (int c = 0; c < 4; ++c)
+        for (const double part : {0.1, 0.5, 0.9}) { // of the key, from its upper left corner
+          const QPoint at(static_cast<int>((c + part) * size.width() / 4),
+                          static_cast<int>((r + part) * size.height() / 5));
+          clicked = "nothing";
+          QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, at);
+          EXPECT_EQ(clicked, keys[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)])
+              << at.x() << "," << at.y() << " of " << size.width() << "," << size.height();
+          EXPECT_EQ(grid.Row() * 10 + grid.Col(), r * 10 + c);
+        }
+  }
+  QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, {60, 44}); // the last pixel
+  EXPECT_EQ(clicked, "Enter");
+  int doubled = 0;
+  grid.OnDblClick = [&] { ++doubled; };
+  QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});
+  EXPECT_EQ(doubled, 1);
+  grid.SetEnabled(false);
+  clicked = "nothing";
+  QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});
+  EXPECT_EQ(clicked, "nothing");
+}
+
+} // namespace
+} // namespace trekor
