@@ -19,16 +19,18 @@ enum class SocketState : int {
   Error = 9,
 };
 
-// What a socket tells its owner. An adapter raises these from the pump only, never from inside its own call into the
-// toolkit, so that a handler may pump again.
+// What a socket tells its owner. An adapter raises these from the pump only, never from inside a call of the owner's,
+// and a handler that pumps again hears what comes meanwhile.
 class SocketEvents {
 public:
   virtual ~SocketEvents() = default;
   virtual void Socket_Connect() = 0;
   // Bytes wait to be read with ReadAll.
   virtual void Socket_DataArrival() = 0;
-  // The peer has closed; the state is PeerClosing.
+  // The peer has ended the stream in good order, and all bytes before the end have been told; the state is PeerClosing.
   virtual void Socket_Close() = 0;
+  // An attempt has failed or the connection is lost, a reset included; the bytes that came before it have been told.
+  // The state is Error, the number Winsock's.
   virtual void Socket_Error(int number) = 0;
 };
 
@@ -42,7 +44,9 @@ public:
   virtual void Close() = 0;
   // TCP_NODELAY; without it a short answer waits for the peer's delayed acknowledgement (40 ms and more).
   virtual void SetNoDelay() = 0;
-  // Hands all bytes to the system or its own queue; never blocks. False when the connection is not up.
+  // Hands all bytes to the system or its own queue; never blocks. False when the connection is not up, or is lost with
+  // this call: by an error of the system, or by a peer that has not read for so long that the queue is full. The loss
+  // is told as an error.
   virtual bool Send(std::string_view bytes) = 0;
   // All bytes that have arrived since the last call.
   virtual std::string ReadAll() = 0;

@@ -1,150 +1,191 @@
 #include "platform_qt/QtSocket.h"
 
-#include <QNetworkProxy>
+#include <QHostAddress>
+#include <QHostInfo>
+
+#include <utility>
 
 namespace trekor {
 
 namespace {
 
-// A peer that no longer reads must not fill the memory; what would wait behind this much is dropped.
-constexpr qint64 MostWaiting = 16 << 20;
-
-// The numbers that the window of the link shows.
-int ErrorNumber(QAbstractSocket::SocketError e) {
-  switch (e) {
-  case QAbstractSocket::ConnectionRefusedError:
-    return 10061;
-  case QAbstractSocket::HostNotFoundError:
-    return 11001;
-  case QAbstractSocket::SocketTimeoutError:
-    return 10060;
-  case QAbstractSocket::NetworkError:
-    return 10050;
-  case QAbstractSocket::SocketAccessError:
-    return 10013;
-  case QAbstractSocket::SocketResourceError:
-    return 10024;
-  case QAbstractSocket::AddressInUseError:
-    return 10048;
-  case QAbstractSocket::SocketAddressNotAvailableError:
-    return 10049;
-  default:
-    return 10053;
-  }
-}
+// A peer that no longer reads must not fill the memory: hours of lines at the link's rate.
+constexpr std::size_t MostWaiting = 16 << 20;
 
 } // namespace
 
-QtSocket::QtSocket() = default;
-QtSocket::~QtSocket() {
-  DropSocket();
-}
-
-void QtSocket::NewSocket() {
-  socket = std::make_unique<QTcpSocket>();
-  socket->setProxy(QNetworkProxy::NoProxy);
-  connect(socket.get(), &QAbstractSocket::stateChanged, this, &QtSocket::OnState);
-  connect(socket.get(), &QAbstractSocket::errorOccurred, this, &QtSocket::OnError);
-  connect(socket.get(), &QIODevice::readyRead, this, [this] {
-    if (!dataPosted)
-      Post(News::Data);
-    dataPosted = true;
+QtSocket::QtSocket() {
+  connect(&readable, &QSocketNotifier::activated, this, [this] { Hear(); });
+  connect(&writable, &QSocketNotifier::activated, this, &QtSocket::OnWritable);
+  limit.setSingleShot(true);
+  connect(&limit, &QTimer::timeout, this, [this] {
+    lastError = NativeSocket::TimedOut;
+    TryNext();
   });
 }
 
-// The socket may be the one whose signal stands further up the stack, so it goes with the event loop's next turn.
-void QtSocket::DropSocket() {
+QtSocket::~QtSocket() {
+  Drop();
+}
+
+// Nothing of a connection outlives it.
+void QtSocket::Drop() {
   ++connection;
-  dataPosted = false;
-  if (!socket)
-    return;
-  socket->disconnect(this);
-  socket->abort();
-  socket.release()->deleteLater();
+  readable.setEnabled(false);
+  writable.setEnabled(false);
+  limit.stop();
+  native.Close();
+  addresses.clear();
+  received.clear();
+  waiting.clear();
+  failure = 0;
 }
 
-void QtSocket::Connect(const std::string& host, int port) {
-  DropSocket();
-  NewSocket();
+void QtSocket::Connect(const std::string& host, int toPort) {
+  Drop();
+  port = toPort < 0 || toPort > 65535 ? 0 : toPort; // nobody listens on 0: the attempt fails like any other
+  state = SocketState::ResolvingHost;
+  const QHostAddress inFigures(QString::fromStdString(host));
+  if (inFigures.isNull())
+    LookUp(host);
+  else
+    Found({inFigures.toString().toStdString()});
+}
+
+void QtSocket::LookUp(const std::string& host) {
+  QHostInfo::lookupHost(QString::fromStdString(host), this, [this, of = connection](const QHostInfo& info) {
+    std::deque<std::string> all;
+    for (const QHostAddress& a : info.addresses())
+      all.push_back(a.toString().toStdString());
+    if (of == connection)
+      Found(std::move(all));
+  });
+}
+
+void QtSocket::Found(std::deque<std::string> addressesOfHost) {
+  addresses = std::move(addressesOfHost);
+  lastError = NativeSocket::HostNotFound;
   state = SocketState::Connecting;
-  if (port < 0 || port > 65535)
-    port = 0; // a port that nobody listens on: the attempt fails like any other
-  socket->connectToHost(QString::fromStdString(host), static_cast<quint16>(port));
+  TryNext();
 }
 
-void QtSocket::Close() {
-  if (socket && state == SocketState::Connected)
-    socket->flush();
-  DropSocket();
-  state = SocketState::Closed;
+void QtSocket::TryNext() {
+  writable.setEnabled(false); // before its socket closes
+  limit.stop();
+  native.Close();
+  while (!addresses.empty()) {
+    lastError = native.Connect(addresses.front(), port);
+    addresses.pop_front();
+    if (lastError != NativeSocket::None)
+      continue;
+    readable.setSocket(native.Handle());
+    writable.setSocket(native.Handle());
+    writable.setEnabled(true);
+    limit.start(connectLimit);
+    return;
+  }
+  Fail(lastError);
 }
 
-void QtSocket::SetNoDelay() {
-  if (socket)
-    socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
+void QtSocket::OnWritable() {
+  if (state == SocketState::Connecting) {
+    lastError = native.Outcome();
+    if (lastError != NativeSocket::None)
+      return TryNext();
+    limit.stop();
+    writable.setEnabled(false);
+    readable.setEnabled(true);
+    state = SocketState::Connected;
+    if (events)
+      events->Socket_Connect();
+    return;
+  }
+  const auto [bytes, error] = native.Send(waiting);
+  waiting.erase(0, bytes);
+  writable.setEnabled(!waiting.empty());
+  if (error != NativeSocket::None && error != NativeSocket::WouldBlock)
+    Fail(error);
 }
 
 bool QtSocket::Send(std::string_view bytes) {
-  if (state != SocketState::Connected || socket->bytesToWrite() > MostWaiting)
+  if (state != SocketState::Connected || failure != NativeSocket::None)
     return false;
-  const bool taken = socket->write(bytes.data(), static_cast<qint64>(bytes.size())) >= 0;
-  if (taken && socket) // out at once, without the turn of the loop that buffered writing would take
-    socket->flush();
-  return taken;
+  if (waiting.empty()) {
+    const auto [sent, error] = native.Send(bytes);
+    bytes.remove_prefix(sent);
+    if (bytes.empty())
+      return true;
+    if (error != NativeSocket::None && error != NativeSocket::WouldBlock) {
+      Fail(error);
+      return false;
+    }
+  }
+  if (waiting.size() + bytes.size() > MostWaiting) { // a line that is lost is an error, and not lost in silence
+    Fail(NativeSocket::NoBuffers);
+    return false;
+  }
+  waiting += bytes;
+  writable.setEnabled(true);
+  return true;
+}
+
+void QtSocket::Close() {
+  if (state == SocketState::Connected && !waiting.empty())
+    native.Send(waiting); // what the system still takes
+  Drop();
+  state = SocketState::Closed;
 }
 
 std::string QtSocket::ReadAll() {
-  return socket ? socket->readAll().toStdString() : std::string();
+  return std::exchange(received, {});
 }
 
-void QtSocket::OnState(QAbstractSocket::SocketState s) {
-  if (s == QAbstractSocket::HostLookupState)
-    state = SocketState::ResolvingHost;
-  else if (s == QAbstractSocket::ConnectingState)
-    state = SocketState::Connecting;
-  else if (s == QAbstractSocket::ConnectedState)
-    Post(News::Connected);
-}
-
-// A peer's close is no error: it leaves the state PeerClosing, which nobody but a new Connect ends.
-void QtSocket::OnError(QAbstractSocket::SocketError e) {
-  if (e == QAbstractSocket::RemoteHostClosedError) {
-    state = SocketState::PeerClosing;
-    Post(News::Closed);
-  } else {
-    state = SocketState::Error;
-    Post(News::Failed, ErrorNumber(e));
+// Takes one helping and hands it over. False when nothing more can be had: for now, or for good, which ends the
+// connection.
+bool QtSocket::Hear() {
+  const auto [bytes, error] = native.Receive(room);
+  if (bytes > 0) {
+    received.append(room.data(), bytes);
+    if (events)
+      events->Socket_DataArrival();
+    return true;
   }
+  if (error != NativeSocket::WouldBlock)
+    End(failure != NativeSocket::None ? failure : error);
+  return false;
 }
 
-void QtSocket::Post(News news, int number) {
+// Told from the loop, as the owner may stand in a call of his own just now.
+void QtSocket::Fail(int number) {
+  failure = number;
+  writable.setEnabled(false);
   QMetaObject::invokeMethod(
-      this,
-      [this, news, number, of = connection] {
-        if (of == connection)
-          Raise(news, number);
-      },
-      Qt::QueuedConnection);
+      this, [this, of = connection] { Settle(of); }, Qt::QueuedConnection);
 }
 
-void QtSocket::Raise(News news, int number) {
-  if (news == News::Data)
-    dataPosted = false; // before the handler: what arrives while it runs is new
-  // Only now, or a tick before the owner's handler would get a line out ahead of the greeting.
-  if (news == News::Connected && state != SocketState::PeerClosing && state != SocketState::Error)
-    state = SocketState::Connected;
+// The bytes that came before the error go first: as many helpings as the system's buffer can hold, since a peer that
+// only does not read may go on talking.
+void QtSocket::Settle(unsigned of) {
+  const auto unsettled = [&] { return of == connection && failure != NativeSocket::None; };
+  for (int helpings = 0; helpings < 256 && unsettled() && Hear(); ++helpings) {
+  }
+  if (unsettled())
+    End(failure);
+}
+
+void QtSocket::End(int number) {
+  readable.setEnabled(false);
+  writable.setEnabled(false);
+  native.Close();
+  waiting.clear();
+  failure = NativeSocket::None;
+  state = number == NativeSocket::None ? SocketState::PeerClosing : SocketState::Error;
   if (!events)
     return;
-  switch (news) {
-  case News::Connected:
-    return events->Socket_Connect();
-  case News::Data:
-    return events->Socket_DataArrival();
-  case News::Closed:
-    return events->Socket_Close();
-  case News::Failed:
-    return events->Socket_Error(number);
-  }
+  if (number == NativeSocket::None)
+    events->Socket_Close();
+  else
+    events->Socket_Error(number);
 }
 
 } // namespace trekor

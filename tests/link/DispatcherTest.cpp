@@ -83,28 +83,38 @@ TEST_F(DispatcherTest, DmiSetsThePosition) {
   EXPECT_EQ(Sent(), Lines{});
 }
 
-TEST_F(DispatcherTest, AShortGpsLeavesTheLaterFields) {
+TEST_F(DispatcherTest, AGpsOfAnyLengthReachesItsFields) {
+  GpsFix& gps = state.gps;
+  const auto fields = [&gps] { // by word; the seventh has none
+    return std::vector<double>{gps.GpsTime,
+                               gps.GpsLatitude,
+                               gps.GpsLongitude,
+                               double{gps.GpsHeight},
+                               double(gps.GpsStatus),
+                               double(gps.GpsSVs),
+                               0,
+                               double{gps.GpsField8},
+                               double(gps.GpsField9),
+                               double(gps.GpsField10)};
+  };
+  for (std::size_t length = 0; length <= 12; ++length) {
+    Line("GPS 1 2 3 4 5 6 7 8 9 10");
+    std::vector<double> expected = {0, 0, 0, 4, 5, 6, 0, 8, 9, 10}; // the first three are always taken
+    std::string line = "GPS";
+    for (std::size_t word = 1; word <= length; ++word) {
+      line += " " + std::to_string(100 + word);
+      if (word != 7 && word <= 10)
+        expected[word - 1] = 100 + static_cast<double>(word);
+    }
+    gps.GpsSeen = gps.GpsFresh = false;
+    Line(line);
+    EXPECT_EQ(fields(), expected) << line;
+    EXPECT_TRUE(gps.GpsSeen && gps.GpsFresh);
+  }
   Line("GPS 143015.25 55.676100000001 -12.5683 14.5 4 9 skipped 0.75 7 8");
-  const GpsFix& gps = state.gps;
-  EXPECT_EQ(gps.GpsTime, 143015.25);
-  EXPECT_EQ(gps.GpsLatitude, 55.676100000001);
-  EXPECT_EQ(gps.GpsLongitude, -12.5683);
-  EXPECT_EQ(gps.GpsHeight, 14.5F);
-  EXPECT_EQ(gps.GpsStatus, 4);
-  EXPECT_EQ(gps.GpsSVs, 9);
-  EXPECT_EQ(gps.GpsField8, 0.75F);
-  EXPECT_EQ(gps.GpsField9, 7);
-  EXPECT_EQ(gps.GpsField10, 8);
-  EXPECT_TRUE(gps.GpsSeen && gps.GpsFresh);
-  Line("GPS 1 2 3");
-  EXPECT_EQ(gps.GpsLongitude, 3);
-  EXPECT_EQ(gps.GpsHeight, 14.5F);
-  Line("GPS 1 2 3 1E300 40000 2.5");
-  EXPECT_EQ(gps.GpsHeight, 14.5F); // what does not fit its field leaves it
-  EXPECT_EQ(gps.GpsStatus, 4);
-  EXPECT_EQ(gps.GpsSVs, 2);
-  Line("GPS");
-  EXPECT_EQ(gps.GpsTime, 0); // the first three are always taken
+  EXPECT_EQ(fields(), (std::vector<double>{143015.25, 55.676100000001, -12.5683, 14.5, 4, 9, 0, 0.75, 7, 8}));
+  Line("GPS 1 2 3 1E300 40000 2.5 7 1E39 -40000 -32768"); // what does not fit its field leaves it
+  EXPECT_EQ(fields(), (std::vector<double>{1, 2, 3, 14.5, 4, 2, 0, 0.75, 7, -32768}));
 }
 
 TEST_F(DispatcherTest, SetDmiIsForIdleOnly) {

@@ -53,8 +53,13 @@ TEST_F(SocketPropTest, OnlyCrLfEndsALine) {
 }
 
 TEST_F(SocketPropTest, AnyCutOfTheStreamGivesTheSameLines) {
-  const std::string stream = "\nA 1\r\n\r\n\r\r\nB\n\r\n  C 3 \r\n\n\r";
-  const Lines whole = {"\nA 1", "", "\r", "B\n", "C 3"};
+  // Letters outside ASCII first, last and alone; a pair that would be one letter in the other code page; a plain line
+  // in front of them and behind.
+  const std::string stream =
+      "\nA 1\r\n\r\n\r\r\nB\n\r\n  C 3 \r\n\xC5vej J\xF8rgen \x80\r\n\xC3\xB8\r\nD\r\n\xE6\r\nE\r\n\n\r";
+  const Lines whole = {"\nA 1", "", "\r", "B\n", "C 3", "Åvej Jørgen €", "Ã¸", "D", "æ", "E"};
+  Lines all = whole;
+  all.emplace_back("\n\r");
   Connect();
   for (std::size_t size = 1; size <= stream.size(); ++size) {
     for (std::size_t at = 0; at < stream.size(); at += size)
@@ -62,6 +67,9 @@ TEST_F(SocketPropTest, AnyCutOfTheStreamGivesTheSameLines) {
     EXPECT_EQ(TakeHeard(), whole) << "pieces of " << size;
     Arrive("\r\n"); // the rest of this round
     EXPECT_EQ(TakeHeard(), Lines{"\n\r"});
+    Arrive(stream.substr(0, size)); // and cut once alone
+    Arrive(stream.substr(size) + "\r\n");
+    EXPECT_EQ(TakeHeard(), all) << "cut at " << size;
   }
 }
 

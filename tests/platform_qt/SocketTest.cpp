@@ -1,17 +1,17 @@
+// The link's socket against a real peer on this machine.
+#include "Peer.h"
+
 #include "platform_qt/QtPump.h"
 #include "platform_qt/QtSocket.h"
 
-#include <gtest/gtest.h>
-
-#include <QCoreApplication>
 #include <QElapsedTimer>
-#include <QTcpServer>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
+#include <optional>
 
-namespace trekor {
+namespace trekor::tests {
 namespace {
 
 struct Listener : SocketEvents {
@@ -27,53 +27,80 @@ struct Listener : SocketEvents {
   std::function<void()> onData;
 };
 
+// Knows the addresses of "van" by itself; asks the system for every other name.
+class NamedSocket : public QtSocket {
+public:
+  std::deque<std::string> van;
+
+protected:
+  void LookUp(const std::string& host) override {
+    if (host == "van")
+      Found(van);
+    else
+      QtSocket::LookUp(host);
+  }
+};
+
 class SocketTest : public testing::Test {
 protected:
-  SocketTest() {
-    socket.SetEvents(&heard);
-    server.listen(QHostAddress::LocalHost);
-  }
+  SocketTest() { socket.SetEvents(&heard); }
   bool Until(const std::function<bool()>& done) {
     QElapsedTimer clock;
-    for (clock.start(); !done() && clock.elapsed() < 5000;)
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 20);
-    return done();
+    clock.start();
+    bool is = done();
+    for (; !is && clock.elapsed() < 5000; is = done())
+      pump.WaitForEvents(20);
+    return is;
+  }
+  bool Tells(const std::string& story) {
+    const bool told = Until([&] { return heard.story == story; });
+    EXPECT_EQ(heard.story, story);
+    return told;
+  }
+  void Attempt(const std::string& host = "127.0.0.1") {
+    heard.story.clear();
+    socket.Connect(host, peer.Port());
   }
   void Connect() {
-    socket.Connect("127.0.0.1", server.serverPort());
-    ASSERT_TRUE(Until([&] { return heard.story == "connect " && server.hasPendingConnections(); }));
-    peer.reset(server.nextPendingConnection());
+    Attempt();
+    ASSERT_TRUE(Tells("connect "));
+    ASSERT_TRUE(peer.Accepts());
     socket.SetNoDelay();
   }
-  void PeerSays(const char* bytes) {
-    peer->write(bytes);
-    peer->flush();
+  // More than the system takes, so that some of it waits with us.
+  void SendUnread() {
+    for (int i = 0; i < 200; ++i)
+      ASSERT_TRUE(socket.Send(std::string(65536, 'x')));
   }
-  QTcpServer server;
-  std::unique_ptr<QTcpSocket> peer;
+  Peer peer;
   Listener heard;
-  QtSocket socket;
+  NamedSocket socket;
   QtPump pump;
 };
 
-TEST_F(SocketTest, LinesGoBothWays) {
+TEST_F(SocketTest, LinesGoBothWaysInTheTurnThatHearsThem) {
   EXPECT_FALSE(socket.Send("too early"));
   Connect();
   EXPECT_EQ(socket.State(), SocketState::Connected);
-  EXPECT_TRUE(socket.Send("IDENTITY\r\n"));
-  EXPECT_TRUE(Until([&] { return peer->bytesAvailable() == 10; }));
-  PeerSays("DMI 1\r\n");
-  EXPECT_TRUE(Until([&] { return heard.story == "connect data "; }));
-  EXPECT_EQ(socket.ReadAll(), "DMI 1\r\n");
+  heard.onData = [&] {
+    EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
+    EXPECT_TRUE(socket.Send("ACK\r\n"));
+  };
+  peer.Says("CTRL ARM\r\n");
+  pump.ProcessEvents(); // one turn
+  EXPECT_EQ(heard.story, "connect data ");
+  EXPECT_TRUE(Until([&] { return peer.HasUnread(); }));
+  EXPECT_EQ(peer.Hears(), "ACK\r\n");
 }
 
 TEST_F(SocketTest, NothingGoesOutBeforeTheOwnerHasHeardOfTheConnection) {
   bool early = false;
-  QTimer tick; // gets its turn between the toolkit's signal and the owner's event
+  QTimer tick; // gets its turn between the connection and the owner's event
   QObject::connect(&tick, &QTimer::timeout, [&] { early |= heard.story.empty() && socket.Send("DMI 1\r\n"); });
   tick.start(0);
-  socket.Connect("127.0.0.1", server.serverPort());
-  EXPECT_TRUE(Until([&] { return !heard.story.empty(); }));
+  Attempt();
+  EXPECT_EQ(heard.story, ""); // never from inside the owner's own call
+  EXPECT_TRUE(Tells("connect "));
   EXPECT_FALSE(early);
   EXPECT_TRUE(socket.Send("IDENTITY\r\n"));
 }
@@ -86,52 +113,182 @@ TEST_F(SocketTest, AHandlerThatPumpsHearsWhatArrivesMeanwhile) {
     deepest = std::max(deepest, ++depth);
     got += socket.ReadAll();
     if (depth == 1) {
-      PeerSays("second");
+      peer.Says("second");
       Until([&] { return got == "firstsecond"; });
     }
     --depth;
   };
-  PeerSays("first");
+  peer.Says("first");
   EXPECT_TRUE(Until([&] { return got == "firstsecond"; }));
   EXPECT_EQ(deepest, 2);
 }
 
-TEST_F(SocketTest, APeersCloseIsNoErrorAndStays) {
+TEST_F(SocketTest, AnOrderlyEndIsNoErrorAndStays) {
   Connect();
-  PeerSays("last words");
-  peer->disconnectFromHost();
-  ASSERT_TRUE(Until([&] { return heard.story.ends_with("close "); }));
-  EXPECT_EQ(heard.story, "connect data close ");
+  peer.Says("last words");
+  peer.Closes();
+  ASSERT_TRUE(Tells("connect data close "));
   EXPECT_EQ(socket.ReadAll(), "last words");
   EXPECT_EQ(socket.State(), SocketState::PeerClosing);
   EXPECT_FALSE(socket.Send("nobody there"));
-  heard.story.clear();
   Connect(); // a fresh attempt is all that ends the state
   EXPECT_EQ(socket.State(), SocketState::Connected);
+
+  peer.Closes();
+  for (int i = 0; i < 3; ++i) // a send that meets the end does not make an error of it
+    socket.Send("CTRL PAUSE\r\n");
+  EXPECT_TRUE(Tells("connect close "));
 }
 
-TEST_F(SocketTest, ARefusedConnectionIsTheError10061) {
-  const quint16 port = server.serverPort();
-  server.close();
-  socket.Connect("127.0.0.1", port);
-  EXPECT_TRUE(Until([&] { return heard.story == "error 10061 "; })) << heard.story;
+TEST_F(SocketTest, AResetIsAnErrorBehindTheBytesBeforeIt) {
+  const struct {
+    const char* when;
+    std::function<void()> reset;
+    const char* story;
+  } cases[] = {
+      {"while reading",
+       [&] {
+         peer.Says("last words");
+         peer.Resets();
+       },
+       "connect data error 10054 "},
+      {"at a send, which meets it first",
+       [&] {
+         peer.Says("last words");
+         peer.Resets();
+         EXPECT_FALSE(socket.Send("DMI 1\r\n"));
+         EXPECT_FALSE(socket.Send("DMI 2\r\n"));
+         EXPECT_EQ(heard.story, "connect "); // not from inside the owner's call
+       },
+       "connect data error 10054 "},
+      {"while lines wait to go out",
+       [&] {
+         SendUnread();
+         peer.Resets();
+       },
+       "connect error 10054 "},
+      {"an end with bytes unread over there",
+       [&] {
+         socket.Send("DMI 1\r\n");
+         Until([&] { return peer.HasUnread(); });
+         peer.Closes();
+       },
+       "connect error 10054 "},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.when);
+    ASSERT_NO_FATAL_FAILURE(Connect());
+    c.reset();
+    Tells(c.story);
+    EXPECT_EQ(socket.ReadAll(), std::string(c.story).find("data") == std::string::npos ? "" : "last words");
+    EXPECT_EQ(socket.State(), SocketState::Error);
+    socket.Close();
+    EXPECT_EQ(socket.State(), SocketState::Closed);
+  }
+  Attempt(); // which the peer never takes out of its backlog
+  ASSERT_TRUE(Tells("connect "));
+  socket.Send("IDENTITY\r\n");
+  peer.StopsListening();
+  EXPECT_TRUE(Tells("connect error 10054 "));
+}
+
+TEST_F(SocketTest, AFailedAttemptShowsItsOwnNumber) {
+  Attempt("127.255.255.255"); // a broadcast address: no way leads there
+  EXPECT_TRUE(Tells("error 10051 "));
   EXPECT_EQ(socket.State(), SocketState::Error);
+  Attempt("van"); // nowhere
+  EXPECT_TRUE(Tells("error 11001 "));
+  Peer silent(0);
+  NamedSocket inFront; // fills the backlog, so that the next one's call is not answered
+  inFront.Connect("127.0.0.1", silent.Port());
+  ASSERT_TRUE(Until([&] { return inFront.State() == SocketState::Connected; }));
+  heard.story.clear();
+  socket.connectLimit = 50;
+  socket.Connect("127.0.0.1", silent.Port());
+  EXPECT_TRUE(Tells("error 10060 "));
+  peer.StopsListening();
+  Attempt();
+  EXPECT_EQ(heard.story, "");
+  EXPECT_TRUE(Tells("error 10061 "));
   socket.Close();
   EXPECT_EQ(socket.State(), SocketState::Closed);
 }
 
-TEST_F(SocketTest, NewsOfAClosedConnectionIsDropped) {
+TEST_F(SocketTest, EachAddressOfANameIsTried) {
+  socket.van = {"127.255.255.255", "127.0.0.2", "127.0.0.1"}; // no way, nobody, the peer
+  Attempt("van");
+  EXPECT_TRUE(Tells("connect "));
+  socket.van = {"127.255.255.255", "127.0.0.2"};
+  Attempt("van");
+  EXPECT_TRUE(Tells("error 10061 ")); // once, of the last
+  Attempt("localhost");
+  EXPECT_EQ(socket.State(), SocketState::ResolvingHost);
+  EXPECT_TRUE(Tells("connect "));
+  Attempt("localhost");
+  Attempt(); // whoever has given up the look-up hears no more of it
+  NamedSocket later;
+  later.Connect("localhost", peer.Port());
+  EXPECT_TRUE(Until([&] { return later.State() == SocketState::Connected; }));
+  EXPECT_EQ(heard.story, "connect ");
+}
+
+TEST_F(SocketTest, NothingOfAConnectionReachesTheNextOne) {
+  const std::pair<const char*, std::function<void()>> ends[] = {
+      {"closed with bytes unread in the system", [&] { socket.Close(); }},
+      {"closed with bytes unread by the owner",
+       [&] {
+         Tells("connect data ");
+         socket.Close();
+       }},
+      {"closed by the owner who hears them",
+       [&] {
+         heard.onData = [&] { socket.Close(); };
+         Tells("connect data ");
+       }},
+      {"closed by the peer behind them",
+       [&] {
+         peer.Closes();
+         Tells("connect data close ");
+       }},
+      {"reset", [&] {
+         peer.Resets();
+         Tells("connect data error 10054 ");
+       }}};
+  for (const auto& [how, end] : ends) {
+    SCOPED_TRACE(how);
+    ASSERT_NO_FATAL_FAILURE(Connect());
+    peer.Says("DMI 7\r\nDMI ");
+    end();
+    heard.onData = nullptr;
+    ASSERT_NO_FATAL_FAILURE(Connect());
+    EXPECT_EQ(socket.ReadAll(), "");
+    peer.Says("CTRL ARM\r\n");
+    EXPECT_TRUE(Tells("connect data "));
+    EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
+  }
+}
+
+TEST_F(SocketTest, APeerThatDoesNotReadHoldsNobodyUpAndLosesNothing) {
   Connect();
-  heard.onData = [&] { socket.Close(); }; // while the peer's close is already on its way to us
-  PeerSays("CTRL QUIT\r\n");
-  peer->disconnectFromHost();
-  ASSERT_TRUE(Until([&] { return socket.State() == SocketState::Closed; }));
-  for (int i = 0; i < 20; ++i)
-    pump.ProcessEvents();
-  EXPECT_EQ(heard.story, "connect data ");
-  EXPECT_EQ(socket.State(), SocketState::Closed);
-  EXPECT_EQ(socket.ReadAll(), "");
+  std::string sent, got;
+  for (int i = 0; i < 100000; ++i) { // some 8 MB: more than the system takes
+    const std::string line = "STATUS " + std::to_string(i) + std::string(70, '.') + "\r\n";
+    ASSERT_TRUE(socket.Send(line));
+    sent += line;
+  }
+  EXPECT_TRUE(Until([&] {
+    got += peer.Hears();
+    return got.size() >= sent.size();
+  }));
+  EXPECT_TRUE(got == sent);
+
+  bool taken = true; // and one that never reads again is an error before it fills the memory
+  for (int i = 0; taken && i < 1000; ++i)
+    taken = socket.Send(std::string(65536, 'x'));
+  EXPECT_FALSE(taken);
+  EXPECT_EQ(heard.story, "connect ");
+  EXPECT_TRUE(Tells("connect error 10055 "));
 }
 
 } // namespace
-} // namespace trekor
+} // namespace trekor::tests

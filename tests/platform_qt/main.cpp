@@ -6,6 +6,7 @@
 
 int main(int argc, char** argv) {
   setenv("SDL_AUDIODRIVER", "dummy", 1);
+  setenv("QT_NO_GLIB", "1", 1); // the loop that the program runs on
   QCoreApplication app(argc, argv);
   testing::InitGoogleTest(&argc, argv);
   return RUN_ALL_TESTS();
