@@ -1,8 +1,8 @@
 // Puts the house together: the machine's adapters, the program, its windows.
 #include "Version.h"
 #include "core/Program.h"
-#include "platform_qt/FileDrives.h"
-#include "platform_qt/ProgramFolder.h"
+#include "platform_os/FileDrives.h"
+#include "platform_os/ProgramFolder.h"
 #include "platform_qt/QtClock.h"
 #include "platform_qt/QtProcess.h"
 #include "platform_qt/QtPump.h"

@@ -80,7 +80,7 @@ void FileMenu::Close_File() {
   const std::string commaPath = state.file.DataPath + "\\" + state.file.AsciiName + ".TKR";
   ctx.rooms.files.CloseDataFile();
   if (!state.file.BackupPath.empty())
-    CopyFiles(state.file.DataPath, state.file.AsciiName + ".*", state.file.BackupPath, ctx.rooms.platform.drives);
+    CopyFiles(state.file.DataPath, state.file.AsciiName, state.file.BackupPath, ctx.rooms.platform.drives);
   ctx.Send("FILE CLOSE"); // the control program wants to hear it also when it has asked for it
   ctx.run().DataFileOpen = false;
   Drives& drives = ctx.rooms.platform.drives;

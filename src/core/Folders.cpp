@@ -1,7 +1,6 @@
 #include "core/Folders.h"
 
 #include "Version.h"
-#include "core/CopyDatabase.h"
 #include "values/Text.h"
 
 namespace trekor {
@@ -58,7 +57,7 @@ void FolderRoots(FolderPaths& folders, Platform& platform) {
   if (folders.WinVersion >= FirstServedWindows) {
     MakeMdbFolder(folders.MdbFolder, platform.drives);
     // Anew at every start, whether or not it is there; without a template nothing happens.
-    CopyDatabase(platform.drives, folders.VdbFolder + "\\Hardware.vdb", folders.MdbFolder + "\\7707-XXX.mdb");
+    platform.drives.CopyFile(folders.VdbFolder + "\\Hardware.vdb", folders.MdbFolder + "\\7707-XXX.mdb");
   }
 }
 

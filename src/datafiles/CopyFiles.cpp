@@ -1,11 +1,43 @@
 // The copies that a closed data file leaves on the backup drive.
 #include "datafiles/DataFiles.h"
 
-namespace trekor {
+#include "values/Text.h"
 
-void CopyFiles(const std::string& folder, const std::string& pattern, const std::string& target, Drives& drives) {
-  for (const std::string& name : drives.Files(folder, pattern))
-    drives.CopyFile(folder + "\\" + name, target + "\\" + name); // a drive that was pulled out says nothing at a close
+#include <algorithm>
+
+namespace trekor {
+namespace {
+
+bool Holds(const std::vector<std::string>& names, const std::string& name) {
+  return std::any_of(names.begin(), names.end(), [&](const std::string& n) { return SameText(n, name); });
+}
+
+// NAME and NAME.*: the name is taken as it stands, since one from the link may hold "*" or "?".
+std::vector<std::string> FilesOf(const std::string& folder, const std::string& name, Drives& drives) {
+  std::vector<std::string> names;
+  for (const std::string& file : drives.Files(folder, "*.*"))
+    if (SameText(CutText(file, CharCount(name) + 1), name + ".") || SameText(file, name))
+      names.push_back(file);
+  return names;
+}
+
+} // namespace
+
+std::vector<std::string> CopyFiles(const std::string& folder, const std::string& name, const std::string& target,
+                                   Drives& drives) {
+  if (name.empty() || target.empty())
+    return {};
+  const std::vector<std::string> names = FilesOf(folder, name, drives);
+  std::vector<std::string> whole;
+  for (const std::string& file : names)
+    if (drives.CopyFile(folder + "\\" + file, target + "\\" + file)) // a drive that was pulled out says nothing
+      whole.push_back(file);
+  const std::vector<std::string> copied = whole;
+  std::erase_if(whole, [&](const std::string& file) {
+    return Holds(names, file + "-wal") > Holds(copied, file + "-wal") ||
+           Holds(names, file + "-journal") > Holds(copied, file + "-journal");
+  });
+  return whole;
 }
 
 } // namespace trekor

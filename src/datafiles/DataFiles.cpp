@@ -1,7 +1,6 @@
 // Creating, opening and closing. The rows are in DataRows.cpp, the session in DataSessions.cpp.
 #include "datafiles/DataFiles.h"
 
-#include "core/CopyDatabase.h"
 #include "datafiles/DataFields.h"
 #include "dbupdate/UpdateDatabase.h"
 #include "store/InUse.h"
@@ -94,7 +93,7 @@ bool DataFiles::IsOpen(const std::string& path) const {
 bool DataFiles::InstallTemplate() {
   const std::string& path = state.file.DataFilePath;
   return !InUse(platform.drives.NativePath(path)) &&
-         CopyDatabase(platform.drives, state.folders.MdbFolder + TemplateFile, path);
+         platform.drives.CopyFile(state.folders.MdbFolder + TemplateFile, path);
 }
 
 // One transaction: a new session is in the file with all its observations or not at all.

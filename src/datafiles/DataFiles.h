@@ -23,8 +23,12 @@ namespace trekor {
 std::string NewGuid(bool withDashes, Process& process);
 // The next name of a series that is free: ROAD09 with ROAD10 beside it gives ROAD11, ROAD gives ROAD1.
 std::string NextFreeName(const std::string& path, Drives& drives);
-// Copies every file of a folder that matches a pattern into another folder, over existing ones; what fails is skipped.
-void CopyFiles(const std::string& folder, const std::string& pattern, const std::string& target, Drives& drives);
+// Copies NAME and NAME.* of a folder into another folder, over existing ones; what fails is skipped. Without a name
+// nothing is copied. Returns the files whose copies now stand there whole and on the disk: what isn't named (in
+// whatever case) must not be deleted for the copy's sake. A database that has a log beside it counts with the log's
+// copy only.
+std::vector<std::string> CopyFiles(const std::string& folder, const std::string& name, const std::string& target,
+                                   Drives& drives);
 
 // One row of Sessions, as read or as written.
 struct SessionRow {

@@ -1,6 +1,5 @@
 #include "dbupdate/UpdateDatabase.h"
 
-#include "core/CopyDatabase.h"
 #include "dbupdate/MergeDatabase.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
@@ -68,7 +67,7 @@ void Update::InstallMissing() {
   if (platform.drives.FileExists(names.working))
     return;
   if (platform.drives.FileExists(names.templateFile))
-    CopyDatabase(platform.drives, names.templateFile, names.working);
+    platform.drives.CopyFile(names.templateFile, names.working);
   else
     Database::Create(platform.drives.NativePath(names.working), locale);
 }
@@ -95,10 +94,10 @@ bool Update::BackUp() {
   drives.MakeFolder(folders.RootFolder + "\\BAK");
   if (drives.FileExists(names.backup) && !drives.DeleteFile(names.backup))
     return Cancel(names.backup, " could not be removed!");
-  CopyDatabase(drives, names.working, names.backup);
+  drives.CopyFile(names.working, names.backup);
   if (!drives.FileExists(names.backup)) {
     Wait();
-    CopyDatabase(drives, names.working, names.backup);
+    drives.CopyFile(names.working, names.backup);
   }
   return drives.FileExists(names.backup) || Cancel(names.working, " could not be backed up!");
 }
@@ -107,7 +106,7 @@ bool Update::Install() {
   Drives& drives = platform.drives;
   if (!drives.DeleteFile(names.working))
     return Cancel(names.working, " could not be removed!");
-  if (CopyDatabase(drives, names.templateFile, names.working))
+  if (drives.CopyFile(names.templateFile, names.working))
     return true;
   Cancel(names.working, " could not be installed!");
   drives.CopyFile(names.backup, names.working);

@@ -108,6 +108,62 @@ TEST_F(FileMenuStories, CopiesFollowTheNameOfTheCommaFile) {
   EXPECT_EQ(fakes.drives.Files("D:\\Roads", "*.*"), (Texts{"SECOND.mdb", "SECOND.TKR"}));
 }
 
+TEST_F(FileMenuStories, ABackupCopiesTheNameAsItStands) {
+  fakes.drives.MakeFolders("D:\\Backup");
+  Link("FILE BACKUPPATH D:\\Backup");
+  OpenFile("ROAD9"); // all of these match as patterns
+  OpenFile("ROAD19");
+  for (const std::string name : {"ROAD*", "ROAD?", "*", ".ROAD"}) {
+    Collect(name);
+    CloseFile();
+    EXPECT_EQ(fakes.drives.Files("D:\\Backup", "*.*"), (Texts{name + ".mdb", name + ".TKR"}));
+    for (const std::string ending : {".mdb", ".TKR"})
+      fakes.drives.DeleteFile("D:\\Backup\\" + name + ending);
+  }
+}
+
+// The copy of a job before lies on the backup drive as a killed program left it, its rows in the log.
+TEST_F(FileMenuStories, ABackupIsTheJobThatWasClosedWhateverLayThere) {
+  fakes.drives.MakeFolders("D:\\Backup");
+  Link("FILE BACKUPPATH D:\\Backup");
+  Collect("ROAD09");
+  for (const std::string tail : {"", "-wal"})
+    fakes.drives.Write("D:\\Backup\\ROAD09.mdb" + tail, fakes.drives.Read("C:\\Roads\\ROAD09.mdb" + tail));
+  ASSERT_TRUE(Exists("D:\\Backup\\ROAD09.mdb-wal"));
+  Line("FILE BACKUPPATH");
+  CloseFile();
+  Collect("ROAD09");
+  StartFromLink(20.0);
+  Dmi(20.1);
+  Press(F4);
+  Link("FILE BACKUPPATH D:\\Backup");
+  CloseFile();
+  const auto stored = [this](const char* path) {
+    state.file.DataFilePath = path;
+    EXPECT_TRUE(files.OpenDataFile(OpenMode::ReadOnly));
+    const Texts rows = Stations();
+    files.CloseDataFile();
+    return rows;
+  };
+  EXPECT_EQ(stored("D:\\Backup\\ROAD09.mdb"), stored("C:\\Roads\\ROAD09.mdb"));
+}
+
+TEST_F(FileMenuStories, ADriveThatIsNotThereIsNeverMade) {
+  Link("FILE BACKUPPATH T:\\");
+  Link("FILE PATH Q:");
+  EXPECT_EQ(state.file.DataPath, "C:");
+  Link("FILE NAME ROAD09");
+  Link("FILE OPEN");
+  StartFromLink(10.0);
+  Press(F4);
+  CloseFile();
+  EXPECT_TRUE(Exists("C:\\ROAD09.TKR"));
+  Link("FILE PATH /:\\tmp");
+  EXPECT_EQ(state.file.DataPath, "C:\\tmp");
+  for (char letter = 'A'; letter <= 'Z'; ++letter)
+    EXPECT_EQ(fakes.drives.DriveExists(letter), letter == 'C') << letter;
+}
+
 TEST_F(FileMenuStories, ALaterSessionsCommaFileHasItsNumber) {
   Collect("ROAD09");
   form.mnuClose.Click();

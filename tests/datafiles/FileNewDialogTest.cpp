@@ -66,7 +66,7 @@ TEST(FileNewDialog2, MakesItsFileWithoutACopyWhenThereIsNoOtherDriveOrNoneIsWant
     Dialog d;
     if (oneDrive)
       for (const char* drive : {"D", "E"})
-        std::filesystem::remove_all(d.drives.root / drive);
+        std::filesystem::remove_all(d.drives.Root() + "/" + drive);
     d.drives.MakeFolders("C:\\Data");
     d.drives.currentFolder = "C:\\Data";
     d.state.file.BackupPath = "E:\\Data"; // of the job before

@@ -27,22 +27,32 @@ TEST(NewGuid, IsThirtyTwoDigitsOrFourPartsOrNothing) {
   EXPECT_EQ(NewGuid(false, process), "");
 }
 
-TEST(CopyFiles, CopiesWhatMatchesOverWhatIsThereAndGoesOnAfterAFailure) {
+using Names = std::vector<std::string>;
+
+TEST(CopyFiles, CopiesTheFilesOfOneNameAndTellsWhichStandWhole) {
   FakeDrives drives;
   for (const char* folder : {"D:\\Data", "E:\\Data"})
     drives.MakeFolders(folder);
-  for (const char* name : {"JOB.TKR", "JOB.mdb", "job.txt", "JOB-02.TKR", "JOBS.mdb"})
+  for (const char* name : {"JOB.TKR", "JOB.mdb", "job.txt", "JOB", "JOB-02.TKR", "JOBS.mdb"})
     drives.Write("D:\\Data\\" + std::string(name), name);
   drives.Write("E:\\Data\\JOB.mdb", "an older copy");
   drives.failing = {"E:\\DATA\\JOB.TKR"};
-  CopyFiles("D:\\Data", "JOB.*", "E:\\Data", drives);
-  EXPECT_EQ(drives.Files("E:\\Data", "*.*"), (std::vector<std::string>{"JOB.mdb", "job.txt"}));
+  EXPECT_EQ(CopyFiles("D:\\Data", "Job", "E:\\Data", drives), (Names{"JOB", "JOB.mdb", "job.txt"}));
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*"), (Names{"JOB", "JOB.mdb", "job.txt"}));
   EXPECT_EQ(drives.Read("E:\\Data\\JOB.mdb"), "JOB.mdb");
-  CopyFiles("D:\\Data", "JOB-02.*", "E:\\Data", drives);
-  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 3U);
-  CopyFiles("D:\\Data", ".*", "E:\\Data", drives); // no comma file was ever written: nothing is backed up
-  CopyFiles("D:\\Data", "JOB.*", "", drives);
-  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 3U);
+  CopyFiles("D:\\Data", "JOB-02", "E:\\Data", drives);
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 4U);
+  EXPECT_EQ(CopyFiles("D:\\Data", "", "E:\\Data", drives), Names{}); // no comma file was ever written
+  for (const char* nowhere : {"", "Q:\\Data", "D:\\Data", "E:\\None"})
+    EXPECT_EQ(CopyFiles("D:\\Data", "JOB", nowhere, drives), Names{}) << nowhere;
+  EXPECT_EQ(drives.Files("E:\\Data", "*.*").size(), 4U);
+
+  // A full disk has left rows in the log: the file alone is not the whole job.
+  drives.Write("D:\\Data\\JOB.mdb-wal", "rows");
+  drives.failing.emplace_back("E:\\DATA\\JOB.MDB-WAL");
+  EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "job.txt"}));
+  drives.failing.pop_back();
+  EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb", "JOB.mdb-wal", "job.txt"}));
 }
 
 } // namespace

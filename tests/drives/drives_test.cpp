@@ -1,6 +1,6 @@
 // Whole recorded drives. An expected file is rebuilt only by TREKOR_REBUILD_EXPECTED=1, and the commit says why.
 #include "drives/DriveRunner.h"
-#include "platform_qt/FileDrives.h"
+#include "platform_os/FileDrives.h"
 
 #include <gtest/gtest.h>
 

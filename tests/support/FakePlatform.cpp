@@ -125,37 +125,24 @@ std::vector<std::string> FakeSoundPlayer::TakePlayed() {
   return std::exchange(played, {});
 }
 
-FakeDrives::FakeDrives() {
+namespace {
+fs::path TemporaryFolder() {
   std::string pattern = (fs::temp_directory_path() / "trekor-XXXXXX").string();
-  root = mkdtemp(pattern.data());
-  fs::create_directories(root / "C" / "Trekor");
+  return mkdtemp(pattern.data());
+}
+} // namespace
+
+FakeDrives::FakeDrives() : FileDrives(TemporaryFolder()) {
+  MakeFolders("C:\\Trekor");
 }
 
 FakeDrives::~FakeDrives() {
   std::error_code ignored;
-  fs::remove_all(root, ignored);
+  fs::remove_all(Root(), ignored);
 }
 
-std::string FakeDrives::NativePath(const std::string& path) {
-  if (path.size() < 2 || path[1] != ':')
-    return (root / "nowhere").string();
-  fs::path native = root / Upper(path.substr(0, 1));
-  for (const auto& part : SplitText(path.substr(2), '\\')) {
-    if (part.empty())
-      continue;
-    fs::path next = native / part;
-    std::error_code ignored;
-    if (!fs::exists(next, ignored))
-      for (const auto& entry : fs::directory_iterator(native, ignored))
-        if (SameText(entry.path().filename().string(), part))
-          next = entry.path();
-    native = next;
-  }
-  return native.string();
-}
-
-bool FakeDrives::DriveExists(char letter) {
-  return fs::is_directory(root / Upper(std::string(1, letter)));
+bool FakeDrives::Fails(const std::string& path) const {
+  return std::find(failing.begin(), failing.end(), Upper(path)) != failing.end();
 }
 
 std::string FakeDrives::RemoteName(char letter) {
@@ -163,76 +150,25 @@ std::string FakeDrives::RemoteName(char letter) {
   return it == remoteNames.end() ? "" : it->second;
 }
 
-bool FakeDrives::FileExists(const std::string& path) {
-  return fs::is_regular_file(NativePath(path));
-}
-
-bool FakeDrives::FolderExists(const std::string& path) {
-  return fs::is_directory(NativePath(path));
-}
-
-namespace {
-bool Fails(const FakeDrives& drives, const std::string& path) {
-  return std::find(drives.failing.begin(), drives.failing.end(), Upper(path)) != drives.failing.end();
-}
-} // namespace
-
 bool FakeDrives::MakeFolder(const std::string& path) {
-  std::error_code error;
-  return !Fails(*this, path) && (fs::create_directory(NativePath(path), error) || FolderExists(path));
+  return !Fails(path) && FileDrives::MakeFolder(path);
 }
 
 bool FakeDrives::CopyFile(const std::string& from, const std::string& to) {
-  std::error_code error;
-  return !Fails(*this, to) &&
-         fs::copy_file(NativePath(from), NativePath(to), fs::copy_options::overwrite_existing, error);
+  return !Fails(to) && FileDrives::CopyFile(from, to);
+}
+
+bool FakeDrives::ReplaceFile(const std::string& work, const std::string& path) {
+  return !Fails(path) && FileDrives::ReplaceFile(work, path);
 }
 
 bool FakeDrives::SyncFile(const std::string& path) {
   synced.push_back(path);
-  return !Fails(*this, path) && FileExists(path);
+  return !Fails(path) && FileDrives::SyncFile(path);
 }
 
 bool FakeDrives::DeleteFile(const std::string& path) {
-  std::error_code error;
-  return !Fails(*this, path) && fs::remove(NativePath(path), error);
-}
-
-void FakeDrives::ClearReadOnly(const std::string& path) {
-  std::error_code error;
-  fs::permissions(NativePath(path), fs::perms::owner_write, fs::perm_options::add, error);
-}
-
-namespace {
-// "*" any characters, "?" one; "*.*" every name, as the old directory search has it.
-bool Matches(std::string_view name, std::string_view pattern) {
-  if (pattern.empty())
-    return name.empty();
-  if (pattern[0] == '*')
-    return Matches(name, pattern.substr(1)) || (!name.empty() && Matches(name.substr(1), pattern));
-  return !name.empty() && (pattern[0] == '?' || pattern[0] == name[0]) && Matches(name.substr(1), pattern.substr(1));
-}
-} // namespace
-
-std::vector<std::string> FakeDrives::Files(const std::string& folder, const std::string& pattern) {
-  std::vector<std::string> names;
-  std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(NativePath(folder), ignored))
-    if (entry.is_regular_file() &&
-        (pattern == "*.*" || Matches(Upper(entry.path().filename().string()), Upper(pattern))))
-      names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end(), [](const auto& a, const auto& b) { return Upper(a) < Upper(b); });
-  return names;
-}
-
-std::vector<std::string> FakeDrives::Folders(const std::string& folder) {
-  std::vector<std::string> names;
-  std::error_code ignored;
-  for (const auto& entry : fs::directory_iterator(NativePath(folder), ignored))
-    if (entry.is_directory())
-      names.push_back(entry.path().filename().string());
-  std::sort(names.begin(), names.end(), [](const auto& a, const auto& b) { return Upper(a) < Upper(b); });
-  return names;
+  return !Fails(path) && FileDrives::DeleteFile(path);
 }
 
 void FakeDrives::MakeFolders(const std::string& path) {

@@ -5,9 +5,9 @@
 
 #include "forms/Form.h"
 #include "platform/Platform.h"
+#include "platform_os/FileDrives.h"
 
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <map>
 #include <set>
@@ -121,23 +121,17 @@ private:
   std::string keys;
 };
 
-// Real files below a temporary folder that goes with the object; one subfolder a drive.
-class FakeDrives : public Drives {
+// The real drives below a temporary folder that goes with the object. Nothing is synced; what was asked for is noted.
+class FakeDrives : public FileDrives {
 public:
   FakeDrives();
   ~FakeDrives() override;
-  std::string NativePath(const std::string& path) override;
-  bool DriveExists(char letter) override;
   std::string RemoteName(char letter) override;
-  bool FileExists(const std::string& path) override;
-  bool FolderExists(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;
+  bool ReplaceFile(const std::string& work, const std::string& path) override;
   bool SyncFile(const std::string& path) override;
   bool DeleteFile(const std::string& path) override;
-  void ClearReadOnly(const std::string& path) override;
-  std::vector<std::string> Files(const std::string& folder, const std::string& pattern) override;
-  std::vector<std::string> Folders(const std::string& folder) override;
   std::string CurrentFolder() override { return currentFolder; }
 
   // A test's own acts.
@@ -145,12 +139,17 @@ public:
   void Write(const std::string& path, const std::string& bytes);
   std::string Read(const std::string& path);
 
-  std::filesystem::path root;
   std::map<char, std::string> remoteNames;
   std::string currentFolder = "C:\\Trekor";
-  // Paths (upper case) whose copy, deletion, making or syncing fails.
+  // Paths (upper case) whose copy, replacement, deletion, making or syncing fails.
   std::vector<std::string> failing;
   std::vector<std::string> synced; // paths, in order
+
+protected:
+  bool OnDisk(const std::filesystem::path&) override { return true; }
+
+private:
+  bool Fails(const std::string& path) const;
 };
 
 class FakeProcess : public Process {

@@ -96,6 +96,7 @@ public:
   bool FolderExists(const std::string&) override { return false; }
   bool MakeFolder(const std::string&) override { return false; }
   bool CopyFile(const std::string&, const std::string&) override { return false; }
+  bool ReplaceFile(const std::string&, const std::string&) override { return false; }
   bool SyncFile(const std::string&) override { return false; }
   bool DeleteFile(const std::string&) override { return false; }
   void ClearReadOnly(const std::string&) override {}

@@ -7,7 +7,7 @@
 //   Hardware.vdb                                            C:\Veldmark\Trekor\VDB as well
 #pragma once
 
-#include "platform_qt/FileDrives.h"
+#include "platform_os/FileDrives.h"
 
 #include <filesystem>
 #include <string>

@@ -1,5 +1,5 @@
 // Drives as folders: where drives have no letters.
-#include "platform_qt/FileDrives.h"
+#include "platform_os/FileDrives.h"
 
 #include "values/Text.h"
 

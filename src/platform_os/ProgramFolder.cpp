@@ -1,4 +1,4 @@
-#include "platform_qt/ProgramFolder.h"
+#include "platform_os/ProgramFolder.h"
 
 #include "values/Text.h"
 
@@ -50,19 +50,6 @@ bool IsTemplate(const fs::path& file) {
   return SameText(TextFromPath(file.extension()), ".vdb");
 }
 
-// Through the drives, so that a name finds its file whatever its case.
-bool Install(FileDrives& drives, const fs::path& file, const std::string& target) {
-  std::error_code failed;
-  const fs::path to = PathFromText(drives.NativePath(target)),
-                 part = to.parent_path() / (StampName + std::string(".part"));
-  fs::create_directories(to.parent_path(), failed);
-  fs::copy_file(file, part, fs::copy_options::overwrite_existing, failed);
-  if (failed)
-    return false;
-  fs::permissions(part, fs::perms::owner_write, fs::perm_options::add, failed);
-  return native::Replace(part, to);
-}
-
 std::string TargetOf(FileDrives& drives, const fs::path& relative) {
   std::string target = drives.CurrentFolder();
   if (IsTemplate(relative))
@@ -75,9 +62,9 @@ std::string TargetOf(FileDrives& drives, const fs::path& relative) {
 bool InstallAll(FileDrives& drives, const fs::path& shipped, const std::vector<fs::path>& files) {
   bool done = true;
   for (const fs::path& f : files) {
-    done &= Install(drives, f, TargetOf(drives, f.lexically_relative(shipped)));
+    done &= drives.Install(f, TargetOf(drives, f.lexically_relative(shipped)));
     if (SameText(TextFromPath(f.filename()), "Hardware.vdb"))
-      done &= Install(drives, f, TemplateFolder + std::string("\\Hardware.vdb"));
+      done &= drives.Install(f, TemplateFolder + std::string("\\Hardware.vdb"));
   }
   return done;
 }

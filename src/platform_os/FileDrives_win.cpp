@@ -1,5 +1,5 @@
 // Drives of their own letters: a path is what it says.
-#include "platform_qt/FileDrives.h"
+#include "platform_os/FileDrives.h"
 
 #include <windows.h>
 

@@ -1,12 +1,14 @@
-#include "platform_qt/FileDrives.h"
-#include "platform_qt/ProgramFolder.h"
+#include "platform_os/FileDrives.h"
+#include "platform_os/ProgramFolder.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <csignal>
 #include <fstream>
 #include <optional>
 #include <sstream>
+#include <sys/wait.h>
 #include <unistd.h>
 
 namespace trekor {
@@ -70,15 +72,28 @@ TEST_F(DrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
   };
   for (const auto& c : cases)
     EXPECT_EQ(drives->NativePath(c.path), Native(c.native).string()) << c.path;
-  for (const std::string& bad : {std::string(), std::string("C:\\a\0b", 6), std::string("\\\\server\\share\\a")}) {
+  fs::create_directories(folder / "nobody's");
+  fs::current_path(folder / "nobody's");
+  for (const std::string& bad : {std::string(), std::string("C:\\a\0b", 6), std::string("\\\\server\\share\\a"),
+                                 std::string("/:\\tmp"), std::string(".:\\a"), std::string("1:")}) {
     EXPECT_EQ(drives->NativePath(bad), "");
-    EXPECT_FALSE(drives->FileExists(bad) || drives->MakeFolder(bad) || drives->DeleteFile(bad));
+    EXPECT_FALSE(drives->FileExists(bad) || drives->FolderExists(bad) || drives->MakeFolder(bad));
+    EXPECT_FALSE(drives->DeleteFile(bad) || drives->ReplaceFile("C:\\Data\\Road.MDB", bad));
     EXPECT_FALSE(drives->CopyFile("C:\\Data\\Road.MDB", bad));
   }
+  fs::current_path("/");
+  EXPECT_EQ(Everything(), (std::vector<std::string>{"drives/C/Data/Road.MDB", "outside.txt"}));
 }
 
-TEST_F(DrivesTest, OnlyFoldersOfOneLetterAreDrives) {
+TEST_F(DrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
   fs::create_directories(Native("d"));
+  for (const char letter : {'.', '/', '1', ':', '\0'})
+    EXPECT_FALSE(drives->DriveExists(letter)) << letter;
+  for (const char* missing : {"Q:", "q:\\", "Q:\\a\\..", "Q:\\Roads", "\\..\\.."})
+    EXPECT_EQ(drives->MakeFolder(missing), missing[0] == '\\') << missing;
+  EXPECT_FALSE(drives->Install(folder / "drives", "Q:\\Roads\\a.txt"));
+  EXPECT_FALSE(fs::exists(Native("Q")) || fs::exists(Native("q")));
+  EXPECT_TRUE(drives->MakeFolder("D:\\"));
   EXPECT_TRUE(drives->DriveExists('C')); // made at the first start
   EXPECT_TRUE(drives->DriveExists('D'));
   EXPECT_FALSE(drives->DriveExists('E'));
@@ -100,6 +115,87 @@ TEST_F(DrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
   EXPECT_EQ(Everything(), std::vector<std::string>{"drives/C/from.vdb"});
 }
 
+// What a copy brings onto the disk, and whether the target was still the older one by then.
+class WatchedDrives : public FileDrives {
+public:
+  using FileDrives::FileDrives;
+  fs::path target;
+  std::vector<std::string> steps;
+  int failsAt = -1;
+
+protected:
+  bool OnDisk(const fs::path& path) override {
+    steps.push_back((fs::is_directory(path) ? "folder " : Read(path) + " ") + Read(target));
+    return FileDrives::OnDisk(path) && static_cast<int>(steps.size()) != failsAt;
+  }
+};
+
+TEST_F(DrivesTest, ACopyIsOnTheDiskBeforeTheOlderOneAndItsLogGo) {
+  const auto logs = {"-wal", "-shm", "-journal"};
+  WatchedDrives watched(folder / "drives");
+  watched.target = Native("C/road.mdb");
+  Write(Native("C/from.mdb"), "new");
+  Write(watched.target, "old");
+  for (const char* log : logs)
+    Write(watched.target.string() + log, "rows of the older file");
+  watched.failsAt = 1; // a failing disk: nothing has happened
+  EXPECT_FALSE(watched.CopyFile("C:\\from.mdb", "C:\\ROAD.MDB"));
+  EXPECT_EQ(Read(watched.target), "old");
+  EXPECT_EQ(Everything().size(), 5U) << "the older file keeps its log, and no work file stays";
+  EXPECT_TRUE(watched.CopyFile("C:\\from.mdb", "C:\\ROAD.MDB"));
+  EXPECT_EQ(watched.steps, (std::vector<std::string>{"new old", "new old", "folder new"})) << "one failed, one done";
+  for (const char* log : logs)
+    EXPECT_FALSE(fs::exists(watched.target.string() + log)) << log;
+
+  // A log that can't go would be played into the copy.
+  Write(watched.target.string() + "-wal/kept", "");
+  Write(Native("C/from.mdb"), "newer");
+  EXPECT_FALSE(watched.CopyFile("C:\\from.mdb", "C:\\road.mdb"));
+  EXPECT_EQ(Read(watched.target), "new");
+  fs::remove_all(watched.target.string() + "-wal");
+
+  // A successor that was built otherwise goes the same way.
+  const std::string work = Drives::WorkPath("C:\\road.mdb");
+  Write(watched.NativePath(work), "merged");
+  EXPECT_TRUE(drives->Files("C:\\", "*.*") == (std::vector<std::string>{"from.mdb", "road.mdb"})) << "not listed";
+  watched.steps.clear();
+  watched.failsAt = 2; // the name is perhaps not on the disk
+  EXPECT_FALSE(watched.ReplaceFile(work, "C:\\road.mdb"));
+  EXPECT_EQ(watched.steps, (std::vector<std::string>{"merged new", "folder merged"}));
+}
+
+// The program is killed again and again while it copies.
+TEST_F(DrivesTest, WhatAKilledCopyLeavesGoesAtTheNextCopy) {
+  const std::string old(1 << 20, 'o'), content(std::size_t{32} << 20, 'n');
+  Write(Native("D/from.mdb"), content);
+  Write(Native("E/road.mdb"), old);
+  const auto leftover = [&] {
+    for (const auto& entry : fs::directory_iterator(Native("E")))
+      if (entry.path().filename() != "road.mdb")
+        return true;
+    return false;
+  };
+  const pid_t copier = ::fork();
+  if (copier == 0) {
+    FileDrives(folder / "drives").CopyFile("D:\\from.mdb", "E:\\road.mdb");
+    ::_exit(0);
+  }
+  int status = 0;
+  while (!leftover() && ::waitpid(copier, &status, WNOHANG) == 0) {
+  }
+  ::kill(copier, SIGKILL);
+  ::waitpid(copier, &status, 0);
+  EXPECT_TRUE(Read(Native("E/road.mdb")) == old || Read(Native("E/road.mdb")) == content) << "never half a file";
+  Write(Native("E/.trekor-1.part"), "of a run before");
+  Write(Native("E/.trekor-new.part-wal"), "and its log");
+  Write(Native("E/.trekor-my.part.mdb"), "a job of that name");
+  EXPECT_EQ(drives->Files("E:\\", "*.*"), (std::vector<std::string>{".trekor-my.part.mdb", "road.mdb"}));
+  EXPECT_TRUE(drives->CopyFile("D:\\from.mdb", "E:\\" + std::string(251, 'x') + ".mdb"));
+  fs::remove(Native("E/.trekor-my.part.mdb"));
+  fs::remove(Native("E") / (std::string(251, 'x') + ".mdb"));
+  EXPECT_FALSE(leftover());
+}
+
 TEST_F(DrivesTest, AReadOnlyFileStaysUntilItsMarkIsTaken) {
   Write(Native("C/a.txt"), "a");
   Write(Native("C/b.txt"), "b");
@@ -118,10 +214,11 @@ TEST_F(DrivesTest, ListingsAreByNameAndByPattern) {
   fs::create_directories(Native("C/L/sub.mdb"));
   using Names = std::vector<std::string>;
   EXPECT_EQ(drives->Files("C:\\l", "*.mdb"), (Names{"A.mdb", "b.MDB", "å1.mdb"}));
-  EXPECT_EQ(drives->Files("C:\\l", "*.*"), (Names{"A.mdb", "b.MDB", "c.tkr", "note", "å1.mdb"}));
+  EXPECT_EQ(drives->Files("C:\\l", "*.*"), (Names{".hidden", "A.mdb", "b.MDB", "c.tkr", "note", "å1.mdb"}));
   EXPECT_EQ(drives->Files("C:\\l", "?.MDB"), (Names{"A.mdb", "b.MDB"}));
   EXPECT_EQ(drives->Files("C:\\l", "?1.mdb"), (Names{"å1.mdb"}));
-  EXPECT_EQ(drives->Files("C:\\l", ".*"), Names{});
+  EXPECT_EQ(drives->Files("C:\\l", "NOTE.*"), Names{"note"});
+  EXPECT_EQ(drives->Files("C:\\l", ".*"), Names{".hidden"});
   EXPECT_EQ(drives->Files("C:\\none", "*.*"), Names{});
   EXPECT_EQ(drives->Folders("C:\\l"), Names{"sub.mdb"});
 }

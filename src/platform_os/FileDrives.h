@@ -2,7 +2,8 @@
 // folder holds a subfolder for each drive ("C", "D", ...), and names below it are found without regard to case.
 //
 // A path without a drive letter begins at the root of the program's drive, or in the program's folder when it has no
-// leading backslash. "..", however often, never leads out of its drive.
+// leading backslash. "..", however often, never leads out of its drive. What stands for no file ("1:\\a", a NUL) has an
+// empty native path, which every operation refuses.
 #pragma once
 
 #include "platform/Drives.h"
@@ -43,6 +44,7 @@ public:
   bool FolderExists(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;
+  bool ReplaceFile(const std::string& work, const std::string& path) override;
   bool SyncFile(const std::string& path) override;
   bool DeleteFile(const std::string& path) override;
   void ClearReadOnly(const std::string& path) override;
@@ -50,18 +52,22 @@ public:
   std::vector<std::string> Folders(const std::string& folder) override;
   std::string CurrentFolder() override { return programFolder; }
 
+  // A copy of a native file, writable, whole at every instant, but not yet synced. The levels above it are made.
+  bool Install(const std::filesystem::path& source, const std::string& to);
   // The folder of the drives as the system knows it; empty where drives are real.
   std::string Root() const { return TextFromPath(root); }
+
+protected:
+  // Brings a file or the names of a folder onto the disk.
+  virtual bool OnDisk(const std::filesystem::path& path);
 
 private:
   std::filesystem::path Path(const std::string& path);
   std::vector<std::string> Names(const std::string& folder, const std::string& pattern, bool folders);
+  bool PutInPlace(const std::filesystem::path& work, const std::filesystem::path& target);
 
   std::filesystem::path root;
   std::string programFolder;
 };
-
-// Whether a name matches a pattern of "*" and "?", without regard to case. "*.*" matches names without a point too.
-bool MatchesPattern(const std::string& name, const std::string& pattern);
 
 } // namespace trekor
