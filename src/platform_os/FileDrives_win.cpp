@@ -1,7 +1,10 @@
 // Drives of their own letters: a path is what it says.
 #include "platform_os/FileDrives.h"
 
+#include <array>
+
 #include <windows.h>
+#include <winnetwk.h>
 
 namespace trekor::native {
 
@@ -25,10 +28,14 @@ fs::path DrivesRoot() {
   return {};
 }
 
+// "D:a" would begin in whatever folder the process has on that drive: here it begins at the drive's root. A colon
+// further on would name a stream inside a file.
 fs::path PathOf(const fs::path&, const std::string& path, const std::string& current) {
-  if (path.empty() || path.find('\0') != std::string::npos)
+  if (path.empty() || path.find('\0') != std::string::npos || path.find(':', 2) != std::string::npos)
     return {};
-  return PathFromText(current) / PathFromText(path);
+  const bool lettered = path.size() > 1 && path[1] == ':';
+  const std::string rooted = lettered ? path.substr(0, 2) + "\\" + path.substr(2) : path;
+  return (PathFromText(current) / PathFromText(rooted)).lexically_normal();
 }
 
 bool DriveExists(const fs::path&, char letter) {
@@ -37,8 +44,10 @@ bool DriveExists(const fs::path&, char letter) {
 }
 
 std::string RemoteName(char letter) {
-  const wchar_t drive[] = {static_cast<wchar_t>(letter), L':', L'\\', 0};
-  return GetDriveTypeW(drive) == DRIVE_REMOTE ? std::string(1, letter) + ":" : std::string();
+  const std::array<wchar_t, 3> drive = {static_cast<wchar_t>(letter), L':', 0};
+  std::array<wchar_t, 1024> share{};
+  DWORD size = static_cast<DWORD>(share.size());
+  return WNetGetConnectionW(drive.data(), share.data(), &size) == NO_ERROR ? TextFromPath(share.data()) : std::string();
 }
 
 bool SyncFile(const fs::path& file) {

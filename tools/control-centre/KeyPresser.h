@@ -1,8 +1,9 @@
-// Presses real keys, as a hand would: through the windowing system, to whatever window has the focus.
+// Presses real keys, as a hand would: through the windowing system, to whatever window has the focus. On Windows none
+// is available yet.
 #pragma once
 
-#include <QString>
 #include <memory>
+#include <string>
 
 namespace control {
 
@@ -14,11 +15,11 @@ public:
   bool Available() const;
   // "A", "7", "F5", "Space", "Return", "Escape", "Delete", "Up", "Num 3", "Num +", each with "Ctrl+", "Shift+", "Alt+"
   // in front as wanted. False when no key has that name.
-  bool Press(const QString& name);
+  bool Press(const std::string& name);
   // Gives the focus to the program's window when none has it: without a window manager nobody else does.
   void Focus(long long window);
   // Whether a shown window's title holds the text.
-  bool WindowShown(const QString& title) const;
+  bool WindowShown(const std::string& title) const;
 
 private:
   struct Parts;

@@ -12,13 +12,13 @@ bool KeyPresser::Available() const {
   return false;
 }
 
-bool KeyPresser::Press(const QString&) {
+bool KeyPresser::Press(const std::string&) {
   return false;
 }
 
 void KeyPresser::Focus(long long) {}
 
-bool KeyPresser::WindowShown(const QString&) const {
+bool KeyPresser::WindowShown(const std::string&) const {
   return false;
 }
 

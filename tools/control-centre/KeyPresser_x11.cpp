@@ -2,7 +2,8 @@
 #include "KeyPresser.h"
 
 #include <QHash>
-#include <QStringList>
+#include <QString>
+#include <string_view>
 #include <vector>
 
 #include <X11/XKBlib.h>
@@ -47,14 +48,14 @@ KeySym Modifier(const QString& name) {
   return name == "Ctrl" ? XK_Control_L : name == "Shift" ? XK_Shift_L : name == "Alt" ? XK_Alt_L : NoSymbol;
 }
 
-bool TitleHolds(Display* display, Window window, const QString& title) {
+bool TitleHolds(Display* display, Window window, const std::string& title) {
   XWindowAttributes attributes;
   if (!XGetWindowAttributes(display, window, &attributes))
     return false;
   char* name = nullptr;
   bool found = false;
   if (attributes.map_state == IsViewable && XFetchName(display, window, &name) && name)
-    found = QString::fromUtf8(name).contains(title);
+    found = std::string_view(name).find(title) != std::string_view::npos;
   if (name)
     XFree(name);
   Window root = 0, parent = 0, *children = nullptr;
@@ -84,11 +85,11 @@ bool KeyPresser::Available() const {
   return parts->display != nullptr;
 }
 
-bool KeyPresser::Press(const QString& name) {
+bool KeyPresser::Press(const std::string& name) {
   if (!parts->display)
     return false;
   std::vector<KeyCode> held;
-  QString key = name;
+  QString key = QString::fromStdString(name);
   for (auto plus = key.indexOf('+'); plus > 0 && Modifier(key.left(plus)) != NoSymbol; plus = key.indexOf('+')) {
     held.push_back(XKeysymToKeycode(parts->display, Modifier(key.left(plus))));
     key = key.mid(plus + 1);
@@ -124,7 +125,7 @@ void KeyPresser::Focus(long long window) {
   XSync(parts->display, False);
 }
 
-bool KeyPresser::WindowShown(const QString& title) const {
+bool KeyPresser::WindowShown(const std::string& title) const {
   return parts->display && TitleHolds(parts->display, DefaultRootWindow(parts->display), title);
 }
 

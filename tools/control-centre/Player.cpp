@@ -106,7 +106,7 @@ void Player::Fail(const QString& why) {
 // Asked once a tick: a wait that is met uses up the lines to its own.
 bool Player::Waiting(const Event& event) {
   if (event.action == Event::Action::WaitWindow)
-    return !keys.WindowShown(event.text);
+    return !keys.WindowShown(event.text.toStdString());
   if (event.action != Event::Action::Wait)
     return false;
   for (qsizetype i = 0; i < heard.size(); ++i)
@@ -142,7 +142,7 @@ void Player::Do(const Event& event) {
 void Player::Press(const Event& event) {
   keys.Focus(window);
   link.Tell("--", "key " + event.text);
-  if (keys.Press(event.text))
+  if (keys.Press(event.text.toStdString()))
     return;
   Fail(keys.Available() ? "no such key: " + event.text : "no windowing system to press keys in");
 }
