@@ -44,6 +44,7 @@ struct CommaFile::Walk {
   int StationsDone = 0, percent = -1;
   CommaPosition here, prior; // the station of the walk, and the start of the stretch that comes next
   bool failed = false;
+  bool all = true; // every registration passed so far stands in a record of its own place
 };
 
 bool CommaFile::Walk::NextRegistration() {
@@ -52,6 +53,7 @@ bool CommaFile::Walk::NextRegistration() {
     ToID = registrations.Integer(RegToID);
     if (FromID >= lowestID && ToID <= LastID && !(ToID == 0 && registrations.IsNull(RegToID)))
       return true;
+    all = false;
   }
   return false;
 }
@@ -76,6 +78,7 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
   WriteRecords(walk, records);
   records.WriteLastRecord();
   const bool whole = out.Close() && !walk.failed;
+  holdsAll = walk.all;
   outcome = whole ? CommaOutcome::Written : CommaOutcome::Failed;
   return whole;
 }
@@ -175,6 +178,7 @@ void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
     ReadStation(w);
     more = WriteRegistrations(w, records);
   }
+  w.all = w.all && w.registrations.Eof();
   w.failed = w.failed || w.stations.Failed() || w.registrations.Failed();
 }
 
@@ -191,7 +195,7 @@ bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
       w.FirstID = ThisID;
       return true;
     }
-    records.WritePointRecord(w.registrations, w.here);
+    w.all = records.WritePointRecord(w.registrations, w.here) && w.all;
     more = w.NextRegistration();
   }
   return more;
@@ -205,12 +209,17 @@ void CommaFile::ReadSegment(Walk& w) {
   const std::size_t cleared = std::min(loaded + 1, table.ObsValues.size());
   std::fill(table.ObsValues.begin() + 1, table.ObsValues.begin() + static_cast<std::ptrdiff_t>(cleared), '\0');
   const std::int64_t SegmentTo = w.ToID;
+  w.all = w.all && w.FromID == w.FirstID;
   do {
     const std::int64_t code = w.registrations.Integer(RegObsCode);
     const auto value = static_cast<char>(SegmentDigit(w.registrations.TextView(RegRegData)));
+    int columns = 0;
     for (std::size_t i = 1; i <= static_cast<std::size_t>(table.CommaObsCount); ++i)
-      if (table.ObsCodes[i] == code)
+      if (table.ObsCodes[i] == code) {
         table.ObsValues[i] = value;
+        ++columns;
+      }
+    w.all = w.all && columns == 1; // in none it is lost, in two it is also the other one's
   } while (w.NextRegistration() && w.FromID == w.FirstID && w.ToID == SegmentTo);
 }
 

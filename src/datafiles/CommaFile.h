@@ -27,6 +27,9 @@ public:
   // stations. True when the file was written whole.
   bool WriteCommaFile(std::int32_t sessionID, bool write, int loadedObservations);
   CommaOutcome Outcome() const { return outcome; } // of the last call
+  // True when that call has used up every registration of the data file, of whichever session: each stands in a record
+  // of its own place and in a column of its own. False when the walk has left one behind or out.
+  bool HoldsAll() const { return outcome == CommaOutcome::Written && holdsAll; }
 
 private:
   struct Walk;
@@ -45,6 +48,7 @@ private:
   CommaTable table;
   Station RecordStation; // through it stored positions become kilometres within the limits of a station
   CommaOutcome outcome = CommaOutcome::Nothing;
+  bool holdsAll = false;
 };
 
 } // namespace trekor

@@ -62,7 +62,7 @@ void CommaRecords::WriteGpsRecord(const CommaPosition& p) {
 
 // 5311,  12.345, 17,1,"1"
 // station, observation code, value as a digit, value as text
-void CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosition& here) {
+bool CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosition& here) {
   const std::int64_t obsCode = registration.Integer(RegObsCode);
   const std::string_view regData = registration.TextView(RegRegData);
   std::size_t i = 0;
@@ -71,7 +71,7 @@ void CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosit
     const auto first = table.ObsCodes.begin() + 1, last = first + table.CommaObsCount;
     const auto found = std::find(first, last, obsCode);
     if (found == last)
-      return; // an observation that the session does not know: not even its position is written
+      return false; // not even its position is written
     i = static_cast<std::size_t>(found - table.ObsCodes.begin());
     value = PointDigit(regData);
   }
@@ -79,6 +79,7 @@ void CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosit
   out.Raw("5311,");
   StationField(here.km);
   out.Comma().Fixed(table.ObsCodes[i], code).Comma().Whole(value).Comma().Quoted(regData).End();
+  return true;
 }
 
 // 5301,  12.300,  12.400,0,3,0,0,1,0,0,0,0,0,0,0,0,0,0,0

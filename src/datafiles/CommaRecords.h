@@ -46,7 +46,8 @@ public:
   void WriteCommaHeader(const SessionRow& session, const Database& database);
   void WriteGpsRecord(const CommaPosition& position);
   // One registration of the row on which the cursor stands; see RegistrationQuery for its fields.
-  void WritePointRecord(const Cursor& registration, const CommaPosition& here);
+  // False when its observation is unknown to the session and nothing was written.
+  bool WritePointRecord(const Cursor& registration, const CommaPosition& here);
   void WriteSegmentRecord(const CommaPosition& from, const CommaPosition& to);
   void WriteLastRecord();
 
