@@ -38,22 +38,43 @@ bool DataFiles::Init_DataFiles() {
 }
 
 bool DataFiles::CreateDataFile(const TestSetup& setup) {
-  // Storing an icon lets events run, and the link may ask for the next file in there.
-  if (state.file.DataName.empty() || preparing)
+  FileNaming& file = state.file;
+  if (file.DataName.empty() || preparing)
     return false;
-  BuildPath();
-  if (IsOpen(state.file.DataFilePath))
-    return false;
-  CloseDataFile();
-  state.run.DataFileOpen = false;
-  if (!InstallTemplate() || !OpenDataFile())
-    return false;
+  const std::string path = PathOfNames();
+  const bool begun = !IsOpen(path) && InstallTemplate(path) && BeginFile(path, setup);
+  if (!begun && state.run.DataFileOpen) {
+    file.DataPath = openPath;
+    file.DataName = openName;
+    file.DataGuid = session.GUID;
+  }
+  return begun;
+}
+
+// The open file waits aside until the new one holds its session: a disk can be full for the pictures alone.
+bool DataFiles::BeginFile(const std::string& path, const TestSetup& setup) {
+  DataFileHandles before = std::exchange(static_cast<DataFileHandles&>(*this), {});
+  const SessionRow sessionBefore = session;
+  const FileNaming fileBefore = state.file;
+  Positions& at = state.position;
+  const double lowest = at.StationMinimum.Default(), highest = at.StationMaximum.Default();
+  state.file.DataFilePath = path;
   preparing = true;
-  state.run.DataFileOpen = StartSession(setup);
+  const bool begun = OpenDataFile() && StartSession(setup);
   preparing = false;
-  if (!state.run.DataFileOpen)
-    CloseDataFile();
-  return state.run.DataFileOpen;
+  if (begun) {
+    openPath = state.file.DataPath;
+    openName = state.file.DataName;
+    return state.run.DataFileOpen = true;
+  }
+  CloseDataFile();
+  platform.drives.DeleteFile(path); // a layout without a session; the room it takes is wanted
+  static_cast<DataFileHandles&>(*this) = std::move(before);
+  session = sessionBefore;
+  state.file = fileBefore;
+  at.StationMinimum.SetDefault(lowest);
+  at.StationMaximum.SetDefault(highest);
+  return false;
 }
 
 bool DataFiles::ReopenDataFile(const TestSetup& setup) {
@@ -62,11 +83,12 @@ bool DataFiles::ReopenDataFile(const TestSetup& setup) {
     name.resize(name.size() - 4);
   if (name.empty() || preparing)
     return false;
-  BuildPath();
-  if (IsOpen(state.file.DataFilePath))
+  const std::string path = PathOfNames();
+  if (IsOpen(path) || BelongsToProgram(state, platform.drives, path))
     return false;
   CloseDataFile();
   state.run.DataFileOpen = false;
+  state.file.DataFilePath = path;
   if (UpdateDatabase(state.folders, platform, "DATAfile", state.file.DataPath, name).programEnds) {
     platform.process.End();
     return false;
@@ -74,25 +96,36 @@ bool DataFiles::ReopenDataFile(const TestSetup& setup) {
   if (!OpenDataFile())
     return false;
   state.run.DataFileOpen = true;
+  openPath = state.file.DataPath;
+  openName = name;
   preparing = true;
   StartSession(setup);
   preparing = false;
   return database != nullptr;
 }
 
-void DataFiles::BuildPath() {
-  state.file.DataFilePath = state.file.DataPath + "\\" + state.file.DataName + ".mdb";
+std::string DataFiles::PathOfNames() const {
+  return state.file.DataPath + "\\" + state.file.DataName + ".mdb";
 }
 
 bool DataFiles::IsOpen(const std::string& path) const {
-  return database && SameText(database->Path(), platform.drives.NativePath(path));
+  return database && SameFile(database->Path(), platform.drives.NativePath(path));
+}
+
+bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::string& path) {
+  const FolderPaths& folders = state.folders;
+  const std::string native = drives.NativePath(path), own = folders.MdbFolder + "\\" + state.command.HardwareName;
+  const auto same = [&](const std::string& other) { return SameFile(native, drives.NativePath(other)); };
+  for (const std::string& folder : {folders.MdbFolder, folders.SharedMdbFolder, folders.RootFolder + "\\BAK"})
+    if (LiesIn(native, drives.NativePath(folder)))
+      return true;
+  return same(own + ".mdb") || same(state.facility.SectionsPath); // both are named from outside, and may lie anywhere
 }
 
 // The template is the layout of the file. What another program is writing is never replaced under its hands, though
 // some file systems would let us.
-bool DataFiles::InstallTemplate() {
-  const std::string& path = state.file.DataFilePath;
-  return !InUse(platform.drives.NativePath(path)) &&
+bool DataFiles::InstallTemplate(const std::string& path) {
+  return !BelongsToProgram(state, platform.drives, path) && !InUse(platform.drives.NativePath(path)) &&
          platform.drives.CopyFile(state.folders.MdbFolder + TemplateFile, path);
 }
 

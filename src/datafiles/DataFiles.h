@@ -29,6 +29,8 @@ std::string NextFreeName(const std::string& path, Drives& drives);
 // copy only.
 std::vector<std::string> CopyFiles(const std::string& folder, const std::string& name, const std::string& target,
                                    Drives& drives);
+// True when a data file of this path would replace a database of the program itself, or lie among them.
+bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::string& path);
 
 // One row of Sessions, as read or as written.
 struct SessionRow {
@@ -58,7 +60,13 @@ struct NewStation {
   int GPSSVs = 0;
 };
 
-class DataFiles {
+// An open data file. The recordsets go before their database.
+struct DataFileHandles {
+  std::unique_ptr<Database> database;
+  std::unique_ptr<Recordset> rsSessions, rsObservations, rsStations, rsRegistrations;
+};
+
+class DataFiles : public DataFileHandles {
 public:
   DataFiles(ProgramState& state, Platform& platform);
   ~DataFiles();
@@ -66,8 +74,10 @@ public:
   bool Init_DataFiles();
 
   // The form's Prepare_File without its view: a new file from the template, its session and its observations. An
-  // existing file of the name is replaced, but never the one that is open: then nothing happens and it stays open.
-  // Another name closes the open one first. True when the new file is open.
+  // existing file of the name is replaced, but never the one that is open and never a database of the program. The
+  // open file is let go when the new one has begun, and not before: whatever fails, it stays open and the state names
+  // it again. True when the new file is open. Storing pictures lets events run: until it returns nobody may store or
+  // close.
   bool CreateDataFile(const TestSetup& setup);
   // An existing file for more collection: a new session in it. True when the file is open.
   bool ReopenDataFile(const TestSetup& setup);
@@ -86,13 +96,12 @@ public:
   bool EndRow(); // false: nothing of the row was stored
 
   SessionRow session;
-  std::unique_ptr<Database> database;
-  std::unique_ptr<Recordset> rsSessions, rsObservations, rsStations, rsRegistrations;
 
 private:
-  void BuildPath();
+  std::string PathOfNames() const;
   bool IsOpen(const std::string& path) const;
-  bool InstallTemplate();
+  bool InstallTemplate(const std::string& path);
+  bool BeginFile(const std::string& path, const TestSetup& setup);
   bool StartSession(const TestSetup& setup);
   void SaveSession();
   void RefillSession();
@@ -101,6 +110,7 @@ private:
   Platform& platform;
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
+  std::string openPath, openName; // DataPath and DataName of the open file; the link names the next one over them
   std::int32_t stationBefore = 0; // StationID when the row began
   // Places of the fields that every row of a run sets, found once when the file is opened.
   std::vector<int> stationPlaces, registrationPlaces;

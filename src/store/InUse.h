@@ -9,4 +9,9 @@ namespace trekor {
 // database and for none at all. Asks by opening it for a moment, which folds a log that a killed program has left.
 bool InUse(const std::string& nativePath);
 
+// Two native paths of one file or folder, also through a link or another spelling. False when either is missing.
+bool SameFile(const std::string& nativePath, const std::string& other);
+// True when the file, there or not, has this folder somewhere above it.
+bool LiesIn(const std::string& nativePath, const std::string& nativeFolder);
+
 } // namespace trekor
