@@ -1,46 +1,52 @@
 #include "collection/FileMenu.h"
 
 #include "datafiles/ExportSessions.h"
+#include "values/Text.h"
+
+#include <algorithm>
 
 namespace trekor {
 
 void FileMenu::mnuNew_Click() {
-  // Asking already: a start from the link while the operator has the form before him.
-  if (asking || ctx.fields.closing || ctx.fields.ending)
+  const auto& f = ctx.fields;
+  if (f.asking || f.preparing || f.closing || f.ending)
     return;
   if (ctx.run().DataFileOpen)
     mnuClose_Click();
-  {
-    const WhileSet up(asking);
-    ctx.rooms.fileNew.ShowDialog();
-  }
-  auto& file = ctx.state().file;
-  if (file.DataName.empty() || ctx.fields.ending)
+  if (!Name_File())
     return;
-  file.DataGuid = NewGuid(false, ctx.rooms.platform.process);
+  // Telling the road pumps. What the link orders in there meets a file that is named, made and told.
+  const SocketProp::Hold later(ctx.rooms.socket);
+  ctx.rooms.fileNew.Take_Over();
+  ctx.state().file.DataGuid = NewGuid(false, ctx.rooms.platform.process);
   Prepare_File();
   Announce_File();
 }
 
-// Storing a large picture lets events run. A start that came there would find no file yet and ask for one, so the link
-// waits, and the operator's key is refused.
+// False when the operator has named none, and when the link was quicker: a file that it has opened behind the close or
+// under the form stays.
+bool FileMenu::Name_File() {
+  if (ctx.run().DataFileOpen)
+    return false;
+  const WhileSet up(ctx.fields.asking);
+  return ctx.rooms.fileNew.ShowDialog() && !ctx.run().DataFileOpen && !ctx.fields.ending;
+}
+
+// Storing a large picture lets events run. A start that came there would find no file yet and ask for one, and an exit
+// would leave it half made: the link and the exit wait, and the operator's own orders are refused.
 void FileMenu::Prepare_File() {
-  if (ctx.state().file.DataName.empty() || ctx.fields.ending)
+  if (ctx.state().file.DataName.empty() || ctx.fields.preparing || ctx.fields.ending)
     return;
   const SocketProp::Hold later(ctx.rooms.socket);
   const WhileSet preparing(ctx.fields.preparing);
   const WhileSet rowsWait(ctx.fields.rowOnStack); // of a run: one that left the grid now would find no file
-  if (ctx.rooms.files.CreateDataFile(ctx.rooms.setup))
+  setups.Lock_SetupControls();                    // its observations are being stored
+  if (ctx.rooms.files.CreateDataFile(ctx.rooms.setup)) {
     ctx.fields.LastStationID = 0;
-  if (ctx.fields.ending) { // an exit came in while the pictures were stored: nobody else would close this file
-    ctx.rooms.files.CloseDataFile();
-    ctx.run().DataFileOpen = false;
-    return;
+    ctx.rooms.fileNew.Give_Way();
   }
   feedback.SetCaption();
-  if (ctx.run().DataFileOpen)
-    setups.Lock_SetupControls();
-  else // perhaps the one before it had to go
+  if (!ctx.run().DataFileOpen)
     setups.Unlock_SetupControls();
 }
 
@@ -56,7 +62,7 @@ void FileMenu::Announce_File() {
 }
 
 void FileMenu::mnuClose_Click() {
-  if (ctx.run().RunState != 0 || ctx.fields.closing)
+  if (ctx.run().RunState != 0 || ctx.fields.closing || ctx.fields.preparing)
     return;
   ctx.form.UpDnPicture.SetEnabled(true);
   ctx.form.Texts7.SetEnabled(true);
@@ -69,32 +75,53 @@ void FileMenu::mnuClose_Click() {
   ctx.state().file.LastCloseTime = ctx.rooms.platform.clock.Now();
 }
 
-// The copies are made from the closed file, before it may be deleted. Data that stand nowhere else are never deleted:
-// the file goes only when this close has left its comma file, on the disk and not in the system's memory alone.
+// The copies are made from the closed file, before it may be deleted.
 void FileMenu::Close_File() {
   const RunCommand command(ctx.fields); // no start in the pumps in here
   const WhileSet closing(ctx.fields.closing);
-  auto& state = ctx.state();
-  const std::string path = state.file.DataFilePath;
-  const bool written = state.options.WriteAscii && Write_CommaFile();
-  const std::string commaPath = state.file.DataPath + "\\" + state.file.AsciiName + ".TKR";
+  const auto& options = ctx.state().options;
+  const std::string path = ctx.state().file.DataFilePath;
+  if (options.WriteAscii)
+    Write_CommaFile();
   ctx.rooms.files.CloseDataFile();
-  if (!state.file.BackupPath.empty())
-    CopyFiles(state.file.DataPath, state.file.AsciiName, state.file.BackupPath, ctx.rooms.platform.drives);
+  const auto copied = Back_Up();
+  const bool mayGo = options.WriteAscii && !options.KeepMdb && Stands_Elsewhere(copied);
   ctx.Send("FILE CLOSE"); // the control program wants to hear it also when it has asked for it
   ctx.run().DataFileOpen = false;
+  if (mayGo)
+    ctx.rooms.platform.drives.DeleteFile(path);
+}
+
+// The files whose copies stand whole. A job called like a database of the program must not replace it by its copy.
+std::vector<std::string> FileMenu::Back_Up() {
+  const auto& file = ctx.state().file;
   Drives& drives = ctx.rooms.platform.drives;
-  if (written && !state.options.KeepMdb && drives.SyncFile(commaPath))
-    drives.DeleteFile(path);
+  if (BelongsToProgram(ctx.state(), drives, file.BackupPath + "\\" + file.AsciiName + ".mdb"))
+    return {};
+  return CopyFiles(file.DataPath, file.AsciiName, file.BackupPath, drives);
+}
+
+// Whether nothing is lost with the closed data file: its comma file lies beside it under its own name, holds every
+// registration and is on the disk, not in the system's memory alone; or a copy stands whole on the backup drive. The
+// names are those of this close: the link may have named the next file before it, and later sessions have names of
+// their own.
+bool FileMenu::Stands_Elsewhere(const std::vector<std::string>& copied) {
+  const auto& file = ctx.state().file;
+  const std::string own = file.DataPath + "\\" + file.AsciiName;
+  if (own + ".mdb" != file.DataFilePath)
+    return false;
+  const bool copy = std::any_of(copied.begin(), copied.end(),
+                                [&](const std::string& name) { return SameText(name, file.AsciiName + ".mdb"); });
+  return copy || (ctx.rooms.comma.HoldsAll() && ctx.rooms.platform.drives.SyncFile(own + ".TKR"));
 }
 
 // The first session's comma file has the data file's name, later ones the session's number behind it: ROAD09-02.
-bool FileMenu::Write_CommaFile() {
+void FileMenu::Write_CommaFile() {
   auto& file = ctx.state().file;
   file.AsciiName = file.DataName;
   if (file.SessionID > 1)
     file.AsciiName += SessionSuffix(file.SessionID);
-  return ctx.rooms.comma.WriteCommaFile(file.SessionID, true, ctx.rooms.setup.ObsCount());
+  ctx.rooms.comma.WriteCommaFile(file.SessionID, true, ctx.rooms.setup.ObsCount());
 }
 
 } // namespace trekor

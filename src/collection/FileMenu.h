@@ -5,6 +5,9 @@
 #include "collection/RunContext.h"
 #include "collection/SetupChoice.h"
 
+#include <string>
+#include <vector>
+
 namespace trekor {
 
 class FileMenu {
@@ -12,20 +15,23 @@ public:
   FileMenu(RunContext& context, SetupChoice& setupChoice, Feedback& sounds)
       : ctx(context), setups(setupChoice), feedback(sounds) {}
   void mnuNew_Click();
-  // Builds and opens the file that the state names. Nothing without a name.
+  // Builds and opens the file that the state names. Nothing without a name. When it can't be made, a file that is open
+  // goes on. A file made under the new-file form takes the form away.
   void Prepare_File();
   // Only in idle: comma file, close, copies, "FILE CLOSE", and the data file goes when only the comma file is wanted.
   void mnuClose_Click();
 
 private:
   void Announce_File();
-  bool Write_CommaFile();
+  bool Name_File();
+  void Write_CommaFile();
+  std::vector<std::string> Back_Up();
+  bool Stands_Elsewhere(const std::vector<std::string>& copied);
   void Close_File();
 
   RunContext& ctx;
   SetupChoice& setups;
   Feedback& feedback;
-  bool asking = false; // the new-file form is up
 };
 
 } // namespace trekor

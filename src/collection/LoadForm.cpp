@@ -15,8 +15,10 @@ void Measurements::Wire_Events() {
   form.OnActivate = [this] { p->keys.Form_Activate(); };
   form.OnResize = [this] { p->layout.Resize(); };
   form.OnQueryUnload = [this] {
-    Close_Form();
-    return true;
+    p->ctx.fields.leaveLater = p->ctx.fields.preparing;
+    if (!p->ctx.fields.preparing)
+      Close_Form();
+    return !p->ctx.fields.preparing;
   };
   form.IdleTimer.OnTimer = [this] { Idle_Tick(); };
   form.TimerCurtain.OnTimer = [this] { p->layout.TimerCurtain_Timer(); };

@@ -43,7 +43,8 @@ void Measurements::mnuClose_Click() {
 }
 
 void Measurements::mnuExit_Click() {
-  if (UnloadMainForm)
+  p->ctx.fields.leaveLater = p->ctx.fields.preparing;
+  if (UnloadMainForm && !p->ctx.fields.preparing)
     UnloadMainForm();
 }
 
@@ -65,6 +66,8 @@ void Measurements::EnterHugeText(int index) {
 
 void Measurements::Idle_Tick() {
   p->idle.Idle_Tick();
+  if (p->ctx.fields.leaveLater && !p->ctx.fields.preparing)
+    mnuExit_Click();
 }
 
 void Measurements::AsciiFileProgress(int percent) {
@@ -84,6 +87,7 @@ void Measurements::Unload_Forms() {
   p->frmBars.Loaded = false;
   p->asking.TextPrompt.Unload();
   p->asking.NumericPrompt.Unload();
+  rooms.fileNew.Give_Way();
   rooms.messages.Unload_Form();
   rooms.platform.sound.Close_SoundDevice();
   p->keyPictures.Unload();

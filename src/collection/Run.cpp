@@ -14,6 +14,8 @@ constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind
 void Run::Start_Run() {
   if (!ctx.fields.BusyGuard || ctx.fields.preparing)
     return;
+  if (ctx.fields.asking && !ctx.run().DataFileOpen) // the operator is naming the file of his own start
+    return;
   const RunCommand command(ctx.fields);
   const WhileSet starting(ctx.fields.starting);
   if (!Prepare_Start())
@@ -44,6 +46,7 @@ bool Run::Prepare_Start() {
     files.mnuNew_Click(); // left without a file, the run goes on: it stores nothing
   if (ctx.fields.ending)
     return false;
+  const bool stored = ctx.run().DataFileOpen;
   if (ask.NumLockFrozen())
     ctx.fields.NumLockAtStart = ctx.rooms.platform.keyboard.NumLock();
   at.DmiAtStart = at.DmiStation.Default();
@@ -53,7 +56,8 @@ bool Run::Prepare_Start() {
   if (ctx.fields.ending || !Read_Step())
     return false;
   Settle_Station();
-  return !ctx.fields.ending;
+  // The link may have closed the file under a prompt: a run that nobody stores is not begun for that.
+  return !ctx.fields.ending && ctx.run().DataFileOpen == stored;
 }
 
 bool Run::Read_Step() {

@@ -15,7 +15,9 @@ struct RunFields {
   bool BusyGuard = true;
   int commandsOnStack = 0;
   bool starting = false;   // Start_Run is on the stack, RunState still 0
+  bool asking = false;     // the new-file form is up, or has gone for a file of the link and its showing ends soon
   bool preparing = false;  // Prepare_File is on the stack, the file not yet open
+  bool leaveLater = false; // an exit came in meanwhile: the next tick carries it out
   bool closing = false;    // mnuClose_Click is on the stack
   bool loading = false;    // the form load is on the stack: keys find nothing to act on yet
   bool ending = false;     // the way out has begun: whatever returns from a pump now must let go

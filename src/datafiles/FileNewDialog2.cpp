@@ -42,7 +42,7 @@ FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, Text
     : state(programState), platform(seams), texts(textDatabase), messages(catalogue), sections(road) {
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
-    CmdCancel_Click();
+    Give_Way();
     return false; // hidden only, the next file asks again
   };
   form.Texts2.OnKeyPress = [](char32_t c) {
@@ -52,23 +52,25 @@ FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, Text
   form.DirectorySelect.OnDblClick = [this] { OpenFolder(); };
   form.FileSelect.OnClick = [this] { ProposeName(); };
   form.CmdOK.OnClick = [this] { CmdOK_Click(); };
-  form.CmdCancel.OnClick = [this] { CmdCancel_Click(); };
+  form.CmdCancel.OnClick = [this] { Give_Way(); };
   form.BlinkTimer.OnTimer = [this] { Blink(); };
 }
 
-void FileNewDialog2::ShowDialog() {
+bool FileNewDialog2::ShowDialog() {
   if (!form.Loaded) {
     texts.LoadFormProperties(form);
     platform.shell.Load(form);
     form.Loaded = true;
   }
-  state.file.DataName.clear(); // whatever way the form goes away, only CmdOK gives a name
+  state.file.DataName.clear(); // whatever way the form goes away, only CmdOK and the link give a name
+  accepted = false;
   Fill();
   form.BlinkTimer.SetInterval(BlinkInterval);
   form.BlinkTimer.SetRunning(true);
   platform.shell.SetFocus(form.Texts2);
   platform.shell.ShowModal(form);
   form.BlinkTimer.SetRunning(false);
+  return accepted;
 }
 
 bool FileNewDialog2::Key(int keyCode, int shift) {
@@ -77,18 +79,17 @@ bool FileNewDialog2::Key(int keyCode, int shift) {
   if (keyCode == KeyEnter)
     CmdOK_Click();
   else if (keyCode == KeyEsc || keyCode == KeyF4)
-    CmdCancel_Click();
+    Give_Way();
   else
     return false;
   return true;
 }
 
 void FileNewDialog2::Fill() {
-  form.Texts0.SetText(state.facility.FacilityName);
-  form.Texts1.SetText(state.facility.SectionName);
-  form.Texts2.SetText("");
-  form.Texts9.SetText(state.facility.SectionStart);
-  form.Texts10.SetText(state.facility.SectionEnd);
+  for (TextBox* box : {&form.Texts0, &form.Texts1, &form.Texts2, &form.Texts9, &form.Texts10})
+    box->SetText("");
+  road = {};
+  FollowRoad();
   form.TestSetupLabel.SetCaption(state.TestSetupName);
   if (folder.empty() || !platform.drives.FolderExists(folder))
     folder = platform.drives.CurrentFolder();
@@ -167,46 +168,67 @@ void FileNewDialog2::ShowFileUnits() {
 }
 
 void FileNewDialog2::Blink() {
+  FollowRoad();
   bright = !bright;
   form.FiledUnitsLabel.SetForeColor(bright && blinkUnits ? BlinkColour : PlainColour);
   form.FiledStationsLabel.SetForeColor(bright && blinkStations ? BlinkColour : PlainColour);
 }
 
+// The answer waits until the showing has ended: the link may be quicker with a file of its own.
 void FileNewDialog2::CmdOK_Click() {
-  const std::string name = Trim(form.Texts2.Text());
-  if (name.empty())
-    return CmdCancel_Click();
-  const std::string dataFolder = WithoutBackslash(folder);
-  if (platform.drives.FileExists(dataFolder + "\\" + name + ".MDB"))
+  answer = {Trim(form.Texts2.Text()), WithoutBackslash(folder), ""};
+  if (answer.name.empty())
+    return Give_Way();
+  const std::string path = answer.folder + "\\" + answer.name + ".MDB";
+  if (platform.drives.FileExists(path) || BelongsToProgram(state, platform.drives, path))
     return messages.ShowMessage(MessageFileExists);
-  std::string backup;
-  if (!ChooseBackup(name, dataFolder, backup))
-    return;
-  state.file.BackupPath = backup;
-  state.file.DataName = name;
-  state.file.DataPath = dataFolder;
-  SendFacilityAndSection();
-  platform.shell.Hide(form);
+  accepted = ChooseBackup();
+  if (accepted)
+    Give_Way();
 }
 
 // The same folder on the other drive; one level of it is made. False: the user has been told why not.
-bool FileNewDialog2::ChooseBackup(const std::string& name, const std::string& dataFolder, std::string& backup) {
+bool FileNewDialog2::ChooseBackup() {
   if (form.cboBackup.ListIndex() <= 0)
     return true;
-  backup = form.cboBackup.Text().substr(0, 1) + dataFolder.substr(1);
+  const std::string backup = answer.backup = form.cboBackup.Text().substr(0, 1) + answer.folder.substr(1);
   if (!platform.drives.FolderExists(backup) && !platform.drives.MakeFolder(backup)) {
     platform.shell.MsgBox("Could not create Backup folder: " + backup, form.Caption(), BoxIcon::Exclamation);
     return false;
   }
-  if (!platform.drives.FileExists(backup + "\\" + name + ".MDB"))
+  if (!platform.drives.FileExists(backup + "\\" + answer.name + ".MDB"))
     return true;
   messages.ShowMessage(MessageFileExists);
   return false;
 }
 
-void FileNewDialog2::CmdCancel_Click() {
-  state.file.DataName.clear();
+void FileNewDialog2::Give_Way() {
+  if (!form.Shown)
+    return;
+  if (messages.form.Shown)
+    platform.shell.Hide(messages.form);
   platform.shell.Hide(form);
+}
+
+void FileNewDialog2::Take_Over() {
+  state.file.BackupPath = answer.backup;
+  state.file.DataName = answer.name;
+  state.file.DataPath = answer.folder;
+  FollowRoad();
+  SendFacilityAndSection();
+}
+
+// What the link tells of the road while the form is up goes into the boxes that nobody has typed in.
+void FileNewDialog2::FollowRoad() {
+  const FacilityRecord& now = state.facility;
+  const std::array<const std::string*, 4> told = {&now.FacilityName, &now.SectionName, &now.SectionStart,
+                                                  &now.SectionEnd};
+  const std::array<TextBox*, 4> boxes = {&form.Texts0, &form.Texts1, &form.Texts9, &form.Texts10};
+  for (std::size_t i = 0; i < road.size(); ++i) {
+    if (road[i] != *told[i] && boxes[i]->Text() == road[i])
+      boxes[i]->SetText(*told[i]);
+    road[i] = *told[i];
+  }
 }
 
 void FileNewDialog2::SendFacilityAndSection() {

@@ -7,6 +7,8 @@
 #include "texts/Message.h"
 #include "texts/Texts.h"
 
+#include <array>
+
 namespace trekor {
 
 struct FileNewForm : Form {
@@ -31,9 +33,14 @@ class FileNewDialog2 {
 public:
   FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
                  Sections& sections);
-  // Shows the form modally. Afterwards state.file.DataName is empty when the user cancelled; otherwise DataPath has no
-  // trailing backslash, BackupPath is empty or an existing folder, and neither holds a file of that name.
-  void ShowDialog();
+  // Shows the form modally. False when the user cancelled: state.file.DataName is empty then, unless the link has named
+  // a file meanwhile. True when he named one: Take_Over makes it the program's.
+  bool ShowDialog();
+  // The accepted answer becomes that of the program state, and the link is told the road. DataPath has no trailing
+  // backslash, BackupPath is empty or an existing folder, and neither holds a file of that name.
+  void Take_Over();
+  // Takes the form away as by a cancel, with a message that stands above it: it is no longer needed.
+  void Give_Way();
   FileNewForm form;
 
 private:
@@ -48,8 +55,8 @@ private:
   void ShowFileUnits();
   void Blink();
   void CmdOK_Click();
-  void CmdCancel_Click();
-  bool ChooseBackup(const std::string& name, const std::string& dataFolder, std::string& backup);
+  bool ChooseBackup();
+  void FollowRoad();
   void SendFacilityAndSection();
 
   ProgramState& state;
@@ -57,7 +64,12 @@ private:
   TextDatabase& texts;
   MessageCatalogue& messages;
   Sections& sections;
-  std::string folder; // chosen; "C:\\" for a root, otherwise without trailing backslash
+  bool accepted = false;
+  struct Answer {
+    std::string name, folder, backup;
+  } answer;
+  std::array<std::string, 4> road; // as the boxes were last told it
+  std::string folder;              // chosen; "C:\\" for a root, otherwise without trailing backslash
   bool blinkUnits = false, blinkStations = false, bright = false;
 };
 

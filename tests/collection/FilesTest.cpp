@@ -14,19 +14,34 @@ protected:
     Press(F4);
     Sent();
   }
+  // A run of steps of 0.1 km, with the keys that are pressed in each.
+  void Drive(const std::vector<std::string>& steps) {
+    double km = driven += 1;
+    StartFromLink(km);
+    for (const std::string& keys : steps) {
+      for (const char key : keys)
+        Press(key);
+      Dmi(km += 0.1);
+    }
+    Press(F4);
+    Sent();
+  }
   // The operator names the file in the form.
   void Operator_Names(const std::string& name) {
+    fakes.drives.currentFolder = Folder;
     fakes.shell.scripts["FileNewDialog2"] = [this, name](Form&) {
-      state.file.DataPath = Folder;
-      state.file.DataName = name;
+      fileNew.form.Texts2.Type(name);
+      fileNew.form.CmdOK.Click();
     };
   }
+  double driven = 0;
 };
 
 TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
   Operator_Names("ROAD09");
   form.mnuNew.Click();
-  EXPECT_EQ(Sent(), (Texts{"FILE PATH C:\\Roads", "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB",
+  EXPECT_EQ(Sent(), (Texts{"FACILITY NAME ", "SECTION NAME ", "SECTION START ", "SECTION END ", "FILE PATH C:\\Roads",
+                           "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB",
                            "FILE GUID " + state.file.DataGuid, "FILE SESSION 1", "FILE OPEN"}));
   EXPECT_EQ(state.file.DataGuid.size(), 32U);
   EXPECT_FALSE(form.cboTestSetupNames.Enabled());
@@ -34,11 +49,10 @@ TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
 }
 
 TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnouncedAndTheNextOneIs) {
-  fakes.drives.currentFolder = Folder;
   Operator_Names("ROAD09");
   fakes.drives.failing.push_back("C:\\ROADS\\ROAD09.MDB");
   form.mnuNew.Click();
-  EXPECT_TRUE(Sent().empty());
+  EXPECT_EQ(Sent().back(), "SECTION END ") << "the road is told, the file is not";
   EXPECT_FALSE(state.run.DataFileOpen);
   EXPECT_TRUE(form.cboTestSetupNames.Enabled());
   fakes.shell.scripts.erase("FileNewDialog2"); // and the form is closed untouched
@@ -46,10 +60,7 @@ TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnouncedAndTheNextOneIs) {
   EXPECT_TRUE(Sent().empty());
   // By hand, with the vehicle's one drive.
   fakes.drives.failing.clear();
-  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) {
-    fileNew.form.Texts2.Type("ROAD09");
-    fileNew.form.OnKeyDown(13, 0);
-  };
+  Operator_Names("ROAD09");
   Answer("10");
   form.tbControlBar.ClickButton("play");
   EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
@@ -74,24 +85,209 @@ TEST_F(FileMenuStories, ACloseLeavesTheCommaFileAndTellsTheLink) {
   EXPECT_EQ(state.file.LastCloseTime, fakes.clock.Now());
 }
 
+// With only the comma file wanted. What the comma file can't hold, for whatever reason, must not go.
 TEST_F(FileMenuStories, DataThatStandNowhereElseAreNeverDeleted) {
   state.options.KeepMdb = false;
-  Collect("GONE");
-  form.mnuClose.Click();
-  EXPECT_FALSE(Exists("C:\\Roads\\GONE.mdb"));
-  EXPECT_TRUE(Exists("C:\\Roads\\GONE.TKR"));
-  EXPECT_EQ(fakes.drives.synced, Texts{"C:\\Roads\\GONE.TKR"});
-  fakes.drives.failing.push_back("C:\\ROADS\\UNSURE.TKR"); // its comma file may be in the memory alone
-  Collect("UNSURE");
-  form.mnuClose.Click();
-  EXPECT_TRUE(Exists("C:\\Roads\\UNSURE.mdb"));
-  OpenFile("EMPTY"); // no station, so no comma file
-  form.mnuClose.Click();
-  EXPECT_TRUE(Exists("C:\\Roads\\EMPTY.mdb"));
-  state.options.WriteAscii = false;
-  Collect("KEPT");
-  form.mnuClose.Click();
-  EXPECT_TRUE(Exists("C:\\Roads\\KEPT.mdb"));
+  fakes.drives.MakeFolders("C:\\Other");
+  // Without items whose blank cells are stored too, so that a step can be without registrations.
+  for (int i = 1; i <= setup.ObsCount(); ++i)
+    if (setup.Observations(i).RegModeCode != 0)
+      setup.Observations(i).RegModeCode = 1;
+  const auto fail = [this](const std::string& path) { fakes.drives.failing.push_back(path); };
+  const struct {
+    const char* name;
+    std::function<void()> story; // from the opened file to the close
+    bool gone;
+  } cases[] = {
+      {"WHOLE",
+       [this] {
+         Drive({"A", "AJ"});
+       },
+       true},
+      {"SECONDRUN", [this] { Drive({"A"}), Drive({"AJ"}); }, false},
+      {"SECONDRUNOFONE", [this] { Drive({"A"}), Drive({"A"}); },
+       false}, // its stretch would begin where the first run ended
+      {"EMPTYSTEP",
+       [this] {
+         Drive({"A", "", "AJ"});
+       },
+       false},
+      {"RENAMED", [this] { Drive({"A"}), Link("FILE NAME SOMEJOB"); }, false},
+      {"MOVED", [this] { Drive({"A"}), Link("FILE PATH C:\\Other"); }, false},
+      {"UNSYNCED", [this, fail] { Drive({"A"}), fail("C:\\ROADS\\UNSYNCED.TKR"); }, false},
+      {"NOSTATION", [] {}, false},
+      {"UNKNOWN", // an item that the session doesn't know finds no column
+       [this] {
+         Drive({"A"});
+         ASSERT_TRUE(files.database->Execute("UPDATE Observations SET ObsCode=999 WHERE ObsCode=101"));
+       },
+       false},
+      {"SHARED", // two items of one code fall into one column
+       [this] {
+         Drive({"AJ"});
+         ASSERT_TRUE(files.database->Execute("UPDATE Observations SET ObsCode=101 WHERE ObsCode=110"));
+       },
+       false},
+      {"TWOSESSIONS",
+       [this] {
+         Drive({"A"});
+         files.CloseDataFile();
+         ASSERT_TRUE(files.ReopenDataFile(setup));
+         Drive({"A"});
+       },
+       false},
+      {"NOCOMMA", [this] { Drive({"A"}), state.options.WriteAscii = false; }, false},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    state.options.WriteAscii = true;
+    OpenFile(c.name);
+    c.story();
+    form.mnuClose.Click();
+    EXPECT_FALSE(state.run.DataFileOpen);
+    EXPECT_NE(Exists("C:\\Roads\\" + std::string(c.name) + ".mdb"), c.gone);
+  }
+  EXPECT_TRUE(Exists("C:\\Roads\\WHOLE.TKR"));
+  EXPECT_TRUE(Exists("C:\\Roads\\SOMEJOB.TKR"));
+  EXPECT_EQ(fakes.drives.synced.front(), "C:\\Roads\\WHOLE.TKR");
+}
+
+TEST_F(FileMenuStories, AWholeCopyOnTheBackupDriveLetsTheDataFileGo) {
+  state.options.KeepMdb = false;
+  fakes.drives.MakeFolders("D:\\Roads");
+  fakes.drives.failing = {"D:\\ROADS\\REFUSED.MDB"};
+  const struct {
+    const char *name, *backup, *before; // what the link says before the close
+    bool gone;
+  } cases[] = {{"COPIED", "D:\\Roads", "", true},
+               {"REFUSED", "D:\\Roads", "", false},
+               {"ITSELF", "C:\\roads", "", false},
+               {"RENAMED", "D:\\Roads", "FILE NAME COPIED", false}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    OpenFile(c.name);
+    Link(std::string("FILE BACKUPPATH ") + c.backup);
+    Drive({"A"}), Drive({"A"}); // more than its comma file holds
+    const Texts stations = Stations();
+    Link(c.before);
+    CloseFile();
+    EXPECT_NE(Exists("C:\\Roads\\" + std::string(c.name) + ".mdb"), c.gone);
+    state.file.DataFilePath = (c.gone ? "D:\\Roads\\" : "C:\\Roads\\") + std::string(c.name) + ".mdb";
+    EXPECT_EQ(Stations(), stations);
+  }
+}
+
+// ------------------------------------------------------------------------------------------- files that can't be made
+
+// Whatever keeps the next file from being made, the open one goes on, name and all.
+TEST_F(FileMenuStories, AnOrderForAFileThatCannotBeMadeLeavesTheOpenOneAlone) {
+  const std::string layout = state.folders.MdbFolder + "\\DATAfile.mdb", whole = fakes.drives.Read(layout);
+  fakes.drives.failing = {"C:\\ROADS\\FULLDISK.MDB"};
+  const struct {
+    const char *path, *name;
+    bool spoiled; // the layout is no data file
+  } cases[] = {{"C:\\Roads", "FULLDISK", false},
+               {"C:\\Roads", "NORTH/SOUTH", false},
+               {"C:\\Roads", "North\\South", false},
+               {"Q:\\Nowhere", "ROAD10", false},
+               {"C:\\Roads", "SPOILED", true}};
+  int job = 0;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.name);
+    const std::string open = "OPEN" + std::to_string(++job);
+    OpenFile(open);
+    const Texts session = Query("SELECT GUID FROM Sessions");
+    StartFromLink(10.0);
+    Press('A');
+    Dmi(10.1);
+    if (c.spoiled)
+      fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb", layout);
+    state.file.DataPath = c.path;
+    Link("FILE GUID 77");
+    Link(std::string("FILE NAME ") + c.name);
+    Link("FILE OPEN");
+    EXPECT_TRUE(Sent().empty());
+    EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\" + open + ".mdb (1)");
+    EXPECT_FALSE(form.cboTestSetupNames.Enabled());
+    Press('A');
+    Dmi(10.2);
+    Press(F4);
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10.1 0", "10.2 0", "10.2 0"}));
+    EXPECT_EQ(Spans_Of(Crack), (Texts{"1 2 1", "2 3 1"}));
+    EXPECT_EQ(Query("SELECT StationMin, StationMax FROM Sessions"), Texts{"10 10.2"});
+    EXPECT_EQ(Query("SELECT GUID FROM Sessions"), session);
+    CloseFile();
+    EXPECT_TRUE(Exists("C:\\Roads\\" + open + ".TKR"));
+    fakes.drives.Write(layout, whole);
+    fakes.clock.Advance(1000);
+  }
+  EXPECT_EQ(fakes.drives.Files(Folder, "*.mdb").size(), std::size(cases)) << "nothing half-made is left";
+}
+
+// The program would lose its vocabulary, its options or the road's sections under its own hands.
+TEST_F(FileMenuStories, TheProgramsOwnDatabasesAreNeverReplaced) {
+  auto& folders = state.folders;
+  folders.SharedMdbFolder = "C:\\Veldmark\\Parcels\\MDB";
+  fakes.drives.MakeFolders(folders.SharedMdbFolder + "\\Old");
+  fakes.drives.MakeFolders(folders.RootFolder + "\\BAK");
+  fakes.drives.MakeFolders("D:\\Net");
+  for (const char* path : {"C:\\Veldmark\\Parcels\\MDB\\Sections.mdb", "C:\\Veldmark\\Trekor\\BAK\\Observations.mdb",
+                           "D:\\Net\\Network.mdb"})
+    fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb", path);
+  Link("SET NETWORKDB D:\\Net\\Network.mdb");
+  std::filesystem::create_symlink(fakes.drives.NativePath(folders.MdbFolder),
+                                  fakes.drives.NativePath("D:\\") + "/Short");
+  const struct {
+    const char *path, *name;
+  } cases[] = {{"C:\\Veldmark\\Trekor\\MDB", "Observations"},
+               {"c:\\veldmark\\trekor\\mdb\\", "OBSERVATIONS"},
+               {"C:\\Roads", "..\\Veldmark\\Trekor\\MDB\\Observations"},
+               {"C:\\Veldmark\\Trekor\\MDB", "DATAfile"},
+               {"C:\\Veldmark\\Trekor\\MDB", "ROAD10"},
+               {"C:\\Veldmark\\Parcels\\MDB", "Sections"},
+               {"C:\\Veldmark\\Parcels\\MDB\\Old", "ROAD10"},
+               {"C:\\Veldmark\\Trekor\\BAK", "Observations"},
+               {"D:\\Short", "Observations"},
+               {"D:\\Net", "network"}};
+  const auto databases = [this, &folders] {
+    std::string all;
+    for (const auto& folder : {folders.MdbFolder, folders.SharedMdbFolder, folders.SharedMdbFolder + "\\Old",
+                               folders.RootFolder + "\\BAK", std::string("D:\\Net")})
+      for (const auto& file : fakes.drives.Files(folder, "*.*"))
+        all += folder + file + fakes.drives.Read(folder + "\\" + file);
+    return all;
+  };
+  const std::string before = databases();
+  OpenFile("ROAD09");
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.path) + " " + c.name);
+    Link(std::string("FILE PATH ") + c.path);
+    Link(std::string("FILE NAME ") + c.name);
+    Link("FILE OPEN");
+    EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\ROAD09.mdb (1)");
+    EXPECT_TRUE(databases() == before);
+    state.file.DataPath = c.path; // for more collection it is no data file either
+    state.file.DataName = c.name;
+    EXPECT_FALSE(files.ReopenDataFile(setup));
+    EXPECT_TRUE(databases() == before);
+    CloseFile();
+    OpenFile("ROAD09");
+  }
+  // Nor by the copies of a job that has a name of theirs.
+  OpenFile("Observations");
+  Link("FILE BACKUPPATH " + folders.MdbFolder);
+  Drive({"A"});
+  CloseFile();
+  EXPECT_TRUE(databases() == before);
+  // The operator's form has another name to ask for.
+  fakes.drives.currentFolder = folders.MdbFolder;
+  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) {
+    fileNew.form.Texts2.Type("ROAD10");
+    fileNew.form.CmdOK.Click();
+    EXPECT_TRUE(fileNew.form.Shown);
+  };
+  form.mnuNew.Click();
+  EXPECT_TRUE(databases() == before);
 }
 
 TEST_F(FileMenuStories, CopiesFollowTheNameOfTheCommaFile) {

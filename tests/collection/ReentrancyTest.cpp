@@ -40,19 +40,20 @@ TEST_F(AtAPump, AnOrderInsideALinkStartMakesTheRestOfItSpeak) {
   Press(F4);
   CloseFile();
   Sent();
+  fakes.drives.currentFolder = Folder;
   fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { // the operator names the file while the order comes
     Link("FACILITY NAME Road 22");
-    state.file.DataPath = Folder;
-    state.file.DataName = "FORM";
+    fileNew.form.Texts2.Type("FORM");
+    fileNew.form.CmdOK.Click();
   };
   Answer("3");
   Link("CTRL START");
   EXPECT_EQ(prompts.size(), 1U);
   Texts lines = Sent();
-  ASSERT_EQ(lines.size(), 13U) << "the file is announced too";
-  EXPECT_EQ(lines[6], "FILE OPEN");
-  EXPECT_EQ(lines[7], "SET DMI  0 1  3");
-  EXPECT_EQ(Texts(lines.begin() + 8, lines.end()), told);
+  ASSERT_EQ(lines.size(), 17U) << "road and file are announced too";
+  EXPECT_EQ(lines[10], "FILE OPEN");
+  EXPECT_EQ(lines[11], "SET DMI  0 1  3");
+  EXPECT_EQ(Texts(lines.begin() + 12, lines.end()), told);
 }
 
 TEST_F(AtAPump, APositionInsideARowWaitsUntilTheRowIsWhole) {
@@ -238,6 +239,43 @@ TEST_F(AtAPump, AKeyWhileTheNextFileOfARunIsMadeLosesNoRow) {
   Press(F4);
   EXPECT_EQ(Stations(), (Texts{"10.1 0", "10.2 0", "10.3 0", "10.4 0", "10.4 1", "10.4 0"}))
       << "the full grid's oldest row too";
+}
+
+// The rows of the run are in the grid, the file that is to take them is half made.
+TEST_F(AtAPump, AnExitWhileTheNextFileOfARunIsMadeStoresTheRunInIt) {
+  for (const bool box : {false, true}) {
+    SCOPED_TRACE(box ? "close box" : "menu");
+    Fields().ending = false;
+    form.IdleTimer.SetRunning(true);
+    unloads = 0;
+    fakes.shell.pictureBytes = 0;
+    const std::string first = box ? "BOX1" : "MENU1", second = box ? "BOX2" : "MENU2";
+    OpenFile(first);
+    StartFromLink(10.0);
+    Press('A');
+    fakes.shell.pictureBytes = 20000; // events run between its blocks
+    fakes.pump.AtPump(3, [this, box] {
+      form.mnuNew.Click(); // nor do the operator's other orders get between
+      form.mnuClose.Click();
+      if (!box)
+        form.mnuExit.Click();
+      else if (form.OnQueryUnload())
+        run.UnloadMainForm();
+    });
+    Link("FILE NAME " + second);
+    Link("FILE OPEN");
+    EXPECT_EQ(unloads, 0);
+    Tick();
+    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\" + second + ".mdb");
+    EXPECT_EQ(Query("SELECT count(*) FROM Observations"), Texts{std::to_string(setup.ObsCount())});
+    EXPECT_EQ(Stations(), Texts{"10 0"});
+    EXPECT_EQ(Spans_Of(Crack), Texts{"1 1 1"});
+    EXPECT_TRUE(Exists("C:\\Roads\\" + second + ".TKR"));
+    EXPECT_FALSE(form.IdleTimer.Running());
+    socket.Load();
+    fakes.pump.ProcessEvents();
+  }
 }
 
 TEST_F(AtAPump, AFileOrderedWhileOneIsClosedIsOpenedAfterIt) {

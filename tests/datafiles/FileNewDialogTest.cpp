@@ -33,7 +33,8 @@ struct Dialog {
 
   void Ask(const std::function<void()>& user) {
     machine.shell.scripts["FileNewDialog2"] = [user](Form&) { user(); };
-    dialog.ShowDialog();
+    if (dialog.ShowDialog())
+      dialog.Take_Over();
   }
   int Messages() {
     return static_cast<int>(std::count(machine.shell.acts.begin(), machine.shell.acts.end(), "Modal Message"));
