@@ -5,6 +5,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <pwd.h>
 #include <system_error>
 #include <unistd.h>
 
@@ -17,6 +18,13 @@ namespace {
 std::string Variable(const char* name) {
   const char* value = std::getenv(name);
   return value ? value : "";
+}
+
+// A service may start us without the variable; a relative path would put the drives into whatever folder is current.
+fs::path Home() {
+  const std::string given = Variable("HOME");
+  const passwd* const user = given.starts_with('/') ? nullptr : ::getpwuid(::getuid());
+  return user ? user->pw_dir : given;
 }
 
 bool Sync(const fs::path& path, int flags) {
@@ -83,8 +91,7 @@ fs::path DrivesRoot() {
   const std::string given = Variable("TREKOR_DRIVES"), data = Variable("XDG_DATA_HOME");
   if (!given.empty())
     return fs::absolute(given).lexically_normal();
-  return (data.starts_with('/') ? fs::path(data) : fs::path(Variable("HOME")) / ".local" / "share") / "trekor" /
-         "drives";
+  return (data.starts_with('/') ? fs::path(data) : Home() / ".local" / "share") / "trekor" / "drives";
 }
 
 // A NUL would cut the name that the system sees, so that another file would be meant: there is no such path.

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <optional>
 #include <sstream>
@@ -83,6 +84,14 @@ TEST_F(DrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
   }
   fs::current_path("/");
   EXPECT_EQ(Everything(), (std::vector<std::string>{"drives/C/Data/Road.MDB", "outside.txt"}));
+}
+
+TEST_F(DrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
+  const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "/";
+  for (const char* variable : {"HOME", "TREKOR_DRIVES", "XDG_DATA_HOME"})
+    ::unsetenv(variable);
+  EXPECT_TRUE(native::DrivesRoot().is_absolute());
+  ::setenv("HOME", home.c_str(), 1);
 }
 
 TEST_F(DrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
