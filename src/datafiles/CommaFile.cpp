@@ -68,19 +68,20 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
   state.position.StepSize.SetFileValue(files.session.SegmentSize); // for good: the next start may have to ask for it
   Walk walk(*files.database, sessionID, loadedObservations);
   if (!PassStations(walk, sessionID)) {
-    outcome = walk.failed ? CommaOutcome::Failed : CommaOutcome::Nothing;
+    outcome = walk.failed ? CommaOutcome::Unreadable : CommaOutcome::Nothing;
     return false;
   }
   CommaOutput out;
   out.Open(platform.drives.NativePath(state.file.DataPath + "\\" + state.file.AsciiName + ".TKR"));
   CommaRecords records(out, table, state);
-  records.WriteCommaHeader(files.session, *files.database);
+  walk.failed = !records.WriteCommaHeader(files.session, *files.database) || walk.failed;
   WriteRecords(walk, records);
   records.WriteLastRecord();
-  const bool whole = out.Close() && !walk.failed;
   holdsAll = walk.all;
-  outcome = whole ? CommaOutcome::Written : CommaOutcome::Failed;
-  return whole;
+  const bool whole = out.Close();
+  writeError = out.Error();
+  outcome = walk.failed ? CommaOutcome::Unreadable : whole ? CommaOutcome::Written : CommaOutcome::Unwritable;
+  return outcome == CommaOutcome::Written;
 }
 
 // With no match the recordset stays on its first row; whoever walks the sessions goes on from there.

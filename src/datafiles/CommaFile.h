@@ -13,7 +13,8 @@ namespace trekor {
 enum class CommaOutcome {
   Nothing, // not wanted, no such session, or no stations: no file
   Written,
-  Failed // the file could not be made or is short, or the data file could not be read to its end
+  Unreadable, // the data file could not be read to its end; what was written is short
+  Unwritable  // the file could not be made or is short
 };
 
 class CommaFile {
@@ -30,6 +31,7 @@ public:
   // True when that call has used up every registration of the data file, of whichever session: each stands in a record
   // of its own place and in a column of its own. False when the walk has left one behind or out.
   bool HoldsAll() const { return outcome == CommaOutcome::Written && holdsAll; }
+  int WriteError() const { return writeError; } // the system's number of what made it unwritable
 
 private:
   struct Walk;
@@ -49,6 +51,7 @@ private:
   Station RecordStation; // through it stored positions become kilometres within the limits of a station
   CommaOutcome outcome = CommaOutcome::Nothing;
   bool holdsAll = false;
+  int writeError = 0;
 };
 
 } // namespace trekor

@@ -13,7 +13,7 @@ constexpr int LeastObservations = 16; // readers want the numbers 5231 to 5246, 
 
 } // namespace
 
-void CommaRecords::WriteCommaHeader(const SessionRow& session, const Database& database) {
+bool CommaRecords::WriteCommaHeader(const SessionRow& session, const Database& database) {
   WriteVersion(session);
   out.Raw("5002,").Quoted("TREKOR", 8).Comma().Quoted(state.TestSetupName, 8).Comma().Quoted("STANDARD").End();
   out.Raw("5003,").Quoted(state.people.OperatorName, 8).End(); // who writes, not who collected
@@ -21,8 +21,9 @@ void CommaRecords::WriteCommaHeader(const SessionRow& session, const Database& d
   WriteDate(session);
   WriteStations();
   WriteRoad(session);
-  WriteObservations(session, database);
+  const bool read = WriteObservations(session, database);
   WriteTemplates();
+  return read;
 }
 
 // 5001,51.00,1,30,"Trekor          ",0,"0123456789ABCDEF0123456789ABCDEF"
@@ -77,7 +78,7 @@ void CommaRecords::WriteRoad(const SessionRow& s) {
 
 // 5231,"Rutting ", 17,2,"Rut ",0,3,    0.00,"Rutting             "
 // name, code, registration mode, abbreviation, lowest, highest value, a constant, the longer name
-void CommaRecords::WriteObservations(const SessionRow& session, const Database& database) {
+bool CommaRecords::WriteObservations(const SessionRow& session, const Database& database) {
   const NumberPattern recordNumber("0000");
   int written = 0;
   Cursor rows(database, "SELECT ObsCode, ObsName, RegModeCode, ObsAbrv, Min, Max FROM Observations WHERE SessionID=?1"
@@ -98,6 +99,7 @@ void CommaRecords::WriteObservations(const SessionRow& session, const Database& 
     table.ObsCodes[static_cast<std::size_t>(++written)] = 0;
     out.Bare(5230 + written, recordNumber).Raw(",\"NA      \",  0,9,\"N.A.\",0,0,    0.00,").Quoted("", 20).End();
   }
+  return !rows.Failed();
 }
 
 // 5301,  12.400,  12.500,,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0

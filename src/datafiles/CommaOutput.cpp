@@ -3,6 +3,7 @@
 #include "values/Text.h"
 
 #include <array>
+#include <cerrno>
 #include <charconv>
 
 namespace trekor {
@@ -18,24 +19,30 @@ CommaOutput::~CommaOutput() {
 }
 
 bool CommaOutput::Open(const std::string& nativePath) {
+  error = 0;
   file = std::fopen(nativePath.c_str(), "wb");
-  whole = file != nullptr;
+  Note(file != nullptr);
   if (file)
     std::setvbuf(file, nullptr, _IONBF, 0); // the buffer above is the only one
-  return whole;
+  return file != nullptr;
 }
 
 bool CommaOutput::Close() {
   Flush();
-  if (file && std::fclose(file) != 0)
-    whole = false;
+  if (file)
+    Note(std::fclose(file) == 0);
   file = nullptr;
-  return whole;
+  return error == 0;
+}
+
+void CommaOutput::Note(bool done) {
+  if (!done && error == 0)
+    error = errno != 0 ? errno : EIO;
 }
 
 void CommaOutput::Flush() {
-  if (file && std::fwrite(buffer.data(), 1, buffer.size(), file) != buffer.size())
-    whole = false;
+  if (file)
+    Note(std::fwrite(buffer.data(), 1, buffer.size(), file) == buffer.size());
   buffer.clear();
 }
 

@@ -25,6 +25,8 @@ public:
   bool Open(const std::string& nativePath);
   // True when every byte reached the file.
   bool Close();
+  // The system's number of the first failure, 0 when there was none.
+  int Error() const { return error; }
 
   // As it stands.
   CommaOutput& Raw(std::string_view ascii) {
@@ -58,9 +60,10 @@ public:
 
 private:
   void Flush();
+  void Note(bool done);
   std::string buffer;
   std::FILE* file = nullptr;
-  bool whole = false;
+  int error = 0;
 };
 
 } // namespace trekor

@@ -43,7 +43,8 @@ class CommaRecords {
 public:
   CommaRecords(CommaOutput& out, CommaTable& table, const ProgramState& state);
 
-  void WriteCommaHeader(const SessionRow& session, const Database& database);
+  // False when the session's observations could not be read to their end.
+  bool WriteCommaHeader(const SessionRow& session, const Database& database);
   void WriteGpsRecord(const CommaPosition& position);
   // One registration of the row on which the cursor stands; see RegistrationQuery for its fields.
   // False when its observation is unknown to the session and nothing was written.
@@ -57,7 +58,7 @@ private:
   void WriteDate(const SessionRow& session);
   void WriteStations();
   void WriteRoad(const SessionRow& session);
-  void WriteObservations(const SessionRow& session, const Database& database);
+  bool WriteObservations(const SessionRow& session, const Database& database);
   void WriteTemplates();
   void StationField(double km);
 

@@ -11,9 +11,13 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
   const auto write = [&](std::int32_t sessionID, const std::string& name) {
     state.file.AsciiName = name;
     comma.WriteCommaFile(sessionID, wish.CheckTKR, wish.CheckTKR ? wish.loadedObservations(sessionID) : 0);
-    if (wish.CheckTKR && comma.Outcome() == CommaOutcome::Written)
+    if (comma.Outcome() == CommaOutcome::Written)
       result.written.push_back(name);
-    result.failed = result.failed || (wish.CheckTKR && comma.Outcome() == CommaOutcome::Failed);
+    result.unreadable = result.unreadable || comma.Outcome() == CommaOutcome::Unreadable;
+    if (comma.Outcome() != CommaOutcome::Unwritable)
+      return;
+    result.unwritable = true;
+    result.writeError = comma.WriteError();
   };
   Recordset& sessions = *files.rsSessions;
   sessions.MoveFirst();

@@ -2,10 +2,12 @@
 
 #include "store/Engine.h"
 
-#include <filesystem>
-#include <system_error>
-
 #include <sqlite3.h>
+
+#include <array>
+#include <filesystem>
+#include <fstream>
+#include <system_error>
 
 namespace trekor {
 
@@ -18,6 +20,13 @@ std::filesystem::path PathOf(const std::string& utf8) {
 bool Same(const std::filesystem::path& a, const std::filesystem::path& b) {
   std::error_code missing;
   return std::filesystem::equivalent(a, b, missing);
+}
+
+// Bytes 18 and 19 of a database say how it is written; 2 is with a log.
+bool MarkedWithLog(const std::string& nativePath) {
+  std::array<char, 20> head{};
+  std::ifstream file(PathOf(nativePath), std::ios::binary);
+  return file.read(head.data(), head.size()) && (head[18] == 2 || head[19] == 2);
 }
 
 } // namespace
@@ -37,6 +46,34 @@ bool LiesIn(const std::string& nativePath, const std::string& nativeFolder) {
   while (!Same(above, folder) && above.has_relative_path())
     above = above.parent_path();
   return Same(above, folder);
+}
+
+// An exclusive lock mode keeps the library from making an index of the log beside the file. A file with a log can't be
+// read so, but the lock of a writer is met before that.
+Sight LookAt(const std::string& nativePath) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(PathOf(nativePath), error))
+    return Sight::Missing;
+  if (std::filesystem::file_size(PathOf(nativePath), error) == 0)
+    return Sight::NoDatabase;
+  sqlite3* db = nullptr;
+  sqlite3_open_v2(nativePath.c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
+  const int result = db ? sqlite3_exec(db, "PRAGMA locking_mode=EXCLUSIVE; SELECT count(*) FROM sqlite_master", nullptr,
+                                       nullptr, nullptr)
+                        : SQLITE_CANTOPEN;
+  sqlite3_close_v2(db);
+  switch (result & 0xFF) {
+  case SQLITE_BUSY:
+    return Sight::InUse;
+  case SQLITE_NOTADB:
+    return Sight::NoDatabase;
+  case SQLITE_CORRUPT:
+    return Sight::Damaged;
+  case SQLITE_CANTOPEN:
+    return Sight::Unreadable;
+  default:
+    return HasLeftovers(nativePath) || MarkedWithLog(nativePath) ? Sight::NeedsFolding : Sight::Free;
+  }
 }
 
 } // namespace trekor

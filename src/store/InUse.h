@@ -1,4 +1,4 @@
-// Whether a database file may be replaced.
+// Whether a database file may be replaced, and whether it can be read.
 #pragma once
 
 #include <string>
@@ -13,5 +13,17 @@ bool InUse(const std::string& nativePath);
 bool SameFile(const std::string& nativePath, const std::string& other);
 // True when the file, there or not, has this folder somewhere above it.
 bool LiesIn(const std::string& nativePath, const std::string& nativeFolder);
+// What a reader would meet in a file. Looking changes neither the file nor its folder, whatever log lies beside it.
+enum class Sight {
+  Free,
+  NeedsFolding, // free, but part of it is in a log, or it is marked as having one: only who may write beside it can
+                // read
+  Missing,      // or no ordinary file
+  InUse,        // a program holds it for writing
+  NoDatabase,
+  Damaged,
+  Unreadable // the system doesn't let us
+};
+Sight LookAt(const std::string& nativePath);
 
 } // namespace trekor

@@ -271,14 +271,14 @@ TEST(CommaFile, SaysWhenTheFileIsShort) {
   job.state.file.DataPath = "D:\\Nowhere";
   job.state.file.AsciiName = "FULL";
   EXPECT_FALSE(job.comma.WriteCommaFile(0, true, 0));
-  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Failed);
+  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unwritable);
   std::error_code none;
   if (!std::filesystem::exists("/dev/full", none))
     return;
   std::filesystem::create_symlink("/dev/full", job.machine.drives.NativePath("D:\\Data\\FULL.TKR"));
   job.state.file.DataPath = "D:\\Data";
   EXPECT_FALSE(job.comma.WriteCommaFile(0, true, 0));
-  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Failed);
+  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unwritable);
 }
 
 } // namespace

@@ -3,7 +3,11 @@
 #include "datafiles/DataFileFixture.h"
 
 #include <algorithm>
+#include <csignal>
 #include <filesystem>
+#include <functional>
+#include <map>
+#include <sys/resource.h>
 
 namespace trekor::tests {
 namespace {
@@ -36,22 +40,58 @@ struct Office {
   }
   std::string Native(const std::string& name) { return job.machine.drives.NativePath("D:\\Data\\" + name); }
   std::string Read(const std::string& name) { return job.machine.drives.Read("D:\\Data\\" + name); }
-  bool Export(const std::vector<std::string>& names) {
+  Exit Export(const std::vector<std::string>& names) {
     Exporter exporter(wishes);
-    bool all = true;
+    Exit worst = Exit::Done;
     for (const std::string& name : names)
-      all = exporter.Export(Native(name), written, told) && all;
+      worst = std::max(worst, exporter.Export(Native(name), written, told));
+    return worst;
+  }
+  // Every name in the folder with what it holds, hidden ones too.
+  std::map<std::string, std::string> Folder() {
+    std::map<std::string, std::string> all;
+    for (const auto& entry : fs::directory_iterator(Native("")))
+      all[entry.path().filename().string()] =
+          entry.is_regular_file() ? Read(entry.path().filename().string()) : "no file";
     return all;
+  }
+  // A damaged page in the middle of a file that is otherwise whole: its registrations begin there.
+  void MakeHole() {
+    std::string bytes = Read("A.mdb");
+    const std::size_t page = 4096 * (std::stoul(RootPage("Registrations")) - 1);
+    bytes.replace(page, 4096, std::string(4096, '\xA5'));
+    job.machine.drives.Write(job.DataFile("HOLE"), bytes);
+  }
+  std::string RootPage(const std::string& table) {
+    const auto database = Database::Open(Native("A.mdb"), OpenMode::ReadOnly);
+    return database->OpenQuery("SELECT rootpage FROM sqlite_master WHERE name='" + table + "'")->Get(0).Text();
   }
   Job job;
   Arguments wishes;
   std::string written, told;
+  rlim_t fileLimit = RLIM_INFINITY; // bytes that a file may hold: beyond it writing fails as on a full disk
+};
+
+class FileLimit {
+public:
+  explicit FileLimit(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit limit{bytes, before.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FileLimit() { setrlimit(RLIMIT_FSIZE, &before); }
+  FileLimit(const FileLimit&) = delete;
+  FileLimit& operator=(const FileLimit&) = delete;
+
+private:
+  rlimit before{};
 };
 
 TEST(ExportTool, WritesOneFileBesideEachDataFileAndChangesNothingElse) {
   Office office;
   const std::string before = office.Read("A.mdb");
-  EXPECT_TRUE(office.Export({"A.mdb", "B.mdb"}));
+  EXPECT_EQ(office.Export({"A.mdb", "B.mdb"}), Exit::Done);
   EXPECT_EQ(office.written, office.Native("A.TKR") + "\n" + office.Native("B.TKR") + "\n");
   EXPECT_EQ(office.told, "");
   EXPECT_NE(office.Read("A.TKR").find("5301,   1.000,   1.100,4,"), std::string::npos);
@@ -66,7 +106,7 @@ TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {
                             office.wishes, office.told));
   fs::create_directory(office.Native("OUT"));
   office.job.machine.drives.Write("D:\\Data\\OUT\\A-02.TKR", "older");
-  EXPECT_TRUE(office.Export({"A.mdb"}));
+  EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
   EXPECT_EQ(office.job.machine.drives.Files("D:\\Data\\OUT", "*.*"),
             (std::vector<std::string>{"A-01.TKR", "A-02.TKR"}));
   const std::string text = office.Read("OUT\\A-02.TKR");
@@ -75,21 +115,117 @@ TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {
   EXPECT_NE(office.told.find("stored in km and written as feet"), std::string::npos);
 }
 
-TEST(ExportTool, GoesOnBehindFilesThatCannotBeRead) {
-  for (const char* bad : {"TEXT.mdb", "CUT.mdb", "FOREIGN.mdb", "MISSING.mdb", "A.TKR"}) {
+TEST(ExportTool, GoesOnBehindFilesThatCannotBeReadAndSaysWhatTheyAre) {
+  struct Case {
+    const char *file, *words;
+    Exit code;
+  };
+  for (const Case& bad :
+       {Case{"TEXT.mdb", "not a data file", Exit::NotOpened}, Case{"EMPTY.mdb", "not a data file", Exit::NotOpened},
+        Case{"FOREIGN.mdb", "lacks the tables", Exit::NotOpened}, Case{"MISSING.mdb", "no such file", Exit::NotOpened},
+        Case{"A.TKR", "does not end in .mdb", Exit::NotOpened}, Case{"CUT.mdb", "damaged", Exit::Damaged},
+        Case{"HOLE.mdb", "damaged", Exit::Damaged}, Case{"OPEN.mdb", "in use", Exit::NotOpened}}) {
     Office office;
-    EXPECT_FALSE(office.Export({bad, "B.mdb"})) << bad;
+    office.job.machine.drives.Write(office.job.DataFile("EMPTY"), "");
+    office.MakeHole();
+    EXPECT_TRUE(office.job.Create("OPEN"));
+    auto before = office.Folder();
+    EXPECT_EQ(office.Export({bad.file, "B.mdb"}), bad.code) << bad.file;
     EXPECT_EQ(std::count(office.told.begin(), office.told.end(), '\n'), 1) << office.told;
+    EXPECT_NE(office.told.find(bad.words), std::string::npos) << office.told;
     EXPECT_EQ(office.written, office.Native("B.TKR") + "\n");
+    before["B.TKR"] = office.Read("B.TKR");
+    EXPECT_TRUE(office.Folder() == before) << bad.file;
   }
 }
 
+// The name of the comma file leads to a data file: this one, another, by a link of either kind or by the name itself.
 TEST(ExportTool, NeverWritesOverADataFile) {
+  for (const int way : {0, 1, 2, 3}) {
+    Office office;
+    const fs::path mdb = office.Native("A.mdb"), comma = office.Native("A.TKR");
+    if (way == 0)
+      fs::create_symlink(mdb, comma);
+    else if (way == 1)
+      fs::create_hard_link(office.Native("B.mdb"), comma);
+    else if (way == 2)
+      fs::create_symlink(office.Native("B.mdb"), comma);
+    else {
+      fs::rename(mdb, comma);
+      fs::create_symlink(comma, mdb);
+    }
+    const auto before = office.Folder();
+    EXPECT_EQ(office.Export({"A.mdb"}), Exit::Refused) << way;
+    EXPECT_NE(office.told.find("a data file is in the way"), std::string::npos) << office.told;
+    EXPECT_TRUE(office.Folder() == before) << way;
+  }
+}
+
+// As a killed program leaves it: the rows are in the log. One file lost its log on the way to the office.
+TEST(ExportTool, ReadsALeftLogWithoutTouchingTheDataFileOrItsFolder) {
   Office office;
-  fs::create_symlink(office.Native("A.mdb"), office.Native("A.TKR"));
-  const std::string before = office.Read("A.mdb");
-  EXPECT_FALSE(office.Export({"A.mdb"}));
-  EXPECT_TRUE(office.Read("A.mdb") == before);
+  EXPECT_TRUE(office.job.Create("LIVE"));
+  office.AddStretch();
+  for (const char* name : {"KILLED.mdb", "KILLED.mdb-wal", "ALONE.mdb"})
+    office.job.machine.drives.Write(
+        "D:\\Data\\" + std::string(name),
+        office.Read("LIVE.mdb" + std::string(name).substr(std::string(name).find(".mdb") + 4)));
+  office.job.files.CloseDataFile();
+  auto before = office.Folder();
+  ASSERT_NE(before["KILLED.mdb-wal"], "");
+  fs::permissions(office.Native("KILLED.mdb"), fs::perms::owner_read);
+  EXPECT_EQ(office.Export({"KILLED.mdb", "ALONE.mdb"}), Exit::Done) << office.told;
+  before["KILLED.TKR"] = office.Read("KILLED.TKR");
+  EXPECT_NE(before["KILLED.TKR"].find("5301,   1.000,   1.100,4,"), std::string::npos);
+  EXPECT_TRUE(office.Folder() == before);
+}
+
+// Of the files of one data file all are put in their places or none, and what stood there stays.
+TEST(ExportTool, LeavesNoHalfFileAndSaysWhatStandsInTheWay) {
+  struct Case {
+    const char* words;
+    Exit code;
+    std::function<void(Office&)> arrange;
+  };
+  for (const Case& c : std::vector<Case>{
+           {"a folder is in the way", Exit::Refused, [](Office& o) { fs::create_directory(o.Native("A-02.TKR")); }},
+           {"no file is in the way", Exit::Refused,
+            [](Office& o) { fs::create_symlink("/dev/full", o.Native("A-02.TKR")); }},
+           {"may not be replaced", Exit::Refused,
+            [](Office& o) {
+              o.job.machine.drives.Write("D:\\Data\\A-02.TKR", "kept");
+              fs::permissions(o.Native("A-02.TKR"), fs::perms::owner_read);
+            }},
+           {"no such folder", Exit::Refused, [](Office& o) { o.wishes.out = o.Native("NONE"); }},
+           {"the disk is full", Exit::DiskFull, [](Office& o) { o.fileLimit = 1000; }},
+       }) {
+    Office office;
+    office.wishes.join = false;
+    office.job.machine.drives.Write("D:\\Data\\A-01.TKR", "older");
+    c.arrange(office);
+    const auto before = office.Folder();
+    {
+      const FileLimit limit(office.fileLimit);
+      EXPECT_EQ(office.Export({"A.mdb"}), c.code);
+    }
+    EXPECT_NE(office.told.find(c.words), std::string::npos) << office.told;
+    EXPECT_EQ(office.written, "");
+    EXPECT_TRUE(office.Folder() == before) << c.words;
+  }
+}
+
+TEST(ExportTool, RefusesTwoFilesThatWouldBecomeOne) {
+  for (const std::vector<std::string>& words : {std::vector<std::string>{"--out", "x", "a/R.mdb", "b/r.MDB"},
+                                                {"a/R.mdb", "./a/b/../R.mdb"},
+                                                {"R.mdb", "--keep", "R .mdb"}}) {
+    Arguments wishes;
+    std::string error;
+    EXPECT_FALSE(ReadArguments(words, wishes, error));
+    EXPECT_EQ(error, wishes.files[0] + " and " + wishes.files[1] + " would become one comma file");
+  }
+  Arguments wishes;
+  std::string error;
+  EXPECT_TRUE(ReadArguments({"a/R.mdb", "b/R.mdb"}, wishes, error)) << error;
 }
 
 TEST(ExportTool, RefusesWordsThatItDoesNotKnow) {

@@ -2,6 +2,10 @@
 
 #include "values/Text.h"
 
+#include <filesystem>
+#include <map>
+#include <system_error>
+
 namespace trekor {
 
 const char* const HelpText =
@@ -22,8 +26,17 @@ existing .TKR of the same name is replaced.
   --version            tell the version
   --help               this text
 
-Files are taken in the order given. The names written are told one a line. A file that
-cannot be read is told and passed over; the exit code is then 1.
+Files are taken in the order given. The names written are told one a line. Of a data file
+all comma files are written whole or none; one that fails is told and passed over.
+
+Exit codes; with several files the highest counts:
+  0  all are written
+  1  a file is missing, no data file, not readable, or in use
+  2  the options are not understood, or two files would become one; nothing is written
+  3  a data file is damaged
+  4  a comma file cannot be put in its place: a folder or a data file has its name, it is
+     read-only, or its folder is missing or cannot be written; or the list of names cannot
+  5  the disk is full
 )";
 
 namespace {
@@ -67,6 +80,22 @@ bool TakeOption(const std::string& option, Arguments& into, std::string& error) 
   return error.empty();
 }
 
+// Names that differ in case alone are one name on an office's disk. "" when each file gives its own.
+std::string TwoOfOneName(const Arguments& wishes) {
+  namespace fs = std::filesystem;
+  std::map<std::string, std::string> names;
+  for (const std::string& file : wishes.files) {
+    std::error_code error;
+    const fs::path path = file, folder = wishes.out.empty() ? path.parent_path() : fs::path(wishes.out);
+    const fs::path whole =
+        fs::weakly_canonical(fs::absolute(folder.empty() ? "." : folder), error) / Trim(path.stem().string());
+    const auto [other, fresh] = names.emplace(Lower(whole.string()), file);
+    if (!fresh)
+      return other->second + " and " + file + " would become one comma file";
+  }
+  return "";
+}
+
 } // namespace
 
 bool ReadArguments(const std::vector<std::string>& words, Arguments& into, std::string& error) {
@@ -93,6 +122,8 @@ bool ReadArguments(const std::vector<std::string>& words, Arguments& into, std::
   }
   if (into.files.empty() && !into.help && !into.version)
     error = "no data file given; see --help";
+  if (error.empty())
+    error = TwoOfOneName(into);
   return error.empty();
 }
 

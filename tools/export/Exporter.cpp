@@ -1,9 +1,15 @@
 #include "Exporter.h"
 
+#include "Disk.h"
+#include "WorkFolder.h"
 #include "store/Cursor.h"
+#include "store/InUse.h"
 #include "values/DistanceUnits.h"
 #include "values/Text.h"
 
+#include <algorithm>
+#include <fstream>
+#include <string_view>
 #include <system_error>
 
 namespace trekor {
@@ -18,56 +24,161 @@ Exporter::Exporter(const Arguments& userWishes)
   state.TestSetupName = wishes.setup;
 }
 
-bool Exporter::Export(const std::string& name, std::string& written, std::string& told) {
+Exit Exporter::Export(const std::string& name, std::string& written, std::string& told) {
+  const Failure failure = Convert(name, written, told);
+  files.CloseDataFile();
+  if (failure)
+    told += name + ": " + failure.words + "\n";
+  return failure.code;
+}
+
+Exporter::Failure Exporter::Convert(const std::string& name, std::string& written, std::string& told) {
   const fs::path file = name;
-  std::string why;
-  if (!Open(file, why)) {
-    told += name + ": " + why + "\n";
-    return false;
+  outFolder = wishes.out.empty() ? file.parent_path() : fs::path(wishes.out);
+  if (outFolder.empty())
+    outFolder = ".";
+  if (Failure failure = CheckName(file))
+    return failure;
+  const WorkFolder work(outFolder);
+  if (work.Error())
+    return Unwritable(work.Error().value(), outFolder.string());
+  if (Failure failure = Open(file, work.Path()))
+    return failure;
+  if (const std::string warning = UnitWarning(); !warning.empty())
+    told += name + ": " + warning + "\n";
+  std::vector<std::string> made;
+  Failure failure = Write(work.Path(), made);
+  files.CloseDataFile(); // it may lie in the work folder
+  return failure ? failure : PutInPlace(work.Path(), made, written);
+}
+
+Exporter::Failure Exporter::CheckName(const fs::path& file) const {
+  std::error_code error;
+  if (!SameText(file.extension().string(), ".MDB"))
+    return {Exit::NotOpened, "not a data file: the name does not end in .mdb"};
+  if (Trim(file.stem().string()).empty())
+    return {Exit::NotOpened, "not a data file: the name is blank"};
+  if (!fs::exists(file, error))
+    return {Exit::NotOpened, "no such file"};
+  if (!fs::is_directory(outFolder, error))
+    return {Exit::Refused, "no such folder: " + outFolder.string()};
+  return {};
+}
+
+namespace {
+
+// A copy that may be folded, with the log that lies beside the file.
+std::error_code CopyWithLog(const fs::path& file, const fs::path& to) {
+  std::error_code error;
+  if (fs::copy_file(file, to, error))
+    fs::permissions(to, fs::perms::owner_write, fs::perm_options::add, error);
+  for (const char* tail : {"-wal", "-journal"}) {
+    const fs::path log = file.string() + tail;
+    std::error_code none;
+    if (!error && fs::exists(log, none))
+      fs::copy_file(log, to.string() + tail, error);
   }
-  told += UnitWarning().empty() ? "" : name + ": " + UnitWarning() + "\n";
+  return error;
+}
+
+// Some other program's database lacks a table; a damaged data file has all by name.
+bool HasTables(const std::string& nativePath) {
+  const auto database = Database::Open(nativePath, OpenMode::ReadOnly);
+  const auto names = database ? database->TableNames() : std::vector<std::string>();
+  return std::count_if(names.begin(), names.end(), [](const std::string& name) {
+           return name == "Sessions" || name == "Observations" || name == "Stations" || name == "Registrations";
+         }) == 4;
+}
+
+} // namespace
+
+Exporter::Failure Exporter::Open(const fs::path& file, const fs::path& workFolder) {
+  machine.drives.dataFile = file.string();
+  switch (LookAt(file.string())) {
+  case Sight::Free:
+    break;
+  case Sight::NeedsFolding:
+    machine.drives.dataFile = (workFolder / "copy.mdb").string();
+    if (const std::error_code error = CopyWithLog(file, machine.drives.dataFile))
+      return Unwritable(error.value(), outFolder.string());
+    break;
+  case Sight::Missing:
+  case Sight::NoDatabase:
+    return {Exit::NotOpened, "not a data file"};
+  case Sight::InUse:
+    return {Exit::NotOpened, "in use by another program"};
+  case Sight::Damaged:
+    return {Exit::Damaged, "the file is damaged"};
+  case Sight::Unreadable:
+    return {Exit::NotOpened, "may not be read"};
+  }
+  state.file.DataPath = TwoPlaces::In;
+  state.file.DataName = Trim(file.stem().string());
+  state.file.DataFilePath = std::string(TwoPlaces::In) + "\\" + file.filename().string();
+  if (files.OpenDataFile(OpenMode::ReadOnly))
+    return {};
+  if (HasTables(machine.drives.dataFile))
+    return {Exit::Damaged, "the file is damaged"};
+  return {Exit::NotOpened, "not a data file: it lacks the tables of one"};
+}
+
+Exporter::Failure Exporter::Write(const fs::path& workFolder, std::vector<std::string>& made) {
+  machine.drives.outFolder = workFolder.string();
   state.file.DataPath = TwoPlaces::Out;
   ExportWish wish;
   wish.join = wishes.join;
   wish.loadedObservations = [this](std::int32_t id) { return ObservationCount(id); };
   const ExportResult result = ExportSessions(state, files, comma, wish);
-  files.CloseDataFile();
-  for (const std::string& made : result.written)
-    written += (fs::path(machine.drives.outFolder) / (made + ".TKR")).string() + "\n";
-  if (result.failed)
-    told += name + ": the file is damaged, or its comma file could not be written\n";
-  return !result.failed;
+  made = result.written;
+  if (result.unreadable)
+    return {Exit::Damaged, "the file is damaged"};
+  if (result.unwritable)
+    return Unwritable(result.writeError, outFolder.string());
+  for (const std::string& name : made)
+    if (const int error = SyncFile((workFolder / (name + ".TKR")).string()); error != 0)
+      return Unwritable(error, outFolder.string());
+  return {};
 }
 
-bool Exporter::Open(const fs::path& file, std::string& why) {
-  std::error_code error;
-  const fs::path folder = wishes.out.empty() ? file.parent_path() : fs::path(wishes.out);
-  machine.drives.dataFile = file.string();
-  machine.drives.outFolder = folder.empty() ? "." : folder.string();
-  state.file.DataPath = TwoPlaces::In;
-  state.file.DataName = Trim(file.stem().string());
-  state.file.DataFilePath = std::string(TwoPlaces::In) + "\\" + file.filename().string();
-  if (!SameText(file.extension().string(), ".MDB"))
-    why = "not a data file: the name does not end in .mdb";
-  else if (state.file.DataName.empty())
-    why = "not a data file: the name is blank";
-  else if (!fs::exists(file, error))
-    why = "no such file";
-  else if (!fs::is_directory(machine.drives.outFolder, error))
-    why = "no such folder: " + machine.drives.outFolder;
-  else if (const std::string over = OverDataFile(file); !over.empty())
-    why = "would be written over by " + over;
-  else if (!files.OpenDataFile(OpenMode::ReadOnly))
-    why = "no data file, damaged, or in use";
-  return why.empty();
+Exporter::Failure Exporter::PutInPlace(const fs::path& workFolder, const std::vector<std::string>& made,
+                                       std::string& written) const {
+  for (const std::string& name : made)
+    if (Failure failure = CheckPlace(outFolder / (name + ".TKR")))
+      return failure;
+  for (const std::string& name : made) {
+    const fs::path place = outFolder / (name + ".TKR");
+    std::error_code error;
+    fs::rename(workFolder / place.filename(), place, error);
+    if (error)
+      return Unwritable(error.value(), place.string());
+    written += place.string() + "\n";
+  }
+  return {};
 }
 
-std::string Exporter::OverDataFile(const fs::path& file) const {
+// A data file may have the name by a link, or because somebody gave it one. What it is counts, and not what it is
+// called.
+Exporter::Failure Exporter::CheckPlace(const fs::path& place) const {
+  constexpr std::string_view database("SQLite format 3\0", 16);
   std::error_code error;
-  for (const auto& entry : fs::directory_iterator(machine.drives.outFolder, error))
-    if (SameText(entry.path().extension().string(), ".TKR") && fs::equivalent(entry.path(), file, error))
-      return entry.path().string();
-  return "";
+  const fs::file_status found = fs::status(place, error);
+  if (fs::is_directory(found))
+    return {Exit::Refused, "a folder is in the way: " + place.string()};
+  if (fs::exists(found) && !fs::is_regular_file(found))
+    return {Exit::Refused, "something that is no file is in the way: " + place.string()};
+  std::string head(database.size(), ' ');
+  if (std::ifstream(place, std::ios::binary).read(head.data(), static_cast<std::streamsize>(head.size())) &&
+      head == database)
+    return {Exit::Refused, "a data file is in the way: " + place.string()};
+  if (fs::exists(found) && (found.permissions() & fs::perms::owner_write) == fs::perms::none)
+    return {Exit::Refused, "may not be replaced: " + place.string()};
+  return {};
+}
+
+Exporter::Failure Exporter::Unwritable(int error, const std::string& where) {
+  if (IsFull(error))
+    return {Exit::DiskFull, "the disk is full: " + where};
+  return {Exit::Refused, "cannot be written: " + where + ": " + std::generic_category().message(error)};
 }
 
 // Positions go out as they are stored: in another unit than theirs they mislead.

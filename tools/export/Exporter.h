@@ -1,5 +1,9 @@
 // The export of closed data files, one after the other, as one run of the program would do it: what a writing leaves to
 // the next (the observation count in the head) carries over from file to file.
+//
+// A data file is never changed, nor is anything put beside it but its comma files: one that needs its log is copied
+// into the work folder first. Comma files are written there, too, and put in their places when all of one data file
+// are whole and on the disk.
 #pragma once
 
 #include "Arguments.h"
@@ -11,6 +15,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace trekor {
 
@@ -18,13 +23,23 @@ class Exporter {
 public:
   explicit Exporter(const Arguments& wishes);
   // Writes the comma files of one data file. What is to be told comes in lines: `written` names the files made, `told`
-  // what the user should know. False when the file could not be exported whole.
-  bool Export(const std::string& file, std::string& written, std::string& told);
+  // what the user should know.
+  Exit Export(const std::string& file, std::string& written, std::string& told);
 
 private:
-  bool Open(const std::filesystem::path& file, std::string& why);
-  // A name that would go over a data file (a link with such a target); "" when there is none.
-  std::string OverDataFile(const std::filesystem::path& file) const;
+  struct Failure {
+    Exit code = Exit::Done;
+    std::string words;
+    explicit operator bool() const { return code != Exit::Done; }
+  };
+  Failure Convert(const std::string& name, std::string& written, std::string& told);
+  Failure CheckName(const std::filesystem::path& file) const;
+  Failure Open(const std::filesystem::path& file, const std::filesystem::path& workFolder);
+  Failure Write(const std::filesystem::path& workFolder, std::vector<std::string>& made);
+  Failure PutInPlace(const std::filesystem::path& workFolder, const std::vector<std::string>& made,
+                     std::string& written) const;
+  Failure CheckPlace(const std::filesystem::path& place) const;
+  static Failure Unwritable(int error, const std::string& where);
   std::string UnitWarning();
   int ObservationCount(std::int32_t sessionID);
 
@@ -33,6 +48,7 @@ private:
   ProgramState state;
   DataFiles files;
   CommaFile comma;
+  std::filesystem::path outFolder; // of the present file
 };
 
 } // namespace trekor
