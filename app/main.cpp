@@ -2,6 +2,7 @@
 #include "Version.h"
 #include "core/Program.h"
 #include "platform_os/FileDrives.h"
+#include "platform_os/InstanceLock.h"
 #include "platform_os/ProgramFolder.h"
 #include "platform_qt/QtClock.h"
 #include "platform_qt/QtProcess.h"
@@ -28,13 +29,18 @@ std::string Release() {
 int Run(int argc, char** argv) {
   using namespace trekor;
   FileDrives drives;
-  QtProcess process(argc, argv, drives.Root(), drives.CurrentFolder()); // before the toolkit takes its arguments away
+  const InstanceLock lock(PathFromText(drives.Root()));
+  // Before the toolkit takes its arguments away.
+  QtProcess process(argc, argv, lock.HeldByAnother(), drives.CurrentFolder());
+  if (process.PreviousInstance()) { // nothing on the screen, which is the other one's
+    std::fprintf(stderr, "Trekor already runs%s%s\n", drives.Root().empty() ? "" : " over ", drives.Root().c_str());
+    return 0;
+  }
   qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop: the other takes twice as long from a line to its answer
   QApplication app(argc, argv);
   theme::Apply(app);
-  if (!process.PreviousInstance()) // which would have its files changed under its feet
-    FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
-                      Release());
+  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
+                    Release());
   QtClock clock;
   QtPump pump;
   QtSocket socket;

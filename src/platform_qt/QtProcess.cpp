@@ -20,16 +20,8 @@ std::string Joined(int argc, char** argv) {
 
 } // namespace
 
-QtProcess::QtProcess(int argc, char** argv, const std::string& lockFolder, std::string programFolder)
-    : commandLine(Joined(argc, argv)), programFolder(std::move(programFolder)),
-      lock(QString::fromStdString(lockFolder) + "/.trekor.lock") {
-  lock.setStaleLockTime(0); // an instance may run for days; only a dead one is stale
-}
-
-// A folder that cannot hold the lock is no sign of another instance.
-bool QtProcess::PreviousInstance() {
-  return !lock.isLocked() && !lock.tryLock(0) && lock.error() == QLockFile::LockFailedError;
-}
+QtProcess::QtProcess(int argc, char** argv, bool previousInstance, std::string programFolder)
+    : commandLine(Joined(argc, argv)), programFolder(std::move(programFolder)), previousInstance(previousInstance) {}
 
 std::string QtProcess::ComputerName() {
   return QSysInfo::machineHostName().toStdString();

@@ -3,20 +3,14 @@
 
 #include "platform/Process.h"
 
-#include <QLockFile>
-
-#include <memory>
-
 namespace trekor {
 
 class QtProcess : public Process {
 public:
-  // `lockFolder` is a native folder that all instances of one user's program share: two of them over different drive
-  // trees may run side by side, over the same tree they may not. `programFolder` is a path of drive letter and
-  // backslashes.
-  QtProcess(int argc, char** argv, const std::string& lockFolder, std::string programFolder);
+  // `programFolder` is a path of drive letter and backslashes.
+  QtProcess(int argc, char** argv, bool previousInstance, std::string programFolder);
 
-  bool PreviousInstance() override;
+  bool PreviousInstance() override { return previousInstance; }
   std::string CommandLine() override { return commandLine; }
   std::string ProgramName() override { return "Trekor"; }
   std::string ProgramFolder() override { return programFolder; }
@@ -29,8 +23,7 @@ public:
 
 private:
   std::string commandLine, programFolder;
-  QLockFile lock; // released by the system's own means when the process dies
-  bool ended = false;
+  bool previousInstance, ended = false;
 };
 
 } // namespace trekor

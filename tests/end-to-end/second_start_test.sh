@@ -1,0 +1,44 @@
+#!/usr/bin/env bash
+# Two real processes: the second start ends and says so, and only a running program keeps it out.
+#   second_start_test.sh BUILD-FOLDER
+set -euo pipefail
+build=$1
+work=$(mktemp -d)
+first=
+trap 'kill -9 $first 2>/dev/null || true; rm -rf "$work"' EXIT
+fail() { echo "FAILED: $*"; cat "$work"/*.txt 2>/dev/null; exit 1; }
+
+export QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy XDG_RUNTIME_DIR=$work TREKOR_TRACE=1 TREKOR_DRIVES=$work/drives
+databases=$TREKOR_DRIVES/C/Veldmark/Trekor/MDB
+mkdir -p "$databases"
+cp "$build/share/trekor/Trekor.vdb" "$databases/Trekor.mdb"
+sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='1' WHERE Name='RemotePort'" # where nobody listens
+mkfifo "$work/told"
+exec 4<>"$work/told" # held open, so that the program never writes to nobody
+
+# Starts the program, whose process is then $first, and waits until it has shown its window and, with no key pressed,
+# opened the sound device.
+start() {
+  "$build/bin/Trekor" 7707-104 /US 2>&4 &
+  first=$!
+  timeout 30 grep -q -m 1 'sound device open' <&4 || fail "$1"
+}
+second() {
+  TREKOR_DRIVES=${1:-$TREKOR_DRIVES} timeout 20 "$build/bin/Trekor" 7707-104 /US >"$work/said.txt" 2>"$work/error.txt" ||
+    fail "the second start ended with $?"
+  [ ! -s "$work/said.txt" ] && grep -q 'already runs' "$work/error.txt" || fail "the second start told nothing"
+}
+
+for content in '' $'1\nTrekor\nelsewhere\n'; do # empty, and of a process that is no Trekor
+  printf '%s' "$content" >"$TREKOR_DRIVES/.trekor.lock"
+  start "a file was left behind and kept the program out"
+  kill -9 "$first"
+  wait "$first" || true
+done
+start "the program was killed and keeps itself out"
+rm -f "$TREKOR_DRIVES"/.trekor.lock
+second
+ln -s drives "$work/other-name"
+second "$work/other-name"
+kill -0 "$first" || fail "the first one has gone"
+echo "passed"
