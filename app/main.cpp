@@ -50,7 +50,7 @@ int Run(int argc, char** argv) {
   shell.OnFirstPicture = [&sound] {
     if (std::getenv("TREKOR_TRACE"))
       std::fputs("first picture\n", stderr);
-    sound.OpenDevice();
+    sound.PictureShown();
   };
   Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
   Program program(platform);

@@ -6,52 +6,52 @@ namespace trekor {
 
 namespace {
 
-const std::string& DigitName(const std::array<std::string, 10>& names, int value) {
-  static const std::string none;
-  return value >= 0 && value < 10 ? names[static_cast<std::size_t>(value)] : none;
+std::string WaveName(const std::string& name) {
+  return Trim(name) + ".WAV";
 }
 
 } // namespace
 
 void Feedback::LoadSounds() {
-  found.clear();
-  SystemSounds = {"newsegment", "undefinedkey", "slowdown"};
-  for (const auto& name : SystemSounds)
-    Found(ctx.state().folders.AudioSystemPath + name + ".WAV");
-  ObsVoiceFiles.assign(static_cast<std::size_t>(ctx.rooms.setup.ObsCount()) + 1, "");
+  const auto& folders = ctx.state().folders;
   for (std::size_t d = 0; d < 10; ++d) {
-    const std::string name = "D" + std::to_string(d);
-    ToneFiles[d] = Found(ctx.state().folders.AudioTonesPath + name + ".WAV") ? name : "";
-    DigitVoiceFiles[d] = Spoken(name) ? name : "";
+    const std::string name = "D" + std::to_string(d), tone = folders.AudioTonesPath + WaveName(name);
+    DigitVoiceFiles[d] = Words(name);
+    ToneFiles[d] = {tone};
+    // A digit that had its tone when the setup was chosen is spoken when the tone has gone; one that had none is
+    // silent.
+    if (ctx.rooms.platform.drives.FileExists(tone))
+      ToneFiles[d].push_back(folders.AudioLanguagePath + WaveName(name));
   }
-  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i) {
-    const std::string name = "O" + std::to_string(ctx.rooms.setup.Observations(i).ObsCode);
-    ObsVoiceFiles[static_cast<std::size_t>(i)] = Spoken(name) ? name : "";
-  }
+  ObsVoiceFiles.assign(1, {});
+  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
+    ObsVoiceFiles.push_back(Words("O" + std::to_string(ctx.rooms.setup.Observations(i).ObsCode)));
 }
 
-// A word of the language's own voice or, file by file, of the English one.
-bool Feedback::Spoken(const std::string& name) {
+// The language's own voice or, file by file, the English one.
+Feedback::Places Feedback::Words(const std::string& name) const {
   const auto& folders = ctx.state().folders;
-  if (Found(folders.AudioLanguagePath + name + ".WAV"))
-    return true;
-  const bool english = Upper(Trim(ctx.state().command.Language)) == "ENGLISH";
-  return !english && Found(folders.AudioEnglishPath + name + ".WAV");
+  Places places{folders.AudioLanguagePath + WaveName(name)};
+  if (folders.AudioEnglishPath != folders.AudioLanguagePath)
+    places.push_back(folders.AudioEnglishPath + WaveName(name));
+  return places;
 }
 
 bool Feedback::PlayWave(const std::string& name) {
   const auto& folders = ctx.state().folders;
-  const bool words = ctx.state().options.DataColVoice;
-  const std::string file = Trim(name) + ".WAV";
-  if (Play((words ? folders.AudioLanguagePath : folders.AudioTonesPath) + file))
-    return true;
-  if (!words)
-    return Play(folders.AudioLanguagePath + file);
-  return folders.AudioEnglishPath != folders.AudioLanguagePath && Play(folders.AudioEnglishPath + file);
+  const Places places = ctx.state().options.DataColVoice ? Words(name)
+                                                         : Places{folders.AudioTonesPath + WaveName(name),
+                                                                  folders.AudioLanguagePath + WaveName(name)};
+  for (const std::string& path : places)
+    if (ctx.rooms.platform.drives.FileExists(path)) {
+      ctx.rooms.platform.sound.Play({path});
+      return true;
+    }
+  return false;
 }
 
-bool Feedback::PlaySystemWave(const std::string& name) {
-  return Play(ctx.state().folders.AudioSystemPath + Trim(name) + ".WAV");
+void Feedback::PlaySystemWave(const std::string& name) {
+  ctx.rooms.platform.sound.Play({ctx.state().folders.AudioSystemPath + WaveName(name)});
 }
 
 // System sounds heed no option and no language.
@@ -60,29 +60,24 @@ void Feedback::PlaySystemSound(int n) {
     PlaySystemWave(SystemSounds[static_cast<std::size_t>(n)]);
 }
 
+// The observation's own word or, when it has none, the digit's.
 void Feedback::PlayObservationSound(int obs, int value) {
   const auto& options = ctx.state().options;
-  if (!options.AssistanceVoice)
-    return;
-  if (!options.DataColVoice)
-    return void(Play_Named(DigitName(ToneFiles, value)));
   const bool known = obs > 0 && obs < static_cast<int>(ObsVoiceFiles.size());
-  if (!known || !Play_Named(ObsVoiceFiles[static_cast<std::size_t>(obs)]))
-    Play_Named(DigitName(DigitVoiceFiles, value));
+  if (!options.AssistanceVoice || !options.DataColVoice || !known)
+    return PlayDigitSound(value);
+  Places places = ObsVoiceFiles[static_cast<std::size_t>(obs)];
+  if (value >= 0 && value < 10)
+    places.insert(places.end(), DigitVoiceFiles[static_cast<std::size_t>(value)].begin(),
+                  DigitVoiceFiles[static_cast<std::size_t>(value)].end());
+  ctx.rooms.platform.sound.Play(places);
 }
 
 void Feedback::PlayDigitSound(int value) {
   const auto& options = ctx.state().options;
-  if (options.AssistanceVoice)
-    Play_Named(DigitName(options.DataColVoice ? DigitVoiceFiles : ToneFiles, value));
-}
-
-// True when there was a name to play, whether or not its file could be played.
-bool Feedback::Play_Named(const std::string& name) {
-  if (name.empty())
-    return false;
-  PlayWave(name);
-  return true;
+  if (options.AssistanceVoice && value >= 0 && value < 10)
+    ctx.rooms.platform.sound.Play(
+        (options.DataColVoice ? DigitVoiceFiles : ToneFiles)[static_cast<std::size_t>(value)]);
 }
 
 void Feedback::Assist(int number) {
@@ -90,20 +85,6 @@ void Feedback::Assist(int number) {
   const bool spoken = options.AssistanceVoice && PlayWave(std::to_string(number));
   if (!spoken && (options.AssistanceVoice || options.AssistanceText))
     ctx.rooms.messages.ShowMessage(number);
-}
-
-bool Feedback::Play(const std::string& path) {
-  if (!Found(path))
-    return false;
-  ctx.rooms.platform.sound.Play(path);
-  return true;
-}
-
-bool Feedback::Found(const std::string& path) {
-  const auto known = found.find(path);
-  if (known != found.end())
-    return known->second;
-  return found[path] = ctx.rooms.platform.drives.FileExists(path);
 }
 
 // "Veldmark Trekor - D:\Roads\ROAD09.mdb (1)"

@@ -4,7 +4,6 @@
 #include "collection/RunContext.h"
 
 #include <array>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -14,12 +13,12 @@ class Feedback {
 public:
   explicit Feedback(RunContext& context) : ctx(context) {}
 
-  // Fills the name tables for the running setup and looks up every file once, so that no key searches a folder. A wave
-  // that is added later is found when a setup is chosen again.
+  // Fills the tables for the running setup.
   void LoadSounds();
   // Plays NAME.WAV from the folder of the chosen kind (words or tones) or from the one behind it. False: nothing plays.
+  // Looks into the folders, which no key may wait for.
   bool PlayWave(const std::string& name);
-  bool PlaySystemWave(const std::string& name);
+  void PlaySystemWave(const std::string& name);
   void PlaySystemSound(int n); // 0 newsegment, 1 undefinedkey, 2 slowdown
   // `value` is a digit; anything else (-1: no digit) has no digit sound.
   void PlayObservationSound(int obs, int value);
@@ -31,16 +30,15 @@ public:
   void AsciiFileProgress(int percent);
 
 private:
-  bool Found(const std::string& path);
-  bool Play(const std::string& path);
-  bool Spoken(const std::string& name);
-  bool Play_Named(const std::string& name);
+  // Places of one sound, the best first. The player looks which are there when it plays, so that a wave which came or
+  // went is noticed at the next key.
+  using Places = std::vector<std::string>;
+  Places Words(const std::string& name) const;
 
   RunContext& ctx;
   std::array<std::string, 3> SystemSounds{"newsegment", "undefinedkey", "slowdown"};
-  std::array<std::string, 10> ToneFiles, DigitVoiceFiles;
-  std::vector<std::string> ObsVoiceFiles; // by observation; entry 0 stays empty
-  std::map<std::string, bool> found;      // paths that were looked for since LoadSounds
+  std::array<Places, 10> ToneFiles, DigitVoiceFiles;
+  std::vector<Places> ObsVoiceFiles; // by observation; entry 0 stays empty
 };
 
 } // namespace trekor

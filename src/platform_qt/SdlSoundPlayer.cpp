@@ -1,11 +1,16 @@
 #include "platform_qt/SdlSoundPlayer.h"
 
+#include "platform_qt/SoundLibrary.h"
+
 // The program has its own main.
 #define SDL_MAIN_HANDLED
 #include <SDL.h>
 
 #include <algorithm>
-#include <cstring>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <utility>
 
 namespace trekor {
 
@@ -13,34 +18,57 @@ namespace {
 
 constexpr int Rate = 44100, Channels = 2;
 constexpr int Frames = 512; // 12 ms from the key to the loudspeaker
+constexpr std::chrono::seconds LongestWaitForPicture{2};
+
+void Trace(const char* what, const char* why) {
+  if (std::getenv("TREKOR_TRACE"))
+    std::fprintf(stderr, "%s%s\n", what, why);
+}
 
 } // namespace
 
-SdlSoundPlayer::~SdlSoundPlayer() {
-  SdlSoundPlayer::Close_SoundDevice(); // named, as nothing below this class is alive any more
-  if (audioStarted)
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+void SdlSoundPlayer::Open_SoundDevice() {
+  if (!worker.joinable())
+    worker = std::jthread([this](const std::stop_token& stop) { Work(stop); });
 }
 
-bool SdlSoundPlayer::StartAudio() {
-  if (!audioStarted) {
-    SDL_SetMainReady();
-    SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
-    audioStarted = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
-  }
-  return audioStarted;
+void SdlSoundPlayer::PictureShown() {
+  const std::lock_guard lock(mutex);
+  pictureShown = true;
+  changed.notify_all();
 }
 
 int SdlSoundPlayer::Devices() {
-  return StartAudio() ? std::max(0, SDL_GetNumAudioDevices(0)) : 0;
+  const std::lock_guard lock(mutex);
+  return audioStarted ? std::max(0, SDL_GetNumAudioDevices(0)) : 0;
+}
+
+void SdlSoundPlayer::Play(const Paths& paths) {
+  const std::lock_guard lock(mutex);
+  if (device == 0)
+    return;
+  asked.push_back(paths);
+  changed.notify_all();
+}
+
+void SdlSoundPlayer::Work(const std::stop_token& stop) {
+  {
+    std::unique_lock lock(mutex);
+    changed.wait_for(lock, stop, LongestWaitForPicture, [this] { return pictureShown; });
+  }
+  if (stop.stop_requested())
+    return;
+  OpenDevice();
+  PlayWhatIsAsked(stop);
+  CloseDevice();
+  SDL_TLSCleanup(); // what the library keeps for a thread that it did not begin
 }
 
 void SdlSoundPlayer::OpenDevice() {
-  if (!wanted || tried)
-    return;
-  tried = true;
-  if (!StartAudio())
-    return;
+  SilenceSoundLibrary();
+  SDL_SetMainReady();
+  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
+  const bool started = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
   SDL_AudioSpec stream{};
   stream.freq = Rate;
   stream.format = AUDIO_S16SYS;
@@ -48,70 +76,79 @@ void SdlSoundPlayer::OpenDevice() {
   stream.samples = Frames;
   stream.callback = &SdlSoundPlayer::Feed;
   stream.userdata = this;
-  device = SDL_OpenAudioDevice(nullptr, 0, &stream, nullptr, 0);
-  if (device != 0)
-    SDL_PauseAudioDevice(device, 0);
+  const SDL_AudioDeviceID opened = started ? SDL_OpenAudioDevice(nullptr, 0, &stream, nullptr, 0) : 0;
+  if (opened != 0)
+    SDL_PauseAudioDevice(opened, 0);
+  Trace(opened != 0 ? "sound device open" : "no sound device: ", opened != 0 ? "" : SDL_GetError());
+  const std::lock_guard lock(mutex);
+  audioStarted = started;
+  device = opened;
 }
 
-void SdlSoundPlayer::Close_SoundDevice() {
-  wanted = tried = false;
-  if (device != 0)
-    SDL_CloseAudioDevice(device);
-  device = 0;
-  left = 0;
+// Nobody finds the device once the mutex was held, so that it can be closed outside of it.
+void SdlSoundPlayer::CloseDevice() {
+  std::unique_lock lock(mutex);
+  const bool started = std::exchange(audioStarted, false);
+  const SDL_AudioDeviceID open = std::exchange(device, 0);
+  lock.unlock();
+  if (open != 0)
+    SDL_CloseAudioDevice(open);
+  if (started)
+    SDL_QuitSubSystem(SDL_INIT_AUDIO);
 }
 
-void SdlSoundPlayer::Play(const std::string& path) {
-  OpenDevice();
-  if (device == 0)
-    return;
-  const Samples& sound = Load(drives.NativePath(path));
-  SDL_LockAudioDevice(device);
-  next = sound.data();
-  left = sound.size();
-  SDL_UnlockAudioDevice(device);
+// Only the newest of several that came meanwhile would be heard.
+void SdlSoundPlayer::PlayWhatIsAsked(const std::stop_token& stop) {
+  std::unique_lock lock(mutex);
+  while (changed.wait(lock, stop, [this] { return !asked.empty(); })) {
+    const std::vector<Paths> taken = std::exchange(asked, {});
+    lock.unlock();
+    std::any_of(taken.rbegin(), taken.rend(), [this](const Paths& paths) { return StartFirst(paths); });
+    lock.lock();
+  }
 }
 
-bool SdlSoundPlayer::Playing() {
-  if (device == 0)
+bool SdlSoundPlayer::StartFirst(const Paths& paths) {
+  const auto path = std::find_if(paths.begin(), paths.end(), [this](const auto& p) { return drives.FileExists(p); });
+  if (path == paths.end())
     return false;
+  Samples loaded = Load(drives.NativePath(*path));
   SDL_LockAudioDevice(device);
-  const bool playing = left > 0;
+  sound.swap(loaded);
+  next = 0;
   SDL_UnlockAudioDevice(device);
-  return playing;
+  return true;
 }
 
-const SdlSoundPlayer::Samples& SdlSoundPlayer::Load(const std::string& nativePath) {
-  const auto [entry, fresh] = cache.try_emplace(nativePath);
-  Samples& sound = entry->second;
+// In the device's format; nothing when the file can't be read as a wave.
+SdlSoundPlayer::Samples SdlSoundPlayer::Load(const std::string& nativePath) {
+  Samples samples;
   SDL_AudioSpec file{};
   Uint8* bytes = nullptr;
   Uint32 length = 0;
-  if (!fresh || !SDL_LoadWAV(nativePath.c_str(), &file, &bytes, &length))
-    return sound;
+  if (!SDL_LoadWAV(nativePath.c_str(), &file, &bytes, &length))
+    return samples;
   SDL_AudioCVT cvt{};
   if (SDL_BuildAudioCVT(&cvt, file.format, file.channels, file.freq, AUDIO_S16SYS, Channels, Rate) >= 0) {
-    sound.resize(std::size_t{length} * static_cast<std::size_t>(std::max(1, cvt.len_mult)));
-    std::copy_n(bytes, length, sound.begin());
-    cvt.buf = sound.data();
+    samples.resize(std::size_t{length} * static_cast<std::size_t>(std::max(1, cvt.len_mult)));
+    std::copy_n(bytes, length, samples.begin());
+    cvt.buf = samples.data();
     cvt.len = static_cast<int>(length);
     cvt.len_cvt = cvt.len;
-    sound.resize(!cvt.needed || SDL_ConvertAudio(&cvt) == 0 ? static_cast<std::size_t>(cvt.len_cvt) : 0);
+    samples.resize(!cvt.needed || SDL_ConvertAudio(&cvt) == 0 ? static_cast<std::size_t>(cvt.len_cvt) : 0);
   }
   SDL_FreeWAV(bytes);
-  return sound;
+  return samples;
 }
 
-// On the audio thread, under the device's lock.
+// On the library's thread, under the device's lock.
 void SdlSoundPlayer::Feed(void* self, std::uint8_t* out, int length) {
   auto& player = *static_cast<SdlSoundPlayer*>(self);
   const std::size_t room = static_cast<std::size_t>(length);
-  const std::size_t n = std::min(room, player.left);
-  if (n > 0)
-    std::memcpy(out, player.next, n);
-  std::memset(out + n, 0, room - n);
+  const std::size_t n = std::min(room, player.sound.size() - player.next);
+  std::copy_n(player.sound.begin() + static_cast<std::ptrdiff_t>(player.next), n, out);
+  std::fill(out + n, out + room, std::uint8_t{0});
   player.next += n;
-  player.left -= n;
 }
 
 } // namespace trekor

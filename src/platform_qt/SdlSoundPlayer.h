@@ -1,50 +1,61 @@
-// Wave files through SDL. The device is opened after the first picture of the program (OpenDevice) or at the first
-// sound, whichever comes first, as a sound server may take its time; one that could not be opened is not tried again.
-//
-// A file is read and brought to the device's format once and kept. The newest sound replaces the one before.
+// Wave files through SDL, on a thread of its own: a sound server may take seconds to answer and a disk may sleep, and
+// the caller, who has a key in hand, waits for neither. The thread looks for a file when it is to be played and reads
+// it afresh, so that whatever happened to the folders is heard; a key's tone costs it a quarter of a millisecond.
 #pragma once
 
 #include "platform/Drives.h"
 #include "platform/SoundPlayer.h"
 
-#include <cstddef>
+#include <condition_variable>
 #include <cstdint>
-#include <map>
-#include <string>
+#include <mutex>
+#include <thread>
 #include <vector>
 
 namespace trekor {
 
 class SdlSoundPlayer : public SoundPlayer {
 public:
+  // The drives are asked for files on the player's thread too.
   explicit SdlSoundPlayer(Drives& drives) : drives(drives) {}
-  ~SdlSoundPlayer() override;
+  // Waits until the library lets go of the device.
+  ~SdlSoundPlayer() override = default;
   SdlSoundPlayer(const SdlSoundPlayer&) = delete;
   SdlSoundPlayer& operator=(const SdlSoundPlayer&) = delete;
 
-  void Open_SoundDevice() override { wanted = true; }
-  void Close_SoundDevice() override;
+  // The device is opened when the program has shown its first picture, which must not wait for it, or after two seconds
+  // when nothing can be seen of the program. One that can't be opened is not tried again.
+  void Open_SoundDevice() override;
+  void Close_SoundDevice() override { worker.request_stop(); }
   int Devices() override;
-  void Play(const std::string& path) override;
+  void Play(const std::vector<std::string>& paths) override;
 
-  // Opens the device when it was asked for and is not open yet.
-  void OpenDevice();
-  // Whether a sound is still being played.
-  bool Playing();
+  void PictureShown();
 
 private:
+  using Paths = std::vector<std::string>;
   using Samples = std::vector<std::uint8_t>;
-  bool StartAudio();
-  const Samples& Load(const std::string& nativePath);
+
+  void Work(const std::stop_token& stop);
+  void OpenDevice();
+  void CloseDevice();
+  void PlayWhatIsAsked(const std::stop_token& stop);
+  bool StartFirst(const Paths& paths);
+  static Samples Load(const std::string& nativePath);
   static void Feed(void* self, std::uint8_t* out, int length);
 
   Drives& drives;
-  bool wanted = false, tried = false, audioStarted = false;
+  // Between the callers and the worker, under the mutex, which nobody holds for long.
+  std::mutex mutex;
+  std::condition_variable_any changed;
+  bool pictureShown = false, audioStarted = false;
   unsigned device = 0;
-  std::map<std::string, Samples> cache; // by native path; an unreadable file is kept as an empty one
-  // Shared with the audio thread, under the device's lock.
-  const std::uint8_t* next = nullptr;
-  std::size_t left = 0;
+  std::vector<Paths> asked; // oldest first
+  // Between the worker and the library's own thread, under the device's lock.
+  Samples sound;
+  std::size_t next = 0;
+
+  std::jthread worker; // the last member, so that it ends before the others go
 };
 
 } // namespace trekor

@@ -47,6 +47,32 @@ TEST_F(Sound, AToneThatOnlyTheLanguageHasPlaysFromThere) {
   EXPECT_FALSE(feedback().PlayWave("402"));
 }
 
+TEST_F(Sound, AWaveThatComesOrGoesIsNoticedAtTheNextKey) {
+  const auto drop = [&](const std::string& path) {
+    ASSERT_TRUE(fakes.drives.DeleteFile("C:\\Trekor\\Audio\\" + path));
+  };
+  drop("Tones\\D2.wav");
+  drop("Tones\\D3.wav");
+  drop("SystemSounds\\newsegment.wav");
+  feedback().PlayDigitSound(2); // spoken instead
+  feedback().PlayDigitSound(3);
+  feedback().PlaySystemSound(0);
+  Wave("Tones", "D3");
+  Wave("SystemSounds", "newsegment");
+  feedback().PlayDigitSound(3);
+  feedback().PlaySystemSound(0);
+  EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\Danish\\D2.WAV", "C:\\Trekor\\Audio\\Tones\\D3.WAV",
+                             "C:\\Trekor\\Audio\\SystemSounds\\newsegment.WAV"}));
+
+  state.options.DataColVoice = true;
+  Wave("Danish", "O101"); // before the English one
+  feedback().PlayObservationSound(Crack, 2);
+  drop("Danish\\O101.wav");
+  drop("English\\O101.wav");
+  feedback().PlayObservationSound(Crack, 2);
+  EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\Danish\\O101.WAV", "C:\\Trekor\\Audio\\Danish\\D2.WAV"}));
+}
+
 TEST_F(Sound, WithoutVoiceTheSystemSoundsStillPlay) {
   state.options.AssistanceVoice = false;
   Press('A');

@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The real programs under a virtual display: real windows, real key presses, a real link. Looks at what the office gets.
+# The real programs, installed, under a virtual display: real windows, real key presses, a real link. Looks at what the
+# office gets.
 #   drive_test.sh BUILD-FOLDER
 set -euo pipefail
 here=$(cd "$(dirname "$0")" && pwd)
@@ -14,19 +15,28 @@ export TREKOR_DRIVES=$work/drives TREKOR_TRACE=1 SDL_AUDIODRIVER=dummy XDG_RUNTI
 export LSAN_OPTIONS=suppressions=$here/lsan.supp:print_suppressions=0
 # The display's keyboard library copies from replies that are not ended by a zero, as its protocol has it.
 export ASAN_OPTIONS=${ASAN_OPTIONS:-detect_leaks=1}:strict_string_checks=0
+# As a person gets them: from a folder that has nothing of the build beside it.
+cmake --install "$build" --prefix "$work/usr" >/dev/null
+programs=$work/usr/bin share=$work/usr/share/trekor
 databases=$TREKOR_DRIVES/C/Veldmark/Trekor/MDB
 mkdir -p "$databases"
-cp "$build/share/trekor/sample/Observations.mdb" "$databases/"
+cp "$share/sample/Observations.mdb" "$databases/"
 # A port of its own, so that nothing else on the machine is in the way: the link's window keeps it among its texts.
 port=$((20000 + $$ % 20000))
-cp "$build/share/trekor/Trekor.vdb" "$databases/Trekor.mdb"
+cp "$share/Trekor.vdb" "$databases/Trekor.mdb"
 sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='$port' WHERE Name='RemotePort'"
 
 exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>/dev/null)
 display=$!
 read -r -u 3 number
-DISPLAY=:$number "$build/bin/trekor-control" --launch "$build/bin/Trekor" --args "7707-104 /US" \
+DISPLAY=:$number "$programs/trekor-control" --launch "$programs/Trekor" --args "7707-104 /US" \
   --port "$port" --drive "$here/short.drive" </dev/null >"$work/transcript.txt" 2>"$work/errors.txt" || fail "the drive ended with $?"
+
+for place in Messages.vdb Graphics/Pothole.png Audio/Tones/D1.wav; do
+  [ -s "$TREKOR_DRIVES/C/Trekor/$place" ] || fail "$place was not found beside the program"
+done
+is "the sound device is opened behind the first picture" \
+  "$(grep -xE 'first picture|sound device open' "$work/errors.txt" | tr '\n' ' ')" "first picture sound device open "
 
 file=$TREKOR_DRIVES/C/Roads/SHORT01.mdb
 comma=$TREKOR_DRIVES/C/Roads/SHORT01.TKR

@@ -121,6 +121,12 @@ std::vector<std::string> FakeSocket::TakeLines() {
   return lines;
 }
 
+void FakeSoundPlayer::Play(const std::vector<std::string>& paths) {
+  const auto path = std::find_if(paths.begin(), paths.end(), [&](const auto& p) { return drives.FileExists(p); });
+  if (path != paths.end())
+    played.push_back(*path);
+}
+
 std::vector<std::string> FakeSoundPlayer::TakePlayed() {
   return std::exchange(played, {});
 }

@@ -86,18 +86,6 @@ private:
   std::size_t taken = 0;
 };
 
-class FakeSoundPlayer : public SoundPlayer {
-public:
-  void Open_SoundDevice() override { open = true; }
-  void Close_SoundDevice() override { open = false; }
-  int Devices() override { return devices; }
-  void Play(const std::string& path) override { played.push_back(path); }
-  std::vector<std::string> TakePlayed();
-  std::vector<std::string> played;
-  bool open = false;
-  int devices = 1;
-};
-
 class FakeKeyboard : public Keyboard {
 public:
   bool NumLock() override { return numLock; }
@@ -152,6 +140,22 @@ private:
   bool Fails(const std::string& path) const;
 };
 
+class FakeSoundPlayer : public SoundPlayer {
+public:
+  explicit FakeSoundPlayer(FakeDrives& drives) : drives(drives) {}
+  void Open_SoundDevice() override { open = true; }
+  void Close_SoundDevice() override { open = false; }
+  int Devices() override { return devices; }
+  void Play(const std::vector<std::string>& paths) override;
+  std::vector<std::string> TakePlayed();
+  std::vector<std::string> played;
+  bool open = false;
+  int devices = 1;
+
+private:
+  FakeDrives& drives;
+};
+
 class FakeProcess : public Process {
 public:
   bool PreviousInstance() override { return previousInstance; }
@@ -202,9 +206,9 @@ struct FakePlatform {
   FakeClock clock;
   FakePump pump{clock};
   FakeSocket socket{pump};
-  FakeSoundPlayer sound;
   FakeKeyboard keyboard;
   FakeDrives drives;
+  FakeSoundPlayer sound{drives};
   FakeProcess process;
   FakeShell shell;
   Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};

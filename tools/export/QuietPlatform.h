@@ -33,7 +33,7 @@ public:
   void Open_SoundDevice() override {}
   void Close_SoundDevice() override {}
   int Devices() override { return 0; }
-  void Play(const std::string&) override {}
+  void Play(const std::vector<std::string>&) override {}
 };
 
 class QuietKeyboard : public Keyboard {
