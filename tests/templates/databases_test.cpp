@@ -23,16 +23,8 @@ int MakeTemplate(const std::string& out, const std::string& texts) {
   return std::system((TREKOR_BINARY_DIR "/templates/make_template " + out + " " + texts).c_str());
 }
 
-const std::map<std::string, Names> Layouts = {
-    {"Software.vdb", {"Options", "Version"}},
-    {"Messages.vdb", {"Messages", "Version"}},
-    {"Observations.vdb",
-     {"DataTypes", "KeyingCodes", "Languages", "ObsLinguistic", "Observations", "RegModes", "SetupNames", "Setups",
-      "Version"}},
-    {"DataFile.vdb", {"Observations", "Registrations", "Sessions", "Stations", "Version"}},
-    {"Sections.vdb", {"Sections", "Version"}},
-    {"HardWare.vdb", {"Instruments", "Vehicle", "Version"}},
-};
+const Names Files = {"Trekor.vdb",   "Software.vdb", "Messages.vdb", "Observations.vdb",
+                     "DataFile.vdb", "Sections.vdb", "HardWare.vdb"};
 
 int SizeOf(const Database& database, const std::string& table, const std::string& field) {
   for (const auto& f : database.Fields(table))
@@ -43,11 +35,8 @@ int SizeOf(const Database& database, const std::string& table, const std::string
 
 } // namespace
 
-TEST(Templates, HoldTheirTablesAndOneVersionThatIsNeverTheOneForNoUpdate) {
-  Names files = {"Trekor.vdb"};
-  for (const auto& [file, tables] : Layouts)
-    files.push_back(file);
-  for (const auto& file : files) {
+TEST(Templates, HaveOneVersionThatIsNeverTheOneForNoUpdate) {
+  for (const auto& file : Files) {
     SCOPED_TRACE(file);
     const auto database = OpenShared(file);
     ASSERT_TRUE(database);
@@ -56,17 +45,12 @@ TEST(Templates, HoldTheirTablesAndOneVersionThatIsNeverTheOneForNoUpdate) {
     EXPECT_EQ(version->RecordCount(), 1);
     EXPECT_EQ(version->Get("Major"), FieldValue(1));
     EXPECT_EQ(version->Get("Minor"), FieldValue(0));
-    auto names = database->TableNames();
-    std::sort(names.begin(), names.end());
-    if (const auto layout = Layouts.find(file); layout != Layouts.end()) {
-      EXPECT_EQ(names, layout->second);
-    }
   }
 }
 
 // Bytes 16 to 19 of the file: page size, then the two format numbers, which are 1 for a file that needs no helpers.
 TEST(Templates, ArePlainFilesOfOnePageSize) {
-  for (const auto& [file, tables] : Layouts)
+  for (const auto& file : Files)
     EXPECT_EQ(BytesOf(Share(file)).substr(16, 4), std::string("\x10\x00\x01\x01", 4)) << file;
 }
 
@@ -104,22 +88,6 @@ TEST(DataFileTemplate, HasNoIndexButTheKeysAndNoRows) {
   }
 }
 
-TEST(DataFileTemplate, CutsTextsWhereFilesInTheFieldDo) {
-  const auto database = OpenShared("DataFile.vdb");
-  ASSERT_TRUE(database);
-  const std::map<std::string, int> sessions = {
-      {"Program", 8},      {"Operator", 32},     {"Electronics", 16},  {"TestSetup", 80},
-      {"Units", 16},       {"FacilityName", 80}, {"FacilityCode", 50}, {"FacilityType", 50},
-      {"SectionName", 80}, {"SectionCode", 50},  {"District", 80},     {"Class", 50},
-      {"Start", 50},       {"End", 50},          {"Lane", 50},         {"LaneNumber", 16}};
-  for (const auto& [field, size] : sessions)
-    EXPECT_EQ(SizeOf(*database, "Sessions", field), size) << field;
-  EXPECT_EQ(SizeOf(*database, "Stations", "Lane"), 50);
-  EXPECT_EQ(SizeOf(*database, "Stations", "LaneNumber"), 16);
-  EXPECT_GE(SizeOf(*database, "Sessions", "GUID"), 36);
-  EXPECT_GE(SizeOf(*database, "Registrations", "RegData"), 255); // what a prompt takes
-}
-
 TEST(DataFileTemplate, HoldsWhateverTheVocabularyHolds) {
   const auto database = OpenShared("DataFile.vdb"), vocabulary = OpenShared("Observations.vdb");
   ASSERT_TRUE(database && vocabulary);
@@ -133,6 +101,8 @@ TEST(DataFileTemplate, HoldsWhateverTheVocabularyHolds) {
     fits("ObsLinguistic", from, "ObsAbrv");
   fits("Observations", "TextFile", "TextUtil");
   EXPECT_GE(SizeOf(*database, "Sessions", "TestSetup"), SizeOf(*vocabulary, "SetupNames", "SetupName"));
+  EXPECT_GE(SizeOf(*database, "Sessions", "GUID"), 36);
+  EXPECT_GE(SizeOf(*database, "Registrations", "RegData"), 255); // what a prompt takes
 }
 
 TEST(VocabularyTemplate, ShipsLookupsAlone) {
@@ -140,15 +110,8 @@ TEST(VocabularyTemplate, ShipsLookupsAlone) {
   ASSERT_TRUE(database);
   for (const char* table : {"Languages", "Observations", "ObsLinguistic", "SetupNames", "Setups"})
     EXPECT_EQ(database->OpenTable(table)->RecordCount(), 0) << table;
-  const std::map<int, std::string> types = {{0, "Boolean"}, {1, "Integer"}, {2, "Float"}, {4, "Text"}};
-  for (const auto& [id, name] : types) {
-    const auto row = database->OpenQuery("SELECT * FROM DataTypes WHERE DataTypeID=" + std::to_string(id));
-    EXPECT_EQ(row->Get("DataType").Text(), name);
-  }
-  for (const int mode : {0, 1, 2, 3})
-    EXPECT_FALSE(database->OpenQuery("SELECT * FROM RegModes WHERE RegModeCode=" + std::to_string(mode))->Eof())
-        << mode;
-  EXPECT_FALSE(database->OpenQuery("SELECT * FROM KeyingCodes WHERE KeyingCode=2")->Eof());
+  for (const char* table : {"DataTypes", "RegModes", "KeyingCodes"})
+    EXPECT_GT(database->OpenTable(table)->RecordCount(), 0) << table;
 }
 
 // An update knows rows by the first field of a primary key; two fields in one would write all rows of an id over each

@@ -63,22 +63,6 @@ TEST(SampleVocabulary, LoadsEachSetupWithAValidKeyOfItsOwnForEachItem) {
   EXPECT_EQ(used.size(), static_cast<std::size_t>(database->OpenTable("Observations")->RecordCount()));
 }
 
-TEST(SampleVocabulary, ShowsEverySortOfItem) {
-  const auto database = OpenShared("sample/Observations.mdb");
-  ASSERT_TRUE(database);
-  std::set<std::int64_t> types, modes, keyings;
-  const auto items = database->OpenTable("Observations");
-  for (items->MoveFirst(); !items->Eof(); items->MoveNext()) {
-    types.insert(items->Get("DataType").Integer());
-    modes.insert(items->Get("RegModeCode").Integer());
-    keyings.insert(items->Get("KeyingCode").Integer());
-  }
-  using Set = std::set<std::int64_t>;
-  EXPECT_EQ(types, (Set{0, 1, 2, 4}));
-  EXPECT_EQ(modes, (Set{0, 1, 2, 3}));
-  EXPECT_EQ(keyings, (Set{1, 2}));
-}
-
 // The drawings are looked for, as a build without windows renders none.
 TEST(SampleVocabulary, HasAnIconOfItsOwnForEachItemAndNamesThatFitTheirColumn) {
   const auto database = OpenShared("sample/Observations.mdb");
