@@ -172,16 +172,25 @@ TEST_F(AtAPump, AnExitDuringAPromptStopsTheRunAndDropsTheAnswer) {
   EXPECT_FALSE(form.IdleTimer.Running());
 }
 
-TEST_F(AtAPump, AnExitInTheSendOfAPauseStillStoresTheRun) {
-  OpenFile();
-  StartFromLink(10.0);
-  Press('A');
-  Key(F3);
-  LineAtPump(2, "CTRL EXIT");
-  Tick();
-  EXPECT_EQ(unloads, 1);
-  EXPECT_EQ(State(), 0);
-  EXPECT_EQ(Spans_Of(Crack), Texts{"1 2 1"});
+TEST_F(AtAPump, AnExitInTheSendsOfACommandStoresTheRunOnce) {
+  for (const auto& [key, pump] : {std::pair{F3, 2}, {F2, 2}, {F2, 3}, {F4, 2}, {F4, 3}}) {
+    SCOPED_TRACE("key " + std::to_string(key) + " pump " + std::to_string(pump));
+    Fields().ending = false;
+    form.IdleTimer.SetRunning(true);
+    unloads = 0;
+    OpenFile("SENDS" + std::to_string(key) + std::to_string(pump));
+    StartFromLink(10.0);
+    Press('A');
+    Key(key);
+    LineAtPump(pump, "CTRL EXIT");
+    Tick();
+    EXPECT_EQ(unloads, 1);
+    EXPECT_EQ(State(), 0);
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10 0"}));
+    EXPECT_EQ(Spans_Of(Crack), Texts{"1 2 1"});
+    socket.Load();
+    fakes.pump.ProcessEvents();
+  }
 }
 
 TEST_F(AtAPump, NoTickRunsWhileAKeyAsks) {
