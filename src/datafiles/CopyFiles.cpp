@@ -8,8 +8,8 @@
 namespace trekor {
 namespace {
 
-bool Holds(const std::vector<std::string>& names, const std::string& name) {
-  return std::any_of(names.begin(), names.end(), [&](const std::string& n) { return SameText(n, name); });
+auto Count(const std::vector<std::string>& names, const std::string& name) {
+  return std::count_if(names.begin(), names.end(), [&](const std::string& n) { return SameText(n, name); });
 }
 
 // NAME and NAME.*: the name is taken as it stands, since one from the link may hold "*" or "?".
@@ -34,8 +34,9 @@ std::vector<std::string> CopyFiles(const std::string& folder, const std::string&
       whole.push_back(file);
   const std::vector<std::string> copied = whole;
   std::erase_if(whole, [&](const std::string& file) {
-    return Holds(names, file + "-wal") > Holds(copied, file + "-wal") ||
-           Holds(names, file + "-journal") > Holds(copied, file + "-journal");
+    return Count(names, file) > 1 || // of two that differ in case alone, the later copy went over the first
+           Count(names, file + "-wal") > Count(copied, file + "-wal") ||
+           Count(names, file + "-journal") > Count(copied, file + "-journal");
   });
   return whole;
 }

@@ -3,6 +3,9 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+
 namespace trekor::tests {
 namespace {
 
@@ -53,6 +56,8 @@ TEST(CopyFiles, CopiesTheFilesOfOneNameAndTellsWhichStandWhole) {
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "job.txt"}));
   drives.failing.pop_back();
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb", "JOB.mdb-wal", "job.txt"}));
+  std::ofstream(std::filesystem::path(drives.NativePath("D:\\Data")) / "job.MDB") << "a second job"; // one copy for two
+  EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb-wal", "job.txt"}));
 }
 
 } // namespace
