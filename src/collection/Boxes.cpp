@@ -15,7 +15,10 @@ void Boxes::Wire() {
   Wire(ctx.form.Texts6, 6);
   Wire(ctx.form.Texts7, 7);
   Wire(ctx.form.Texts8, 8);
-  ctx.form.txtGridDepth.OnLostFocus = [this] { Validate_GridDepth(); };
+  ctx.form.txtGridDepth.OnLostFocus = [this] {
+    if (Settles(ctx.form.txtGridDepth))
+      Validate_GridDepth();
+  };
 }
 
 void Boxes::Wire(TextBox& box, int index) {
@@ -33,10 +36,16 @@ void Boxes::Wire(TextBox& box, int index) {
 
 void Boxes::Lost_Focus(int index) {
   ctx.fields.FocusIndex = -1;
+  if (!Settles(TextsBox(ctx.form, index)))
+    return;
   if (index == 6)
     stepping.Validate_Station();
   if (index == 7)
     stepping.Validate_Step();
+}
+
+bool Boxes::Settles(const TextBox& box) const {
+  return box.Edited() && ctx.run().RunState == 0 && !ctx.fields.starting;
 }
 
 // The keys that a Danish keyboard labels with its own letters give these whatever the layout.

@@ -1,6 +1,9 @@
-// The boxes Station, Step and Previous, and the box of the buffer size: focus, national keys, checks.
+// The boxes Station, Step and Previous, and the box of the buffer size: focus, national keys, checks. A box that is
+// left is checked when the operator has changed it, and in idle alone: the focus wanders for many a reason, and what
+// the check of the station sends sets the vehicle's count. A start takes the boxes as they stand.
 #pragma once
 
+#include "collection/Asking.h"
 #include "collection/RunContext.h"
 #include "collection/Stepping.h"
 
@@ -15,6 +18,7 @@ public:
 private:
   void Wire(TextBox& box, int index);
   void Lost_Focus(int index);
+  bool Settles(const TextBox& box) const;
   bool National_Key(int keyCode);
 
   RunContext& ctx;

@@ -177,22 +177,22 @@ void Grids::Write_Text(int row, int obs) {
 }
 
 // Storing waits until a row leaves the buffer: it stays off the road of a key. Without a data file the row just goes.
+// Down to the depth, however many rows that takes: a buffer that has once missed its row would keep the whole run.
 void Grids::Drop_Oldest() {
-  if (!BufferFull())
-    return;
-  if (ctx.run().DataFileOpen) {
-    ctx.Pump();
-    if (!BufferFull()) // an exit has stored all rows in that pump
-      return;
-    store.Flush_Row(ctx.form.Grid.Rows() - 1);
+  while (BufferFull()) {
+    if (ctx.run().DataFileOpen) {
+      ctx.Pump();
+      if (!BufferFull()) // an exit has stored all rows in that pump
+        return;
+      store.Flush_Row(ctx.form.Grid.Rows() - 1);
+    }
+    Remove_Row(ctx.form.Grid.Rows() - 1);
   }
-  Remove_Row(ctx.form.Grid.Rows() - 1);
 }
 
-// Exactly one row too many: the depth can only be changed while no run is on.
 bool Grids::BufferFull() const {
   const Grid& stations = ctx.form.StationsGrid;
-  return stations.Rows() == ctx.fields.GridDepth + 1 + stations.FixedRows();
+  return stations.Rows() > ctx.fields.GridDepth + stations.FixedRows();
 }
 
 void Grids::Remove_Row(int row) {

@@ -22,6 +22,7 @@ MeasurementsForm::MeasurementsForm() : Form("Measurements") {
   tbControlBar.Add({"pause", "", "", "PAUSE", true});
   tbControlBar.Add({"stop", "", "", "STOP", true});
   tbControlBar.Add({"Camera1", "", "", "CAMERA1", true});
+  FocusHome = &Grid;
   Hold(tabFrames0, {&labels9, &cboTestSetupNames, &cboSetupID, &lblSetupID, &StepFrame, &BufferFrame});
   Hold(StepFrame,
        {&labels6, &labels7, &labels8, &Texts6, &Texts7, &Texts8, &StationUnitLabel, &UpDnPicture, &DmiDirLabel});

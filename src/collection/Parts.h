@@ -36,10 +36,10 @@ struct Measurements::Parts {
   SetupChoice setups{ctx, keyPictures, grids, feedback};
   FileMenu files{ctx, setups, feedback};
   Layout layout{ctx};
-  Run run{ctx, ring, asking, grids, storing, stepping, layout, files};
+  Boxes boxes{ctx, stepping};
+  Run run{ctx, ring, asking, boxes, grids, storing, stepping, layout, files};
   Registrations registrations{ctx, ring, run, asking, grids, stepping, feedback};
   FormKeys keys{ctx, ring, run, asking, keyPictures};
-  Boxes boxes{ctx, stepping};
   Idle idle{ctx, registrations, grids, stepping, feedback, keyPictures};
 };
 

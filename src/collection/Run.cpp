@@ -3,6 +3,8 @@
 #include "collection/StationsRow.h"
 #include "values/NumberText.h"
 
+#include <utility>
+
 namespace trekor {
 
 namespace {
@@ -19,7 +21,7 @@ void Run::Start_Run() {
   const RunCommand command(ctx.fields);
   const WhileSet starting(ctx.fields.starting);
   if (!Prepare_Start())
-    return;
+    return Restore_NumLock();
   stepping.Set_FirstBoundary();
   ask.Freeze_NumLock();
   grids.Add_StepRow();
@@ -31,8 +33,6 @@ void Run::Start_Run() {
     Begin_File();
   }
   Show_Running();
-  if (ctx.fields.ending) // the box that lost the focus may have sent, and so pumped
-    return;
   ring.Clear();
   ctx.fields.AwaitValue = false; // the run before may have ended between the two keys of a pair
   ctx.fields.heldDmi = 0;
@@ -49,6 +49,8 @@ bool Run::Prepare_Start() {
   const bool stored = ctx.run().DataFileOpen;
   if (ask.NumLockFrozen())
     ctx.fields.NumLockAtStart = ctx.rooms.platform.keyboard.NumLock();
+  if (ctx.form.txtGridDepth.Edited()) // typed, and the box not left yet
+    boxes.Validate_GridDepth();
   at.DmiAtStart = at.DmiStation.Default();
   // Asked also when the link has commanded the start. A box that was just set to 0 is not seen here, only below.
   if (at.StepSize.Default() == 0)
@@ -187,8 +189,7 @@ void Run::Stop_Run() {
   grids.Clear_Rows();
   Set_MenusEnabled(true);
   grids.Reset_Values();
-  if (ask.NumLockFrozen())
-    ask.Set_NumLock(ctx.fields.NumLockAtStart);
+  Restore_NumLock();
   ctx.fields.heldDmi = 0;
   ctx.run().RunState = 0;
 }
@@ -222,8 +223,14 @@ void Run::Stop_AndClose() {
 // A start that has not come to its end has stored nothing.
 void Run::Cancel_Start() {
   grids.Clear_Rows();
-  if (ask.NumLockFrozen())
-    ask.Set_NumLock(ctx.fields.NumLockAtStart);
+  Restore_NumLock();
+}
+
+// Whatever way the start or the run has come to its end. A start that had not looked at the key yet has not moved it.
+void Run::Restore_NumLock() {
+  const auto before = std::exchange(ctx.fields.NumLockAtStart, std::nullopt);
+  if (before && ask.NumLockFrozen())
+    ask.Set_NumLock(*before);
 }
 
 void Run::Set_Buttons(bool play, bool pause, bool stop) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "collection/Asking.h"
+#include "collection/Boxes.h"
 #include "collection/FileMenu.h"
 #include "collection/Grids.h"
 #include "collection/KeyRing.h"
@@ -17,10 +18,10 @@ namespace trekor {
 
 class Run {
 public:
-  Run(RunContext& context, KeyRing& keyRing, Asking& asking, Grids& collectionGrids, Storing& storing,
+  Run(RunContext& context, KeyRing& keyRing, Asking& asking, Boxes& formBoxes, Grids& collectionGrids, Storing& storing,
       Stepping& roadSteps, Layout& layout, FileMenu& fileMenu)
-      : ctx(context), ring(keyRing), ask(asking), grids(collectionGrids), store(storing), stepping(roadSteps),
-        place(layout), files(fileMenu) {}
+      : ctx(context), ring(keyRing), ask(asking), boxes(formBoxes), grids(collectionGrids), store(storing),
+        stepping(roadSteps), place(layout), files(fileMenu) {}
 
   void Start_Run();
   void Pause_Run();
@@ -38,6 +39,7 @@ private:
   void Begin_File();
   void Show_Running();
   void Cancel_Start();
+  void Restore_NumLock();
   void Store_Rows();
   void Set_Buttons(bool play, bool pause, bool stop);
   void Set_MenusEnabled(bool on);
@@ -45,6 +47,7 @@ private:
   RunContext& ctx;
   KeyRing& ring;
   Asking& ask;
+  Boxes& boxes;
   Grids& grids;
   Storing& store;
   Stepping& stepping;

@@ -6,6 +6,7 @@
 #include "collection/Rooms.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace trekor {
 
@@ -30,8 +31,8 @@ struct RunFields {
   int GridDepth = 10;
   bool AwaitValue = false; // the next key is the value of CurrentObs
   int CurrentObs = 0;
-  bool NumLockAtStart = false;
-  std::int32_t LastStationID = 0; // the last step station that was stored in this file; 0 none
+  std::optional<bool> NumLockAtStart; // nothing while no start has saved it
+  std::int32_t LastStationID = 0;     // the last step station that was stored in this file; 0 none
   double NextBarTime = 0, NextSlowTime = 0;
   bool KeyFormsHidden = false;
   bool gridCovers = false; // the grid covers the tabs, as it does in a run

@@ -38,6 +38,8 @@ void Control::SetVisible(bool on) {
   if (visible == on)
     return;
   visible = on;
+  if (!on)
+    owner.HandOverFocus(*this); // first, or the window system would choose another control
   Tell(Change::Visible);
 }
 
@@ -45,6 +47,8 @@ void Control::SetEnabled(bool on) {
   if (enabled == on)
     return;
   enabled = on;
+  if (!on)
+    owner.HandOverFocus(*this);
   Tell(Change::Enabled);
 }
 

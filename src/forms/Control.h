@@ -27,6 +27,7 @@ enum class Change {
   Picture,
   Colour,
   Font,
+  Focus,    // the program has given this control the focus
   Interval, // timers: interval or enabled
   Cells,    // grids: see Grid::TakeChanges
 };
@@ -94,6 +95,7 @@ public:
   Control* Container = nullptr;
   void SetContainer(Control* frame);
 
+  // A control that is hidden or disabled while it, or a control in it, has the focus hands it to the form's FocusHome.
   bool Visible() const { return visible; }
   void SetVisible(bool on);
   bool Enabled() const { return enabled; }
@@ -113,6 +115,7 @@ protected:
   void Tell(Change what);
 
 private:
+  friend class Form;
   Form& owner;
   Kind kind;
   std::string name;

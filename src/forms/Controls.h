@@ -36,7 +36,9 @@ public:
   const std::string& Text() const { return text; }
   void SetText(std::string t);
   bool ReadOnly = false;
-  int MaxLength = 0;               // characters the operator may type; 0: no limit
+  int MaxLength = 0; // characters the operator may type; 0: no limit
+  // The operator has changed the text since the box got the focus, and no code has replaced it.
+  bool Edited() const { return edited; }
   int SelStart = 0, SelLength = 0; // characters
   void SelectAll();
   // Puts the caret at the start, nothing selected.
@@ -57,6 +59,7 @@ public:
 
 private:
   std::string text;
+  bool edited = false;
 };
 
 // 0 unticked, 1 ticked, 2 grey. Click is raised by the operator and by a write of code that changes the value.
@@ -93,10 +96,12 @@ private:
   bool value = false;
 };
 
-// A drop-down list. Click is raised by the operator's choice and by code that sets another ListIndex.
+// A drop-down list, a list of drives among them. Click is raised by the operator's choice and by code that sets another
+// ListIndex.
 class ComboBox : public Control {
 public:
-  ComboBox(Form& owner, std::string name, int index = -1) : Control(owner, Kind::ComboBox, std::move(name), index) {}
+  ComboBox(Form& owner, std::string name, int index = -1, Kind kind = Kind::ComboBox)
+      : Control(owner, kind, std::move(name), index) {}
   bool DropDownList = true; // false: the text can be typed
   void Clear();
   void AddItem(std::string text);
@@ -118,7 +123,7 @@ private:
 
 // A list with one or several selected entries. Click is raised by the operator and by code that sets another ListIndex;
 // the marks of a list with several (SetSelected) raise nothing. An operator's click there turns the mark of its entry.
-// Drive, folder and file lists are lists too: their kind tells the store what they take, their logic fills them.
+// Folder and file lists are lists too: their kind tells the store what they take, their logic fills them.
 class ListBox : public Control {
 public:
   ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}

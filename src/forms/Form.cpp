@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace trekor {
 
@@ -119,6 +120,38 @@ void Form::Register(Control& control) {
   controls.push_back(&control);
 }
 
+namespace {
+
+TextBox* AsText(Control* control) {
+  const bool text = control && (control->TypeOf() == Kind::TextBox || control->TypeOf() == Kind::RichTextBox);
+  return text ? static_cast<TextBox*>(control) : nullptr;
+}
+
+bool Holds(const Control& holder, const Control* held) {
+  while (held && held != &holder)
+    held = held->Container;
+  return held != nullptr;
+}
+
+} // namespace
+
+void Form::FocusMoved(Control* to) {
+  if (to == ActiveControl)
+    return;
+  Control* before = std::exchange(ActiveControl, to);
+  if (TextBox* left = AsText(before))
+    left->LoseFocus();
+  if (TextBox* entered = ActiveControl == to ? AsText(to) : nullptr)
+    entered->GetFocus();
+}
+
+void Form::HandOverFocus(const Control& from) {
+  if (!FocusHome || !Holds(from, ActiveControl) || Holds(from, FocusHome))
+    return;
+  FocusMoved(FocusHome);
+  FocusHome->Tell(Change::Focus);
+}
+
 // Controls go in the reverse order of their coming, so the search begins at the end.
 void Form::Forget(Control& control) {
   const auto place = std::find(controls.rbegin(), controls.rend(), &control);
@@ -126,6 +159,8 @@ void Form::Forget(Control& control) {
     controls.erase(std::next(place).base());
   if (ActiveControl == &control)
     ActiveControl = nullptr;
+  if (FocusHome == &control)
+    FocusHome = nullptr;
   for (Control* c : controls)
     if (c->Container == &control)
       c->SetContainer(nullptr);

@@ -39,13 +39,21 @@ public:
   // Brings the picture up to date at once.
   void Refresh();
 
-  // The control that has the focus, or nothing. Written by the view.
+  // The control that has the focus, or nothing. The view tells of each move within the window; a text box hears that it
+  // has lost or got the focus. Nothing: the next showing gives its control the focus anew.
   Control* ActiveControl = nullptr;
+  void FocusMoved(Control* to);
+  // Gets the focus when the control that has it is hidden or disabled; without one the window system chooses.
+  Control* FocusHome = nullptr;
 
   // What the form hears. KeyDown comes before any control: true takes the key. KeyPress true throws a typed character
   // away.
   KeyHandler OnKeyDown;
   std::function<bool(char32_t)> OnKeyPress;
+  // Of the main form alone: a key on its way into another window of the program that is not modal, before that window's
+  // own form hears it; and the release of a key in whatever window.
+  KeyHandler OnKeyElsewhere;
+  std::function<void(int keyCode)> OnKeyUp;
   Handler OnActivate, OnResize;
   // The close box: true lets the window go, after OnUnload has run; false keeps it (a form that only hides itself).
   std::function<bool()> OnQueryUnload;
@@ -71,6 +79,7 @@ private:
   void Tell(Change what);
   void Register(Control& control);
   void Forget(Control& control);
+  void HandOverFocus(const Control& from);
 
   std::string name, caption;
   int windowState = 0;

@@ -16,6 +16,7 @@ void TextBox::SetText(std::string t) {
   if (text == t)
     return;
   text = std::move(t);
+  edited = false;
   SelStart = SelLength = 0;
   Tell(Change::Text);
   Raise(OnChange);
@@ -39,6 +40,7 @@ void TextBox::Type(std::string t) {
   if (MaxLength > 0)
     t = FirstCharacters(std::move(t), MaxLength);
   const bool differs = t != text;
+  edited = edited || differs;
   text = std::move(t);
   SelStart = CountCharacters(text);
   SelLength = 0;
@@ -48,6 +50,7 @@ void TextBox::Type(std::string t) {
 }
 
 void TextBox::GetFocus() {
+  edited = false;
   Raise(OnGotFocus);
 }
 

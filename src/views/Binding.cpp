@@ -44,6 +44,8 @@ void Binding::Common(Change what) {
     return widget->setToolTip(Q(control.ToolTipText()));
   case Change::Font:
     return widget->setFont(place.FontOf(control));
+  case Change::Focus:
+    return widget->setFocus();
   default:
     return Follow(what);
   }
@@ -68,9 +70,9 @@ std::unique_ptr<Binding> BindAny(Control& c, BindingPlace& p) {
   case Kind::OptionButton:
     return Bind(static_cast<OptionButton&>(c), p);
   case Kind::ComboBox:
+  case Kind::DriveListBox:
     return Bind(static_cast<ComboBox&>(c), p);
   case Kind::ListBox:
-  case Kind::DriveListBox:
   case Kind::DirListBox:
   case Kind::FileListBox:
     return Bind(static_cast<ListBox&>(c), p);

@@ -77,6 +77,7 @@ void FormView::MakeWindow() {
   };
   window = new FormWindow(*this, FlagsOf(form, !has(Kind::Menu)));
   window->setWindowTitle(Q(form.Caption()));
+  window->setAttribute(Qt::WA_ShowWithoutActivating, form.ToolWindow); // the keyboard stays with the main form
   if (form.BackColor >= 0) {
     QPalette colours = window->palette();
     colours.setColor(QPalette::Window, QColor(static_cast<QRgb>(form.BackColor)));
@@ -174,6 +175,8 @@ void FormView::Show(QWidget* above) {
     return;
   if (form.ToolWindow && above && above != w && !w->parentWidget())
     w->setParent(above, w->windowFlags()); // floats above the main form
+  if (above != w)
+    opener = above;
   form.Shown = true;
   w->show();
   if (!form.ToolWindow)
@@ -183,8 +186,11 @@ void FormView::Show(QWidget* above) {
 void FormView::Hide() {
   form.Shown = false;
   form.ActiveControl = nullptr; // the next showing gives its control the focus anew
+  const bool active = window && QApplication::activeWindow() == window;
   if (window)
     window->hide();
+  if (active && opener) // not every window manager does it, and without one nobody
+    opener->activateWindow();
   if (modal)
     modal->quit();
 }
@@ -198,7 +204,7 @@ void FormView::ShowModal(QWidget* above) {
   if (above && above != window)
     window->setParent(above, window->windowFlags());
   const QPointer<FormView> alive = this;
-  Show(nullptr);
+  Show(above);
   loop.exec();
   if (!alive)
     return;
@@ -267,17 +273,8 @@ void FormView::FocusMoved(QWidget*, QWidget* to) {
   if (detached || !window || !to || to->window() != window)
     return;
   const Binding* now = Holder(to);
-  Control* control = now ? &now->Model() : nullptr;
-  if (!control || control == form.ActiveControl)
-    return;
-  const auto isText = [](const Control* c) {
-    return c && (c->TypeOf() == Kind::TextBox || c->TypeOf() == Kind::RichTextBox);
-  };
-  Control* before = std::exchange(form.ActiveControl, control);
-  if (isText(before))
-    static_cast<TextBox*>(before)->LoseFocus();
-  if (isText(control) && form.ActiveControl == control)
-    static_cast<TextBox*>(control)->GetFocus();
+  if (now)
+    form.FocusMoved(&now->Model());
 }
 
 QWidget* FormView::Focused() {

@@ -28,6 +28,7 @@ public:
   void Hide();
   // Returns when the form has been hidden, or the program ends.
   void ShowModal(QWidget* above);
+  bool IsModal() const { return modal != nullptr; }
   QWidget* Window();  // makes it
   QWidget* Focused(); // the window's widget that has, or would have, the focus
   // The key of a pressed key, offered to the form, then to the control with the focus, then to the buttons that Enter
@@ -69,6 +70,7 @@ private:
   PictureStore& pictures;
   std::vector<std::unique_ptr<Binding>> bindings;
   QPointer<FormWindow> window;
+  QPointer<QWidget> opener; // the window above which this one was shown: gets the keyboard back
   QEventLoop* modal = nullptr;
   bool following = false; // the window follows the model: what it tells is no news
   bool detached = false;

@@ -181,9 +181,9 @@ void RunFixture::Press(int key) {
 }
 
 void RunFixture::Type(TextBox& box, const std::string& text) {
-  box.GetFocus();
+  fakes.shell.SetFocus(box);
   box.Type(text);
-  box.LoseFocus();
+  fakes.shell.SetFocus(form.Grid);
 }
 
 void RunFixture::Select(int row, int col) {
@@ -205,7 +205,6 @@ void RunFixture::Answer_Prompt(Form& prompt) {
     return;
   const auto answer = answers.front();
   answers.pop_front();
-  box.GetFocus();
   box.Type(answer == "<esc>" ? "something else" : answer);
   prompt.OnKeyDown(answer == "<esc>" ? Esc : 13, 0);
 }

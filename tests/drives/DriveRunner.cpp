@@ -89,9 +89,9 @@ void DriveRunner::Do(const std::string& line) {
     form.Grid.SelectCell(row, col);
   } else if (verb == "station" || verb == "step") {
     TextBox& box = verb == "step" ? form.Texts7 : form.Texts6;
-    box.GetFocus();
+    fakes.shell.SetFocus(box);
     box.Type(rest);
-    box.LoseFocus();
+    fakes.shell.SetFocus(form.Grid);
   } else if (line == "peer closes")
     fakes.socket.PeerClose();
   else if (line == "peer fails")

@@ -198,26 +198,38 @@ bool FakeProcess::NewGuidBytes(unsigned char (&bytes)[16]) {
   return !guidFails;
 }
 
+void FakeShell::FirstFocus(Form& form) {
+  static const std::set<Kind> none{Kind::Label,     Kind::Frame, Kind::Image,     Kind::TabStrip, Kind::ToolBar,
+                                   Kind::StatusBar, Kind::Menu,  Kind::ImageList, Kind::Timer};
+  for (Control* c : form.Controls())
+    if (!form.ActiveControl && c->Visible() && c->Enabled() && !none.contains(c->TypeOf()))
+      form.FocusMoved(c);
+}
+
 void FakeShell::Show(Form& form) {
   form.Shown = true;
+  FirstFocus(form);
   Note("Show " + form.Name());
 }
 
 void FakeShell::Hide(Form& form) {
   form.Shown = false;
+  form.ActiveControl = nullptr;
   Note("Hide " + form.Name());
 }
 
 void FakeShell::ShowModal(Form& form) {
   form.Shown = true;
+  FirstFocus(form);
   Note("Modal " + form.Name());
   if (const auto it = scripts.find(form.Name()); it != scripts.end())
     it->second(form);
   form.Shown = false;
+  form.ActiveControl = nullptr;
 }
 
 void FakeShell::SetFocus(Control& control) {
-  control.Owner().ActiveControl = &control;
+  control.Owner().FocusMoved(&control);
   Note("Focus " + control.FullName());
 }
 

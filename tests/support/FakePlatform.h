@@ -174,6 +174,7 @@ public:
 };
 
 // Forms are shown to nobody; a modal form is answered by the script of its name, which acts on the model and hides it.
+// The focus moves as in a real window: a form that is shown gives it to the first control that can have it.
 class FakeShell : public Shell {
 public:
   void Load(Form& form) override { Note("Load " + form.Name()); }
@@ -198,6 +199,7 @@ public:
   bool hourglass = false;
 
 private:
+  static void FirstFocus(Form& form);
   void Note(std::string act) { acts.push_back(std::move(act)); }
 };
 
