@@ -20,6 +20,12 @@ bool FormKeys::Form_KeyDown(int keyCode, int shift) {
   return true;
 }
 
+// A lock key that is on goes off when it is released, on some systems.
+void FormKeys::Form_KeyUp(int keyCode) {
+  if (ctx.run().RunState != 0 && keyCode == keys::NumLock)
+    ask.Freeze_NumLock();
+}
+
 bool FormKeys::Idle_Key(int keyCode, int shift) {
   const bool increasing = ctx.position().DmiIncreasing;
   if (keyCode == keys::F2)

@@ -17,6 +17,7 @@ public:
       : ctx(context), ring(keyRing), run(runStates), ask(asking), pictures(keyPictures) {}
   // True: the key is taken. In a run every key goes into the ring and to nobody else.
   bool Form_KeyDown(int keyCode, int shift);
+  void Form_KeyUp(int keyCode);
   void ToolBar_ButtonClick(const std::string& key);
   void Form_Activate();
 

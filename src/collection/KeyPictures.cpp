@@ -32,7 +32,9 @@ void KeyPictures::Load_Floating(Form& floating, Grid& grid, Menu& entry) {
     Put_Away(floating, entry);
     return false;
   };
-  floating.OnKeyDown = [this, &floating, &entry](int key, int) {
+  floating.OnKeyDown = [this, &floating, &entry](int key, int shift) {
+    if (ctx.rooms.texts.FormKeyDown(floating, key, shift))
+      return true;
     const bool away = key == keys::Esc || key == keys::F4;
     if (away)
       Put_Away(floating, entry);

@@ -11,6 +11,10 @@ constexpr int Minimised = 1, Normal = 0;
 
 void Measurements::Wire_Events() {
   form.OnKeyDown = [this](int keyCode, int shift) { return Form_KeyDown(keyCode, shift); };
+  form.OnKeyElsewhere = [this](int keyCode, int shift) {
+    return rooms.state.run.RunState != 0 && Form_KeyDown(keyCode, shift);
+  };
+  form.OnKeyUp = [this](int keyCode) { p->keys.Form_KeyUp(keyCode); };
   form.OnKeyPress = [this](char32_t typed) { return Form_KeyPress(typed); };
   form.OnActivate = [this] { p->keys.Form_Activate(); };
   form.OnResize = [this] { p->layout.Resize(); };

@@ -78,10 +78,11 @@ void SocketProp::Load() {
   form.cmdDisConnect.OnClick = [this] { cmdDisConnect_Click(); };
   form.WDT.OnTimer = [this] { WDT_Timer(); };
   form.OnKeyDown = [this](int key, int shift) {
-    if (key != KeyEscape)
-      return texts.FormKeyDown(form, key, shift);
-    Hide();
-    return true;
+    if (texts.FormKeyDown(form, key, shift))
+      return true;
+    if (key == KeyEscape)
+      Hide();
+    return key == KeyEscape;
   };
   form.OnQueryUnload = [this] { // the window only hides itself: the link lives to the end
     Hide();

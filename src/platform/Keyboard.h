@@ -8,7 +8,7 @@ public:
   virtual ~Keyboard() = default;
   // The toggle state of NumLock.
   virtual bool NumLock() = 0;
-  // Presses and releases NumLock (code 144) when the state is not the wanted one.
+  // Turns it over, as a press of the key (code 144) does.
   virtual void PressNumLock() = 0;
   // A key goes down and stays down, comes up again. A code that the keyboard lacks does nothing.
   virtual void KeyDown(int code) = 0;

@@ -94,13 +94,10 @@ bool X11Keyboard::NumLock() {
 }
 
 void X11Keyboard::PressNumLock() {
-  if (!CanFake())
+  if (!Open())
     return;
-  const KeyCode key = XKeysymToKeycode(Of(display), XK_Num_Lock);
-  if (key == 0)
-    return;
-  XTestFakeKeyEvent(Of(display), key, True, CurrentTime);
-  XTestFakeKeyEvent(Of(display), key, False, CurrentTime);
+  // The lock itself: a key event would come back to the form, and one while the real key is held down is lost.
+  XkbLockModifiers(Of(display), XkbUseCoreKbd, mask, NumLock() ? 0 : mask);
   XSync(Of(display), False); // the next reading must see it
 }
 

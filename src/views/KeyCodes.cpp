@@ -13,6 +13,8 @@ struct KeyPair {
   int key, code;
 };
 
+constexpr unsigned EuropeanKey = 86; // number of the machine
+
 // Keys that say the same wherever they lie.
 constexpr KeyPair NamedKeys[] = {
     {Qt::Key_Backspace, 8},    {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},
@@ -109,6 +111,9 @@ int KeyCodeOf(int key, bool keypad, unsigned scan) {
     return key; // letters and digits are their own codes
   if (!keypad && scan >= 2 && scan <= 11)
     return '0' + static_cast<int>(scan - 1) % 10;
+  // The key that European boards have between Shift and Z, whatever it writes; the British one is the backslash.
+  if (scan == EuropeanKey && key != Qt::Key_Backslash && key != Qt::Key_Bar)
+    return 226;
   return Find(SignKeys, key);
 }
 

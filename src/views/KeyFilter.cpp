@@ -8,6 +8,8 @@
 #include <QLineEdit>
 #include <QWindow>
 
+#include <utility>
+
 namespace trekor {
 
 namespace {
@@ -28,7 +30,7 @@ int ShiftState(Qt::KeyboardModifiers m) {
 
 } // namespace
 
-KeyFilter::KeyFilter() {
+KeyFilter::KeyFilter(std::function<Form*()> firstForm) : mainForm(std::move(firstForm)) {
   const QString platform = QGuiApplication::platformName();
   machineNumbers = platform == "xcb" || platform.startsWith("wayland");
   qApp->installEventFilter(this);
@@ -36,25 +38,48 @@ KeyFilter::KeyFilter() {
 
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
-  if ((type != QEvent::ShortcutOverride && type != QEvent::KeyPress) || !watched->isWindowType())
-    return false;
-  FormView* view =
-      QApplication::activePopupWidget() ? nullptr : ViewOf(watched); // an open menu or list has its own keys
-  if (!view)
+  const bool question = type == QEvent::ShortcutOverride, press = type == QEvent::KeyPress;
+  if ((!question && !press && type != QEvent::KeyRelease) || !watched->isWindowType())
     return false;
   auto& key = static_cast<QKeyEvent&>(*event);
-  return type == QEvent::KeyPress ? Press(*view, key) : Question(*view, key);
+  if (!question && !press) {
+    Release(key);
+    return false;
+  }
+  // An open menu or list has its own keys.
+  FormView* view = QApplication::activePopupWidget() ? nullptr : ViewOf(watched);
+  return press ? Press(view, key) : Question(view, key);
 }
 
-bool KeyFilter::Offer(FormView& view, const QKeyEvent& key) const {
+int KeyFilter::CodeOf(const QKeyEvent& key) const {
   const unsigned scan = key.nativeScanCode();
-  const int code = KeyCodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier),
-                             machineNumbers && scan > NumbersBegin ? scan - NumbersBegin : 0);
-  return code != 0 && view.OfferKey(code, ShiftState(key.modifiers()));
+  return KeyCodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier),
+                   machineNumbers && scan > NumbersBegin ? scan - NumbersBegin : 0);
+}
+
+bool KeyFilter::Offer(FormView* view, const QKeyEvent& key) const {
+  const int code = CodeOf(key), shift = ShiftState(key.modifiers());
+  if (code == 0)
+    return false;
+  Form* first = mainForm();
+  const bool elsewhere =
+      view ? !view->IsModal() && &view->Model() != first : QApplication::activePopupWidget() != nullptr;
+  if (first && elsewhere && first->OnKeyElsewhere && first->OnKeyElsewhere(code, shift)) {
+    for (QWidget* popup = nullptr; (popup = QApplication::activePopupWidget()) && popup->close();)
+      ;
+    return true;
+  }
+  return view && view->OfferKey(code, shift);
+}
+
+void KeyFilter::Release(const QKeyEvent& key) const {
+  const Form* first = mainForm();
+  if (first && first->OnKeyUp && !key.isAutoRepeat())
+    first->OnKeyUp(CodeOf(key));
 }
 
 // What the form does with the key may let further keys in: their answers must not stand for this one's.
-bool KeyFilter::Question(FormView& view, QKeyEvent& key) {
+bool KeyFilter::Question(FormView* view, QKeyEvent& key) {
   const bool answer = Offer(view, key);
   asked = true;
   taken = answer;
@@ -63,16 +88,16 @@ bool KeyFilter::Question(FormView& view, QKeyEvent& key) {
   return answer;
 }
 
-bool KeyFilter::Press(FormView& view, QKeyEvent& key) {
+bool KeyFilter::Press(FormView* view, QKeyEvent& key) {
   const bool answer = asked ? taken : Offer(view, key);
   asked = false;
-  if (answer || key.text().isEmpty())
+  if (answer || !view || key.text().isEmpty())
     return answer;
   const char32_t typed = key.text().toUcs4().front();
-  const char32_t becomes = view.OfferCharacter(typed);
+  const char32_t becomes = view->OfferCharacter(typed);
   if (becomes == typed)
     return false;
-  if (auto* line = becomes != 0 ? dynamic_cast<QLineEdit*>(view.Focused()) : nullptr) {
+  if (auto* line = becomes != 0 ? dynamic_cast<QLineEdit*>(view->Focused()) : nullptr) {
     line->insert(QString::fromUcs4(&becomes, 1));
     emit line->textEdited(line->text());
   }

@@ -84,8 +84,12 @@ void KeyGridView::mousePressEvent(QMouseEvent* e) {
     return;
   grid.SetRow(std::min(row, grid.Rows() - 1));
   grid.SetCol(std::min(col, grid.Cols() - 1));
-  grid.Click(grid.Row(), grid.Col());
   update();
+}
+
+// By now the window has got the keyboard for its click, and can give it away.
+void KeyGridView::mouseReleaseEvent(QMouseEvent*) {
+  grid.Click(grid.Row(), grid.Col());
 }
 
 void KeyGridView::mouseDoubleClickEvent(QMouseEvent*) {

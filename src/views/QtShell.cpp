@@ -3,6 +3,7 @@
 #include "views/Theme.h"
 
 #include <QApplication>
+#include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
@@ -27,7 +28,9 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 } // namespace
 
-QtShell::QtShell(Drives& drives) : pictures(drives) {}
+QtShell::QtShell(Drives& drives) : pictures(drives) {
+  QGuiApplication::setWindowIcon(QPixmap::fromImage(pictures.Original("Trekor")));
+}
 
 QtShell::~QtShell() {
   UnloadAll();
@@ -93,8 +96,15 @@ void QtShell::ShowModal(Form& form) {
 void QtShell::SetFocus(Control& control) {
   FormView* view = ViewOf(control.Owner());
   Binding* binding = view->Window() ? view->BindingOf(control) : nullptr;
-  if (QWidget* w = binding ? binding->Ensure() : nullptr)
-    w->setFocus();
+  QWidget* w = binding ? binding->Ensure() : nullptr;
+  if (!w || !control.Enabled())
+    return;
+  w->setFocus();
+  control.Owner().FocusMoved(&control); // a window without the keyboard would tell of it when it gets that
+  // From another window of this program, not from another program's.
+  const QWidget* asking = QApplication::activeModalWidget();
+  if (w->window()->isVisible() && QGuiApplication::focusWindow() && (!asking || asking == w->window()))
+    w->activateWindow();
 }
 
 void QtShell::BringToFront(Control& control) {
@@ -121,7 +131,10 @@ void QtShell::Hourglass(bool on) {
 void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon icon) {
   QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::Ok, QApplication::activeWindow());
   box.setTextFormat(Qt::PlainText);
+  const QPointer<QWidget> before = QApplication::activeWindow();
   box.exec();
+  if (before)
+    before->activateWindow();
 }
 
 void QtShell::ShowNotice(const std::string& text) {

@@ -48,7 +48,7 @@ private:
   QWidget* MainWindow() const;
 
   PictureStore pictures;
-  KeyFilter keys;
+  KeyFilter keys{[this] { return MainWindow() ? mainForm : nullptr; }};
   std::map<Form*, std::unique_ptr<FormView, DeleteLater>> views;
   Form* mainForm = nullptr; // the first one that was shown
   std::unique_ptr<QLabel> notice;

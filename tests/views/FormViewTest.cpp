@@ -7,6 +7,8 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
+#include <QPlainTextEdit>
+#include <QPushButton>
 #include <QTest>
 #include <QTimer>
 
@@ -112,6 +114,79 @@ TEST_F(FormViewTest, FocusIsToldToTheBoxesAndCodeIsNotTakenForTheOperator) {
   Press(Qt::Key_9); // replaces what was selected
   EXPECT_EQ(form.Texts1.Text(), "9");
   EXPECT_EQ(story, "change lost0 got1 change ");
+}
+
+// A locked list is disabled while it has the focus: the toolkit alone would give it to the next box.
+TEST_F(FormViewTest, AControlThatIsLockedOrHiddenHandsTheFocusHome) {
+  std::string story;
+  form.FocusHome = &form.CmdOK;
+  form.Texts0.OnLostFocus = [&] { story += "lost0 "; };
+  form.Texts1.OnGotFocus = [&] { story += "got1 "; };
+  form.Texts0.SetEnabled(false);
+  EXPECT_EQ(form.ActiveControl, &form.CmdOK);
+  EXPECT_TRUE(qobject_cast<QPushButton*>(window->focusWidget()));
+  EXPECT_EQ(std::exchange(story, ""), "lost0 ");
+  shell.SetFocus(form.Texts1);
+  form.Texts1.SetVisible(false);
+  EXPECT_EQ(form.ActiveControl, &form.CmdOK);
+  EXPECT_EQ(story, "got1 ");
+}
+
+struct Notes : Form {
+  Notes() : Form("Notes") {
+    Move(0, 0, 3000, 3000);
+    Page.Move(0, 0, 3000, 3000);
+    Page.ReadOnly = true;
+  }
+  TextBox Page{*this, "Page", -1, Kind::RichTextBox};
+};
+
+TEST_F(FormViewTest, TheMainFormMayTakeTheKeysOfOtherWindowsAndOfAnOpenMenu) {
+  Notes notes;
+  int clicks = 0;
+  notes.Page.OnClick = [&] { ++clicks; };
+  std::string story;
+  bool takes = true;
+  form.OnKeyElsewhere = [&](int code, int) {
+    story += "main" + std::to_string(code) + " ";
+    return takes;
+  };
+  form.OnKeyUp = [&](int code) { story += "up" + std::to_string(code) + " "; };
+  notes.OnKeyDown = [&](int code, int) {
+    story += "notes" + std::to_string(code) + " ";
+    return true;
+  };
+  shell.Load(notes);
+  shell.Show(notes);
+  QWidget* other = nullptr;
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (dynamic_cast<FormWindow*>(w) && w != window)
+      other = w;
+  ASSERT_TRUE(QTest::qWaitForWindowActive(other));
+  QTest::keyClick(other->windowHandle(), Qt::Key_A);
+  takes = false;
+  QTest::keyClick(other->windowHandle(), Qt::Key_A);
+  EXPECT_EQ(std::exchange(story, ""), "main65 up65 main65 notes65 up65 ");
+  QTest::mouseClick(other->findChild<QPlainTextEdit*>()->viewport(), Qt::LeftButton);
+  EXPECT_EQ(clicks, 1);
+
+  shell.Hide(notes); // the keyboard goes back to the window before it
+  EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+  QMenu* menu = window->findChild<QMenu*>();
+  takes = true;
+  menu->popup(window->pos());
+  ASSERT_TRUE(QTest::qWaitForWindowExposed(menu));
+  QTest::keyClick(menu->windowHandle(), Qt::Key_B);
+  EXPECT_EQ(std::exchange(story, ""), "main66 up66 ");
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+
+  QTimer::singleShot(20, [&] {
+    QTest::keyClick(other->windowHandle(), Qt::Key_C);
+    shell.Hide(notes);
+  });
+  shell.ShowModal(notes); // asks something: its keys are the answer
+  EXPECT_EQ(story, "notes67 up67 ");
+  shell.Unload(notes);
 }
 
 TEST_F(FormViewTest, AModalFormReturnsWhenItIsHidden) {

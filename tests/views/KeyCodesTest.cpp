@@ -33,6 +33,11 @@ TEST(KeyCodesTest, AKeyIsKnownByItsPlaceAndNotByItsSign) {
       {Qt::Key_Minus, false, 12, 189},
       {Qt::Key_Comma, false, 51, 188},
       {Qt::Key_AE, false, 39, 192},
+      // The key that European boards have more; the comma's shifted sign is not it, and the British backslash neither.
+      {Qt::Key_Less, false, 86, 226},
+      {Qt::Key_Greater, false, 86, 226},
+      {Qt::Key_Less, false, 51, 188},
+      {Qt::Key_Backslash, false, 86, 220},
       // Shifted digits: by the key's number whatever the language (a Danish Shift+7 is "/"), by the sign without it.
       {Qt::Key_Slash, false, 8, 55},
       {Qt::Key_Equal, false, 11, 48},
