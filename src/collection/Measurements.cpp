@@ -8,6 +8,7 @@ Measurements::Measurements(MeasurementsForm& mainForm, RunRooms runRooms)
     : form(mainForm), rooms(runRooms), p(std::make_unique<Parts>(mainForm, runRooms)) {
   p->grids.KeyCaption = [this](int code) { return p->keyPictures.KeyCaption(code); };
   rooms.comma.AsciiFileProgress = [this](int percent) { AsciiFileProgress(percent); };
+  rooms.fileNew.Assist = [this](int number) { p->feedback.Assist(number); };
   Wire_Events();
 }
 
@@ -89,6 +90,7 @@ void Measurements::Unload_Forms() {
   p->asking.NumericPrompt.Unload();
   rooms.fileNew.Give_Way();
   rooms.messages.Unload_Form();
+  rooms.fileNew.Unload();
   rooms.platform.sound.Close_SoundDevice();
   p->keyPictures.Unload();
 }

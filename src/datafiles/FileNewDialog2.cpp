@@ -40,6 +40,7 @@ std::string StationUnitText(int code) {
 FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, TextDatabase& textDatabase,
                                MessageCatalogue& catalogue, Sections& road)
     : state(programState), platform(seams), texts(textDatabase), messages(catalogue), sections(road) {
+  Assist = [this](int number) { messages.ShowMessage(number); };
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
     Give_Way();
@@ -71,6 +72,14 @@ bool FileNewDialog2::ShowDialog() {
   platform.shell.ShowModal(form);
   form.BlinkTimer.SetRunning(false);
   return accepted;
+}
+
+void FileNewDialog2::Unload() {
+  if (!form.Loaded)
+    return;
+  texts.SaveFormProperties(form);
+  platform.shell.Unload(form);
+  form.Loaded = false;
 }
 
 bool FileNewDialog2::Key(int keyCode, int shift) {
@@ -181,7 +190,7 @@ void FileNewDialog2::CmdOK_Click() {
     return Give_Way();
   const std::string path = answer.folder + "\\" + answer.name + ".MDB";
   if (platform.drives.FileExists(path) || BelongsToProgram(state, platform.drives, path))
-    return messages.ShowMessage(MessageFileExists);
+    return Assist(MessageFileExists);
   accepted = ChooseBackup();
   if (accepted)
     Give_Way();
@@ -198,7 +207,7 @@ bool FileNewDialog2::ChooseBackup() {
   }
   if (!platform.drives.FileExists(backup + "\\" + answer.name + ".MDB"))
     return true;
-  messages.ShowMessage(MessageFileExists);
+  Assist(MessageFileExists);
   return false;
 }
 

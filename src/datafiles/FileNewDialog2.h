@@ -8,12 +8,13 @@
 #include "texts/Texts.h"
 
 #include <array>
+#include <functional>
 
 namespace trekor {
 
 struct FileNewForm : Form {
   FileNewForm() : Form("FileNewDialog2") {}
-  ComboBox DriveSelect{*this, "DriveSelect"};
+  ComboBox DriveSelect{*this, "DriveSelect", -1, Kind::DriveListBox};
   ListBox DirectorySelect{*this, "DirectorySelect", Kind::DirListBox};
   ListBox FileSelect{*this, "FileSelect", Kind::FileListBox};
   Label Labels0{*this, "Labels", 0}, Labels1{*this, "Labels", 1}, Labels2{*this, "Labels", 2},
@@ -41,6 +42,9 @@ public:
   void Take_Over();
   // Takes the form away as by a cancel, with a message that stands above it: it is no longer needed.
   void Give_Way();
+  void Unload(); // keeps the look
+  // Tells the user by a message's number why a name was refused. Whoever collects sets it to speak or show.
+  std::function<void(int number)> Assist;
   FileNewForm form;
 
 private:

@@ -8,7 +8,7 @@ namespace trekor {
 
 namespace {
 
-constexpr int MarginOfText = 140; // twips, width and height each
+constexpr int MarginOfText = 140; // twips, width and height each, half of it on either side
 
 // Space, F4, Esc, Enter.
 bool Closes(int keyCode) {
@@ -50,15 +50,18 @@ void MessageCatalogue::Load_Form() {
   };
   form.OnKeyDown = key;
   form.MessageText.OnKeyDown = key;
-  form.MessageText.OnClick = close;
+  form.MessageText.OnClick = form.MessageNo.OnClick = close;
   form.OnQueryUnload = [close] {
     close();
     return false;
   };
   form.OnResize = [this] {
-    TextBox& box = form.MessageText;
-    box.Move(box.Left, box.Top, std::max(form.Width - MarginOfText, 0), std::max(form.Height - MarginOfText, 0));
+    const int width = std::max(form.Width - MarginOfText, 0), height = std::max(form.Height - MarginOfText, 0);
+    form.MessageText.Move(MarginOfText / 2, MarginOfText / 2, width, height);
+    Label& number = form.MessageNo;
+    number.Move(width - number.Width, height - number.Height, number.Width, number.Height);
   };
+  form.OnResize(); // kept looks have had the text elsewhere
   form.Loaded = true;
   platform.shell.Load(form);
 }

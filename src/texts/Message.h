@@ -7,8 +7,8 @@ namespace trekor {
 
 struct MessageForm : Form {
   MessageForm() : Form("Message") {}
-  Label MessageNo{*this, "MessageNo"};
   TextBox MessageText{*this, "MessageText", -1, Kind::RichTextBox};
+  Label MessageNo{*this, "MessageNo"}; // in a corner of the text
 };
 
 class MessageCatalogue {

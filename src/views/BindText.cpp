@@ -118,7 +118,9 @@ public:
 
 private:
   QWidget* Make(QWidget* parent) override {
-    edit = new QPlainTextEdit(parent);
+    edit = new Clickable<QPlainTextEdit>(parent);
+    edit->click = [this] { box.Click(); };
+    edit->doubleClick = [this] { box.DblClick(); };
     edit->setTabChangesFocus(true);
     connect(edit, &QPlainTextEdit::textChanged, this, [this] { box.Type(edit->toPlainText().toStdString()); });
     return edit;
@@ -137,7 +139,7 @@ private:
     Follow(Change::Text);
   }
   TextBox& box;
-  QPlainTextEdit* edit = nullptr;
+  Clickable<QPlainTextEdit>* edit = nullptr;
 };
 
 class CheckBinding : public Binding {

@@ -1,4 +1,4 @@
--- One numbered message. The number stands above the text, so that the operator can quote it.
+-- One numbered message. The number stands in the corner of the text, so that the operator can quote it.
 
 CREATE TABLE Message (
   Name        TEXT(60) NOT NULL COLLATE NOCASE,
@@ -19,6 +19,6 @@ INSERT INTO Message(Name, "Left", Top, Width, Height, Value, Visible, Tag, CapEn
                    TipEnglish, HelpEnglish) VALUES
   ('Me',           3900,  3600,  7500,  3000, NULL,  -1, 'C',  'Trekor Message',
      NULL, 'Space, Enter, Esc, F4 or a click closes the window.'),
-  ('MessageNo',     120,    75,  1500,   270, NULL,  -1, NULL, NULL,
+  ('MessageNo',    6760,  2590,   600,   270, NULL,  -1, NULL, NULL,
      'Number of the message', NULL),
-  ('MessageText',    70,   420,  7360,  2510, NULL,  -1, NULL, NULL, NULL, NULL);
+  ('MessageText',    70,    70,  7360,  2860, NULL,  -1, NULL, NULL, NULL, NULL);

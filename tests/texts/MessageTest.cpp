@@ -68,8 +68,13 @@ TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {
   messages.Load_Form();
   messages.form.Move(0, 0, 5000, 3000);
   messages.form.OnResize();
-  EXPECT_EQ(messages.form.MessageText.Width, 4860);
-  EXPECT_EQ(messages.form.MessageText.Height, 2860);
+  const TextBox& box = messages.form.MessageText;
+  EXPECT_EQ(box.Width, 4860);
+  EXPECT_EQ(box.Height, 2860);
+  for (const Control* c : messages.form.Controls()) {
+    EXPECT_LE(c->Left + c->Width, 5000) << c->Name();
+    EXPECT_LE(c->Top + c->Height, 3000) << c->Name();
+  }
   messages.Unload_Form();
   EXPECT_EQ(Ask("SELECT Width, Height FROM Message WHERE Name = 'MessageText'"), "4860,2860\n");
 }

@@ -1,0 +1,184 @@
+// The focus wanders: lists are locked, windows come and go. What a box sends is what was typed into it, in idle.
+#include "collection/RunFixture.h"
+
+#include <utility>
+
+namespace trekor::tests {
+
+class Focus : public RunFixture {
+protected:
+  void SetUp() override { Load(); }
+  void Enter(Control& control) { fakes.shell.SetFocus(control); }
+};
+
+TEST_F(Focus, AStartAtSpeedLeavesTheCountAloneWhereverTheFocusWas) {
+  EXPECT_EQ(form.ActiveControl, &form.cboTestSetupNames);
+  for (Control* box : {static_cast<Control*>(nullptr), static_cast<Control*>(&form.Texts6),
+                       static_cast<Control*>(&form.Texts7), static_cast<Control*>(&form.Texts8),
+                       static_cast<Control*>(&form.txtGridDepth), static_cast<Control*>(&form.chkNumLockFreeze)}) {
+    SCOPED_TRACE(box ? box->FullName() : "the list that the file locks");
+    if (!box)
+      Enter(form.cboTestSetupNames);
+    OpenFile(box ? "ROAD" + box->Name() + std::to_string(box->Index()) : "ROAD");
+    EXPECT_EQ(form.ActiveControl, &form.Grid);
+    if (box)
+      Enter(*box);
+    Link("CTRL PREPARE 10");
+    Dmi(10.025);
+    Sent();
+    Link("CTRL START");
+    EXPECT_EQ(Sent(), Texts{"ACK Trekor CTRL START"});
+    Enter(form.Texts6); // a click in the middle of the run, and back
+    Enter(form.Grid);
+    Dmi(10.1);
+    Press(F3);
+    Enter(form.Texts6);
+    Enter(form.txtGridDepth);
+    Enter(form.Grid);
+    Press(F4);
+    EXPECT_EQ(Sent(), (Texts{"CTRL PAUSE", "CTRL STOP  10.1", "STATUS STOP  10.1"}));
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10.1 0", "10.1 0"}));
+    CloseFile();
+  }
+}
+
+TEST_F(Focus, ABoxThatIsLeftSendsWhatWasTypedAndNothingElse) {
+  Enter(form.Texts6);
+  Enter(form.txtGridDepth); // a look around
+  Enter(form.Texts8);
+  EXPECT_TRUE(Sent().empty());
+  state.position.DmiStation.SetDefault(3);
+  Type(form.Texts6, "12.5");
+  EXPECT_EQ(Sent(), Texts{"SET DMI  0 1  12.5"});
+  Enter(form.Texts6); // has been sent
+  Enter(form.Grid);
+  EXPECT_TRUE(Sent().empty());
+  Enter(form.Texts6);
+  form.Texts6.Type("1");
+  Link("CTRL PREPARE 40"); // takes the place of what was typed
+  Enter(form.Grid);
+  EXPECT_EQ(Sent(), Texts{"ACK Trekor CTRL PREPARE"});
+  Enter(form.Texts6);
+  form.Texts6.Type("7");
+  form.TabStrip1.Select(1); // the tab with the box goes, and the focus with it
+  EXPECT_EQ(form.ActiveControl, &form.Grid);
+  EXPECT_EQ(Sent(), Texts{"SET DMI  0 1  7"});
+}
+
+TEST_F(Focus, AStartTakesTheBoxesAsTheyStandAndTheOperatorsCountIsTheOneOfHisAnswer) {
+  OpenFile();
+  Enter(form.txtGridDepth);
+  form.txtGridDepth.Type("3"); // 5 is the least
+  Enter(form.Texts7);
+  form.Texts7.Type("0.2");
+  Enter(form.Texts6);
+  form.Texts6.Type("12");
+  Sent();
+  Answer("11");
+  Key(F2); // none of the last two boxes was left
+  EXPECT_EQ(Sent(), (Texts{"SET DMI  0 1  11", "CTRL PREPARE  11", "STATUS PREPARE  11", "CTRL START  11",
+                           "STATUS START  11  11 1"}));
+  EXPECT_EQ(Roads(), Texts{"11.000 to 11.200"});
+  EXPECT_EQ(Fields().GridDepth, 5);
+  Press(F4);
+  Enter(form.txtGridDepth);
+  form.txtGridDepth.Type("7");
+  Answer("20");
+  Key(F2);
+  EXPECT_EQ(Fields().GridDepth, 7);
+}
+
+TEST_F(Focus, TheBufferComesDownToItsDepthWhateverHappenedToTheDepth) {
+  OpenFile();
+  Fields().GridDepth = 9;
+  StartFromLink(10.0);
+  for (int step = 1; step <= 8; ++step)
+    Dmi(10.0 + step * 0.1);
+  EXPECT_EQ(Rows(), 9);
+  Fields().GridDepth = 5;
+  Dmi(10.9);
+  EXPECT_EQ(Rows(), 5);
+  EXPECT_EQ(Stations().size(), 6U);
+  Dmi(11.0);
+  EXPECT_EQ(Rows(), 5);
+}
+
+TEST_F(Focus, InARunTheKeysOfEveryWindowAreTheRuns) {
+  Form& keypad = run.parts().keyPictures.frmKeyPad;
+  form.mnuViewKeyPad.Click();
+  EXPECT_FALSE(form.OnKeyElsewhere(F2, 0)) << "in idle a window has its own keys";
+  OpenFile();
+  StartFromLink(10.0);
+  EXPECT_TRUE(form.OnKeyElsewhere('A', 0));
+  EXPECT_TRUE(form.OnKeyElsewhere(F3, 0));
+  Tick(2);
+  EXPECT_EQ(Cell(0, Crack), "1");
+  EXPECT_EQ(State(), 2);
+  EXPECT_TRUE(form.OnKeyElsewhere(F4, 0)); // would put the keypad away
+  Tick();
+  EXPECT_EQ(State(), 0);
+  EXPECT_TRUE(keypad.Shown);
+  // In idle its keys go to the shared ones first.
+  state.run.UserLevel = 1;
+  keypad.ActiveControl = keypad.Controls().front();
+  EXPECT_TRUE(keypad.OnKeyDown('D', 3));
+  EXPECT_FALSE(keypad.Controls().front()->Enabled());
+  EXPECT_TRUE(keypad.OnKeyDown(F4, 0));
+  EXPECT_FALSE(keypad.Shown);
+}
+
+TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
+  form.chkNumLockFreeze.SetValue(1);
+  auto& lock = fakes.keyboard.numLock;
+  StartFromLink(10.0);
+  ASSERT_TRUE(lock);
+  Key(144);
+  lock = false; // the release has unlocked it
+  form.OnKeyUp(144);
+  EXPECT_TRUE(lock);
+  Press(F4);
+  Tick();
+  EXPECT_FALSE(lock);
+  form.OnKeyUp(144);
+  EXPECT_FALSE(lock) << "nothing is frozen in idle";
+  state.position.StepSize.SetDefault(0);
+  Answer("0"); // no run with such a step: the prompt has frozen the key for nothing
+  Key(F2);
+  EXPECT_EQ(State(), 0);
+  EXPECT_FALSE(lock);
+  lock = true;
+  fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { Link("CTRL EXIT"); };
+  Key(F2);
+  EXPECT_EQ(unloads, 1);
+  EXPECT_TRUE(lock) << "as it was when the program went";
+}
+
+TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
+  fakes.drives.Write(state.folders.AudioTonesPath + "401.WAV", "spoken");
+  fakes.drives.currentFolder = Folder;
+  fakes.drives.Write("C:\\Roads\\ROAD01.mdb", "there");
+  const auto refuse = [this](Form& asking) {
+    asking.Move(300, 450, 12600, 8100);
+    dynamic_cast<FileNewForm&>(asking).Texts2.Type("ROAD01");
+    asking.OnKeyDown(13, 0);
+    EXPECT_TRUE(asking.Shown);
+    asking.OnKeyDown(27, 0);
+  };
+  fakes.shell.scripts["FileNewDialog2"] = refuse;
+  Sounds();
+  form.mnuNew.Click();
+  EXPECT_EQ(Sounds(), Texts{"401.WAV"});
+  const auto& acts = fakes.shell.acts;
+  EXPECT_EQ(std::count(acts.begin(), acts.end(), "Modal Message"), 0);
+  run.Unload_Forms();
+  FileNewDialog2 next{state, fakes.platform, texts, messages, sections}; // of the next start
+  fakes.shell.scripts["FileNewDialog2"] = [](Form& asking) {
+    EXPECT_EQ(asking.Left, 300);
+    EXPECT_EQ(asking.Width, 12600);
+    EXPECT_EQ(asking.Height, 8100);
+  };
+  next.ShowDialog();
+  EXPECT_EQ(next.form.FullPathLabel.Caption(), Folder);
+}
+
+} // namespace trekor::tests
