@@ -1,0 +1,181 @@
+#!/usr/bin/env bash
+# The focus wanders between boxes, lists, floating windows and other programs, and neither the vehicle's count nor a key
+# may be lost to it. Nothing here is timed: each act waits for what it has brought about.
+#   focus_test.sh BUILD-FOLDER [WINDOW-MANAGER]
+set -euo pipefail
+. "$(dirname "$0")/programs.sh"
+manager=${2:-}
+
+# Runs until the words hold, half a minute at most.
+until_holds() {
+  local end=$((SECONDS + 30))
+  until "$@"; do [ $SECONDS -lt $end ] || fail "in vain: $*"; done
+}
+
+# ---- the control program
+
+send() { echo "$*" >&4; }
+# The program's next line. A count that it sets without anybody waiting for that is the fault that this looks for.
+next_line() { # PREFIX SECONDS
+  IFS= read -r -t "$2" -u 5 line || return 1
+  line=${line:10}
+  [[ $line == "<- $1"* || $line != "<- SET DMI"* ]] || fail "nobody has typed this: $line (on the way to $1)"
+}
+heard() {
+  while next_line "$1" 30; do [[ $line != "<- $1"* ]] || return 0; done
+  fail "not heard: $1"
+}
+order() { send "CTRL $*"; heard "ACK Trekor CTRL $1"; }
+at() { for km in "$@"; do send "DMI $km"; done; }
+open_file() { send 'FILE PATH C:\Roads'; send "FILE NAME $1"; send "FILE OPEN"; order ARM; }
+stop_and_close() { order STOP; heard "STATUS STOP"; send "FILE CLOSE"; heard "FILE CLOSE"; }
+# A start that has been announced runs when it can be suspended.
+suspended() {
+  send "CTRL SUSPEND"
+  while next_line "CTRL PAUSE" 0.1; do [[ $line != "<- CTRL PAUSE"* ]] || return 0; done
+  return 1
+}
+until_running() { until_holds suspended; order RESUME; heard "STATUS START"; }
+
+# ---- the operator
+
+key() { xdotool key "$@"; }
+# What came before the event key was handled when its event is heard.
+settled() { key F11; heard "EVENT CLICK"; }
+has_focus() { [ "$(xdotool getwindowfocus 2>/dev/null)" = "$1" ]; }
+find_window() { found=$(xdotool search --onlyvisible --name "$1" 2>/dev/null | tail -n 1); [ -n "$found" ]; }
+# In pixels from the upper left corner of the main window's inside.
+declare -A place=([station]="208 186" [step]="208 240" [previous]="208 294" [buffer]="764 186" [grid]="500 560" [view]="64 10")
+point() { xdotool mousemove --window "$window" ${place[$1]} click 1; }
+# Again until it works: the toolkit takes a moment to see that its window has lost the keyboard.
+focused_by_click() { point "$1"; has_focus "$window"; }
+click() { until_holds focused_by_click "$1"; settled; }
+has_icon() { [[ $(xprop -id "$1" _NET_WM_ICON) == *Icon* ]] || fail "no icon: $(xdotool getwindowname "$1")"; }
+pad7=KP_Home # 7 with NumLock on
+replace() { key End shift+Home; xdotool type "$1"; }
+another_window() {
+  xmessage -geometry 200x80+1000+650 "Another program" 2>/dev/null &
+  started+=($!)
+  until_holds find_window xmessage
+  [ -n "$manager" ] || xdotool windowfocus "$found"
+  until_holds has_focus "$found"
+}
+
+stations() { ask "$1" "SELECT group_concat(Station, ' ') FROM (SELECT Station FROM Stations ORDER BY StationID)"; }
+
+fresh_drives
+fresh_display
+if [ -n "$manager" ]; then
+  "$manager" >"$work/manager.txt" 2>&1 &
+  started+=($!)
+fi
+mkfifo "$work/orders"
+exec 4<>"$work/orders"
+: >"$work/transcript.txt"
+control <&4 &
+programs=$!
+started+=($programs)
+exec 5< <(exec tail -n +1 -f --pid=$programs "$work/transcript.txt")
+heard "SET SYSTEM"
+until_holds find_window '^Veldmark Trekor'
+window=$found
+until_holds has_focus "$window"
+has_icon "$window"
+
+# The setup list has the focus when the file locks it; the start comes at speed, behind the station that was prepared.
+at 2.000
+open_file LINK
+order PREPARE 2.000
+at 2.005 2.010 2.015 2.020 2.025
+order START
+order ARM
+at 2.05 2.1 2.125
+stop_and_close
+is "stations after a start from the link" "$(stations LINK)" "2.0 2.1 2.125"
+
+# Into every box and out again, and a start of the operator while the vehicle rolls on.
+at 5.000
+open_file OPERATOR
+for box in station step previous buffer grid station; do click $box; done
+order PREPARE 5.000
+key F2
+until_holds find_window 'Enter  Station'
+until_holds has_focus "$found"
+has_icon "$found"
+key Return
+heard "SET DMI  0 1  5"
+until_holds has_focus "$window" # or no key of the run would come
+heard "STATUS START"
+at 5.025 5.05
+until_running
+at 5.1
+key Num_Lock # is frozen
+settled
+key F5 $pad7
+at 5.125
+key space
+settled
+order ARM
+stop_and_close
+is "stations after the operator's start" "$(stations OPERATOR)" "5.0 5.1 5.125 5.125"
+is "rut class by two keys" "$(ask OPERATOR 'SELECT RegData FROM Registrations WHERE ObsCode=141 ORDER BY RegID DESC LIMIT 1')" 7
+click station
+key $pad7 # Home again, as before the run
+click buffer
+
+# Another program has the keyboard at the start; the operator comes back in the middle of the run, and clicks the
+# floating keypad.
+point view
+key p
+until_holds find_window '^Keypad'
+keypad=$found
+has_icon "$keypad"
+until_holds has_focus "$window"
+at 9.000
+open_file BEHIND
+click buffer
+another_window
+order PREPARE 9.000
+order START
+at 9.025
+click grid
+xdotool windowfocus "$keypad"
+until_holds has_focus "$keypad"
+key space
+settled
+xdotool mousemove --window "$keypad" 40 40 click 1
+until_holds has_focus "$window"
+key F3
+heard "CTRL PAUSE"
+key F2
+heard "STATUS START"
+at 9.1
+stop_and_close
+is "stations with another window in front" "$(stations BEHIND)" "9.0 9.025 9.1 9.1"
+
+xdotool windowfocus "$keypad" # which in idle has keys of its own again
+until_holds has_focus "$keypad"
+key Escape
+until_holds has_focus "$window"
+
+# What was typed is sent, once; downwards too.
+click station
+replace 7
+point step
+heard "SET DMI  0 1  7"
+click previous
+click station
+click buffer
+send "SET DMI 0 D 7"
+open_file DOWN
+order PREPARE 7.000
+at 6.99
+order START
+at 6.95 6.9 6.875
+stop_and_close
+is "stations on the way down" "$(stations DOWN)" "7.0 6.9 6.875"
+
+send "CTRL EXIT"
+heard "CTRL EXIT"
+wait $programs || fail "the programs ended with $?"
+echo "passed"
