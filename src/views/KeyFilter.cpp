@@ -62,11 +62,12 @@ bool KeyFilter::Offer(FormView* view, const QKeyEvent& key) const {
   if (code == 0)
     return false;
   Form* first = mainForm();
-  const bool elsewhere =
-      view ? !view->IsModal() && &view->Model() != first : QApplication::activePopupWidget() != nullptr;
+  const bool elsewhere = view ? !view->IsModal() && &view->Model() != first
+                              : QApplication::activePopupWidget() && !QApplication::activeModalWidget();
   if (first && elsewhere && first->OnKeyElsewhere && first->OnKeyElsewhere(code, shift)) {
-    for (QWidget* popup = nullptr; (popup = QApplication::activePopupWidget()) && popup->close();)
-      ;
+    QWidget* popup = QApplication::activePopupWidget();
+    while (popup && popup->close())
+      popup = QApplication::activePopupWidget();
     return true;
   }
   return view && view->OfferKey(code, shift);

@@ -28,14 +28,17 @@ heard() {
 order() { send "CTRL $*"; heard "ACK Trekor CTRL $1"; }
 at() { for km in "$@"; do send "DMI $km"; done; }
 open_file() { send 'FILE PATH C:\Roads'; send "FILE NAME $1"; send "FILE OPEN"; order ARM; }
-stop_and_close() { order STOP; heard "STATUS STOP"; send "FILE CLOSE"; heard "FILE CLOSE"; }
-# A start that has been announced runs when it can be suspended.
-suspended() {
-  send "CTRL SUSPEND"
-  while next_line "CTRL PAUSE" 0.1; do [[ $line != "<- CTRL PAUSE"* ]] || return 0; done
+# Orders that have no effect before their time: a start that has been announced runs when it can be suspended, a run that
+# has been announced as stopped is over when its file can be closed.
+answers() { # ORDER LINE
+  send "$1"
+  while next_line "$2" 0.2; do [[ $line != "<- $2"* ]] || return 0; done
   return 1
 }
-until_running() { until_holds suspended; order RESUME; heard "STATUS START"; }
+# The first word of a resumption comes before the run goes on, that of another one behind it.
+resumed() { heard "STATUS START"; order RESUME; heard "STATUS START"; }
+until_running() { until_holds answers "CTRL SUSPEND" "CTRL PAUSE"; order RESUME; resumed; }
+stop_and_close() { order STOP; heard "STATUS STOP"; until_holds answers "FILE CLOSE" "FILE CLOSE"; }
 
 # ---- the operator
 
@@ -148,7 +151,7 @@ until_holds has_focus "$window"
 key F3
 heard "CTRL PAUSE"
 key F2
-heard "STATUS START"
+resumed
 at 9.1
 stop_and_close
 is "stations with another window in front" "$(stations BEHIND)" "9.0 9.025 9.1 9.1"
