@@ -51,6 +51,10 @@ void Database::Close() {
     parts->engine->Close();
 }
 
+bool Database::Failed() const {
+  return parts->engine->Failures() > 0;
+}
+
 std::vector<std::string> Database::TableNames() const {
   std::vector<std::string> names;
   Statement rows;

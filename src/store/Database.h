@@ -5,7 +5,7 @@
 // BOOLEAN, LONGBINARY), and a recordset keeps what a type means: 16-bit range, single precision, text length, -1 and 0
 // for a boolean. Text is UTF-8; text keys compare without case (NOCASE, so that any SQLite tool can open the file).
 // Nothing throws; what fails gives false or an empty pointer, and LastError tells why (on standard error too when
-// TREKOR_TRACE is set).
+// TREKOR_TRACE is set). A read that fails is never an empty answer: Failed tells it from "there is none".
 #pragma once
 
 #include "store/FieldValue.h"
@@ -60,6 +60,10 @@ public:
   // Folds a durable file back into one plain file and closes it. Recordsets must be gone before.
   void Close();
 
+  // Whether the file has failed since it was opened: locked, unreadable, damaged, full. What was only asked wrongly, or
+  // a row that breaks a rule of its table, doesn't count.
+  bool Failed() const;
+
   // Tables of users, without the engine's own, in the order of creation.
   std::vector<std::string> TableNames() const;
   bool HasTable(const std::string& name) const;
@@ -68,16 +72,18 @@ public:
   // Adds a column to an existing table.
   bool AppendField(const std::string& table, const FieldDefinition& field);
 
-  // Empty when the table is missing or the query is wrong. A recordset must not outlive its database. Both stand on
-  // their first row. A plain "SELECT * FROM ..." can be edited; everything else can only be read. A query without an
-  // order, and ties of one, come in the order of insertion; text sorts without case where the column was declared
-  // COLLATE NOCASE.
+  // Empty when the table is missing, the query is wrong or can't be read. A recordset must not outlive its database.
+  // Both stand on their first row. A plain "SELECT * FROM ..." can be edited; everything else can only be read. A query
+  // without an order, and ties of one, come in the order of insertion; text sorts without case where the column was
+  // declared COLLATE NOCASE.
   std::unique_ptr<Recordset> OpenTable(const std::string& name);
   std::unique_ptr<Recordset> OpenQuery(const std::string& sql);
   // Runs statements without a result (template building, tests).
   bool Execute(const std::string& sql);
 
-  // One transaction around several updates; nested pairs count as one. Without them every Update stands alone.
+  // One transaction around several updates; nested pairs count as one. Without them every Update stands alone. When the
+  // file fails in its middle the rest is refused, and Commit takes all of it back and is false. A row that breaks a
+  // rule of its table is merely missing.
   bool Begin();
   bool Commit();
   void Rollback();

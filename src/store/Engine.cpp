@@ -32,6 +32,14 @@ void LikeFunction(sqlite3_context* context, int, sqlite3_value** values) {
   sqlite3_result_int(context, LikeMatches(TextOf(values[0]), TextOf(values[1])) ? 1 : 0);
 }
 
+// Trouble of the file itself; everything else is a fault of the question or of the row.
+bool IsOfTheFile(int code) {
+  constexpr int ofTheFile[] = {SQLITE_BUSY,     SQLITE_LOCKED,  SQLITE_NOMEM, SQLITE_READONLY,
+                               SQLITE_IOERR,    SQLITE_CORRUPT, SQLITE_FULL,  SQLITE_CANTOPEN,
+                               SQLITE_PROTOCOL, SQLITE_NOTADB,  SQLITE_PERM};
+  return std::find(std::begin(ofTheFile), std::end(ofTheFile), code & 0xFF) != std::end(ofTheFile);
+}
+
 bool HasBytes(const std::string& path) {
   std::error_code error;
   const auto size = std::filesystem::file_size(path, error);
@@ -66,6 +74,10 @@ Engine::~Engine() {
 }
 
 bool Engine::Fail(const std::string& doing) {
+  if (!db || IsOfTheFile(sqlite3_errcode(db))) {
+    ++failures;
+    broken = depth > 0;
+  }
   return FailWith(doing + ": " + (db ? sqlite3_errmsg(db) : "closed"));
 }
 
@@ -196,7 +208,7 @@ void Engine::ForgetLayouts() {
   }
 }
 
-std::int64_t Engine::NextNumber(const TableLayout& layout, TableState& state) {
+std::int64_t Engine::NextNumber(const TableLayout& layout, TableState& state, std::int64_t atLeast) {
   if (!state.counterKnown) {
     if (!sequence.Ready())
       sequence.Prepare(*this, "SELECT seq FROM sqlite_sequence WHERE name=?", true);
@@ -204,10 +216,13 @@ std::int64_t Engine::NextNumber(const TableLayout& layout, TableState& state) {
     sequence.Bind(1, name);
     state.stored = sequence.Step() ? sequence.Number(0) : 0;
     sequence.Reset();
+    if (sequence.Failed())
+      return 0;
     state.counter = std::max(state.counter, state.stored);
     state.counterKnown = mode == OpenMode::Exclusive || mode == OpenMode::ExclusiveDurable;
   }
-  return ++state.counter;
+  state.counter = std::max(state.counter + 1, atLeast);
+  return state.counter;
 }
 
 bool Engine::Begin() {
@@ -217,6 +232,7 @@ bool Engine::Begin() {
     begin.Prepare(*this, "BEGIN IMMEDIATE", true);
   if (!begin.Run())
     return false;
+  broken = false;
   depth = 1;
   return true;
 }
@@ -224,8 +240,10 @@ bool Engine::Begin() {
 bool Engine::Commit() {
   if (depth == 0 || --depth > 0)
     return depth > 0;
-  if (sqlite3_get_autocommit(db) != 0)
+  if (broken || sqlite3_get_autocommit(db) != 0) {
+    Rollback();
     return FailWith("the transaction was taken back");
+  }
   if (!commit.Ready())
     commit.Prepare(*this, "COMMIT", true);
   if (commit.Run())
@@ -243,7 +261,7 @@ void Engine::Rollback() {
 }
 
 bool Engine::MayWrite() const {
-  return db && (depth == 0 || sqlite3_get_autocommit(db) == 0);
+  return db && (depth == 0 || (!broken && sqlite3_get_autocommit(db) == 0));
 }
 
 bool Engine::Execute(const std::string& sql) {

@@ -33,6 +33,8 @@ public:
   void Bind(int place, std::int64_t number);
   // True: stands on a row. At the end and after a failure it is reset, and the locks are given back.
   bool Step();
+  // Whether the last Step gave false for another reason than the end of the rows.
+  bool Failed() const { return failed; }
   // For statements without rows. False when it failed.
   bool Run();
   void Reset();
@@ -47,6 +49,7 @@ private:
   friend class Engine;
   Engine* engine = nullptr;
   sqlite3_stmt* handle = nullptr;
+  bool failed = false;
 };
 
 // What all recordsets of one table share.
@@ -75,14 +78,19 @@ public:
   void ForgetLayouts(); // after statements that may have changed tables or rows
   std::uint64_t AllChanges() const { return allChanges; }
 
-  // The next automatic key of a table. It is used up by being asked for.
-  std::int64_t NextNumber(const TableLayout& layout, TableState& state);
+  // The next automatic key of a table, `atLeast` or above. It is used up by being asked for. 0: the file could not be
+  // asked.
+  std::int64_t NextNumber(const TableLayout& layout, TableState& state, std::int64_t atLeast);
 
   bool Begin();
   bool Commit();
   void Rollback();
-  // False when a transaction was begun and the library has already taken it back: a row stored now would stand alone.
+  // False when the transaction can no longer come about whole: the library has already taken it back, and a row stored
+  // now would stand alone, or the file failed within it.
   bool MayWrite() const;
+  // How often the file has failed since it was opened: a lock, a full disk, an unreadable page. Trouble of the file and
+  // not of what was asked of it.
+  int Failures() const { return failures; }
 
   bool Execute(const std::string& sql);
   // Keeps the library's message (or the given one) and tells it when TREKOR_TRACE is set. Always false.
@@ -107,7 +115,9 @@ private:
   std::map<std::string, std::shared_ptr<const TableLayout>> layouts;
   std::map<std::string, TableState> states;
   std::uint64_t allChanges = 0;
-  int depth = 0;       // of Begin and Commit
+  int depth = 0; // of Begin and Commit
+  int failures = 0;
+  bool broken = false; // the file failed within the transaction
   bool hasLog = false; // until the close folds it back
   Statement begin, commit, sequence;
 };

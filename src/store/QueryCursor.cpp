@@ -1,34 +1,24 @@
 #include "store/QueryCursor.h"
 
 #include <algorithm>
-#include <limits>
 
 namespace trekor {
 
-namespace {
-
-constexpr std::size_t smallResult = 512; // rows
-
-} // namespace
-
-QueryCursor::QueryCursor(Engine& onEngine, const Shape& ofShape, std::string text)
-    : engine(onEngine), shape(ofShape), sql(std::move(text)) {
-  if (rows.Prepare(engine, sql, true))
-    QueryCursor::Requery();
+QueryCursor::QueryCursor(Engine& onEngine, const Shape& ofShape, const std::string& sql) : shape(ofShape) {
+  rows.Prepare(onEngine, sql, true);
+  QueryCursor::Requery();
 }
 
-void QueryCursor::Requery() {
-  rows.Reset();
-  held.clear();
+bool QueryCursor::Requery() {
+  std::vector<Row> found;
+  while (rows.Step())
+    found.push_back(ReadRow());
+  failed = rows.Failed();
+  if (failed)
+    return false;
+  held = std::move(found);
   at = 0;
-  head = true;
-  passed = false;
-  reading = rows.Step();
-  while (reading && held.size() < smallResult) {
-    held.push_back(ReadRow());
-    reading = rows.Step();
-  }
-  tail = !reading;
+  return true;
 }
 
 Row QueryCursor::ReadRow() const {
@@ -49,10 +39,7 @@ void QueryCursor::SkipDeleted() {
     ++at;
 }
 
-// The statement has no way back: once it has left the rows behind those held, the query runs anew.
 void QueryCursor::MoveFirst() {
-  if (passed || !head)
-    return Requery();
   at = 0;
   SkipDeleted();
 }
@@ -60,25 +47,11 @@ void QueryCursor::MoveFirst() {
 void QueryCursor::MoveNext() {
   if (Eof())
     return;
-  if (at < held.size()) {
-    ++at;
-    return SkipDeleted();
-  }
   ++at;
-  passed = true;
-  reading = rows.Step();
+  SkipDeleted();
 }
 
-// Of a large result the number of rows is asked first, so that the statement stops on the last one.
 void QueryCursor::MoveLast() {
-  if (!tail) {
-    if (passed)
-      Requery();
-    const auto count = static_cast<std::size_t>(RecordCount());
-    while (Reads() && at + 1 < count)
-      MoveNext();
-    return;
-  }
   at = held.size();
   while (at > 0 && held[at - 1].deleted)
     --at;
@@ -86,57 +59,14 @@ void QueryCursor::MoveLast() {
 }
 
 int QueryCursor::RecordCount() {
-  if (head && tail)
-    return static_cast<int>(std::count_if(held.begin(), held.end(), [](const Row& row) { return !row.deleted; }));
-  Statement count;
-  if (!count.Prepare(engine, "SELECT count(*) FROM (" + sql + ")") || !count.Step())
-    return 0;
-  return static_cast<int>(std::min<std::int64_t>(count.Number(0), std::numeric_limits<int>::max()));
+  return static_cast<int>(std::count_if(held.begin(), held.end(), [](const Row& row) { return !row.deleted; }));
 }
 
 FieldValue QueryCursor::Value(int place) {
-  if (!HasRow())
-    return {};
-  if (at < held.size())
-    return held[at].values[static_cast<std::size_t>(place)];
-  const Column& column = shape.columns[static_cast<std::size_t>(place)];
-  return column.source < 0 ? rows.Column(place) : rows.Column(place, column.field.type);
-}
-
-// Writing under a running statement could show a row twice or never: the rest of the result is read first.
-void QueryCursor::HoldRest() {
-  if (!Reads())
-    return;
-  if (passed) {
-    held.clear();
-    at = 0;
-    head = false;
-  }
-  while (reading) {
-    held.push_back(ReadRow());
-    reading = rows.Step();
-  }
-  tail = true;
-}
-
-Row* QueryCursor::Hold() {
-  HoldRest();
-  return HasRow() ? &held[at] : nullptr;
-}
-
-void QueryCursor::Changed(const Row& row) {
-  if (at < held.size())
-    held[at] = row;
-}
-
-void QueryCursor::Deleted() {
-  if (at < held.size())
-    held[at].deleted = true;
+  return HasRow() ? held[at].values[static_cast<std::size_t>(place)] : FieldValue();
 }
 
 void QueryCursor::Added(std::int64_t number, const std::vector<FieldValue>& values) {
-  if (!tail)
-    return;
   Row row;
   row.numbers = {number};
   row.values = values;

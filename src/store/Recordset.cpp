@@ -45,9 +45,13 @@ int Recordset::RecordCount() {
   return parts->cursor->RecordCount();
 }
 
-void Recordset::Requery() {
+bool Recordset::Requery() {
   parts->Drop();
-  parts->cursor->Requery();
+  return parts->cursor->Requery();
+}
+
+bool Recordset::Failed() const {
+  return parts->cursor->Failed();
 }
 
 int Recordset::FieldCount() const {
@@ -91,17 +95,21 @@ FieldValue Recordset::Get(int place) const {
   return parts->cursor->Value(place);
 }
 
-bool Recordset::AddNew() {
+bool Recordset::AddNew(std::int64_t atLeast) {
   parts->Drop();
   if (parts->shape.tables.size() != 1)
     return parts->engine->FailWith("rows of a join can't be added");
   const TableLayout& layout = *parts->shape.tables[0].layout;
   const auto& columns = parts->shape.columns;
   for (std::size_t i = 0; i < columns.size(); ++i) {
-    if (columns[i].field.autoNumber)
-      parts->buffer[i] = FieldValue(parts->engine->NextNumber(layout, *parts->shape.tables[0].state));
-    else
+    if (!columns[i].field.autoNumber) {
       parts->buffer[i] = columns[i].field.defaultValue;
+      continue;
+    }
+    const std::int64_t number = parts->engine->NextNumber(layout, *parts->shape.tables[0].state, atLeast);
+    if (number == 0)
+      return false;
+    parts->buffer[i] = FieldValue(number);
   }
   parts->buffering = Parts::Buffer::Adding;
   return true;

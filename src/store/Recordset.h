@@ -4,11 +4,15 @@
 // without regard to case; in a join "Observations.ObsCode" names the table too. Reading a missing field, or any field
 // where there is no current row, gives null and HasField false.
 //
+// A recordset that rests holds no lock on the file, whatever its size. The rows of a query are read at once and kept,
+// those of a table a few at a time.
+//
 // Lifetime: belongs to its Database. Nothing throws.
 #pragma once
 
 #include "store/FieldValue.h"
 
+#include <cstdint>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -37,8 +41,12 @@ public:
   void MoveLast();
   // All rows of the recordset, exact also for a sorted join.
   int RecordCount();
-  // Runs the query again (a table: looks again) and stands on the first row.
-  void Requery();
+  // Runs the query again (a table: looks again) and stands on the first row. False when that can't be read; a query
+  // then keeps the rows that it had.
+  bool Requery();
+  // Whether something could not be read (a lock, a damaged page) since the last MoveFirst, MoveLast, Requery or Seek.
+  // An end of the rows, a Seek without a match and a null then tell nothing about what the file holds.
+  bool Failed() const;
 
   int FieldCount() const;
   std::string FieldName(int place) const;
@@ -50,8 +58,9 @@ public:
   FieldValue Get(int place) const;
 
   // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable. Its number is used
-  // up even when the row is never stored. False for a join.
-  bool AddNew();
+  // up even when the row is never stored. It is `atLeast` or above. False for a join, and when the file can't be asked
+  // for the number.
+  bool AddNew(std::int64_t atLeast = 0);
   // Copies the current row into the buffer.
   bool Edit();
   // Writes into the buffer; false (buffer unchanged) when the field is missing, not of this table, or the value does

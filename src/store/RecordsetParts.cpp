@@ -18,7 +18,7 @@ bool Recordset::Parts::OpenTable(const std::string& name) {
     shape.columns.push_back({layout->fields[i].name, layout->name, layout->fields[i], 0, static_cast<int>(i)});
   buffer.resize(shape.columns.size());
   cursor = std::make_unique<TableCursor>(*engine, shape);
-  return true;
+  return !cursor->Failed();
 }
 
 // The query is first asked for its columns and their tables, then runs with the rows' own numbers added where it can.
@@ -40,10 +40,8 @@ bool Recordset::Parts::OpenQuery(const std::string& sql) {
     shape.tables.clear();
   for (Column& column : shape.columns)
     column.source = !writable && column.table.empty() ? -1 : column.source;
-  auto query = std::make_unique<QueryCursor>(*engine, shape, writable ? numbered : sql);
-  const bool ready = query->Ready();
-  cursor = std::move(query);
-  return ready;
+  cursor = std::make_unique<QueryCursor>(*engine, shape, writable ? numbered : sql);
+  return !cursor->Failed();
 }
 
 int Recordset::Parts::SourceOf(const std::string& table) {

@@ -49,7 +49,8 @@ public:
   virtual void MoveNext() = 0;
   virtual void MoveLast() = 0;
   virtual int RecordCount() = 0;
-  virtual void Requery() = 0;
+  // False, and the rows of a query are what they were, when they could not be read.
+  virtual bool Requery() = 0;
   virtual bool SetIndex(const std::string&) { return false; }
   virtual bool Seek(const FieldValue&) { return false; }
 
@@ -63,6 +64,11 @@ public:
   virtual void Deleted() = 0;
   // A row was stored; the position stays.
   virtual void Added(std::int64_t, const std::vector<FieldValue>&) {}
+
+  bool Failed() const { return failed; }
+
+protected:
+  bool failed = false; // a reading since the last move to a place that doesn't depend on the one before
 };
 
 } // namespace trekor

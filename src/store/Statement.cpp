@@ -53,12 +53,14 @@ void Statement::Bind(int place, std::int64_t number) {
 }
 
 bool Statement::Step() {
+  failed = !handle;
   if (!handle)
     return false;
   const int result = sqlite3_step(handle);
   if (result == SQLITE_ROW)
     return true;
-  if (result != SQLITE_DONE)
+  failed = result != SQLITE_DONE;
+  if (failed)
     engine->Fail("step");
   sqlite3_reset(handle);
   return false;

@@ -79,7 +79,9 @@ bool TableCursor::Prepare(Statement& statement, const std::string& condition, bo
   text += " FROM " + QuotedName(Layout().name);
   if (!condition.empty())
     text += " WHERE " + condition;
-  return statement.Prepare(engine, text + Order(backwards) + " LIMIT ?99", true);
+  const bool prepared = statement.Prepare(engine, text + Order(backwards) + " LIMIT ?99", true);
+  failed = failed || !prepared;
+  return prepared;
 }
 
 Row TableCursor::ReadRow(const Statement& rows) const {
@@ -91,7 +93,8 @@ Row TableCursor::ReadRow(const Statement& rows) const {
   return row;
 }
 
-// Reads the next rows of a prepared and bound statement; the position is the first of them.
+// Reads the next rows of a prepared and bound statement; the position is the first of them. When the reading breaks off
+// those that it has got are good: it begins behind them again, and fails when there is none.
 void TableCursor::StandOn(Statement& rows, int wanted) {
   constexpr int limit = 99;
   rows.Bind(limit, static_cast<std::int64_t>(wanted));
@@ -100,6 +103,7 @@ void TableCursor::StandOn(Statement& rows, int wanted) {
     found.push_back(ReadRow(rows));
   rows.Reset();
   version = Version();
+  failed = failed || (found.empty() && rows.Failed());
   if (found.empty())
     return;
   window = std::move(found);
@@ -108,6 +112,7 @@ void TableCursor::StandOn(Statement& rows, int wanted) {
 }
 
 void TableCursor::MoveFirst() {
+  failed = false;
   state = State::Empty;
   windowSize = 1;
   if (Prepare(first, "", false))
@@ -123,10 +128,10 @@ void TableCursor::MoveNext() {
     return;
   }
   windowSize = version == Version() ? std::min(windowSize * 4, largestWindow) : 1;
+  state = State::End;
   if (!Prepare(after, After(), false))
     return;
   BindPosition(after);
-  state = State::End;
   StandOn(after, windowSize);
 }
 
@@ -141,6 +146,7 @@ void TableCursor::BindPosition(Statement& statement) {
 
 // A row that was just added stands last: its key is known, and nothing is read before it is asked for.
 void TableCursor::MoveLast() {
+  failed = false;
   windowSize = 1;
   const std::int64_t added = shape.tables[0].state->lastAdded;
   if (added > 0 && Keys().empty()) {
@@ -160,11 +166,13 @@ void TableCursor::MoveLast() {
 int TableCursor::RecordCount() {
   Statement count;
   const bool counted = count.Prepare(engine, "SELECT count(*) FROM " + QuotedName(Layout().name)) && count.Step();
+  failed = failed || !counted;
   return counted ? static_cast<int>(count.Number(0)) : 0;
 }
 
-void TableCursor::Requery() {
+bool TableCursor::Requery() {
   MoveFirst();
+  return !failed;
 }
 
 bool TableCursor::SetIndex(const std::string& name) {
@@ -179,6 +187,7 @@ bool TableCursor::SetIndex(const std::string& name) {
 }
 
 bool TableCursor::Seek(const FieldValue& key) {
+  failed = false;
   if (!order || key.IsNull())
     return false;
   if (!Prepare(find, KeyText(Layout(), order->keys.front()) + " = ?1", false))
@@ -186,6 +195,7 @@ bool TableCursor::Seek(const FieldValue& key) {
   find.Bind(1, key);
   find.Bind(99, std::int64_t{1});
   const bool found = find.Step();
+  failed = find.Failed();
   if (found) {
     window.assign(1, ReadRow(find));
     at = 0;
@@ -197,37 +207,42 @@ bool TableCursor::Seek(const FieldValue& key) {
   return found;
 }
 
-// Reads the current row again when something was written into the table since, or when only its key is known.
-void TableCursor::Refresh() {
+// Reads the current row again when something was written into the table since, or when only its key is known. False
+// when there is none, or when it can't be read now.
+bool TableCursor::Refresh() {
   if (state != State::OnRow || (version == Version() && window[at].loaded))
-    return;
+    return state == State::OnRow;
   const std::int64_t number = window[at].numbers[0];
   if (!Prepare(one, "rowid = ?1", false))
-    return;
+    return false;
   one.Bind(1, number);
   one.Bind(99, std::int64_t{1});
   Row row = window[at];
-  state = one.Step() ? State::OnRow : State::Gap;
-  if (state == State::OnRow)
+  const bool there = one.Step();
+  if (one.Failed()) {
+    failed = true;
+    return false;
+  }
+  if (there)
     row = ReadRow(one);
   one.Reset();
+  state = there ? State::OnRow : State::Gap;
   window.assign(1, row);
   at = 0;
   windowSize = 1;
   version = Version();
+  return there;
 }
 
 bool TableCursor::HasRow() {
-  Refresh();
-  return state == State::OnRow;
+  return Refresh();
 }
 
 FieldValue TableCursor::Value(int place) {
   const bool ownNumber = state == State::OnRow && place == Layout().numberField && version == Version();
   if (ownNumber)
     return window[at].numbers[0];
-  Refresh();
-  return state == State::OnRow ? window[at].values[static_cast<std::size_t>(place)] : FieldValue();
+  return Refresh() ? window[at].values[static_cast<std::size_t>(place)] : FieldValue();
 }
 
 Row* TableCursor::Hold() {

@@ -21,7 +21,7 @@ public:
   void MoveNext() override;
   void MoveLast() override;
   int RecordCount() override;
-  void Requery() override;
+  bool Requery() override;
   bool SetIndex(const std::string& name) override;
   bool Seek(const FieldValue& key) override;
   bool HasRow() override;
@@ -41,7 +41,7 @@ private:
   std::string Order(bool backwards) const;
   std::string After() const;
   void BindPosition(Statement& statement);
-  void Refresh();
+  bool Refresh();
   Row ReadRow(const Statement& rows) const;
 
   Engine& engine;

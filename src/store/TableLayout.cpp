@@ -139,12 +139,13 @@ bool ReadLayout(Engine& engine, const std::string& table, TableLayout& layout) {
     return false;
   find.Bind(1, wanted);
   if (!find.Step())
-    return engine.FailWith("no table " + table);
+    return !find.Failed() && engine.FailWith("no table " + table);
   layout.name = find.Column(0).Text();
+  const int failuresBefore = engine.Failures();
   ReadFields(engine, layout.name, layout);
   AddOwnNumber(layout);
   ReadIndexes(engine, layout);
-  return !layout.fields.empty();
+  return engine.Failures() == failuresBefore && !layout.fields.empty();
 }
 
 } // namespace trekor

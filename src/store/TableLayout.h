@@ -33,7 +33,7 @@ struct TableLayout {
   bool HasAutoNumber() const { return numberField >= 0 && fields[static_cast<std::size_t>(numberField)].autoNumber; }
 };
 
-// False when the file has no such table.
+// False when the file has no such table, or can't be read.
 bool ReadLayout(Engine& engine, const std::string& table, TableLayout& layout);
 
 } // namespace trekor

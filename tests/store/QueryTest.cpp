@@ -184,8 +184,16 @@ TEST_F(QueryTest, LargeResultsWalkCountRestartAndEdit) {
   EXPECT_EQ(rows->Get("StationID"), FieldValue(1));
 }
 
-// A recordset that rests on a row must not keep another program from writing.
+// A recordset that rests on a row must not keep another program from writing, whatever its size.
 TEST_F(QueryTest, ARestingRecordsetHoldsNoLock) {
+  database->Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000)"
+                    " INSERT INTO Observations(LanguageID, ObsCode) SELECT 3, i FROM n");
+  const auto large = database->OpenQuery("SELECT * FROM Observations ORDER BY ObsParID");
+  const auto rest = database->OpenTable("Observations");
+  for (int i = 0; i < 700; ++i) {
+    large->MoveNext();
+    rest->MoveNext();
+  }
   const auto table = database->OpenTable("Languages");
   const auto query = database->OpenQuery("SELECT * FROM Languages ORDER BY Language");
   table->MoveNext();
