@@ -5,6 +5,8 @@
 #include "texts/Texts.h"
 #include "values/Text.h"
 
+#include <vector>
+
 namespace trekor {
 
 namespace {
@@ -112,18 +114,22 @@ private:
 
 // One walk over the table, as a start waits for it with every form.
 void TextDatabase::LoadFormProperties(Form& form) {
+  undressed.insert(&form);
   const auto table = database ? database->OpenTable(form.Name()) : nullptr;
   if (!table)
     return;
   table->SetIndex("NameIndex");
   const FormColumns columns(*table, state.command);
+  std::vector<FormRow> rows;
+  for (table->MoveFirst(); !table->Eof(); table->MoveNext())
+    rows.push_back(ReadFormRow(*table, columns));
+  if (table->Failed())
+    return;
+  undressed.erase(&form);
   Dresser dresser(form, state);
-  bool empty = true;
-  for (table->MoveFirst(); !table->Eof(); table->MoveNext()) {
-    dresser.Dress(ReadFormRow(*table, columns));
-    empty = false;
-  }
-  if (!empty)
+  for (const FormRow& row : rows)
+    dresser.Dress(row);
+  if (!rows.empty())
     dresser.DressOptions();
 }
 

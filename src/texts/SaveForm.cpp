@@ -179,12 +179,12 @@ private:
 // The operator waits for this at the end of the program, so rows are compared with one walk and only what has changed
 // is written, in one transaction.
 void TextDatabase::SaveFormProperties(Form& form) {
-  const auto table = database ? database->OpenTable(form.Name()) : nullptr;
+  const auto table = database && !undressed.contains(&form) ? database->OpenTable(form.Name()) : nullptr;
   if (!table || !table->SetIndex("NameIndex"))
     return;
   Keeper keeper(*database, form, *table, state);
   const auto changed = keeper.ChangedRows(form);
-  if (changed.empty() || !database->Begin())
+  if (table->Failed() || changed.empty() || !database->Begin())
     return;
   for (const auto& row : changed)
     keeper.Write(row);

@@ -9,6 +9,7 @@
 #include "store/Recordset.h"
 
 #include <memory>
+#include <set>
 #include <string>
 
 namespace trekor {
@@ -25,7 +26,8 @@ public:
   // A word of the table in the current language, else in English; "" for a missing or empty key.
   std::string GetText(const std::string& key);
 
-  // Dresses a form at its load and keeps its look at its unload. What fails is skipped.
+  // Dresses a form at its load and keeps its look at its unload. What fails is skipped; a table that can't be read
+  // whole dresses nothing, and the form, which then stands as it was built, is not kept either.
   void LoadFormProperties(Form& form);
   void SaveFormProperties(Form& form);
   // The shared keys of every form (F1 help and the maintenance chords); true when it took the key.
@@ -36,6 +38,7 @@ private:
   Platform& platform;
   std::unique_ptr<Database> database;
   std::unique_ptr<Recordset> TextTable; // after the database, so that it goes first
+  std::set<const Form*> undressed;      // those whose look could not be read at their last load
 };
 
 } // namespace trekor

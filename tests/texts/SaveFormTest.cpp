@@ -115,6 +115,36 @@ TEST_F(TextsTest, ALanguageWithoutColumnsStillKeepsTheGeometry) {
   EXPECT_EQ(FileBytes(), bytes);
 }
 
+// It stands as it was built, at place 0 and without words, and would be kept so for good.
+TEST_F(TextsTest, AFormWhoseLookCouldNotBeReadIsNotKept) {
+  MakeForm("('lblInfo', 10, 20, 30, 40, NULL, -1, '', 'Station', '')");
+  const std::string before = FileBytes();
+  Lock();
+  texts.LoadFormProperties(form);
+  Unlock();
+  texts.SaveFormProperties(form);
+  EXPECT_TRUE(FileBytes() == before);
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.lblInfo.Caption(), "Station");
+  form.lblInfo.Move(1, 2, 3, 4);
+  texts.SaveFormProperties(form);
+  EXPECT_EQ(Ask("SELECT Width, CapEnglish FROM Trial WHERE Name = 'lblInfo'"), "3,Station\n");
+}
+
+// A page in the middle of the table: half a look is none.
+TEST_F(TextsTest, AFormWhoseLookIsReadInPartStandsAsItWasBuilt) {
+  std::string rows = "('lblInfo', 10, 20, 30, 40, NULL, -1, '', 'Station', '')";
+  for (int i = 10; i < 60; ++i)
+    rows += ", ('Texts(" + std::to_string(i) + ")', 0, 0, 0, 0, NULL, -1, '', 'MARK" + std::string(240, 'x') + "', '')";
+  MakeForm(rows);
+  Break("MARK");
+  texts.LoadFormProperties(form);
+  EXPECT_EQ(form.lblInfo.Caption(), "");
+  const std::string before = FileBytes();
+  texts.SaveFormProperties(form);
+  EXPECT_TRUE(FileBytes() == before);
+}
+
 TEST_F(TextsTest, WhatAFlagHidIsNotHiddenForTheNextUser) {
   MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, 'H', 'x', '')");
   state.run.UserLevel = 0;

@@ -61,6 +61,17 @@ protected:
     }
     return all;
   }
+  // Another program writes, and lets nobody read meanwhile.
+  void Lock() {
+    other = OpenFile();
+    ASSERT_TRUE(other->Execute("BEGIN EXCLUSIVE"));
+  }
+  void Unlock() { other.reset(); }
+  // Destroys the last page that holds this text.
+  void Break(const std::string& text) {
+    std::string bytes = FileBytes();
+    fakes.drives.Write(WorkingFile(), bytes.replace(bytes.rfind(text) / 4096 * 4096, 4096, 4096, '\x7f'));
+  }
   std::string FileBytes() { return fakes.drives.Read(WorkingFile()); }
   void Speak(const std::string& language) {
     state.command.Language = language;
@@ -75,6 +86,7 @@ protected:
   TrialForm form;
 
 private:
+  std::unique_ptr<Database> other;
   std::string WorkingFile() { return state.folders.MdbFolder + "\\Trekor.mdb"; }
   std::unique_ptr<Database> OpenFile() {
     return Database::Open(fakes.drives.NativePath(WorkingFile()), OpenMode::Shared);
