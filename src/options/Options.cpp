@@ -6,12 +6,15 @@
 
 #include <array>
 #include <charconv>
+#include <cstdint>
 
 namespace trekor {
 
 namespace {
 
 constexpr int LongestUser = 32; // characters
+// KM to YARDS, and the three formats of coordinates; both count from 0.
+constexpr int LastStationUnit = 5, LastGeographicFormat = 2;
 
 std::string TwoDigits(int n) {
   return (n < 10 ? "0" : "") + std::to_string(n);
@@ -40,12 +43,16 @@ void ReadDate(const std::string& text, LocalTime& t) {
     ++count;
     p = next < end ? next + 1 : end;
   }
-  if (count >= 3) {
+  const auto between = [&](std::size_t part, int least, int most) {
+    return parts.at(part) >= least && parts.at(part) <= most;
+  };
+  if (count >= 3 && between(1, 1, 12) && between(2, 1, 31) && between(3, 0, 23) && between(4, 0, 59) &&
+      between(5, 0, 59)) {
     t = {parts[0], parts[1], parts[2], parts[3], parts[4], parts[5]};
   }
 }
 
-// Reads fields of the row; one that is missing or null leaves its value as it was.
+// Reads fields of the row; one that is missing, null or beyond its range leaves its value as it was.
 class FieldReader {
 public:
   explicit FieldReader(const Recordset& recordset) : row(recordset) {}
@@ -55,8 +62,8 @@ public:
       into = v.Text();
     }
   }
-  void Read(const char* field, int& into) const {
-    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+  void Read(const char* field, int& into, std::int64_t least, std::int64_t most) const {
+    if (const FieldValue v = row.Get(field); !v.IsNull() && v.Integer() >= least && v.Integer() <= most) {
       into = static_cast<int>(v.Integer());
     }
   }
@@ -84,15 +91,17 @@ bool IsUS(const std::string& units) {
 void ReadUnits(const FieldReader& row, OptionState& options, UnitSettings& units) {
   row.Read("Units", options.OptionUnits);
   units.UnitsUS = IsUS(options.OptionUnits);
-  row.Read("StationUnit", units.StationUnit);
+  row.Read("StationUnit", units.StationUnit, 0, LastStationUnit);
   row.Read("FileUnits", options.OptionFileUnits);
   units.FileUnitsUS = IsUS(options.OptionFileUnits);
-  row.Read("FileStationUnit", units.FileStationUnit);
+  row.Read("FileStationUnit", units.FileStationUnit, 0, LastStationUnit);
 }
 
 void ReadOptions(const FieldReader& row, OptionState& options) {
-  row.Read("DrivingSide", options.DrivingSide);
-  row.Read("GeographicFormat", options.GeographicFormat);
+  if (int side = 0; row.Read("DrivingSide", side, -1, 1), side != 0) {
+    options.DrivingSide = side;
+  }
+  row.Read("GeographicFormat", options.GeographicFormat, 0, LastGeographicFormat);
   row.Read("MDB", options.KeepMdb);
   row.Read("TKR", options.WriteAscii);
   row.Read("ErrorText", options.ErrorText);
@@ -102,7 +111,7 @@ void ReadOptions(const FieldReader& row, OptionState& options) {
   row.Read("AssistanceText", options.AssistanceText);
   row.Read("AssistanceVoice", options.AssistanceVoice);
   row.Read("DataColVoice", options.DataColVoice);
-  row.Read("TrayColor", options.TrayColor);
+  row.Read("TrayColor", options.TrayColor, INT32_MIN, INT32_MAX);
 }
 
 // Check marks are 0 or 1 in the table, unlike its boolean.
@@ -146,6 +155,10 @@ bool OptionsDatabase::LoadSoftwareDatabases() {
   state.versions.Software = software.version;
   database = Database::Open(platform.drives.NativePath(software.path), OpenMode::Shared);
   LoadOptions();
+  if (platform.drives.FileExists(software.path) && (!database || database->Failed())) {
+    platform.shell.MsgBox("Cannot open " + software.path, state.folders.ProgramName, BoxIcon::Stop);
+    return false;
+  }
   const UpdateResult catalogue = UpdateDatabase(state.folders, platform, "Messages", folder, "");
   if (catalogue.programEnds) {
     return false;

@@ -14,8 +14,10 @@ namespace trekor {
 class OptionsDatabase {
 public:
   OptionsDatabase(ProgramState& state, Platform& platform, MessageCatalogue& messages);
-  // Updates and opens Software.mdb, loads the options, updates and opens Messages.mdb. False: the program ends.
+  // Updates and opens Software.mdb, loads the options, updates and opens Messages.mdb. False: the program ends; options
+  // that are there and can't be read would otherwise all be off.
   bool LoadSoftwareDatabases();
+  // A field that is missing, null or beyond its range leaves the value as it was, and so does a row that can't be read.
   void LoadOptions();
   void SaveOptions();
   void Close();

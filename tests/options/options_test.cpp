@@ -80,6 +80,56 @@ TEST_F(ProgramOptions, LeaveWhatARowDoesNotHold) {
   EXPECT_FALSE(state.units.UnitsUS) << "only the exact word is US";
 }
 
+TEST_F(ProgramOptions, LeaveWhatIsBeyondItsRange) {
+  struct Case {
+    const char* row; // StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum
+    const char* left;
+  };
+  const Case cases[] = {{"6, -1, 0, 3, 4294967296, '2031-13-04'", "3 4 1 1 7 2024"},
+                        {"70000, 4294967297, 2, -1, -2147483649, '2031-02-04 25:00'", "3 4 1 1 7 2024"},
+                        {"5, 0, -1, 2, -2147483648, '2031-02-04 23:59:59'", "5 0 -1 2 -2147483648 2031"}};
+  Ship("Software");
+  Ship("Messages");
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  for (const Case& each : cases) {
+    ASSERT_TRUE(Open(Software)->Execute(
+        std::string("INSERT INTO Options(StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum)"
+                    " VALUES (") +
+        each.row + ")"));
+    state.units.StationUnit = 3;
+    state.units.FileStationUnit = 4;
+    state.options.DrivingSide = state.options.GeographicFormat = 1;
+    state.options.TrayColor = 7;
+    state.options.OptionsDate = {2024, 1, 1, 0, 0, 0};
+    options.LoadOptions();
+    std::string left;
+    for (const std::int32_t value : {state.units.StationUnit, state.units.FileStationUnit, state.options.DrivingSide,
+                                     state.options.GeographicFormat, state.options.TrayColor})
+      left += std::to_string(value) + " ";
+    EXPECT_EQ(left + std::to_string(state.options.OptionsDate.year), each.left) << each.row;
+  }
+}
+
+// All of them would be off, and a data file without its options is deleted at its close.
+TEST_F(ProgramOptions, EndTheProgramWhenTheyAreThereAndCannotBeRead) {
+  Ship("Software");
+  Ship("Messages");
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  state.options.KeepMdb = true;
+  {
+    const auto lock = Open(Software);
+    ASSERT_TRUE(lock->Execute("BEGIN EXCLUSIVE"));
+    options.LoadOptions();
+    EXPECT_TRUE(state.options.KeepMdb) << "a later reading that fails changes nothing";
+  }
+  options.Close();
+  std::string bytes = machine.drives.Read(Software);
+  const std::size_t page = bytes.find("MetricMetric") / 4096 * 4096; // the one page of the table
+  machine.drives.Write(Software, bytes.replace(page, 4096, 4096, '\x7f'));
+  EXPECT_FALSE(options.LoadSoftwareDatabases());
+  EXPECT_EQ(machine.shell.boxes, std::vector<std::string>{std::string("Cannot open ") + Software});
+}
+
 TEST_F(ProgramOptions, StayOffWithoutARow) {
   Ship("Software");
   Ship("Messages");
