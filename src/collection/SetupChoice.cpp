@@ -2,6 +2,9 @@
 
 #include "values/NumberText.h"
 
+#include <utility>
+#include <vector>
+
 namespace trekor {
 
 namespace {
@@ -10,29 +13,34 @@ constexpr const char* NoSetupID = "-1";
 
 void SetupChoice::Load_TestSetupNames() {
   auto& form = ctx.form;
-  Fill_Lists();
+  if (!Fill_Lists())
+    return ctx.rooms.setupDatabase.Tell_CannotOpen();
   if (form.cboSetupID.ListCount() == 0)
     return Choose_None();
   form.cboTestSetupNames.SetEnabled(true);
   const int running = Listed(form.lblSetupID.Caption());
   Select(running < 0 ? 0 : running);
   // The hidden label is kept with the form's looks, so at a start it names a setup that is not loaded yet.
-  if (running < 0 || std::to_string(ctx.state().TestSetupID) != form.lblSetupID.Caption())
+  if (running < 0 || !chosen || std::to_string(ctx.state().TestSetupID) != form.lblSetupID.Caption())
     Choose();
 }
 
-void SetupChoice::Fill_Lists() {
+bool SetupChoice::Fill_Lists() {
+  Recordset* names = ctx.rooms.setupDatabase.rsSetupNames.get();
+  std::vector<std::pair<std::string, std::int64_t>> setups;
+  if (names != nullptr)
+    for (names->Requery(); !names->Eof(); names->MoveNext())
+      setups.emplace_back(names->Get("SetupName").Text(), names->Get("SetupID").Integer());
+  if (names != nullptr && names->Failed())
+    return false;
   const WhileSet quiet(filling);
   ctx.form.cboTestSetupNames.Clear();
   ctx.form.cboSetupID.Clear();
-  Recordset* names = ctx.rooms.setupDatabase.rsSetupNames.get();
-  if (names == nullptr)
-    return;
-  names->Requery();
-  for (; !names->Eof(); names->MoveNext()) {
-    ctx.form.cboTestSetupNames.AddItem(names->Get("SetupName").Text());
-    ctx.form.cboSetupID.AddItem(std::to_string(names->Get("SetupID").Integer()));
+  for (const auto& [name, id] : setups) {
+    ctx.form.cboTestSetupNames.AddItem(name);
+    ctx.form.cboSetupID.AddItem(std::to_string(id));
   }
+  return true;
 }
 
 int SetupChoice::Listed(const std::string& id) const {
@@ -62,18 +70,28 @@ void SetupChoice::cboTestSetupNames_Click() {
     Choose();
 }
 
+// A setup that can't be read is not one without columns: the one before goes on.
 void SetupChoice::Choose() {
   auto& form = ctx.form;
+  const std::int32_t before = ctx.state().TestSetupID;
   keys.RemoveSetup();
   Select(form.cboTestSetupNames.ListIndex());
-  form.lblSetupID.SetCaption(form.cboSetupID.Text());
   ctx.state().TestSetupID = static_cast<std::int32_t>(Val(form.cboSetupID.Text()));
-  ctx.state().TestSetupName = form.cboTestSetupNames.Text();
-  ctx.rooms.setup.Load_TestSetup();
+  const bool read = ctx.rooms.setup.Load_TestSetup();
+  if (read) {
+    chosen = true;
+    form.lblSetupID.SetCaption(form.cboSetupID.Text());
+    ctx.state().TestSetupName = form.cboTestSetupNames.Text();
+  } else {
+    ctx.state().TestSetupID = before;
+    Select(chosen ? Listed(std::to_string(before)) : -1);
+  }
   grids.Setup_Grid();
   grids.Format_GridHeader();
   feedback.LoadSounds();
   keys.AddSetup();
+  if (!read)
+    ctx.rooms.setupDatabase.Tell_CannotOpen();
 }
 
 void SetupChoice::Lock_SetupControls() {

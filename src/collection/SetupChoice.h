@@ -12,7 +12,8 @@ class SetupChoice {
 public:
   SetupChoice(RunContext& context, KeyPictures& keyPictures, Grids& collectionGrids, Feedback& sounds)
       : ctx(context), keys(keyPictures), grids(collectionGrids), feedback(sounds) {}
-  // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen.
+  // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen. A list that
+  // can't be read is told and changes nothing, and so it is with a setup.
   void Load_TestSetupNames();
   // The operator's choice in the list.
   void cboTestSetupNames_Click();
@@ -20,7 +21,7 @@ public:
   void Unlock_SetupControls();
 
 private:
-  void Fill_Lists();
+  bool Fill_Lists();
   int Listed(const std::string& id) const;
   void Select(int index);
   void Choose();
@@ -32,6 +33,7 @@ private:
   Grids& grids;
   Feedback& feedback;
   bool filling = false; // the list is moved by the program
+  bool chosen = false;  // a setup is loaded, or the lack of one
 };
 
 } // namespace trekor

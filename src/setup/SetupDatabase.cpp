@@ -18,13 +18,25 @@ bool SetupDatabase::LoadDatabase() {
   }
   state.versions.Observations = update.version;
   ObsDB = Database::Open(platform.drives.NativePath(update.path), OpenMode::Shared);
-  if (!ObsDB || ObsDB->TableNames().empty()) {
+  const bool hasTables = ObsDB && !ObsDB->TableNames().empty();
+  if (hasTables) {
+    OpenRecordsets();
+  }
+  if (platform.drives.FileExists(update.path) && (!ObsDB || ObsDB->Failed())) {
+    CloseDatabase();
+    Tell_CannotOpen();
+    return false;
+  }
+  if (!hasTables) {
     ObsDB.reset();
     platform.shell.MsgBox("Cannot find tables in specified database!", "Database Explorer", BoxIcon::Stop);
-    return true;
   }
-  OpenRecordsets();
   return true;
+}
+
+void SetupDatabase::Tell_CannotOpen() {
+  platform.shell.MsgBox("Cannot open " + state.folders.MdbFolder + "\\Observations.mdb", state.folders.ProgramName,
+                        BoxIcon::Stop);
 }
 
 void SetupDatabase::OpenRecordsets() {

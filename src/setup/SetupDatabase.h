@@ -17,10 +17,13 @@ class SetupDatabase {
 public:
   SetupDatabase(ProgramState& state, Platform& platform);
   ~SetupDatabase();
-  // Update check, open, recordsets. False: the program ends. A database without tables gets its message and stays
-  // closed.
+  // Update check, open, recordsets. False: the program ends, and when the database is there but can't be read that was
+  // told. One without tables gets its message and stays closed.
   bool LoadDatabase();
   void CloseDatabase();
+
+  // Tells the operator that the vocabulary can't be read.
+  void Tell_CannotOpen();
 
   std::unique_ptr<Database> ObsDB;
   std::unique_ptr<Recordset> rsObservations, rsLanguages, rsObsLinguistic, rsSetups, rsSetupNames, rsDataTypes,

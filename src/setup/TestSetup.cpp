@@ -83,19 +83,18 @@ TestSetup::TestSetup(ProgramState& programState, SetupDatabase& setupDatabase, c
   keyToObs.fill(-1);
 }
 
-void TestSetup::Load_TestSetup() {
+bool TestSetup::Load_TestSetup() {
+  const std::unique_ptr<Recordset> rows =
+      database.ObsDB ? database.ObsDB->OpenQuery(LoadQuery(state.TestSetupID)) : nullptr;
+  if (database.ObsDB && !rows) {
+    return false;
+  }
   ReleaseSetup();
-  if (!database.ObsDB) {
-    return;
-  }
-  const std::unique_ptr<Recordset> rows = database.ObsDB->OpenQuery(LoadQuery(state.TestSetupID));
-  if (!rows) {
-    return;
-  }
-  for (; !rows->Eof(); rows->MoveNext()) {
+  for (; rows && !rows->Eof(); rows->MoveNext()) {
     AddRow(*rows);
   }
   obsCount = static_cast<int>(observations.size()) - 1;
+  return true;
 }
 
 void TestSetup::ReleaseSetup() {

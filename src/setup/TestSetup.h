@@ -19,8 +19,9 @@ class TestSetup {
 public:
   TestSetup(ProgramState& state, SetupDatabase& database, const ImageList& pictures);
 
-  // Loads the setup TestSetupID. What fails is skipped; with nothing to load ObsCount is 0.
-  void Load_TestSetup();
+  // Loads the setup TestSetupID. What fails in a row is skipped; with nothing to load ObsCount is 0. False when it
+  // can't be read: the setup that was loaded before then stays.
+  bool Load_TestSetup();
   int ObsCount() const { return obsCount; } // 0 while Load_TestSetup runs
   // 1 to ObsCount.
   ClassObservation& Observations(int i) { return *observations.at(static_cast<std::size_t>(i)); }

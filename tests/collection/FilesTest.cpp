@@ -37,6 +37,8 @@ protected:
   double driven = 0;
 };
 
+class FirstStart : public RunFixture {};
+
 TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
   Operator_Names("ROAD09");
   form.mnuNew.Click();
@@ -476,6 +478,37 @@ TEST_F(FileMenuStories, TheSetupOfTheLastTimeComesBackAtTheNextStart) {
   EXPECT_EQ(state.TestSetupName, "Short");
   EXPECT_EQ(form.Grid.Cols(), 2);
   EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
+}
+
+// It has no columns, which is something else than a setup that was made without any.
+TEST_F(FileMenuStories, ASetupThatCannotBeReadLeavesTheOneBefore) {
+  const auto other = Database::Open(vocabulary.ObsDB->Path(), OpenMode::Shared);
+  ASSERT_TRUE(other->Execute("BEGIN EXCLUSIVE"));
+  form.cboTestSetupNames.Select(1);
+  EXPECT_EQ(fakes.shell.boxes, Texts{"Cannot open C:\\Veldmark\\Trekor\\MDB\\Observations.mdb"});
+  EXPECT_EQ(form.cboTestSetupNames.Text() + state.TestSetupName + form.lblSetupID.Caption(), "RoadRoad1");
+  EXPECT_EQ(form.Grid.Cols(), 12);
+  EXPECT_EQ(setup.KeyToObs('B'), Hole);
+  EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
+  run.parts().setups.Load_TestSetupNames();
+  EXPECT_EQ(form.cboTestSetupNames.ListCount(), 3) << "nor is the list without setups";
+  ASSERT_TRUE(other->Execute("ROLLBACK"));
+  form.cboTestSetupNames.Select(1);
+  EXPECT_EQ(state.TestSetupName, "Short");
+  EXPECT_EQ(form.Grid.Cols(), 2);
+}
+
+// That it has none yet is no setup's number.
+TEST_F(FirstStart, LoadsTheSetupOfNumberZero) {
+  ASSERT_TRUE(texts.Open() && vocabulary.LoadDatabase());
+  ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE SetupNames SET SetupID=0 WHERE SetupID=2;"
+                                        "UPDATE Setups SET SetupID=0 WHERE SetupID=2"));
+  const auto looks =
+      Database::Open(fakes.drives.NativePath(state.folders.MdbFolder + "\\Trekor.mdb"), OpenMode::Shared);
+  ASSERT_TRUE(looks->Execute("UPDATE Measurements SET CapEnglish='0' WHERE Name='lblSetupID'")); // chosen last
+  Load();
+  EXPECT_EQ(state.TestSetupName, "Short");
+  EXPECT_EQ(form.Grid.Cols(), 2);
 }
 
 TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
