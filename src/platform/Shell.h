@@ -10,6 +10,12 @@ class Control;
 
 enum class BoxIcon { None, Stop, Exclamation, Information };
 
+enum class PictureFile {
+  Written,
+  NoPicture,
+  Failed
+}; // NoPicture: the key has none; Failed: a full disk, no such folder
+
 class Shell {
 public:
   virtual ~Shell() = default;
@@ -29,9 +35,8 @@ public:
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
   // A small text over the screen while something long runs; the empty text takes it away.
   virtual void ShowNotice(const std::string& text) = 0;
-  // Writes the picture of an image-list key as a file in the platform's picture format (PNG) to a native path; false
-  // when the key has no picture.
-  virtual bool SavePicture(const std::string& key, const std::string& nativePath) = 0;
+  // Writes the picture of an image-list key as a file in the platform's picture format (PNG) to a native path.
+  virtual PictureFile SavePicture(const std::string& key, const std::string& nativePath) = 0;
 };
 
 } // namespace trekor

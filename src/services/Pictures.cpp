@@ -33,11 +33,12 @@ std::size_t LengthOf(std::FILE* file) {
 
 // Reads a buffer of highest subscript + 1 bytes. What lies behind the end of the file stays zero in the buffer, and
 // goes into the field all the same.
-bool AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, std::size_t highestSubscript) {
+Failure AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, std::size_t highestSubscript) {
   std::vector<unsigned char> buffer(highestSubscript + 1);
   const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), file);
-  (void)read;
-  return row.AppendChunk(field, buffer.data(), buffer.size());
+  if (read < buffer.size() && std::ferror(file) != 0)
+    return cantRead;
+  return row.AppendChunk(field, buffer.data(), buffer.size()) ? noFailure : noField;
 }
 
 // The remainder goes first, then the whole blocks, each with one byte more than its name says: files in the field hold
@@ -47,18 +48,13 @@ Failure AppendFile(Recordset& row, const std::string& field, const std::string& 
   if (!file)
     return cantRead;
   const std::size_t length = LengthOf(file.get());
-  if (!AppendBuffer(row, field, file.get(), length % blockSize))
-    return noField;
-  for (std::size_t block = 0; block < length / blockSize; ++block) {
-    if (!AppendBuffer(row, field, file.get(), blockSize))
-      return noField;
-    pump.ProcessEvents();
+  Failure failure = AppendBuffer(row, field, file.get(), length % blockSize);
+  for (std::size_t block = 0; failure.number == 0 && block < length / blockSize; ++block) {
+    failure = AppendBuffer(row, field, file.get(), blockSize);
+    if (failure.number == 0)
+      pump.ProcessEvents();
   }
-  return noFailure;
-}
-
-bool CanWrite(const std::string& nativePath) {
-  return OpenFile(std::fopen(nativePath.c_str(), "wb")) != nullptr;
+  return failure;
 }
 
 } // namespace
@@ -68,11 +64,10 @@ void dbSaveImage(Recordset* row, const std::string& field, const std::string& pi
   if (!row || picture.empty())
     return;
   const std::string workFile = platform.drives.NativePath(folders.AppPath + "\\temp.bin");
-  Failure failure = cantWrite;
-  if (platform.shell.SavePicture(picture, workFile))
-    failure = AppendFile(*row, field, workFile, platform.pump);
-  else if (CanWrite(workFile))
-    return; // the key has no picture
+  const PictureFile saved = platform.shell.SavePicture(picture, workFile);
+  if (saved == PictureFile::NoPicture)
+    return;
+  const Failure failure = saved == PictureFile::Written ? AppendFile(*row, field, workFile, platform.pump) : cantWrite;
   if (failure.number != 0)
     platform.shell.MsgBox(std::string("dbSaveImage: ") + failure.description + " (" + std::to_string(failure.number) +
                               ")",

@@ -3,10 +3,13 @@
 #include "views/Theme.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
+#include <QFile>
 #include <QIcon>
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QWindow>
 
 namespace trekor {
 
@@ -153,12 +156,28 @@ void QtShell::ShowNotice(const std::string& text) {
   const QRect area = over ? over->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
   notice->move(area.center() - notice->rect().center());
   notice->show();
+  Await_Exposure();
   notice->repaint();
 }
 
-bool QtShell::SavePicture(const std::string& key, const std::string& nativePath) {
+// A window is painted from the moment when the window system has brought it up, which takes some turns of the loop, and
+// who shows a notice doesn't pump. Keys and the link wait meanwhile.
+void QtShell::Await_Exposure() {
+  constexpr int longest = 500; // milliseconds
+  const auto what = QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers;
+  for (const QDeadlineTimer limit(longest); !notice->windowHandle()->isExposed() && !limit.hasExpired();)
+    QCoreApplication::processEvents(what, static_cast<int>(limit.remainingTime()));
+}
+
+// Without a buffer, which would meet a full disk only when the file is closed and nobody asks any more.
+PictureFile QtShell::SavePicture(const std::string& key, const std::string& nativePath) {
   const QImage& image = pictures.Original(key);
-  return !image.isNull() && image.save(Q(nativePath), "PNG");
+  if (image.isNull())
+    return PictureFile::NoPicture;
+  QFile file(Q(nativePath));
+  const bool written = file.open(QIODevice::WriteOnly | QIODevice::Unbuffered) && image.save(&file, "PNG") &&
+                       file.error() == QFile::NoError;
+  return written ? PictureFile::Written : PictureFile::Failed;
 }
 
 } // namespace trekor

@@ -33,7 +33,7 @@ public:
   void Hourglass(bool on) override;
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
   void ShowNotice(const std::string& text) override;
-  bool SavePicture(const std::string& key, const std::string& nativePath) override;
+  PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
 
   // Lets go of all forms. To be called while they still live.
   void UnloadAll();
@@ -46,6 +46,7 @@ private:
   };
   FormView* ViewOf(Form& form); // loads the form when that was forgotten
   QWidget* MainWindow() const;
+  void Await_Exposure();
 
   PictureStore pictures;
   KeyFilter keys{[this] { return MainWindow() ? mainForm : nullptr; }};

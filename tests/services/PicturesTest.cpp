@@ -9,12 +9,14 @@ namespace trekor {
 
 namespace {
 
-// Writes a picture file of a wanted length; "none" has no picture.
+// Writes a picture file of a wanted length; "none" has no picture, and for "full" there is no room.
 class PictureShell : public tests::FakeShell {
 public:
-  bool SavePicture(const std::string& key, const std::string& nativePath) override {
+  PictureFile SavePicture(const std::string& key, const std::string& nativePath) override {
     if (key == "none")
-      return false;
+      return PictureFile::NoPicture;
+    if (key == "full")
+      return PictureFile::Failed;
     std::string bytes;
     for (int i = 0; i < std::stoi(key); ++i)
       bytes += static_cast<char>('a' + i % 23);
@@ -23,7 +25,7 @@ public:
     if (file)
       std::fclose(file);
     last = bytes;
-    return written;
+    return written ? PictureFile::Written : PictureFile::Failed;
   }
   std::string last;
 };
@@ -88,9 +90,11 @@ TEST_F(PicturesTest, WithoutRowOrPictureNothingHappens) {
 TEST_F(PicturesTest, AFailureIsToldInABoxAndEndsTheOperation) {
   Save("100", "NoSuchField");
   Save("100", "ObsName");
+  Save("full"); // though an empty file could be made
   folders.AppPath = "C:\\Missing";
   Save("100");
-  ASSERT_EQ(shell.boxes.size(), 3U);
+  ASSERT_EQ(shell.boxes.size(), 4U);
+  EXPECT_EQ(shell.boxes[3], shell.boxes[2]);
   EXPECT_EQ(shell.boxes[0], "dbSaveImage: The field takes no picture (3265)");
   EXPECT_EQ(shell.boxes[2], "dbSaveImage: Work file can't be written (75)");
   EXPECT_TRUE(row->Get("ObsIcon").IsNull());

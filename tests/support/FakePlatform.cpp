@@ -238,10 +238,10 @@ void FakeShell::MsgBox(const std::string& text, const std::string& title, BoxIco
   Note("Box " + title);
 }
 
-bool FakeShell::SavePicture(const std::string& key, const std::string& nativePath) {
+PictureFile FakeShell::SavePicture(const std::string& key, const std::string& nativePath) {
   std::ofstream file(nativePath, std::ios::binary);
   file << "PICTURE " << key << std::string(pictureBytes, '.');
-  return file.good();
+  return file.flush().good() ? PictureFile::Written : PictureFile::Failed;
 }
 
 } // namespace trekor::tests

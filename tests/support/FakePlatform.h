@@ -188,7 +188,7 @@ public:
   void Hourglass(bool on) override { hourglass = on; }
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
   void ShowNotice(const std::string& text) override { notices.push_back(text); }
-  bool SavePicture(const std::string& key, const std::string& nativePath) override;
+  PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
   std::size_t pictureBytes = 0; // of each saved picture, behind its name
 
   // By form name. A form without a script is hidden at once, as if the user had closed it untouched.

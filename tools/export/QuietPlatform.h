@@ -71,7 +71,7 @@ public:
   void Hourglass(bool) override {}
   void MsgBox(const std::string&, const std::string&, BoxIcon) override {}
   void ShowNotice(const std::string&) override {}
-  bool SavePicture(const std::string&, const std::string&) override { return false; }
+  PictureFile SavePicture(const std::string&, const std::string&) override { return PictureFile::NoPicture; }
 };
 
 // One data file and one folder for what is made of it, both native. The tool knows them under the names "IN:" and

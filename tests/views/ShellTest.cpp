@@ -1,0 +1,65 @@
+#include "views/QtShell.h"
+
+#include "support/FakePlatform.h"
+
+#include <QApplication>
+#include <QImage>
+#include <QLabel>
+#include <QTest>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+namespace trekor {
+namespace {
+
+class ShellTest : public testing::Test {
+protected:
+  ~ShellTest() override { shell.UnloadAll(); }
+  tests::FakeDrives drives;
+  QtShell shell{drives};
+};
+
+// Counts the paintings of one text.
+class Painted : public QObject {
+public:
+  explicit Painted(const char* wanted) : text(wanted) { qApp->installEventFilter(this); }
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const auto* label = qobject_cast<QLabel*>(object);
+    times += event->type() == QEvent::Paint && label && label->text() == text ? 1 : 0;
+    return false;
+  }
+  QString text;
+  int times = 0;
+};
+
+} // namespace
+
+// Whoever shows it goes on at once with something long, and nothing pumps meanwhile.
+TEST_F(ShellTest, ANoticeIsOnTheScreenWhenTheCallReturns) {
+  Painted painted("Updating, please wait");
+  shell.ShowNotice("Updating, please wait");
+  EXPECT_GT(painted.times, 0);
+  shell.ShowNotice("");
+  for (const QWidget* w : QApplication::topLevelWidgets())
+    EXPECT_FALSE(w->isVisible());
+}
+
+TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
+  const std::string file = drives.NativePath("C:\\Trekor\\temp.bin");
+  drives.MakeFolders("C:\\Trekor\\Graphics\\builtin");
+  QImage image(16, 16, QImage::Format_ARGB32);
+  image.fill(Qt::red);
+  ASSERT_TRUE(image.save(QString::fromStdString(drives.NativePath("C:\\Trekor\\Graphics\\builtin\\CRACK.png"))));
+  Form form("Trial");
+  ImageList list(form, "imlObsPicsUCaseKeys");
+  list.Add({"CRACK", "Crack", "C:\\Trekor\\Graphics\\builtin\\CRACK.png"});
+  shell.Load(form);
+  EXPECT_EQ(shell.SavePicture("NOSUCH", file), PictureFile::NoPicture);
+  EXPECT_EQ(shell.SavePicture("CRACK", file), PictureFile::Written);
+  EXPECT_FALSE(QImage(QString::fromStdString(file), "PNG").isNull());
+  EXPECT_EQ(shell.SavePicture("CRACK", file + "/temp.bin"), PictureFile::Failed);
+  EXPECT_EQ(shell.SavePicture("CRACK", "/dev/full"), PictureFile::Failed) << "found only when it is written";
+}
+
+} // namespace trekor
