@@ -95,8 +95,10 @@ bool Engine::Open() {
     return FailWith("no such file, or an empty one");
   if (mode == OpenMode::ReadOnly && HasLeftovers(path))
     FoldLeftLog();
-  if (Connect(false) && Prepare())
+  if (Connect(false) && Prepare()) {
+    failures = 0; // a log that could not be folded is no harm to a reader
     return true;
+  }
   // A file that was closed in a folder where nothing can be written may still be marked as one with a log. Without a
   // log beside it all that it holds stands in it, and it can be read as it is.
   const int why = db ? sqlite3_errcode(db) & 0xFF : SQLITE_OK;
