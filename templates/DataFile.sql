@@ -6,6 +6,7 @@ CREATE TABLE Version (
   Minor INTEGER  NOT NULL,
   Type  SMALLINT NOT NULL                -- tells a data file from a foreign database
 );
+-- The next one is 1.2: an update takes 1.1 for "never".
 INSERT INTO Version(Major, Minor, Type) VALUES (1, 0, 1);
 
 -- One spell of collection: made when the file is created or opened, written again at the end of each run.

@@ -4,6 +4,7 @@ CREATE TABLE Version (
   Major SMALLINT NOT NULL,
   Minor INTEGER  NOT NULL
 );
+-- The next one is 1.2: an update takes 1.1 for "never".
 INSERT INTO Version(Major, Minor) VALUES (1, 0);
 
 CREATE TABLE Sections (
