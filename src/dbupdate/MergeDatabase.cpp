@@ -4,7 +4,6 @@
 #include "values/Text.h"
 
 #include <algorithm>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <vector>
@@ -45,15 +44,11 @@ KeyOfTable FindKey(const Database& fresh, const std::string& table) {
   return key;
 }
 
-// Asking for a row uses up a number, so asking again moves the counter on by one. It can't go back: once the gap grows,
-// the row keeps the number that it has got.
-void ReachNumber(Recordset& fresh, const std::string& field, std::int64_t wanted) {
-  const std::int64_t firstGap = std::llabs(wanted - fresh.Get(field).Integer());
-  for (std::int64_t gap = firstGap; gap != 0 && gap <= firstGap;) {
-    fresh.CancelUpdate();
+// The counter can't go back: a row whose number it has passed takes the next but one, as a second try shows that the
+// gap grows.
+void AddNumbered(Recordset& fresh, const std::string& field, std::int64_t wanted) {
+  if (fresh.AddNew(wanted) && fresh.Get(field).Integer() != wanted)
     fresh.AddNew();
-    gap = std::llabs(wanted - fresh.Get(field).Integer());
-  }
 }
 
 // Nulls take the default that the release gives the field.
@@ -70,13 +65,12 @@ void CopyFields(const Recordset& old, Recordset& fresh, const std::vector<FieldD
 void MergeRow(const Recordset& old, Recordset& fresh, const KeyOfTable& key,
               const std::vector<FieldDefinition>& freshFields) {
   const FieldValue number = key.field.empty() ? FieldValue() : old.Get(key.field);
-  if (!key.field.empty() && fresh.Seek(number)) {
+  if (!key.field.empty() && fresh.Seek(number))
     fresh.Edit();
-  } else {
+  else if (key.autoNumber && !number.IsNull())
+    AddNumbered(fresh, key.field, number.Integer());
+  else
     fresh.AddNew();
-    if (key.autoNumber && !number.IsNull())
-      ReachNumber(fresh, key.field, number.Integer());
-  }
   CopyFields(old, fresh, freshFields);
   if (!fresh.Update())
     fresh.CancelUpdate();
@@ -94,8 +88,9 @@ void MergeRows(Database& old, Database& fresh, const std::string& table) {
     MergeRow(*oldRows, *freshRows, key, fields);
 }
 
-// A control that the release no longer has is not added; one that only the release has stays as it is. All columns of a
-// row that both have are the site's: where the control stands, its flags, and its words in every language.
+// A control that the release no longer has is not added; one that only the release has stays as it is. Of a row that
+// both have all columns are the site's (where the control stands, its flags, its words in every language) but one:
+// which controls are shown is the release's business.
 void MergeForm(Database& old, Database& fresh, const std::string& table) {
   const auto oldRows = old.OpenTable(table), freshRows = fresh.OpenTable(table);
   if (!oldRows || !freshRows || !freshRows->SetIndex("NameIndex"))
@@ -105,7 +100,7 @@ void MergeForm(Database& old, Database& fresh, const std::string& table) {
     if (!freshRows->Seek(oldRows->Get("Name")) || !freshRows->Edit())
       continue;
     for (int i = 0; i < oldRows->FieldCount(); ++i)
-      if (!SameText(oldRows->FieldName(i), "Name"))
+      if (!SameText(oldRows->FieldName(i), "Name") && !SameText(oldRows->FieldName(i), "Visible"))
         freshRows->Set(oldRows->FieldName(i), oldRows->Get(i));
     freshRows->Update();
   }
@@ -113,8 +108,9 @@ void MergeForm(Database& old, Database& fresh, const std::string& table) {
 
 } // namespace
 
-void MergeDatabase(Database& old, Database& fresh) {
-  fresh.Begin();
+bool MergeDatabase(Database& old, Database& fresh) {
+  if (!fresh.Begin())
+    return false;
   for (const std::string& table : old.TableNames()) {
     if (SameText(table, "Version") || !fresh.HasTable(table))
       continue;
@@ -124,7 +120,11 @@ void MergeDatabase(Database& old, Database& fresh) {
     else
       MergeRows(old, fresh, table);
   }
-  fresh.Commit();
+  if (old.Failed()) {
+    fresh.Rollback();
+    return false;
+  }
+  return fresh.Commit() && !fresh.Failed();
 }
 
 } // namespace trekor

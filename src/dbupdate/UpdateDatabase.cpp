@@ -1,7 +1,9 @@
 #include "dbupdate/UpdateDatabase.h"
 
 #include "dbupdate/MergeDatabase.h"
+#include "platform/WaitSeconds.h"
 #include "store/Database.h"
+#include "store/InUse.h"
 #include "store/Recordset.h"
 
 #include <memory>
@@ -12,11 +14,12 @@ namespace trekor {
 namespace {
 
 constexpr char locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
-constexpr double copyPauseMilliseconds = 500;
+constexpr double copyPauseSeconds = 0.5; // time for a scanner or a slow share to let go of the file
 
 // The files of one update, as paths of the program.
 struct Files {
   std::string templateFile, working, lock, backup;
+  std::string successor = Drives::WorkPath(working);
 };
 
 class Update {
@@ -29,14 +32,14 @@ private:
   std::unique_ptr<Database> Open(const std::string& path, OpenMode mode);
   std::optional<DbVersion> VersionOf(const std::string& path, OpenMode mode);
   void InstallMissing();
-  bool BackUp();
-  bool Install();
   void Replace(int oldMajor);
-  void Merge();
+  bool BackUp();
+  bool Build(int oldMajor);
+  bool Merge(Database& old);
+  bool Install();
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
   void Box(const std::string& text) { platform.shell.MsgBox(text, folders.ProgramName, BoxIcon::None); }
-  void Wait();
   UpdateResult End();
 
   const FolderPaths& folders;
@@ -82,49 +85,52 @@ bool Update::Cancel(const std::string& path, const std::string& why) {
   return false;
 }
 
-// Time enough for a scanner or a slow share to let go of the file.
-void Update::Wait() {
-  const double end = platform.clock.Milliseconds() + copyPauseMilliseconds;
-  while (platform.clock.Milliseconds() < end)
-    platform.pump.ProcessEvents();
+// A failed step leaves the old file and, from the second on, its backup.
+void Update::Replace(int oldMajor) {
+  platform.shell.ShowNotice("Updating " + names.working + ", Please wait...");
+  if (BackUp() && Build(oldMajor))
+    Install();
+  platform.drives.DeleteFile(names.successor);
 }
 
+// The backup before, the only one, goes when the new one is whole.
 bool Update::BackUp() {
   Drives& drives = platform.drives;
+  const std::string copy = Drives::WorkPath(names.backup);
   drives.MakeFolder(folders.RootFolder + "\\BAK");
-  if (drives.FileExists(names.backup) && !drives.DeleteFile(names.backup))
-    return Cancel(names.backup, " could not be removed!");
-  drives.CopyFile(names.working, names.backup);
-  if (!drives.FileExists(names.backup)) {
-    Wait();
-    drives.CopyFile(names.working, names.backup);
+  if (!drives.CopyFile(names.working, copy)) {
+    WaitSeconds(copyPauseSeconds, platform.clock, platform.pump);
+    if (!drives.CopyFile(names.working, copy))
+      return Cancel(names.working, " could not be backed up!");
   }
-  return drives.FileExists(names.backup) || Cancel(names.working, " could not be backed up!");
+  if (drives.ReplaceFile(copy, names.backup))
+    return true;
+  drives.DeleteFile(copy);
+  return drives.FileExists(names.backup) ? Cancel(names.backup, " could not be removed!")
+                                         : Cancel(names.working, " could not be backed up!");
+}
+
+// The old file is held meanwhile, so that nobody can change what is merged. A new major version replaces the database;
+// the old content then stays in the backup only.
+bool Update::Build(int oldMajor) {
+  const bool inUse = InUse(platform.drives.NativePath(names.working));
+  auto old = inUse ? nullptr : Open(names.working, OpenMode::Exclusive);
+  if (!old)
+    return Cancel(names.working, " could not be removed!");
+  const bool built = platform.drives.CopyFile(names.templateFile, names.successor) &&
+                     (result.version.Major != oldMajor || Merge(*old));
+  old.reset();
+  return built || Cancel(names.working, " could not be installed!");
+}
+
+bool Update::Merge(Database& old) {
+  platform.drives.ClearReadOnly(names.successor); // a medium's template
+  const auto fresh = Open(names.successor, OpenMode::Exclusive);
+  return fresh && MergeDatabase(old, *fresh);
 }
 
 bool Update::Install() {
-  Drives& drives = platform.drives;
-  if (!drives.DeleteFile(names.working))
-    return Cancel(names.working, " could not be removed!");
-  if (drives.CopyFile(names.templateFile, names.working))
-    return true;
-  Cancel(names.working, " could not be installed!");
-  drives.CopyFile(names.backup, names.working);
-  return false;
-}
-
-// A new major version replaces the database; the old content then stays in the backup only.
-void Update::Replace(int oldMajor) {
-  platform.shell.ShowNotice("Updating " + names.working + ", Please wait...");
-  if (BackUp() && Install() && result.version.Major == oldMajor)
-    Merge();
-}
-
-void Update::Merge() {
-  platform.drives.ClearReadOnly(names.working);
-  const auto old = Open(names.backup, OpenMode::ReadOnly), fresh = Open(names.working, OpenMode::Exclusive);
-  if (old && fresh)
-    MergeDatabase(*old, *fresh);
+  return platform.drives.ReplaceFile(names.successor, names.working) || Cancel(names.working, " could not be removed!");
 }
 
 // Copying from a medium can leave the read-only attribute set.

@@ -32,6 +32,8 @@ bool MarkedWithLog(const std::string& nativePath) {
 } // namespace
 
 bool InUse(const std::string& nativePath) {
+  if (OpenForWriting(nativePath))
+    return true;
   Engine engine(nativePath, OpenMode::Exclusive);
   return !engine.Open() && engine.db && (sqlite3_errcode(engine.db) & 0xFF) == SQLITE_BUSY;
 }

@@ -5,9 +5,13 @@
 
 namespace trekor {
 
-// True when another program holds the database at this native path. False for a free one, for a file that is no
-// database and for none at all. Asks by opening it for a moment, which folds a log that a killed program has left.
+// True when another program holds the database at this native path, or has it open for writing though it rests at the
+// moment: what it writes next would go into a file without a name. False for a free one, for a file that is no database
+// and for none at all. Asks by opening it for a moment, which folds a log that a killed program has left. This program
+// must not have it open.
 bool InUse(const std::string& nativePath);
+// The part of it that the system answers. False where it can't tell.
+bool OpenForWriting(const std::string& nativePath);
 
 // Two native paths of one file or folder, also through a link or another spelling. False when either is missing.
 bool SameFile(const std::string& nativePath, const std::string& other);

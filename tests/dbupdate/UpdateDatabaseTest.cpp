@@ -1,89 +1,9 @@
 // A working database meets the template of a release.
-#include "dbupdate/UpdateDatabase.h"
-
-#include "store/Database.h"
-#include "store/Recordset.h"
-#include "support/FakePlatform.h"
-
-#include <gtest/gtest.h>
+#include "UpdateFixture.h"
 
 #include <algorithm>
 
 namespace trekor {
-
-namespace {
-
-constexpr char templateFile[] = "C:\\Trekor\\Software.vdb";
-constexpr char working[] = "C:\\Root\\MDB\\Software.mdb";
-constexpr char backup[] = "C:\\Root\\BAK\\Software.mdb";
-
-// Refuses to copy from one path.
-class StubbornDrives : public tests::FakeDrives {
-public:
-  bool CopyFile(const std::string& from, const std::string& to) override {
-    return from != refused && FakeDrives::CopyFile(from, to);
-  }
-  std::string refused;
-};
-
-class UpdateDatabaseTest : public testing::Test {
-protected:
-  UpdateDatabaseTest() {
-    folders.AppPath = "C:\\Trekor";
-    folders.RootFolder = "C:\\Root";
-    folders.ProgramName = "Trekor";
-    drives.MakeFolders("C:\\Trekor");
-    drives.MakeFolders("C:\\Root");
-  }
-  void Build(const std::string& path, int major, int minor, const std::string& sql = "") {
-    drives.MakeFolder("C:\\Root\\MDB");
-    const std::string native = drives.NativePath(path);
-    std::filesystem::remove(native);
-    ASSERT_TRUE(Database::Create(native, ""));
-    ASSERT_TRUE(Open(path)->Execute("CREATE TABLE Version(Major SMALLINT, Minor INTEGER);"
-                                    "INSERT INTO Version VALUES(9, 9), (" +
-                                    std::to_string(major) + ", " + std::to_string(minor) + ");" + sql));
-  }
-  std::unique_ptr<Database> Open(const std::string& path) {
-    auto database = Database::Open(drives.NativePath(path), OpenMode::Shared);
-    if (database)
-      database->Execute("PRAGMA synchronous=OFF");
-    return database;
-  }
-  UpdateResult Update(const std::string& name = "") {
-    return UpdateDatabase(folders, platform, "Software", "C:\\Root\\MDB", name);
-  }
-  // All rows of a table as one text: "1;a|2;b".
-  std::string Rows(const std::string& table, const std::string& path = working) {
-    const auto database = Open(path);
-    const auto rows = database->OpenTable(table);
-    std::string text;
-    for (; rows && !rows->Eof(); rows->MoveNext()) {
-      text += text.empty() ? "" : "|";
-      for (int i = 0; i < rows->FieldCount(); ++i)
-        text += (i == 0 ? "" : ";") + rows->Get(i).Text();
-    }
-    return text;
-  }
-  std::vector<std::string> Boxes() { return fakes.shell.boxes; }
-  using Words = std::vector<std::string>;
-
-  tests::FakePlatform fakes;
-  StubbornDrives drives;
-  Platform platform{fakes.clock,    fakes.pump, fakes.socket,  fakes.sound,
-                    fakes.keyboard, drives,     fakes.process, fakes.shell};
-  FolderPaths folders;
-};
-
-constexpr char oldOptions[] =
-    "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT(10), Site TEXT(5));"
-    "INSERT INTO Options VALUES (3,'US','here'),(7,NULL,NULL);"
-    "CREATE TABLE SiteOnly(A INTEGER);";
-constexpr char newOptions[] = "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT(10) DEFAULT 'SI',"
-                              " Side SMALLINT DEFAULT 1); INSERT INTO Options VALUES (3,'shipped',-1);"
-                              "CREATE INDEX Options_ID ON Options(ID DESC);";
-
-} // namespace
 
 TEST_F(UpdateDatabaseTest, AMissingWorkingFileIsInstalledFromItsTemplate) {
   Build(templateFile, 2, 3, newOptions);
@@ -149,16 +69,28 @@ TEST_F(UpdateDatabaseTest, ANumberThatTheCounterHasPassedIsGivenUp) {
 }
 
 TEST_F(UpdateDatabaseTest, FormsKeepTheSitesLookAndTakeNoRowsOfOldControls) {
-  const std::string form = "CREATE TABLE frmSetup(Name TEXT(40) COLLATE NOCASE, Left SINGLE, CapEnglish TEXT(80)";
+  const std::string form = "CREATE TABLE frmSetup(Name TEXT(40) COLLATE NOCASE, Left SINGLE,"
+                           " Visible BOOLEAN, CapEnglish TEXT(80)";
   const std::string index = "CREATE UNIQUE INDEX frmSetup_NameIndex ON frmSetup(Name COLLATE NOCASE);";
   Build(templateFile, 2, 4,
         form + ", TipEnglish TEXT);" + index +
-            "INSERT INTO frmSetup VALUES ('Me',1,'New','tip'),('cmdNew',5,'Added','t');");
+            "INSERT INTO frmSetup VALUES ('Me',1,-1,'New','tip'),('cmdNew',5,0,'Added','t');");
   Build(working, 2, 3,
         form + ", CapDanish TEXT(80));" + index +
-            "INSERT INTO frmSetup VALUES ('ME',9,'Mine','Min'),('cmdGone',2,'Gone','Væk');");
+            "INSERT INTO frmSetup VALUES ('ME',9,0,'Mine','Min'),('cmdGone',2,-1,'Gone','Væk');");
   Update();
-  EXPECT_EQ(Rows("frmSetup"), "Me;9;Mine;tip;Min|cmdNew;5;Added;t;");
+  EXPECT_EQ(Rows("frmSetup"), "Me;9;-1;Mine;tip;Min|cmdNew;5;0;Added;t;") << "what is shown is the release's business";
+}
+
+TEST_F(UpdateDatabaseTest, ARowThatTheReleaseRefusesIsSkippedAndTheRestGoesOn) {
+  const std::string table = "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT(10)";
+  Build(templateFile, 2, 4, table + " UNIQUE NOT NULL, Side SMALLINT CHECK (Side < 5));");
+  Build(working, 2, 3,
+        table + ", Side SMALLINT); INSERT INTO Options VALUES (1,'US',1),(2,'US',2),(3,NULL,3),(4,'SI',9),"
+                "(2000000000,'km',4);");
+  Update();
+  EXPECT_EQ(Rows("Options"), "1;US;1|2000000000;km;4");
+  EXPECT_TRUE(Boxes().empty());
 }
 
 TEST_F(UpdateDatabaseTest, RowsWithoutAPrimaryKeyAreAddedAndDuplicatesSkipped) {
@@ -207,6 +139,7 @@ TEST_F(UpdateDatabaseTest, WithoutABackupNothingIsReplaced) {
   const std::string before = drives.Read(working);
   Update();
   EXPECT_EQ(Boxes(), Words{std::string(working) + " could not be backed up! Update cancelled"});
+  EXPECT_TRUE(fakes.clock.Milliseconds() >= 500 && fakes.pump.sleeps == fakes.pump.count) << "a second try, asleep";
   EXPECT_TRUE(drives.Read(working) == before);
 }
 

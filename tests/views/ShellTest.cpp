@@ -60,6 +60,7 @@ TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
   EXPECT_FALSE(QImage(QString::fromStdString(file), "PNG").isNull());
   EXPECT_EQ(shell.SavePicture("CRACK", file + "/temp.bin"), PictureFile::Failed);
   EXPECT_EQ(shell.SavePicture("CRACK", "/dev/full"), PictureFile::Failed) << "found only when it is written";
+  shell.Unload(form);
 }
 
 } // namespace trekor
