@@ -88,15 +88,18 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
 bool CommaFile::ChooseSession(std::int32_t sessionID) {
   if (!files.rsSessions)
     return false;
+  bool found = true;
   if (sessionID != 0) {
     files.rsSessions->MoveFirst();
-    if (!files.rsSessions->Seek(sessionID))
-      return false;
+    found = files.rsSessions->Seek(sessionID);
   } else {
     files.rsSessions->MoveLast();
   }
-  files.ReadSession();
-  return true;
+  if (found)
+    files.ReadSession();
+  if (files.rsSessions->Failed())
+    outcome = CommaOutcome::Failed;
+  return found && outcome != CommaOutcome::Failed;
 }
 
 // The limits and the last two step stations, into the run's own objects: no run needs them now, and they keep what they

@@ -80,9 +80,11 @@ void DataFiles::SaveSession() {
   row.Set("StationMax", session.StationMax);
   row.Set("StationDirection", session.StationDirection);
   row.Set("SegmentSize", session.SegmentSize);
-  row.Update();
+  const FieldValue id = row.Get("SessionID");
+  if (!row.Update())
+    return; // the number of another row, or none, would go into every station from now on
   row.MoveLast();
-  session.SessionID = static_cast<std::int32_t>(row.Get("SessionID").Integer());
+  session.SessionID = static_cast<std::int32_t>(id.Integer());
   state.file.SessionID = session.SessionID;
 }
 

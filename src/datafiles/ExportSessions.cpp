@@ -21,9 +21,7 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
   };
   Recordset& sessions = *files.rsSessions;
   sessions.MoveFirst();
-  if (sessions.Eof())
-    return result;
-  if (wish.join) {
+  if (wish.join && !sessions.Eof()) {
     write(0, state.file.DataName);
     return result;
   }
@@ -34,6 +32,7 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
     sessions.MoveNext();
     number = static_cast<std::int32_t>(sessions.Get("SessionID").Integer());
   }
+  result.failed = result.failed || sessions.Failed();
   return result;
 }
 

@@ -281,5 +281,22 @@ TEST(CommaFile, SaysWhenTheFileIsShort) {
   EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unwritable);
 }
 
+// A head without its observations looks like one of a smaller setup, and the data file is deleted for it.
+TEST(CommaFile, SaysWhenItsObservationsCannotBeRead) {
+  Job job;
+  for (int i = 0; i < 90; ++i)
+    job.Offer(100 + i, "Observation " + std::to_string(i) + std::string(60, 'x'), "Obs", 1);
+  ASSERT_TRUE(job.Create("BROKEN"));
+  job.Value(job.Step("1.000"), job.Step("1.100"), 100, "1");
+  job.files.CloseDataFile();
+  const std::string file = job.DataFile("BROKEN");
+  std::string bytes = job.machine.drives.Read(file);
+  job.machine.drives.Write(file, bytes.replace(bytes.rfind("Observation 89") / 4096 * 4096, 4096, 4096, '\x7f'));
+  job.state.file.DataFilePath = file;
+  ASSERT_TRUE(job.files.OpenDataFile(OpenMode::ReadOnly));
+  job.Comma(1);
+  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Failed);
+}
+
 } // namespace
 } // namespace trekor::tests
