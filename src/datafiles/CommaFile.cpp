@@ -98,8 +98,8 @@ bool CommaFile::ChooseSession(std::int32_t sessionID) {
   if (found)
     files.ReadSession();
   if (files.rsSessions->Failed())
-    outcome = CommaOutcome::Failed;
-  return found && outcome != CommaOutcome::Failed;
+    outcome = CommaOutcome::Unreadable;
+  return found && outcome != CommaOutcome::Unreadable;
 }
 
 // The limits and the last two step stations, into the run's own objects: no run needs them now, and they keep what they

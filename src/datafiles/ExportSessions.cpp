@@ -32,7 +32,7 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
     sessions.MoveNext();
     number = static_cast<std::int32_t>(sessions.Get("SessionID").Integer());
   }
-  result.failed = result.failed || sessions.Failed();
+  result.unreadable = result.unreadable || sessions.Failed();
   return result;
 }
 

@@ -295,7 +295,7 @@ TEST(CommaFile, SaysWhenItsObservationsCannotBeRead) {
   job.state.file.DataFilePath = file;
   ASSERT_TRUE(job.files.OpenDataFile(OpenMode::ReadOnly));
   job.Comma(1);
-  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Failed);
+  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unreadable);
 }
 
 } // namespace
