@@ -31,11 +31,11 @@ int CodeOf(const std::string& key) {
 
 } // namespace
 
-DriveRunner::DriveRunner(const std::string& shared, Drives* others) : drives(others ? *others : fakes.drives) {
-  InstallRelease(drives, shared);
+DriveRunner::DriveRunner(const std::string& shared) {
+  InstallRelease(fakes.drives, shared);
   for (const char* name : {"NumericPrompt", "TextPrompt"})
     fakes.shell.scripts[name] = [this](Form& form) { Answer(form); };
-  program = std::make_unique<Program>(platform);
+  program = std::make_unique<Program>(fakes.platform);
 }
 
 DriveRunner::~DriveRunner() = default;
@@ -120,7 +120,7 @@ std::string DriveRunner::Play(const std::string& drive) {
   TellLines();
   for (const auto& box : fakes.shell.boxes)
     told += "box " + box + "\n";
-  return told + FilesLeft(drives);
+  return told + FilesLeft(fakes.drives);
 }
 
 } // namespace trekor::tests

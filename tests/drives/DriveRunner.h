@@ -28,24 +28,18 @@ namespace trekor::tests {
 class DriveRunner {
 public:
   // `shared` is the folder with what a release ships (templates, sample vocabulary, tones).
-  explicit DriveRunner(const std::string& shared) : DriveRunner(shared, nullptr) {}
-  // On other drives than the stand-ins; they must outlive the runner.
-  DriveRunner(const std::string& shared, Drives& vehicles) : DriveRunner(shared, &vehicles) {}
+  explicit DriveRunner(const std::string& shared);
   ~DriveRunner();
   // All that came out, as one text.
   std::string Play(const std::string& drive);
 
 private:
-  DriveRunner(const std::string& shared, Drives* others);
   void Do(const std::string& line);
   void Tick(int n);
   void Answer(Form& form);
   void TellLines();
 
   FakePlatform fakes;
-  Drives& drives;
-  Platform platform{fakes.clock,    fakes.pump, fakes.socket,  fakes.sound,
-                    fakes.keyboard, drives,     fakes.process, fakes.shell};
   std::unique_ptr<Program> program;
   std::deque<std::string> answers;
   std::string told;

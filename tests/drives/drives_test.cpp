@@ -1,6 +1,5 @@
 // Whole recorded drives. An expected file is rebuilt only by TREKOR_REBUILD_EXPECTED=1, and the commit says why.
 #include "drives/DriveRunner.h"
-#include "platform_os/FileDrives.h"
 
 #include <gtest/gtest.h>
 
@@ -44,19 +43,6 @@ TEST_P(RecordedDrive, LeavesExactlyWhatItLeftBefore) {
   const std::string expected = ReadFile(expectedPath);
   ASSERT_FALSE(expected.empty()) << "no " << expectedPath;
   EXPECT_EQ(actual, expected);
-}
-
-// On the drives of a vehicle, whose names are found in any case and whose copies are synced.
-TEST_P(RecordedDrive, LeavesTheSameOnRealDrives) {
-  std::string folder = (fs::temp_directory_path() / "trekor-drives-XXXXXX").string();
-  ASSERT_NE(mkdtemp(folder.data()), nullptr);
-  {
-    FileDrives drives(folder);
-    DriveRunner runner(TREKOR_BINARY_DIR "/share/trekor", drives);
-    const fs::path base = fs::path(TREKOR_SOURCE_DIR "/tests/drives") / GetParam();
-    EXPECT_EQ(runner.Play(ReadFile(base.string() + ".drive")), ReadFile(base.string() + ".expected"));
-  }
-  fs::remove_all(folder);
 }
 
 INSTANTIATE_TEST_SUITE_P(Drives, RecordedDrive, testing::ValuesIn(Recorded()),
