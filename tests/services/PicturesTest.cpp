@@ -71,7 +71,7 @@ TEST_F(PicturesTest, ThePictureIsFollowedByAByteForTheRemainderAndOneForEachBloc
     Save(each.length);
     const Bytes stored = row->Get("ObsIcon").Blob();
     Bytes wanted(shell.last.begin(), shell.last.end());
-    wanted.resize(wanted.size() + each.surplus);
+    wanted.insert(wanted.end(), each.surplus, 0);
     EXPECT_EQ(stored, wanted);
     EXPECT_EQ(fakes.pump.count - pumped, each.pumps);
     EXPECT_EQ(fakes.drives.Read("C:\\Trekor\\temp.bin"), shell.last) << "the work file stays, replaced each time";
