@@ -131,7 +131,8 @@ bool FileDrives::MakeFolder(const std::string& path) {
   std::error_code failed;
   const fs::path folder = Path(path);
   // What lies in the folder of the drives itself is a drive: a medium that is not in is not replaced by a folder.
-  if (!folder.empty() && folder.parent_path() != root && fs::create_directory(folder, failed))
+  const bool drive = fs::equivalent(folder.parent_path(), root, failed); // however the root is spelled
+  if (!folder.empty() && !drive && fs::create_directory(folder, failed))
     OnDisk(folder.parent_path());
   return fs::is_directory(folder, failed);
 }
