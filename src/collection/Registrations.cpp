@@ -36,8 +36,9 @@ void Registrations::Process_Key() {
   auto& at = ctx.position();
   if (ctx.run().RunState != 0)
     at.KeyStation.SetDefault(at.DmiStation.Default());
-  Carry_Out(ring.Front());
-  ring.Advance();
+  const int key = ring.Front();
+  ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
+  Carry_Out(key);
   stepping.Release_HeldDmi();
 }
 

@@ -168,15 +168,17 @@ void Run::Stop_FromPause() {
   Stop_Run();
 }
 
+// What the link says within the sends is heard behind it all: a boundary would lie behind the closing station, and an
+// order that answers the stop, as a close does, needs a program at rest.
 void Run::Stop_Run() {
   if (!ctx.fields.BusyGuard)
     return;
+  const SocketProp::Hold later(ctx.rooms.socket);
   const RunCommand command(ctx.fields);
-  const WhileSet ended(ctx.fields.rowOnStack); // a boundary in these sends would lie behind the closing station
   if (!ctx.run().FromLink) {
     ctx.Send("CTRL STOP " + WireNumber(ctx.position().KeyStation.Default()));
     ctx.Send("STATUS STOP " + WireNumber(ctx.position().KeyStation.Default()));
-    if (ctx.run().RunState == 0) // an exit in these sends has done all that follows
+    if (ctx.run().RunState == 0) // the close box in these sends has done all that follows
       return;
   }
   place.Uncover_Tabs();

@@ -108,11 +108,42 @@ TEST_F(AtAPump, APositionInTheSendsOfAStopCrossesNoBoundary) {
     Tick();
     EXPECT_EQ(Stations(), (Texts{"10 0", "10.05 0"}));
     EXPECT_TRUE(Sounds().empty());
-    EXPECT_EQ(form.Texts8.Text(), "10.150");
+    EXPECT_EQ(form.Texts8.Text(), "10.050");
+    EXPECT_EQ(state.position.DmiStation.Text(), "10.150");
     StartFromLink(10.0);
     Tick(2);
     EXPECT_EQ(Rows(), 1) << "what was held belonged to the run before";
     Press(F4);
+  }
+}
+
+// A control program that answers the end of a run straight away finds a program at rest.
+TEST_F(AtAPump, WhatAnswersTheSendsOfAStopIsCarriedOutBehindIt) {
+  for (int pump : {2, 3}) {
+    SCOPED_TRACE("pump " + std::to_string(pump));
+    const std::string first = "FIRST" + std::to_string(pump), second = "SECOND" + std::to_string(pump);
+    OpenFile(first);
+    StartFromLink(10.0);
+    Dmi(10.05);
+    for (int key : {int{'A'}, int{F4}, int{'B'}})
+      Key(key);
+    Tick();
+    for (const std::string& line :
+         Texts{"FILE CLOSE", "FILE NAME " + second, "FILE OPEN", "CTRL PREPARE 20", "CTRL START"})
+      LineAtPump(pump, line);
+    Tick();
+    EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\" + second + ".mdb");
+    EXPECT_EQ(State(), 1);
+    Tick(3);
+    EXPECT_EQ(Roads(), Texts{"20.000 to 20.100"}) << "no key of the run before";
+    EXPECT_EQ(Stations(), Texts{"20 0"});
+    Press(F4);
+    CloseFile();
+    EXPECT_TRUE(Exists("C:\\Roads\\" + first + ".TKR"));
+    state.file.DataFilePath = "C:\\Roads\\" + first + ".mdb";
+    EXPECT_EQ(Stations(), (Texts{"10 0", "10.05 0"}));
+    EXPECT_EQ(Spans_Of(Crack), Texts{"1 2 1"});
+    fakes.clock.Advance(1000);
   }
 }
 
