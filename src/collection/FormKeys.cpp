@@ -8,8 +8,8 @@ bool FormKeys::Form_KeyDown(int keyCode, int shift) {
   if (ctx.fields.loading || ctx.fields.ending)
     return false;
   const bool inRun = ctx.run().RunState != 0;
-  if (inRun && keyCode == keys::NumLock)
-    ask.Freeze_NumLock();
+  if (keyCode == keys::NumLock)
+    Keep_NumLock();
   if (keyCode == keys::F11) {
     ctx.Send("EVENT CLICK");
     return true;
@@ -22,7 +22,13 @@ bool FormKeys::Form_KeyDown(int keyCode, int shift) {
 
 // A lock key that is on goes off when it is released, on some systems.
 void FormKeys::Form_KeyUp(int keyCode) {
-  if (ctx.run().RunState != 0 && keyCode == keys::NumLock)
+  if (keyCode == keys::NumLock)
+    Keep_NumLock();
+}
+
+// From the moment when a start has saved the key's state.
+void FormKeys::Keep_NumLock() {
+  if (ctx.run().RunState != 0 || ctx.fields.NumLockAtStart)
     ask.Freeze_NumLock();
 }
 
@@ -52,8 +58,7 @@ void FormKeys::ToolBar_ButtonClick(const std::string& key) {
 }
 
 void FormKeys::Form_Activate() {
-  if (ctx.run().RunState != 0)
-    ask.Freeze_NumLock();
+  Keep_NumLock();
 }
 
 } // namespace trekor

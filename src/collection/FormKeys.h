@@ -23,6 +23,7 @@ public:
 
 private:
   bool Idle_Key(int keyCode, int shift);
+  void Keep_NumLock();
 
   RunContext& ctx;
   KeyRing& ring;

@@ -18,9 +18,10 @@ bool Measurements::Form_KeyDown(int keyCode, int shift) {
   return p->keys.Form_KeyDown(keyCode, shift);
 }
 
-// No control gets a typed letter during a run.
+// No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
+// would change the step that the session keeps.
 bool Measurements::Form_KeyPress(char32_t) {
-  return rooms.state.run.RunState != 0;
+  return rooms.state.run.RunState != 0 || p->ctx.fields.starting;
 }
 
 void Measurements::Check_DMI() {

@@ -140,7 +140,7 @@ void Stepping::Set_UpDnIcon() {
 }
 
 void Stepping::UpDnPicture_Click() {
-  if (ctx.run().RunState != 0)
+  if (ctx.run().RunState != 0 || ctx.fields.starting) // the first boundary lies ahead already
     return;
   ctx.position().DmiIncreasing = !ctx.position().DmiIncreasing;
   Set_UpDnIcon();

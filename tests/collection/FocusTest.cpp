@@ -153,6 +153,29 @@ TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
   EXPECT_TRUE(lock) << "as it was when the program went";
 }
 
+TEST_F(Focus, NothingIsTypedTurnedOrUnlockedWhileAStartWaits) {
+  form.chkNumLockFreeze.SetValue(1);
+  OpenFile();
+  Enter(form.Texts7); // keeps the focus behind the prompt for the station
+  int waits = 0;
+  fakes.pump.AtPump(500, [&] {
+    ++waits;
+    EXPECT_TRUE(form.OnKeyPress(U'1'));
+    form.UpDnPicture.Click();
+    Key(40, 1);
+    fakes.keyboard.numLock = false;
+    form.OnKeyUp(144);
+  });
+  StartAt(5.0);
+  EXPECT_EQ(waits, 1);
+  EXPECT_EQ(Sent().back(), "STATUS START  5  5 1");
+  EXPECT_TRUE(state.position.DmiIncreasing);
+  EXPECT_TRUE(fakes.keyboard.numLock);
+  Press(F4);
+  EXPECT_FALSE(fakes.keyboard.numLock);
+  EXPECT_FALSE(form.OnKeyPress(U'1'));
+}
+
 TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   fakes.drives.Write(state.folders.AudioTonesPath + "401.WAV", "spoken");
   fakes.drives.currentFolder = Folder;
