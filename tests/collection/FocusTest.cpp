@@ -180,7 +180,7 @@ TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   fakes.drives.Write(state.folders.AudioTonesPath + "401.WAV", "spoken");
   fakes.drives.currentFolder = Folder;
   fakes.drives.Write("C:\\Roads\\ROAD01.mdb", "there");
-  const auto refuse = [this](Form& asking) {
+  const auto refuse = [](Form& asking) {
     asking.Move(300, 450, 12600, 8100);
     dynamic_cast<FileNewForm&>(asking).Texts2.Type("ROAD01");
     asking.OnKeyDown(13, 0);
