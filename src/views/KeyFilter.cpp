@@ -59,10 +59,12 @@ int KeyFilter::CodeOf(const QKeyEvent& key) const {
 
 bool KeyFilter::Offer(FormView* view, const QKeyEvent& key) const {
   const int code = CodeOf(key), shift = ShiftState(key.modifiers());
+  // A key that was on its way when its window went must not change the answer that has been given.
+  const bool late = view && !view->Model().Shown;
   if (code == 0)
-    return false;
+    return late;
   Form* first = mainForm();
-  const bool elsewhere = view ? !view->IsModal() && &view->Model() != first
+  const bool elsewhere = view ? (late || !view->IsModal()) && &view->Model() != first
                               : QApplication::activePopupWidget() && !QApplication::activeModalWidget();
   if (first && elsewhere && first->OnKeyElsewhere && first->OnKeyElsewhere(code, shift)) {
     QWidget* popup = QApplication::activePopupWidget();
@@ -70,7 +72,7 @@ bool KeyFilter::Offer(FormView* view, const QKeyEvent& key) const {
       popup = QApplication::activePopupWidget();
     return true;
   }
-  return view && view->OfferKey(code, shift);
+  return late || (view && view->OfferKey(code, shift));
 }
 
 void KeyFilter::Release(const QKeyEvent& key) const {
