@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QMenuBar>
+#include <QMessageBox>
 #include <QScreen>
 
 #include <algorithm>
@@ -186,9 +187,13 @@ void FormView::Show(QWidget* above) {
 void FormView::Hide() {
   form.Shown = false;
   form.ActiveControl = nullptr; // the next showing gives its control the focus anew
-  const bool active = window && QApplication::activeWindow() == window;
-  if (window)
+  const QWidget* front = QApplication::activeWindow();
+  const bool active = window && front && (front == window || front->parentWidget() == window);
+  if (window) {
+    for (QMessageBox* box : window->findChildren<QMessageBox*>(Qt::FindDirectChildrenOnly))
+      box->reject(); // what it tells on top of it goes too, or it would keep the keys of a run
     window->hide();
+  }
   if (active && opener) // not every window manager does it, and without one nobody
     opener->activateWindow();
   if (modal)

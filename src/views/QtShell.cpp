@@ -132,11 +132,12 @@ void QtShell::Hourglass(bool on) {
 }
 
 void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon icon) {
-  QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::Ok, QApplication::activeWindow());
-  box.setTextFormat(Qt::PlainText);
   const QPointer<QWidget> before = QApplication::activeWindow();
+  QWidget* asking = QApplication::activeModalWidget(); // also while another program is in front
+  QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::Ok, asking ? asking : before.data());
+  box.setTextFormat(Qt::PlainText);
   box.exec();
-  if (before)
+  if (before && before->isVisible())
     before->activateWindow();
 }
 

@@ -6,6 +6,7 @@
 #include <QImage>
 #include <QLabel>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <gtest/gtest.h>
@@ -43,6 +44,29 @@ TEST_F(ShellTest, ANoticeIsOnTheScreenWhenTheCallReturns) {
   shell.ShowNotice("");
   for (const QWidget* w : QApplication::topLevelWidgets())
     EXPECT_FALSE(w->isVisible());
+}
+
+// An order of the link or the end of the program takes the form away while it tells something.
+TEST_F(ShellTest, ABoxGoesAwayWithTheFormThatItStandsOn) {
+  for (const bool unload : {false, true}) {
+    SCOPED_TRACE(unload ? "unloaded" : "hidden");
+    Form form("Trial");
+    bool stuck = false;
+    QTimer late;
+    QObject::connect(&late, &QTimer::timeout, [&stuck] {
+      stuck = true;
+      QApplication::activeModalWidget()->close();
+    });
+    late.start(3000);
+    QTimer::singleShot(0, [&] {
+      QTimer::singleShot(0, [&] { unload ? shell.Unload(form) : shell.Hide(form); });
+      shell.MsgBox("No folder", "Trial", BoxIcon::Exclamation);
+      shell.Hide(form);
+    });
+    shell.ShowModal(form);
+    EXPECT_FALSE(stuck);
+    shell.Unload(form);
+  }
 }
 
 TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
