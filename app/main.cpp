@@ -57,6 +57,8 @@ int Run(int argc, char** argv) {
   if (program.Main() && !process.Ended())
     QApplication::exec();
   shell.UnloadAll();
+  if (!sound.LetsGo()) // all files are closed by now
+    std::_Exit(0);
   return 0;
 }
 

@@ -18,7 +18,7 @@ namespace {
 
 constexpr int Rate = 44100, Channels = 2;
 constexpr int Frames = 512; // 12 ms from the key to the loudspeaker
-constexpr std::chrono::seconds LongestWaitForPicture{2};
+constexpr std::chrono::seconds LongestWaitForPicture{2}, LongestWaitForServer{1};
 
 void Trace(const char* what, const char* why) {
   if (std::getenv("TREKOR_TRACE"))
@@ -56,12 +56,21 @@ void SdlSoundPlayer::Work(const std::stop_token& stop) {
     std::unique_lock lock(mutex);
     changed.wait_for(lock, stop, LongestWaitForPicture, [this] { return pictureShown; });
   }
-  if (stop.stop_requested())
-    return;
-  OpenDevice();
-  PlayWhatIsAsked(stop);
-  CloseDevice();
-  SDL_TLSCleanup(); // what the library keeps for a thread that it did not begin
+  if (!stop.stop_requested()) {
+    OpenDevice();
+    PlayWhatIsAsked(stop);
+    CloseDevice();
+    SDL_TLSCleanup(); // what the library keeps for a thread that it did not begin
+  }
+  const std::lock_guard lock(mutex);
+  ended = true;
+  changed.notify_all();
+}
+
+bool SdlSoundPlayer::LetsGo() {
+  worker.request_stop();
+  std::unique_lock lock(mutex);
+  return changed.wait_for(lock, LongestWaitForServer, [this] { return ended || !worker.joinable(); });
 }
 
 void SdlSoundPlayer::OpenDevice() {

@@ -18,7 +18,7 @@ class SdlSoundPlayer : public SoundPlayer {
 public:
   // The drives are asked for files on the player's thread too.
   explicit SdlSoundPlayer(Drives& drives) : drives(drives) {}
-  // Waits until the library lets go of the device.
+  // Waits until the library lets go of the device: for ever, when LetsGo says so.
   ~SdlSoundPlayer() override = default;
   SdlSoundPlayer(const SdlSoundPlayer&) = delete;
   SdlSoundPlayer& operator=(const SdlSoundPlayer&) = delete;
@@ -31,6 +31,9 @@ public:
   void Play(const std::vector<std::string>& paths) override;
 
   void PictureShown();
+  // Ends the thread. False when it does not come back within a second: a sound server that hangs may hold it for good,
+  // and must not hold the process, which nothing else keeps by then and which would keep the next start out.
+  bool LetsGo();
 
 private:
   using Paths = std::vector<std::string>;
@@ -48,7 +51,7 @@ private:
   // Between the callers and the worker, under the mutex, which nobody holds for long.
   std::mutex mutex;
   std::condition_variable_any changed;
-  bool pictureShown = false, audioStarted = false;
+  bool pictureShown = false, audioStarted = false, ended = false;
   unsigned device = 0;
   std::vector<Paths> asked; // oldest first
   // Between the worker and the library's own thread, under the device's lock.

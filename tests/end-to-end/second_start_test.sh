@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Two real processes: the second start ends and says so, and only a running program keeps it out.
+# Two real processes: the second start ends and says so, and only a running program keeps it out. A program that is told
+# to end does not go on running for its sound.
 #   second_start_test.sh BUILD-FOLDER
 set -euo pipefail
 build=$1
@@ -12,7 +13,8 @@ export QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy XDG_RUNTIME_DIR=$work TRE
 databases=$TREKOR_DRIVES/C/Veldmark/Trekor/MDB
 mkdir -p "$databases"
 cp "$build/share/trekor/Trekor.vdb" "$databases/Trekor.mdb"
-sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='1' WHERE Name='RemotePort'" # where nobody listens
+port=$((20000 + $$ % 20000)) # where nobody listens yet
+sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='$port' WHERE Name='RemotePort'"
 mkfifo "$work/told"
 exec 4<>"$work/told" # held open, so that the program never writes to nobody
 
@@ -41,4 +43,12 @@ second
 ln -s drives "$work/other-name"
 second "$work/other-name"
 kill -0 "$first" || fail "the first one has gone"
+kill -9 "$first"
+wait "$first" || true
+
+mkfifo "$work/silent" # a device that hangs while it opens: nobody listens
+echo "at 1 end" >"$work/end.drive"
+SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$work/silent timeout 60 "$build/bin/trekor-control" --launch "$build/bin/Trekor" \
+  --args "7707-104 /US" --port "$port" --drive "$work/end.drive" </dev/null >"$work/transcript.txt" 2>&1 ||
+  fail "a sound device that hangs kept the program"
 echo "passed"
