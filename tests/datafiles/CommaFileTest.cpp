@@ -71,22 +71,13 @@ TEST(CommaFile, WritesTwentyObservationsInFeetAndCountsThemInTheNextHead) {
 }
 
 TEST(CommaFile, TurnsTextsIntoDigits) {
-  struct Case {
+  const struct {
     const char* text;
     char stretch, point;
-  };
-  for (const auto& [text, stretch, point] : {Case{"7", '7', '7'},
-                                             {"12", '9', '9'},
-                                             {"0", '0', '0'},
-                                             {"", '0', '0'},
-                                             {"word", '1', '0'},
-                                             {"-3", '0', '0'},
-                                             {"2,5", '2', '2'},
-                                             {"3.5", '4', '4'},
-                                             {"0.2", '1', '0'},
-                                             {"40000", '1', '0'},
-                                             {" 0 ", '0', '0'},
-                                             {"7x", '1', '0'}}) {
+  } cases[] = {{"7", '7', '7'},    {"12", '9', '9'},    {"0", '0', '0'},   {"", '0', '0'},
+               {"word", '1', '0'}, {"-3", '0', '0'},    {"2,5", '2', '2'}, {"3.5", '4', '4'},
+               {"0.2", '1', '0'},  {"40000", '1', '0'}, {" 0 ", '0', '0'}, {"7x", '1', '0'}};
+  for (const auto& [text, stretch, point] : cases) {
     Job job;
     job.Offer(5, "Crack", "C", 1);
     ASSERT_TRUE(job.Create("DIGIT"));

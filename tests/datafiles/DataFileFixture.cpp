@@ -2,19 +2,10 @@
 
 #include "Version.h"
 #include "datafiles/ExportSessions.h"
-
-#include <fstream>
-#include <sstream>
+#include "support/Databases.h"
 
 namespace trekor::tests {
 namespace {
-
-std::string ReadText(const std::string& nativePath) {
-  std::ifstream in(nativePath, std::ios::binary);
-  std::ostringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 void Replace(std::string& text, const std::string& what, const std::string& by) {
   for (std::size_t at = text.find(what); at != std::string::npos; at = text.find(what, at + by.size()))
@@ -23,29 +14,21 @@ void Replace(std::string& text, const std::string& what, const std::string& by) 
 
 } // namespace
 
-void MakeTemplate(FakeDrives& drives, const std::string& sqlFile, const std::string& path) {
-  const std::string native = drives.NativePath(path);
-  ASSERT_TRUE(Database::Create(native, ""));
-  auto database = Database::Open(native, OpenMode::Shared);
-  ASSERT_NE(database, nullptr);
-  ASSERT_TRUE(database->Execute("BEGIN;" + ReadText(TREKOR_SOURCE_DIR "/templates/" + sqlFile) + "COMMIT;"))
-      << database->LastError();
+void MakeTemplate(FakeDrives& drives, const std::string& name, const std::string& path) {
+  MakeDatabase(drives, path, TemplateText(name));
 }
 
 std::string Expected(const std::string& name) {
-  std::string text = ReadText(TREKOR_SOURCE_DIR "/tests/datafiles/expected/" + name);
+  std::string text = BytesOf(TREKOR_SOURCE_DIR "/tests/datafiles/expected/" + name);
   Replace(text, "@VERSION@", FileFormat(50 + VersionMajor + VersionMinor / 100.0, "#0.00"));
   Replace(text, "@REVISION@", std::to_string(VersionRevision));
   return text;
 }
 
 Job::Job() {
-  machine.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
+  FillFolders(machine, state.folders);
   machine.drives.MakeFolders("D:\\Data");
-  state.folders.AppPath = "C:\\Trekor";
-  state.folders.RootFolder = "C:\\Veldmark\\Trekor";
-  state.folders.MdbFolder = "C:\\Veldmark\\Trekor\\MDB";
-  MakeTemplate(machine.drives, "DataFile.sql", "C:\\Veldmark\\Trekor\\MDB\\DATAfile.mdb");
+  MakeTemplate(machine.drives, "DataFile", "C:\\Veldmark\\Trekor\\MDB\\DATAfile.mdb");
   state.file.DataPath = "D:\\Data";
   state.position.StepSize.SetDefault(0.1);
 }

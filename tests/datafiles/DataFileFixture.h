@@ -51,7 +51,7 @@ private:
 
 // An expected file of this folder, with the program's version filled in.
 std::string Expected(const std::string& name);
-// Makes a database with the layout of a readable template text at a path of the program.
-void MakeTemplate(FakeDrives& drives, const std::string& sqlFile, const std::string& path);
+// Makes a database with the layout of a released template at a path of the program.
+void MakeTemplate(FakeDrives& drives, const std::string& name, const std::string& path);
 
 } // namespace trekor::tests

@@ -111,7 +111,7 @@ TEST(DataFiles, OpensNoForeignDamagedMissingOrLockedFile) {
   job.machine.drives.Write(job.DataFile("SHORT"), good.substr(0, good.size() / 3));
   job.machine.drives.Write(job.DataFile("TEXT"), "Dear reader, this is no data file at all. " + std::string(5000, '.'));
   job.machine.drives.Write(job.DataFile("EMPTY"), "");
-  MakeTemplate(job.machine.drives, "Software.sql", job.DataFile("FOREIGN"));
+  MakeTemplate(job.machine.drives, "Software", job.DataFile("FOREIGN"));
   for (const char* name : {"SHORT", "TEXT", "EMPTY", "FOREIGN", "MISSING"}) {
     job.state.file.DataFilePath = job.DataFile(name);
     EXPECT_FALSE(job.files.OpenDataFile()) << name;
@@ -133,7 +133,7 @@ TEST(DataFiles, OpensNoForeignDamagedMissingOrLockedFile) {
 
 TEST(DataFiles, AddsASessionEachTimeAFileIsOpenedForMoreCollection) {
   Job job;
-  MakeTemplate(job.machine.drives, "DataFile.sql", "C:\\Trekor\\DATAfile.vdb");
+  MakeTemplate(job.machine.drives, "DataFile", "C:\\Trekor\\DATAfile.vdb");
   job.Offer(17, "Rutting", "RUT", 2);
   ASSERT_TRUE(job.Create("ROAD01"));
   job.Step("1.000");

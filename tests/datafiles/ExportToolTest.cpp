@@ -32,7 +32,7 @@ struct Office {
     job.machine.drives.Write(job.DataFile("TEXT"), "no data file");
     const std::string whole = job.machine.drives.Read(job.DataFile("A"));
     job.machine.drives.Write(job.DataFile("CUT"), whole.substr(0, whole.size() / 2));
-    MakeTemplate(job.machine.drives, "Software.sql", job.DataFile("FOREIGN"));
+    MakeTemplate(job.machine.drives, "Software", job.DataFile("FOREIGN"));
   }
   void AddStretch() {
     const auto from = job.Step("1.000"), to = job.Step("1.100");

@@ -16,7 +16,7 @@ struct Dialog {
     drives.MakeFolders("D:\\Data");
     drives.MakeFolders("E:\\Data");
     drives.currentFolder = "D:\\Data";
-    MakeTemplate(drives, "Messages.sql", "C:\\Trekor\\Messages.mdb");
+    MakeTemplate(drives, "Messages", "C:\\Trekor\\Messages.mdb");
     messages.Open("C:\\Trekor\\Messages.mdb");
     messages.Load_Form();
   }

@@ -1,5 +1,6 @@
 // Whole recorded drives. An expected file is rebuilt only by TREKOR_REBUILD_EXPECTED=1, and the commit says why.
 #include "drives/DriveRunner.h"
+#include "support/Databases.h"
 
 #include <gtest/gtest.h>
 
@@ -7,20 +8,12 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 namespace trekor::tests {
 
 namespace {
 
 namespace fs = std::filesystem;
-
-std::string ReadFile(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
-}
 
 std::vector<std::string> Recorded() {
   std::vector<std::string> names;
@@ -37,10 +30,10 @@ TEST_P(RecordedDrive, LeavesExactlyWhatItLeftBefore) {
   const fs::path base = fs::path(TREKOR_SOURCE_DIR "/tests/drives") / GetParam();
   const fs::path expectedPath = base.string() + ".expected";
   DriveRunner runner(TREKOR_BINARY_DIR "/share/trekor");
-  const std::string actual = runner.Play(ReadFile(base.string() + ".drive"));
+  const std::string actual = runner.Play(BytesOf(base.string() + ".drive"));
   if (std::getenv("TREKOR_REBUILD_EXPECTED"))
     std::ofstream(expectedPath, std::ios::binary) << actual;
-  const std::string expected = ReadFile(expectedPath);
+  const std::string expected = BytesOf(expectedPath);
   ASSERT_FALSE(expected.empty()) << "no " << expectedPath;
   EXPECT_EQ(actual, expected);
 }

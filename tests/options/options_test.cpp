@@ -142,10 +142,5 @@ TEST_F(ProgramOptions, StayOffWithoutARow) {
   EXPECT_EQ(state.options.OptionUnits, "");
 }
 
-TEST_F(ProgramOptions, EndTheProgramWithoutATemplate) {
-  EXPECT_FALSE(options.LoadSoftwareDatabases());
-  EXPECT_EQ(machine.shell.boxes.size(), 1U);
-}
-
 } // namespace
 } // namespace trekor::tests

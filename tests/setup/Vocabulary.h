@@ -2,22 +2,13 @@
 #pragma once
 
 #include "setup/TestSetup.h"
-#include "support/FakePlatform.h"
+#include "support/Databases.h"
 
-#include <fstream>
-#include <sstream>
 #include <string>
 
 #include <gtest/gtest.h>
 
 namespace trekor::tests {
-
-inline std::string TemplateText(const std::string& name) {
-  std::ifstream file(std::string(TREKOR_SOURCE_DIR) + "/templates/" + name);
-  std::ostringstream text;
-  text << file.rdbuf();
-  return text.str();
-}
 
 struct PictureForm : Form {
   PictureForm() : Form("Measurements") {}
@@ -27,24 +18,16 @@ struct PictureForm : Form {
 class Vocabulary : public ::testing::Test {
 protected:
   Vocabulary() {
-    machine.drives.MakeFolders("C:\\Trekor");
-    machine.drives.MakeFolders("C:\\Veldmark\\Trekor\\MDB");
-    state.folders.AppPath = "C:\\Trekor";
-    state.folders.RootFolder = "C:\\Veldmark\\Trekor";
-    state.folders.MdbFolder = "C:\\Veldmark\\Trekor\\MDB";
+    FillFolders(machine, state.folders);
     form.pictures.Add({"CRACK.PNG", "Crack.png", "C:\\Trekor\\Graphics\\Crack.png"});
     state.TestSetupID = 1;
   }
 
   std::unique_ptr<Database> Make(const std::string& path, const std::string& sql) {
-    const std::string native = machine.drives.NativePath(path);
-    EXPECT_TRUE(Database::Create(native, ";LANGID=0x0409;CP=1252;COUNTRY=0"));
-    std::unique_ptr<Database> made = Database::Open(native, OpenMode::Shared);
-    // One transaction, as each statement alone would wait for the disk.
-    EXPECT_TRUE(made && made->Begin() && made->Execute(sql) && made->Commit());
-    return made;
+    MakeDatabase(machine.drives, path, sql);
+    return Database::Open(machine.drives.NativePath(path), OpenMode::Shared);
   }
-  void OpenVocabulary() { database.ObsDB = Make(Working, TemplateText("Observations.sql")); }
+  void OpenVocabulary() { database.ObsDB = Make(Working, TemplateText("Observations")); }
 
   // One item of folder 1 and its place in setup 1; its code is its id.
   struct Item {

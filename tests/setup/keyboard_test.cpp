@@ -46,30 +46,6 @@ protected:
   ClassKeyBoard board{tables, setup}, pad{tables, setup};
 };
 
-// Each key's text where it changes, "_" for a blank.
-std::string RowOf(const Grid& grid, int row) {
-  std::string texts;
-  for (int c = 0; c < grid.Cols(); ++c) {
-    if (c > 0 && grid.Text(row, c) == grid.Text(row, c - 1)) {
-      continue;
-    }
-    const std::string& text = grid.Text(row, c);
-    texts += (text.find_first_not_of(' ') == std::string::npos ? std::string(text.size(), '_') : text) + "@" +
-             std::to_string(c) + " ";
-  }
-  return texts;
-}
-
-TEST_F(KeyPictures, StandKeyByKeyWhereTheRealKeysAre) {
-  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 0), "F1@0 F2@4 F3@8 F4@12 F5@16 F6@20 F7@24 F8@28 F9@32 F10@36 F11@40 F12@44 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 1), "1@0 2@4 3@8 4@12 5@16 6@20 7@24 8@28 9@32 0@36 _@40 __@44 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 2), "_@0 Q@2 W@6 E@10 R@14 T@18 Y@22 U@26 I@30 O@34 P@38 _@42 __@46 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 3), "_@0 A@3 S@7 D@11 F@15 G@19 H@23 J@27 K@31 L@35 _@39 __@43 _@47 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyBoard, 4), "__@0 Z@5 X@9 C@13 V@17 B@21 N@25 M@29 Space@33 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyPad, 0), "_@0 /@1 *@2 -@3 ");
-  EXPECT_EQ(RowOf(keys.fxgKeyPad, 4), "0@0 ,@2 Enter@3 ");
-}
-
 // The three ways to say which keys may carry an observation must agree.
 TEST_F(KeyPictures, HaveExactlyTheValidKeysInTheirTables) {
   for (int code = 0; code <= TestSetup::LastKeyCode; ++code) {

@@ -10,18 +10,13 @@ TEST_F(Vocabulary, BecomesColumnsInTheOrderOfTheirPlaces) {
   setup.Load_TestSetup();
   ASSERT_EQ(setup.ObsCount(), 2);
   const ClassObservation& first = setup.Observations(1);
-  EXPECT_EQ(first.ObsParID, 9);
-  EXPECT_EQ(first.ObsCode, 9);
-  EXPECT_EQ(first.ObsNameFile(), "Item 9");
-  EXPECT_EQ(first.ObsAbrvDisp(), "I9");
-  EXPECT_EQ(first.ObsIcon(), "CRACK.PNG");
-  EXPECT_EQ(first.Min(), 2);
-  EXPECT_EQ(first.Max(), 10);
-  EXPECT_EQ(first.RegModeCode, 3);
-  EXPECT_EQ(first.KeyingCode, 2);
+  EXPECT_EQ(first.ObsNameFile() + "," + first.ObsAbrvDisp() + "," + first.ObsIcon() + "," + first.ParNameDisp(),
+            "Item 9,I9,CRACK.PNG, ");
+  EXPECT_EQ((std::vector<int>{first.ObsParID, first.ObsCode, first.RegModeCode, first.KeyingCode, first.ParCode()}),
+            (std::vector<int>{9, 9, 3, 2, 0}))
+      << "0: the last one whatever is stored";
+  EXPECT_EQ(first.Min() * 100 + first.Max(), 210);
   EXPECT_EQ(first.DefaultText(), "2") << "every value starts at its lower limit";
-  EXPECT_EQ(first.ParCode(), 0) << "whatever is stored";
-  EXPECT_EQ(first.ParNameDisp(), " ");
   EXPECT_EQ(setup.Observations(2).ObsParID, 5);
   EXPECT_EQ(setup.KeyToObs(116), 1);
   EXPECT_EQ(setup.KeyToObs(65), 2);
@@ -107,7 +102,7 @@ TEST_F(Vocabulary, IsEmptyWithoutADatabase) {
 }
 
 TEST_F(Vocabulary, IsInstalledFromItsTemplateAndOpened) {
-  Make(Template, TemplateText("Observations.sql")).reset();
+  Make(Template, TemplateText("Observations")).reset();
   ASSERT_TRUE(database.LoadDatabase());
   ASSERT_TRUE(database.ObsDB && database.rsObservations && database.rsLanguages && database.rsRegModes);
   EXPECT_EQ(database.rsDataTypes->RecordCount(), 4);

@@ -2,12 +2,9 @@
 // For rooms that stand on texts; links against store and texts.
 #pragma once
 
-#include "core/ProgramState.h"
-#include "store/Database.h"
-#include "support/FakePlatform.h"
+#include "support/Databases.h"
 #include "texts/Texts.h"
 
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -26,25 +23,6 @@ inline std::string TextTable(const std::string& rows = "", const std::string& mo
   return "CREATE TABLE Text (TextID TEXT(64), English TEXT(255)" + moreColumns +
          "); CREATE UNIQUE INDEX Text_TextID ON Text(TextID COLLATE NOCASE);" +
          (rows.empty() ? "" : "INSERT INTO Text VALUES " + rows + ";");
-}
-
-inline void MakeDatabase(FakeDrives& drives, const std::string& path, const std::string& sql) {
-  const std::string native = drives.NativePath(path);
-  // Nothing here must survive a power cut, and a test should not wait for the disk.
-  const std::string quick = "PRAGMA synchronous = OFF; BEGIN; " + sql + " COMMIT;";
-  if (!Database::Create(native, "") || !Database::Open(native, OpenMode::Shared)->Execute(quick))
-    throw std::runtime_error("no database " + path);
-}
-
-inline void FillFolders(FakePlatform& fakes, FolderPaths& folders) {
-  folders.ProgramName = "Trekor";
-  folders.AppPath = "C:\\Trekor";
-  folders.RootFolder = "C:\\Veldmark\\Trekor";
-  folders.VdbFolder = folders.RootFolder + "\\VDB";
-  folders.MdbFolder = folders.RootFolder + "\\MDB";
-  folders.SharedMdbFolder = "C:\\Veldmark\\Parcels\\MDB";
-  for (const auto& folder : {folders.AppPath, folders.VdbFolder, folders.MdbFolder, folders.SharedMdbFolder})
-    fakes.drives.MakeFolders(folder);
 }
 
 // Fills the folders of the state and makes both files.

@@ -34,19 +34,4 @@ public:
   const std::filesystem::path path;
 };
 
-// A copy that a test may write to.
-class WritableCopy {
-public:
-  explicit WritableCopy(const std::string& file) {
-    std::filesystem::copy_file(Share(file), folder.File("copy.mdb"));
-    database = Database::Open(folder.File("copy.mdb"), OpenMode::Shared);
-  }
-
-private:
-  TestFolder folder; // goes after the database
-
-public:
-  std::unique_ptr<Database> database;
-};
-
 } // namespace trekor::tests

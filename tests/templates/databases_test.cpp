@@ -1,3 +1,4 @@
+#include "support/Databases.h"
 #include "templates/Share.h"
 
 #include <gtest/gtest.h>
@@ -5,7 +6,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <fstream>
-#include <iterator>
 #include <map>
 
 namespace trekor::tests {
@@ -13,11 +13,6 @@ namespace trekor::tests {
 namespace {
 
 using Names = std::vector<std::string>;
-
-std::string BytesOf(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
-}
 
 int MakeTemplate(const std::string& out, const std::string& texts) {
   return std::system((TREKOR_BINARY_DIR "/templates/make_template " + out + " " + texts).c_str());
@@ -105,15 +100,6 @@ TEST(DataFileTemplate, HoldsWhateverTheVocabularyHolds) {
   EXPECT_GE(SizeOf(*database, "Registrations", "RegData"), 255); // what a prompt takes
 }
 
-TEST(VocabularyTemplate, ShipsLookupsAlone) {
-  const auto database = OpenShared("Observations.vdb");
-  ASSERT_TRUE(database);
-  for (const char* table : {"Languages", "Observations", "ObsLinguistic", "SetupNames", "Setups"})
-    EXPECT_EQ(database->OpenTable(table)->RecordCount(), 0) << table;
-  for (const char* table : {"DataTypes", "RegModes", "KeyingCodes"})
-    EXPECT_GT(database->OpenTable(table)->RecordCount(), 0) << table;
-}
-
 // An update knows rows by the first field of a primary key; two fields in one would write all rows of an id over each
 // other.
 TEST(VocabularyTemplate, GivesTwoFieldKeysNoPrimaryIndex) {
@@ -124,53 +110,6 @@ TEST(VocabularyTemplate, GivesTwoFieldKeysNoPrimaryIndex) {
     ASSERT_EQ(indexes.size(), 1u) << table;
     EXPECT_TRUE(indexes[0].unique && !indexes[0].primary && indexes[0].fields.size() == 2) << table;
   }
-}
-
-TEST(VocabularyTemplate, ShowsTheDetailsOfAnItemThatWasJustAdded) {
-  WritableCopy copy("Observations.vdb");
-  ASSERT_TRUE(copy.database);
-  const auto names = copy.database->OpenTable("ObsLinguistic"), items = copy.database->OpenTable("Observations"),
-             setups = copy.database->OpenTable("Setups");
-  ASSERT_TRUE(names->AddNew() && names->Set("LanguageID", 1) && names->Set("ObsCode", 7) && names->Update());
-  ASSERT_TRUE(items->AddNew() && items->Set("LanguageID", 1) && items->Set("ObsCode", 7));
-  const auto id = items->Get("ObsParID");
-  ASSERT_TRUE(items->Update());
-  const auto details = copy.database->OpenQuery(
-      "SELECT * FROM Observations, ObsLinguistic,DataTypes, KeyingCodes, RegModes WHERE ObsParID=" + id.Text() +
-      " AND Observations.ObsCode=ObsLinguistic.ObsCode AND Observations.LanguageID=ObsLinguistic.LanguageID"
-      " AND Observations.DataType=DataTypes.DataTypeID AND Observations.RegModeCode=RegModes.RegModeCode");
-  ASSERT_TRUE(details && !details->Eof());
-  EXPECT_EQ(details->Get("ObsNameDisp").Text(), " ");
-  ASSERT_TRUE(setups->AddNew());
-  EXPECT_EQ(setups->Get("KeyCode"), FieldValue(-1));
-  EXPECT_GT(setups->Get("GridPosition").Integer(), 1000); // behind all others until they are numbered anew
-}
-
-TEST(SoftwareTemplate, StartsMetricAndFindsTheRowSavedLastFirst) {
-  WritableCopy copy("Software.vdb");
-  ASSERT_TRUE(copy.database);
-  const auto options = copy.database->OpenTable("Options");
-  ASSERT_TRUE(options && options->SetIndex("ID"));
-  options->MoveFirst();
-  EXPECT_EQ(options->Get("Units").Text(), "Metric");
-  EXPECT_EQ(options->Get("FileUnits").Text(), "Metric");
-  for (const char* on : {"MDB", "TKR", "AssistanceVoice", "DrivingSide"})
-    EXPECT_EQ(options->Get(on), FieldValue(1)) << on;
-  for (const char* off : {"StationUnit", "FileStationUnit", "DataColVoice", "GeographicFormat"})
-    EXPECT_EQ(options->Get(off), FieldValue(0)) << off;
-  ASSERT_TRUE(options->AddNew() && options->Set("Units", "US") && options->Update());
-  options->MoveFirst();
-  EXPECT_EQ(options->Get("Units").Text(), "US");
-}
-
-TEST(TextTemplates, AnswerByNumberAndByWordInAnyCase) {
-  const auto messages = OpenShared("Messages.vdb"), texts = OpenShared("Trekor.vdb");
-  ASSERT_TRUE(messages && texts);
-  const auto message = messages->OpenTable("Messages"), word = texts->OpenTable("Text");
-  ASSERT_TRUE(message->SetIndex("ID") && message->Seek(401));
-  EXPECT_FALSE(message->Get("English").Text().empty());
-  ASSERT_TRUE(word->SetIndex("TextID") && word->Seek("W_ENTER"));
-  EXPECT_EQ(word->Get("English").Text(), "Enter");
 }
 
 } // namespace trekor::tests

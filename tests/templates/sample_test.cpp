@@ -1,6 +1,8 @@
 // The sample vocabulary, its icons, and the tones that answer its keys.
 #include "templates/Share.h"
 
+#include "setup/TestSetup.h"
+
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -13,11 +15,6 @@
 namespace trekor::tests {
 
 namespace {
-
-bool MayCarryAnObservation(std::int64_t code) {
-  const auto between = [code](int from, int to) { return code >= from && code <= to; };
-  return code == 32 || between(48, 57) || between(65, 90) || (between(96, 111) && code != 108) || between(116, 121);
-}
 
 // As a setup is loaded.
 std::unique_ptr<Recordset> LoadSetup(Database& database, const std::string& id) {
@@ -53,7 +50,7 @@ TEST(SampleVocabulary, LoadsEachSetupWithAValidKeyOfItsOwnForEachItem) {
     for (; rows && !rows->Eof(); rows->MoveNext()) {
       SCOPED_TRACE(rows->Get("ObsNameDisp").Text());
       EXPECT_EQ(rows->Get("GridPosition").Integer(), ++place);
-      EXPECT_TRUE(MayCarryAnObservation(rows->Get("KeyCode").Integer()));
+      EXPECT_TRUE(Valid_KeyCode(static_cast<int>(rows->Get("KeyCode").Integer())));
       EXPECT_TRUE(keys.insert(rows->Get("KeyCode").Integer()).second);
       used.insert(rows->Get("Setups.ObsParID").Integer());
     }
