@@ -1,5 +1,6 @@
 #include "platform_os/FileDrives.h"
 #include "platform_os/ProgramFolder.h"
+#include "support/Case.h"
 
 #include <gtest/gtest.h>
 
@@ -57,22 +58,12 @@ protected:
 TEST_F(DrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
   Write(Native("C/Data/Road.MDB"), "x");
   Write(folder / "outside.txt", "secret");
-  const struct {
-    const char *path, *native;
-  } cases[] = {
-      {"C:\\Data\\Road.MDB", "C/Data/Road.MDB"},
-      {"c:\\DATA\\road.mdb", "C/Data/Road.MDB"},
-      {"C:/data/ROAD.mdb", "C/Data/Road.MDB"},
-      {"C:\\data\\New Name.Txt", "C/Data/New Name.Txt"},
-      {"C:\\.\\data\\\\x\\..\\road.mdb", "C/Data/Road.MDB"},
-      {"C:\\..\\..\\outside.txt", "C/outside.txt"},
-      {"..\\..\\..\\outside.txt", "C/outside.txt"},
-      {"\\temp.txt", "C/temp.txt"},
-      {"sub\\a.txt", "C/Trekor/sub/a.txt"},
-      {"D:\\a.txt", "D/a.txt"},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(drives->NativePath(c.path), Native(c.native).string()) << c.path;
+  for (const tests::Case c : {"C:\\Data\\Road.MDB -> C/Data/Road.MDB", "c:\\DATA\\road.mdb -> C/Data/Road.MDB",
+                              "C:/data/ROAD.mdb -> C/Data/Road.MDB", "C:\\data\\New Name.Txt -> C/Data/New Name.Txt",
+                              "C:\\.\\data\\\\x\\..\\road.mdb -> C/Data/Road.MDB",
+                              "C:\\..\\..\\outside.txt -> C/outside.txt", "..\\..\\..\\outside.txt -> C/outside.txt",
+                              "\\temp.txt -> C/temp.txt", "sub\\a.txt -> C/Trekor/sub/a.txt", "D:\\a.txt -> D/a.txt"})
+    EXPECT_EQ(drives->NativePath(c.given), Native(c.wanted).string()) << c.line;
   fs::create_directories(folder / "nobody's");
   fs::current_path(folder / "nobody's");
   for (const std::string& bad : {std::string(), std::string("C:\\a\0b", 6), std::string("\\\\server\\share\\a"),

@@ -2,6 +2,7 @@
 #include "StoreFixture.h"
 
 #include "store/LikePattern.h"
+#include "support/Case.h"
 
 namespace trekor {
 
@@ -78,31 +79,12 @@ TEST_F(QueryTest, NumbersWithLeadingBlanksAndOtherSpellings) {
 TEST_F(QueryTest, LikeKeepsItsStar) {
   EXPECT_EQ(Result("SELECT * from Languages WHERE Language LIKE 'New Folder (*)'", "Language"),
             (Texts{"New Folder (2)", "new folder (10)"}));
-  struct Case {
-    const char *pattern, *text;
-    bool fits;
-  };
-  const Case cases[] = {{"", "", true},
-                        {"*", "", true},
-                        {"?", "", false},
-                        {"?", "æ", true},
-                        {"a*b*c", "aXbbYc", true},
-                        {"a*b*c", "aXbbY", false},
-                        {"100%", "100%", true},
-                        {"100%", "1000", false},
-                        {"_", "a", false},
-                        {"#", "7", true},
-                        {"#", "x", false},
-                        {"[a-c]1", "B1", true},
-                        {"[!a-c]1", "B1", false},
-                        {"[*]", "*", true},
-                        {"[*]", "x", false},
-                        {"[", "[", true},
-                        {"**a", "bca", true},
-                        {"a", "ab", false},
-                        {"*a*a*a*a*b", "aaaaaaaaaaaaaaaaaaaa", false}};
-  for (const Case& each : cases)
-    EXPECT_EQ(LikeMatches(each.pattern, each.text), each.fits) << each.pattern << " / " << each.text;
+  for (const tests::Case c : {" -> ", "* -> ", "? -> æ", "a*b*c -> aXbbYc", "100% -> 100%", "# -> 7", "[a-c]1 -> B1",
+                              "[*] -> *", "[ -> [", "**a -> bca"})
+    EXPECT_TRUE(LikeMatches(c.given, c.wanted)) << c.line;
+  for (const tests::Case c : {"? -> ", "a*b*c -> aXbbY", "100% -> 1000", "_ -> a", "# -> x", "[!a-c]1 -> B1",
+                              "[*] -> x", "a -> ab", "*a*a*a*a*b -> aaaaaaaaaaaaaaaaaaaa"})
+    EXPECT_FALSE(LikeMatches(c.given, c.wanted)) << c.line;
 }
 
 TEST_F(QueryTest, RowsOfAQueryAreEditedInTheirTable) {

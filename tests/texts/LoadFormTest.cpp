@@ -1,7 +1,5 @@
 #include "TextsFixture.h"
 
-#include "texts/LanguageFont.h"
-
 namespace trekor::tests {
 namespace {
 
@@ -20,29 +18,10 @@ TEST_F(TextsTest, EveryKindTakesItsCaptionAndItsValue) {
   form.Texts7.Move(10, 10, 30, 30);
   texts.LoadFormProperties(form);
 
-  EXPECT_EQ(form.Caption(), "Trial run");
-  EXPECT_EQ(form.Left, 100);
-  EXPECT_EQ(form.Width, 3000);
-  EXPECT_EQ(form.lblInfo.Caption(), "Station");
-  EXPECT_EQ(form.lblInfo.ToolTipText(), "Where we are");
-  EXPECT_EQ(form.lblInfo.Height, 4);
-  EXPECT_EQ(form.Texts7.Text(), "0.1");
-  EXPECT_EQ(form.Texts7.Left, 10) << "a null keeps what was built in";
-  EXPECT_EQ(form.Texts7.Top, 20);
-  EXPECT_FALSE(form.Texts7.Visible());
-  EXPECT_EQ(form.chkFreeze.Value(), 1);
-  EXPECT_EQ(form.cboUnits.ListCount(), 3);
-  EXPECT_EQ(form.cboUnits.Text(), "ML");
-  EXPECT_EQ(form.cboTyped.Text(), "KM|M");
-  EXPECT_EQ(form.fxgList.Text(0, 1), "Name");
-  EXPECT_EQ(form.fxgList.ColWidth(0), 900);
+  // A null keeps what was built in, and a menu has no place.
+  EXPECT_EQ(form.Look(), "Trial run 100,3000,2000|Station Where we are 1,4|0.1 hidden 10,40|Freeze NumLock 1 0,0|ML of "
+                         "3 0,0|KM|M 0,0|Code Name 900 -1 0,0|Keys 1 0,0|Ready 0,0|&File ticked 0||");
   EXPECT_EQ(form.fxgList.ColWidth(2), 450);
-  EXPECT_EQ(form.TabStrip1.Tabs(1).Caption, "Keys");
-  EXPECT_EQ(form.TabStrip1.Selected(), 1);
-  EXPECT_EQ(form.sbrState.SimpleText(), "Ready");
-  EXPECT_EQ(form.mnuFile.Caption(), "&File");
-  EXPECT_TRUE(form.mnuFile.Checked());
-  EXPECT_EQ(form.mnuFile.Width, 0) << "a menu has no place";
 }
 
 TEST_F(TextsTest, WhatDoesNotSuitIsSkippedAlone) {
@@ -139,22 +118,6 @@ TEST_F(TextsTest, OptionsTakeTheirValueWhenTheyStandInTheirFrames) {
   EXPECT_EQ(form.Options1.Container, &form.Frames1);
   EXPECT_TRUE(form.Options0.Value()) << "each is alone in its frame, so none clears the other";
   EXPECT_TRUE(form.Options1.Value());
-}
-
-TEST(LanguageFontTest, EachLanguageHasItsCharactersAndNoneLosesItsSize) {
-  struct {
-    const char* language;
-    int charset;
-    const char* name;
-  } const cases[] = {{"Korean", 129, "\xEA\xB5\xB4\xEB\xA6\xBC"},
-                     {"Chinese", 134, "\xE5\xAE\x8B\xE4\xBD\x93"},
-                     {"Russian", 204, "Kept"},
-                     {"Danish", 1, ""}};
-  for (const auto& c : cases) {
-    Font font{"Kept", 11.5, true, 1};
-    SetLanguageFont(font, c.language);
-    EXPECT_EQ(font, (Font{c.name, 11.5, true, c.charset})) << c.language;
-  }
 }
 
 } // namespace

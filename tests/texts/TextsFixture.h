@@ -10,7 +10,33 @@
 namespace trekor::tests {
 
 struct TrialForm : Form {
-  TrialForm() : Form("Trial") {}
+  TrialForm() : Form("Trial") {
+    cboTyped.DropDownList = false;
+    fxgList.SetCols(3);
+    fxgList.SetRows(2);
+    TabStrip1.Add("Info", "");
+    TabStrip1.Add("Keyboard", "");
+  }
+  // What it shows, and where, in one text.
+  std::string Look() const {
+    std::string all =
+        Caption() + " " + std::to_string(Left) + "," + std::to_string(Width) + "," + std::to_string(Height);
+    const auto place = [&](const Control& c, const std::string& words) {
+      all +=
+          "|" + words + (c.Visible() ? "" : " hidden") + " " + std::to_string(c.Left) + "," + std::to_string(c.Height);
+    };
+    place(lblInfo, lblInfo.Caption() + " " + lblInfo.ToolTipText());
+    place(Texts7, Texts7.Text());
+    place(chkFreeze, chkFreeze.Caption() + " " + std::to_string(chkFreeze.Value()));
+    place(cboUnits, cboUnits.Text() + " of " + std::to_string(cboUnits.ListCount()));
+    place(cboTyped, cboTyped.Text());
+    place(fxgList, fxgList.Text(0, 0) + " " + fxgList.Text(0, 1) + " " + std::to_string(fxgList.ColWidth(0)) + " " +
+                       std::to_string(fxgList.ColWidth(1)));
+    place(TabStrip1, TabStrip1.Tabs(1).Caption + " " + std::to_string(TabStrip1.Selected()));
+    place(sbrState, sbrState.SimpleText());
+    all += "|" + mnuFile.Caption() + (mnuFile.Checked() ? " ticked " : " ") + std::to_string(mnuFile.Width);
+    return all + (Options0.Value() ? "|0" : "|") + (Options1.Value() ? "|1" : "|");
+  }
   Label lblInfo{*this, "lblInfo"};
   TextBox Texts7{*this, "Texts", 7};
   CheckBox chkFreeze{*this, "chkFreeze"};
@@ -26,14 +52,6 @@ struct TrialForm : Form {
 
 class TextsTest : public testing::Test {
 protected:
-  TextsTest() {
-    form.cboTyped.DropDownList = false;
-    form.fxgList.SetCols(3);
-    form.fxgList.SetRows(2);
-    form.TabStrip1.Add("Info", "");
-    form.TabStrip1.Add("Keyboard", "");
-  }
-
   void Make(const std::string& sql) {
     MakeTextDatabase(fakes, state.folders, sql);
     ASSERT_TRUE(texts.Open());

@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <cstdlib>
-#include <limits>
 #include <random>
 
 namespace trekor {
@@ -36,58 +34,6 @@ private:
     return text;
   }
 };
-
-std::size_t DigitsFrom(const std::string& text, std::size_t at) {
-  const std::size_t end = text.find_first_not_of("0123456789", at);
-  return std::min(end, text.size()) - at;
-}
-
-// The same reading in another way: blanks out, the longest number by hand, the C library for its value.
-double PlainReading(std::string text) {
-  std::erase(text, ' ');
-  std::size_t end = !text.empty() && (text[0] == '+' || text[0] == '-') ? 1 : 0;
-  const std::size_t whole = DigitsFrom(text, end);
-  end += whole;
-  std::size_t behind = 0;
-  if (end < text.size() && text[end] == '.') {
-    behind = DigitsFrom(text, end + 1);
-    end += behind + 1;
-  }
-  if (whole + behind == 0)
-    return 0;
-  if (end < text.size() && (text[end] == 'e' || text[end] == 'E')) {
-    const bool sign = end + 1 < text.size() && (text[end + 1] == '+' || text[end + 1] == '-');
-    const std::size_t power = DigitsFrom(text, std::min(end + (sign ? 2 : 1), text.size()));
-    end += power > 0 ? power + (sign ? 2 : 1) : 0;
-  }
-  constexpr double largest = std::numeric_limits<double>::max();
-  return std::clamp(std::strtod(text.substr(0, end).c_str(), nullptr), -largest, largest);
-}
-
-TEST_F(AnyBytesTest, ValReadsWhatAPersonWouldRead) {
-  for (int i = 0; i < 30000; ++i) {
-    const std::string text = NumberLike(14);
-    const double expected = PlainReading(text), number = Val(text);
-    if (std::abs(expected) < std::numeric_limits<double>::min()) // the tiniest may come out as 0
-      ASSERT_LE(std::abs(number), std::numeric_limits<double>::min()) << testing::PrintToString(text);
-    else
-      ASSERT_EQ(number, expected) << testing::PrintToString(text);
-    ASSERT_EQ(TextToDouble(text) == NaN, Trim(text).empty()) << testing::PrintToString(text);
-  }
-}
-
-TEST_F(AnyBytesTest, StationDigitsTakesOneInnerMarkAndNothingElse) {
-  for (int i = 0; i < 20000; ++i) {
-    const std::string text = NumberLike(10), digits = StationDigits(text), trimmed = Trim(text);
-    if (digits == text)
-      continue;
-    ASSERT_EQ(digits.size() + 1, trimmed.size()) << testing::PrintToString(text);
-    const auto at =
-        static_cast<std::size_t>(std::mismatch(digits.begin(), digits.end(), trimmed.begin()).first - digits.begin());
-    ASSERT_TRUE(at > 0 && (trimmed[at] == '+' || trimmed[at] == '-')) << testing::PrintToString(text);
-    ASSERT_EQ(digits, std::string(trimmed).erase(at, 1));
-  }
-}
 
 // Whatever was entered, what is then shown reads back as the same text, in all units and with both decimal marks.
 TEST_F(AnyBytesTest, AStationShowsWhatReadsBackTheSame) {

@@ -1,6 +1,8 @@
 // Numbers read from people and the link, written by patterns and in wire form.
 #include "values/NumberText.h"
 
+#include "support/Case.h"
+
 #include <gtest/gtest.h>
 
 #include <bit>
@@ -12,6 +14,8 @@
 namespace trekor {
 namespace {
 
+using tests::Case;
+
 constexpr double Largest = std::numeric_limits<double>::max();
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 
@@ -22,36 +26,15 @@ TEST(NumberTextTest, TheSentinelsHaveTheirBitPatterns) {
 }
 
 TEST(NumberTextTest, ValReadsTheLongestLeadingNumber) {
-  const struct {
-    const char* text;
-    double number;
-  } cases[] = {
-      {"12.5", 12.5},
-      {"  -3.25km", -3.25},
-      {"+7", 7},
-      {".5", 0.5},
-      {"5.", 5},
-      {"-.5e1x", -5},
-      {"1 2 . 5", 12.5},
-      {"1E3", 1000},
-      {"1e-2", 0.01},
-      {"1E", 1},
-      {"1E+", 1},
-      {"2E5.5", 2e5},
-      {"- 4", -4},
-      {"1 E 2", 100},
-      {"1,234.5", 1},
-      {"12+34", 12},
-      {"1.2.3", 1.2},
-      {"1E400", Largest},
-      {"-1E400", -Largest},
-      {"1E-400", 0},
-      {"0E999999999999", 0},
-      {"1E99999999999999999999", Largest},
-      {"1E-99999999999999999999", 0},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(Val(c.text), c.number) << c.text;
+  for (const Case c :
+       {"12.5 -> 12.5", "  -3.25km -> -3.25", "+7 -> 7",     ".5 -> 0.5",           "5. -> 5",
+        "-.5e1x -> -5", "1 2 . 5 -> 12.5",    "1E3 -> 1000", "1e-2 -> 0.01",        "1E -> 1",
+        "1E+ -> 1",     "2E5.5 -> 200000",    "- 4 -> -4",   "1 E 2 -> 100",        "1,234.5 -> 1",
+        "12+34 -> 12",  "1.2.3 -> 1.2",       "1E-400 -> 0", "0E999999999999 -> 0", "1E-99999999999999999999 -> 0"})
+    EXPECT_EQ(NumberToText(Val(c.given)), c.wanted) << c.line;
+  for (const char* text : {"1E400", "1E99999999999999999999"})
+    EXPECT_EQ(Val(text), Largest) << text;
+  EXPECT_EQ(Val("-1E400"), -Largest);
   for (const char* text :
        {"", " ", "abc", "-", "+", ".", "-.", "E5", "--5", "+-5", "inf", "-inf", "nan", "NaN", "0x1F", "$5"})
     EXPECT_EQ(Val(text), 0) << text;
@@ -89,37 +72,23 @@ TEST(NumberTextTest, AnEntryAcceptsCommaOrPoint) {
   EXPECT_EQ(TextToSingle("-1E99"), -std::numeric_limits<float>::max());
 }
 
+// "number by pattern", with the number as the compiler would read it.
 TEST(NumberTextTest, PatternsWriteDigits) {
-  const struct {
-    double number;
-    const char *pattern, *text;
-  } cases[] = {
-      {0, "#####0", "0"},
-      {0, "##0.00", "0.00"},
-      {0, "###.##", "."},
-      {0, "##", ""},
-      {12, "#####0", "12"},
-      {-12.5, "##0.00", "-12.50"},
-      {5, "0.##", "5."},
-      {5.1, "0.##", "5.1"},
-      {1234.5, "##000.0", "1234.5"},
-      {0.5, "##000.0", "000.5"},
-      {1234567, "##0.0", "1234567.0"},
-      {2, "-00", "-02"},
-      {-0.004, "##0.00", "0.00"},
-      {-0.005, "##0.00", "-0.01"},
-      {1e20, "0.0", "100000000000000000000.0"},
-      {999.9996, "###0.000", "1000.000"},
-      {0.99996, "0.0000", "1.0000"},
-      {-99.95, "0.0", "-100.0"},
-      {1e-300, "0.00", "0.00"},
-      {123456789012345.6, "0.0", "123456789012345.6"},
-      {12.5, "", "12.5"},
-      {Infinity, "##0.0", ""},
-      {std::nan(""), "##0.0", ""},
-  };
-  for (const auto& c : cases)
-    EXPECT_EQ(FormatNumber(c.number, c.pattern), c.text) << c.number << " by " << c.pattern;
+  for (const Case c : {"0 by #####0 -> 0", "0 by ##0.00 -> 0.00", "0 by ###.## -> .", "0 by ## -> ",
+                       "12 by #####0 -> 12", "-12.5 by ##0.00 -> -12.50", "5 by 0.## -> 5.", "5.1 by 0.## -> 5.1",
+                       "1234.5 by ##000.0 -> 1234.5", "0.5 by ##000.0 -> 000.5", "1234567 by ##0.0 -> 1234567.0",
+                       "2 by -00 -> -02", "-0.004 by ##0.00 -> 0.00", "-0.005 by ##0.00 -> -0.01",
+
+                       "999.9996 by ###0.000 -> 1000.000", "0.99996 by 0.0000 -> 1.0000", "-99.95 by 0.0 -> -100.0",
+                       "1e-300 by 0.00 -> 0.00",
+
+                       "12.5 by  -> 12.5"}) {
+    const std::size_t by = c.given.find(" by ");
+    EXPECT_EQ(FormatNumber(std::stod(c.given.substr(0, by)), c.given.substr(by + 4)), c.wanted) << c.line;
+  }
+  EXPECT_EQ(FormatNumber(1e20, "0.0"), "100000000000000000000.0");
+  EXPECT_EQ(FormatNumber(123456789012345.6, "0.0"), "123456789012345.6");
+  EXPECT_EQ(FormatNumber(Infinity, "##0.0") + FormatNumber(std::nan(""), "##0.0"), "");
   EXPECT_EQ(FormatNumber(Largest, "0").size(), 309U);
   EXPECT_EQ(FormatNumber(1.5, "0.00", ','), "1,50");
 }
@@ -168,27 +137,14 @@ TEST(NumberTextTest, FixedTextIsAlignedToThePattern) {
 }
 
 TEST(NumberTextTest, DecimalTextHasNoExponentInTheWorkingRange) {
-  const struct {
-    double number;
-    const char* text;
-  } cases[] = {{0, "0"},
-               {-0.0, "0"},
-               {0.5, "0.5"},
-               {-0.5, "-0.5"},
-               {12.35, "12.35"},
-               {0.1 + 0.2, "0.3"},
-               {1.0 / 3, "0.333333333333333"},
-               {999999999999999, "999999999999999"},
-               {999999999999999.9, "1E+15"},
-               {1.5e15, "1.5E+15"},
-               {0.00001, "0.00001"},
-               {0.0000123456789012345678, "0.0000123456789012346"},
-               {0.000009, "9E-06"},
-               {1e300, "1E+300"},
-               {-3.402823E+38, "-3.402823E+38"},
-               {Infinity, "1.79769313486232E+308"}};
-  for (const auto& c : cases)
-    EXPECT_EQ(NumberToText(c.number), c.text);
+  for (const Case c : {"0 -> 0", "-0.0 -> 0", "0.5 -> 0.5", "-0.5 -> -0.5", "12.35 -> 12.35",
+                       "999999999999999 -> 999999999999999", "999999999999999.9 -> 1E+15", "1.5e15 -> 1.5E+15",
+                       "0.00001 -> 0.00001", "0.0000123456789012345678 -> 0.0000123456789012346", "0.000009 -> 9E-06",
+                       "1e300 -> 1E+300", "-3.402823E+38 -> -3.402823E+38"})
+    EXPECT_EQ(NumberToText(std::stod(c.given)), c.wanted) << c.line;
+  EXPECT_EQ(NumberToText(0.1 + 0.2), "0.3");
+  EXPECT_EQ(NumberToText(1.0 / 3), "0.333333333333333");
+  EXPECT_EQ(NumberToText(Infinity), "1.79769313486232E+308");
   EXPECT_EQ(SingleToText(3.14159265F), "3.141593");
   EXPECT_EQ(SingleToText(0.1F), "0.1");
   EXPECT_EQ(SingleToText(9999999.F), "9999999");

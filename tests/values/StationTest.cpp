@@ -2,6 +2,8 @@
 #include "values/Station.h"
 #include "values/NumberText.h"
 
+#include "support/Case.h"
+
 #include <gtest/gtest.h>
 
 namespace trekor {
@@ -19,34 +21,27 @@ protected:
   Station station{settings};
 };
 
+// Inches are whole in the free text only; a unit that is none has no text.
 TEST_F(StationTest, EveryUnitHasItsTexts) {
   const struct {
     int unit;
     double number;
     const char *text, *fixed;
-  } cases[] = {
-      {0, 12.3456, "12.346", "  12.346"},
-      {1, 12345.67, "12345.7", " 12345.7"},
-      {2, 7.5, "7.500", "   7.500"},
-      {3, 12.3456, "12.3456", " 12.3456"},
-      {4, 528.25, "528.3", "   528.3"},
-      {5, 1760, "1760.0", "  1760.0"},
-      {6, 63360.4, "63360", " 63360.4"}, // whole inches in the free text only
-      {7, 1234.5, "12+34.5", " 12+34.5"},
-      {7, -1234.5, "-12-34.5", "-12-34.5"},
-      {7, 0.5, "0+00.5", "  0+00.5"},
-      {8, 1234.5, "012+34.5", "01+234.5"},
-      {8, -1234.5, "-012-34.5", "-01-234.5"},
-      {8, 0, "000+00.0", "00+000.0"},
-      {8, 1234567.5, "12345+67.5", "1234+567.5"},
-      {9, 5, "", ""},
-  };
+  } cases[] = {{0, 12.3456, "12.346", "  12.346"},   {1, 12345.67, "12345.7", " 12345.7"},
+               {2, 7.5, "7.500", "   7.500"},        {3, 12.3456, "12.3456", " 12.3456"},
+               {4, 528.25, "528.3", "   528.3"},     {5, 1760, "1760.0", "  1760.0"},
+               {6, 63360.4, "63360", " 63360.4"},    {7, 1234.5, "12+34.5", " 12+34.5"},
+               {7, -1234.5, "-12-34.5", "-12-34.5"}, {7, 0.5, "0+00.5", "  0+00.5"},
+               {8, 1234.5, "012+34.5", "01+234.5"},  {8, -1234.5, "-012-34.5", "-01-234.5"},
+               {8, 0, "000+00.0", "00+000.0"},       {8, 1234567.5, "12345+67.5", "1234+567.5"}};
   for (const auto& c : cases) {
     At(c.number, c.unit);
     EXPECT_EQ(station.Text(), c.text) << "unit " << c.unit;
     EXPECT_EQ(station.FixedText(), c.fixed) << "unit " << c.unit;
     EXPECT_EQ(station.FileText(), c.fixed) << "unit " << c.unit;
   }
+  EXPECT_EQ(At(5, 9).Text(), "");
+  EXPECT_EQ(station.FixedText(), "");
 }
 
 TEST_F(StationTest, TextsComeBackAsTheSamePosition) {
@@ -103,24 +98,10 @@ TEST_F(StationTest, LimitsAreKilometresAndNoValuePasses) {
 }
 
 TEST(StationDigitsTest, OneInnerMarkGoes) {
-  const struct {
-    const char *text, *digits;
-  } cases[] = {{"12+34.5", "1234.5"},
-               {"-12-34.5", "-1234.5"},
-               {"+12", "+12"},
-               {"12+34+5", "1234+5"},
-               {"12-34.5", "1234.5"},
-               {" 12+34 ", "1234"},
-               {" 12 ", " 12 "},
-               {"+12+34", "+1234"},
-               {"++12", "++12"},
-               {"-12+34", "-1234"},
-               {"--5", "--5"},
-               {"", ""},
-               {"+", "+"},
-               {"+-", "+"}};
-  for (const auto& c : cases)
-    EXPECT_EQ(StationDigits(c.text), c.digits) << c.text;
+  for (const tests::Case c : {"12+34.5 -> 1234.5", "-12-34.5 -> -1234.5", "+12 -> +12", "12+34+5 -> 1234+5",
+                              "12-34.5 -> 1234.5", " 12+34  -> 1234", " 12  ->  12 ", "+12+34 -> +1234", "++12 -> ++12",
+                              "-12+34 -> -1234", "--5 -> --5", " -> ", "+ -> +", "+- -> +"})
+    EXPECT_EQ(StationDigits(c.given), c.wanted) << c.line;
 }
 
 } // namespace

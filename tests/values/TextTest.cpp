@@ -1,6 +1,8 @@
 // Text in characters, not bytes, and the code page of the link.
 #include "values/Text.h"
 
+#include "support/Case.h"
+
 #include <gtest/gtest.h>
 
 namespace trekor {
@@ -12,14 +14,11 @@ TEST(TextTest, OnlyBlanksAreTrimmed) {
 }
 
 TEST(TextTest, CaseFollowsTheAlphabet) {
-  const struct {
-    const char *lower, *upper;
-  } pairs[] = {{"trekor 5", "TREKOR 5"},       {"æøåéñÿ", "ÆØÅÉÑŸ"}, {"šžğőź", "ŠŽĞŐŹ"}, {"άέήίόύώαβω", "ΆΈΉΊΌΎΏΑΒΩ"},
-               {"дорожный ёђ", "ДОРОЖНЫЙ ЁЂ"}, {"ṽạ", "ṼẠ"},         {"ß×÷道", "ß×÷道"}};
-  for (const auto& p : pairs) {
-    EXPECT_EQ(Upper(p.lower), p.upper);
-    EXPECT_EQ(Lower(p.upper), p.lower);
-    EXPECT_TRUE(SameText(p.lower, p.upper)) << p.lower;
+  for (const tests::Case c : {"trekor 5 -> TREKOR 5", "æøåéñÿ -> ÆØÅÉÑŸ", "šžğőź -> ŠŽĞŐŹ", "άέήίόύώαβω -> ΆΈΉΊΌΎΏΑΒΩ",
+                              "дорожный ёђ -> ДОРОЖНЫЙ ЁЂ", "ṽạ -> ṼẠ", "ß×÷道 -> ß×÷道"}) {
+    EXPECT_EQ(Upper(c.given), c.wanted);
+    EXPECT_EQ(Lower(c.wanted), c.given);
+    EXPECT_TRUE(SameText(c.given, c.wanted)) << c.line;
   }
   EXPECT_EQ(Upper("λόγος"), "ΛΌΓΟΣ");
   EXPECT_TRUE(SameText("ΛΌΓΟΣ", "λόγος"));

@@ -113,7 +113,7 @@ TEST_F(UnitValuesTest, MeterFeetShowsTheSmallerUnitToTheUserAlone) {
   EXPECT_EQ(m.Text(), "2.00");
 }
 
-TEST_F(UnitValuesTest, FilesKnowSixUnitsAndTheLinkNine) {
+TEST_F(UnitValuesTest, AUnitThatFilesDoNotKnowLeavesTheNameAndClearsTheCode) {
   FileUnit unit;
   FileUnitWord(3, unit);
   EXPECT_EQ(unit.FileUnitName, "mile.feet");
@@ -121,15 +121,6 @@ TEST_F(UnitValuesTest, FilesKnowSixUnitsAndTheLinkNine) {
   FileUnitWord(6, unit);
   EXPECT_EQ(unit.FileUnitName, "mile.feet"); // the old name stays
   EXPECT_EQ(unit.FileUnitCode, "0");
-  FileUnitWord(-1, unit);
-  EXPECT_EQ(unit.FileUnitCode, "0");
-  EXPECT_EQ(UnitWord(8), "STNM");
-  EXPECT_EQ(UnitWord(9), "");
-  EXPECT_EQ(UnitCode("STNFEET"), 7);
-  EXPECT_EQ(UnitCode("MILES"), std::nullopt);
-  EXPECT_EQ(UnitName(3), "mi.ft");
-  EXPECT_EQ(FileStationPattern(5), "#######0");
-  EXPECT_EQ(FileStationPattern(6), "");
 }
 
 struct Field {
