@@ -13,17 +13,6 @@ protected:
   }
 };
 
-TEST_F(KeyPresses, ACounterStepsAndAnswersWithItsDigit) {
-  Texts cells;
-  for (int press = 0; press < 5; ++press) {
-    Press('A');
-    cells.push_back(Cell(0, Crack));
-  }
-  EXPECT_EQ(cells, (Texts{"1", "2", "3", "0", "1"}));
-  EXPECT_EQ(Sounds(), (Texts{"D1.WAV", "D2.WAV", "D3.WAV", "D0.WAV", "D1.WAV"}));
-  EXPECT_EQ(Rows(), 1);
-}
-
 TEST_F(KeyPresses, APointMakesItsOwnRowAtThePositionOfTheReading) {
   Key('B');
   Dmi(10.05); // comes before the tick that takes the key
@@ -233,19 +222,6 @@ TEST_F(KeyPresses, ADeleteOutsideAPauseRemovesNothing) {
   Press('B');
   Press(Del);
   EXPECT_EQ(Rows(), 2);
-}
-
-TEST_F(KeyPresses, PointsAndSpansAreStoredSideBySide) {
-  Press('A');
-  Press('D');
-  Press('B');
-  Dmi(10.1);
-  Press(F4);
-  EXPECT_EQ(Stations(), (Texts{"10 0", "10.02 1", "10.1 0", "10.1 0"}));
-  EXPECT_EQ(Spans_Of(Crack), Texts{"1 3 1"});
-  EXPECT_EQ(Spans_Of(Hole), (Texts{"2 2 1", "1 3 1"})) << "the point, and the span of its step";
-  EXPECT_EQ(Spans_Of(Edge), (Texts{"1 3 1", "3 4 1"})) << "carried into the next step";
-  EXPECT_EQ(Spans_Of(Depth), (Texts{"1 3 ", "3 4 "})) << "stored though blank, as it lives on";
 }
 
 } // namespace trekor::tests

@@ -22,17 +22,6 @@ TEST_F(RunStates, OperatorsStartAsksForTheStationAndTellsTheLink) {
   EXPECT_EQ(form.Grid.Top, form.tbControlBar.Height);
 }
 
-TEST_F(RunStates, StartFromTheLinkIsSilentAndAsksNothing) {
-  OpenFile();
-  Type(form.Texts7, "0.1");
-  Link("CTRL PREPARE 10");
-  Sent();
-  Link("CTRL START");
-  EXPECT_EQ(Sent(), Texts{"ACK Trekor CTRL START"});
-  EXPECT_TRUE(prompts.empty());
-  EXPECT_EQ(Roads(), Texts{"10.000 to 10.100"});
-}
-
 TEST_F(RunStates, AZeroStepIsAskedForEvenWhenTheLinkStarts) {
   OpenFile();
   state.position.StepSize.SetDefault(0);
@@ -73,18 +62,6 @@ TEST_F(RunStates, FirstBoundaryLiesOnTheStepsOfTheRoad) {
     EXPECT_NEAR(state.position.NextStepKm, c.next, 1e-9);
     EXPECT_EQ(state.position.NextStation.Default(), state.position.NextStepKm);
   }
-}
-
-TEST_F(RunStates, CommandsOfTheLinkDuringARunAreEchoed) {
-  OpenFile();
-  StartFromLink(10.0);
-  for (const char* word : {"SUSPEND", "RESUME", "STOP"}) {
-    Link(std::string("CTRL ") + word);
-    Tick();
-  }
-  EXPECT_EQ(Sent(), (Texts{"ACK Trekor CTRL SUSPEND", "CTRL PAUSE", "ACK Trekor CTRL RESUME", "CTRL START",
-                           "STATUS START", "ACK Trekor CTRL STOP", "CTRL STOP  10", "STATUS STOP  10"}));
-  EXPECT_EQ(State(), 0);
 }
 
 TEST_F(RunStates, KeysMoveBetweenTheStates) {
@@ -185,19 +162,6 @@ TEST_F(RunStates, NumLockIsFrozenInARunAndRestoredAfterIt) {
   Press(F4);
   Tick();
   EXPECT_FALSE(fakes.keyboard.numLock);
-}
-
-TEST_F(RunStates, FormLoadAnnouncesTheSystemOnceTheLinkStands) {
-  // The fixture's own load is over; what the socket saw of it stands in its record.
-  const auto& sent = fakes.socket.sent;
-  const auto greeting = sent.find("IDENTITY Trekor"), system = sent.find("SET SYSTEM TREKOR UNKNOWN 7707-104\r\n");
-  EXPECT_NE(system, std::string::npos);
-  EXPECT_LT(greeting, system);
-  EXPECT_EQ(form.TabStrip1.Count(), 3);
-  EXPECT_FALSE(form.mnuMessaging.Visible());
-  EXPECT_TRUE(form.IdleTimer.Running());
-  EXPECT_TRUE(state.position.DmiIncreasing);
-  EXPECT_EQ(form.UpDnPicture.Picture(), "UPICON");
 }
 
 TEST_F(RunStates, KeyFormsHideWithTheMinimisedForm) {

@@ -10,10 +10,7 @@ namespace {
 
 class DispatcherTest : public LinkFixture {
 protected:
-  DispatcherTest() {
-    measurements.UnloadMainForm = [this] { ++unloads; };
-    Connect();
-  }
+  DispatcherTest() { Connect(); }
   void Heard(std::string_view line) override { dispatcher.Dispatch(line); }
   void Line(const std::string& line) { Arrive(line + "\r\n"); }
 
@@ -30,7 +27,6 @@ protected:
   Measurements measurements{form, RunRooms{state, fake.platform, texts, messages, options, sections, setupDatabase,
                                            setup, files, comma, socket, fileNew, SendKeysObject}};
   Dispatcher dispatcher{state, fake.platform, socket, sections, measurements};
-  int unloads = 0;
 };
 
 TEST_F(DispatcherTest, EveryCtrlIsAnsweredByItsWordInCapitals) {
@@ -65,11 +61,6 @@ TEST_F(DispatcherTest, PrepareTakesTheStationInKilometres) {
   EXPECT_EQ(form.Texts6.Text(), "12350.0");
   Line("CTRL PREPARE"); // nothing behind it: nothing changes
   EXPECT_EQ(state.position.KeyStation.Default(), 12.35);
-}
-
-TEST_F(DispatcherTest, ExitAsksForTheUnload) {
-  Line("CTRL EXIT");
-  EXPECT_EQ(unloads, 1);
 }
 
 TEST_F(DispatcherTest, DmiSetsThePosition) {
@@ -187,18 +178,16 @@ TEST_F(DispatcherTest, FileTakesNamesAndTheFilesUnit) {
 
 TEST_F(DispatcherTest, RoadAndSectionTakeTheRestOfTheLine) {
   FacilityRecord& road = state.facility;
-  const std::pair<const char*, const std::string*> texts[] = {
-      {"FACILITY NAME", &road.FacilityName},     {"FACILITY CODE", &road.FacilityCode},
-      {"FACILITY STATE", &road.FacilityState},   {"FACILITY DISTRICT", &road.FacilityDistrict},
-      {"FACILITY CITY", &road.FacilityCity},     {"FACILITY CLASS", &road.FacilityClass},
-      {"FACILITY MEDIAN", &road.FacilityMedian}, {"FACILITY EDGE", &road.FacilityEdge},
-      {"SECTION NAME", &road.SectionName},       {"SECTION CODE", &road.SectionCode},
-      {"SECTION COMMENT", &road.SectionComment}, {"SECTION HEADING", &road.SectionHeading},
-      {"SECTION LANENUMBER", &road.LaneNumber},  {"SECTION LANE", &road.Lane},
-      {"SECTION TYPE", &road.SectionType},       {"SECTION SURFACE", &road.SectionSurface},
-      {"SECTION SPEED", &road.SectionSpeed},     {"SECTION LENGTH", &road.SectionLength},
-      {"SECTION WIDTH", &road.SectionWidth},     {"SECTION START", &road.SectionStart},
-      {"SECTION END", &road.SectionEnd}};
+  const std::pair<const char*, const std::string*> texts[] = {{"FACILITY NAME", &road.FacilityName},
+                                                              {"FACILITY CODE", &road.FacilityCode},
+                                                              {"SECTION NAME", &road.SectionName},
+                                                              {"SECTION CODE", &road.SectionCode},
+                                                              {"SECTION HEADING", &road.SectionHeading},
+                                                              {"SECTION LANENUMBER", &road.LaneNumber},
+                                                              {"SECTION LANE", &road.Lane},
+                                                              {"SECTION TYPE", &road.SectionType},
+                                                              {"SECTION START", &road.SectionStart},
+                                                              {"SECTION END", &road.SectionEnd}};
   for (const auto& [key, field] : texts)
     Line(std::string(key) + "  \"" + key + "\"  x ");
   for (const auto& [key, field] : texts) // all at the end, so that no line has written another's field
