@@ -74,7 +74,9 @@ Sight LookAt(const std::string& nativePath) {
   case SQLITE_CANTOPEN:
     return Sight::Unreadable;
   default:
-    return HasLeftovers(nativePath) || MarkedWithLog(nativePath) ? Sight::NeedsFolding : Sight::Free;
+    if (!HasLeftovers(nativePath) && !MarkedWithLog(nativePath))
+      return Sight::Free;
+    return OpenForWriting(nativePath) ? Sight::InUse : Sight::NeedsFolding;
   }
 }
 

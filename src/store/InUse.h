@@ -23,7 +23,7 @@ enum class Sight {
   NeedsFolding, // free, but part of it is in a log, or it is marked as having one: only who may write beside it can
                 // read
   Missing,      // or no ordinary file
-  InUse,        // a program holds it for writing
+  InUse,        // a program holds it for writing, or rests and writes beside it
   NoDatabase,
   Damaged,
   Unreadable // the system doesn't let us

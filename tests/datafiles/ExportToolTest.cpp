@@ -3,6 +3,7 @@
 #include "datafiles/DataFileFixture.h"
 
 #include <algorithm>
+#include <chrono>
 #include <csignal>
 #include <filesystem>
 #include <functional>
@@ -99,6 +100,19 @@ TEST(ExportTool, WritesOneFileBesideEachDataFileAndChangesNothingElse) {
   EXPECT_EQ(office.job.machine.drives.Files("D:\\Data", "A*"), (std::vector<std::string>{"A.mdb", "A.TKR"}));
 }
 
+// A killed export leaves its work folder; one that is at work there now keeps its own.
+TEST(ExportTool, ClearsWhatAKilledExportHasLeft) {
+  Office office;
+  for (const char* name : {".trekor-export-1", ".trekor-export-2"}) {
+    fs::create_directory(office.Native(name));
+    office.job.machine.drives.Write("D:\\Data\\" + std::string(name) + "\\A.TKR", "half");
+  }
+  fs::last_write_time(office.Native(".trekor-export-1"), fs::file_time_type::clock::now() - std::chrono::hours(25));
+  EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
+  EXPECT_FALSE(office.Folder().contains(".trekor-export-1"));
+  EXPECT_EQ(office.Read(".trekor-export-2\\A.TKR"), "half");
+}
+
 TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {
   Office office;
   ASSERT_TRUE(ReadArguments({"--keep", "--units=us", "--station-unit", "4", "--operator", "Office", "--setup", "Summer",
@@ -124,11 +138,17 @@ TEST(ExportTool, GoesOnBehindFilesThatCannotBeReadAndSaysWhatTheyAre) {
        {Case{"TEXT.mdb", "not a data file", Exit::NotOpened}, Case{"EMPTY.mdb", "not a data file", Exit::NotOpened},
         Case{"FOREIGN.mdb", "lacks the tables", Exit::NotOpened}, Case{"MISSING.mdb", "no such file", Exit::NotOpened},
         Case{"A.TKR", "does not end in .mdb", Exit::NotOpened}, Case{"CUT.mdb", "damaged", Exit::Damaged},
-        Case{"HOLE.mdb", "damaged", Exit::Damaged}, Case{"OPEN.mdb", "in use", Exit::NotOpened}}) {
+        Case{"HOLE.mdb", "damaged", Exit::Damaged}, Case{"OPEN.mdb", "in use", Exit::NotOpened},
+        Case{"LOG.mdb", "in use", Exit::NotOpened}}) {
     Office office;
     office.job.machine.drives.Write(office.job.DataFile("EMPTY"), "");
     office.MakeHole();
     EXPECT_TRUE(office.job.Create("OPEN"));
+    // Another program's, which rests and writes beside the file: what is copied while it folds its log is neither old
+    // nor new.
+    office.job.machine.drives.Write(office.job.DataFile("LOG"), office.Read("A.mdb"));
+    const auto open = Database::Open(office.Native("LOG.mdb"), OpenMode::Shared);
+    EXPECT_TRUE(open->Execute("PRAGMA journal_mode=WAL; CREATE TABLE More(ID)"));
     auto before = office.Folder();
     EXPECT_EQ(office.Export({bad.file, "B.mdb"}), bad.code) << bad.file;
     EXPECT_EQ(std::count(office.told.begin(), office.told.end(), '\n'), 1) << office.told;

@@ -39,6 +39,8 @@ Exporter::Failure Exporter::Convert(const std::string& name, std::string& writte
     outFolder = ".";
   if (Failure failure = CheckName(file))
     return failure;
+  if (cleared.insert(outFolder).second) // once, as looking through a large folder takes its time
+    ClearLeftWorkFolders(outFolder);
   const WorkFolder work(outFolder);
   if (work.Error())
     return Unwritable(work.Error().value(), outFolder.string());

@@ -14,6 +14,7 @@
 #include "datafiles/ExportSessions.h"
 
 #include <filesystem>
+#include <set>
 #include <string>
 #include <vector>
 
@@ -49,6 +50,7 @@ private:
   DataFiles files;
   CommaFile comma;
   std::filesystem::path outFolder; // of the present file
+  std::set<std::filesystem::path> cleared;
 };
 
 } // namespace trekor

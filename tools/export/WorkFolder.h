@@ -1,12 +1,14 @@
 // A hidden folder beside the files that are being made, so that nothing half-written ever stands under a file's own
-// name and each is put in its place in one step. It goes with the object; a killed program leaves it, and it may be
-// deleted.
+// name and each is put in its place in one step. It goes with the object; a killed program leaves it.
 #pragma once
 
 #include <filesystem>
 #include <system_error>
 
 namespace trekor {
+
+// Clears what killed programs have left in this folder: work folders that nobody has written into for a day.
+void ClearLeftWorkFolders(const std::filesystem::path& in);
 
 class WorkFolder {
 public:
