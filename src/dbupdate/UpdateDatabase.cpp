@@ -80,7 +80,9 @@ void Update::Refuse(const std::string& text, const std::string& path) {
   result.programEnds = platform.drives.FileExists(path);
 }
 
+// The notice goes first, as it lies above every window: it would hide the end of these words and their button.
 bool Update::Cancel(const std::string& path, const std::string& why) {
+  platform.shell.ShowNotice("");
   Box(path + why + " Update cancelled");
   return false;
 }

@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <ctime>
 #include <fstream>
+#include <gtest/gtest.h>
 #include <sstream>
 #include <system_error>
 #include <unistd.h>
@@ -233,7 +234,9 @@ void FakeShell::SetFocus(Control& control) {
   Note("Focus " + control.FullName());
 }
 
+// A notice lies above every window, so a box under it can't be read.
 void FakeShell::MsgBox(const std::string& text, const std::string& title, BoxIcon) {
+  EXPECT_TRUE(notices.empty() || notices.back().empty()) << text;
   boxes.push_back(text);
   Note("Box " + title);
 }
