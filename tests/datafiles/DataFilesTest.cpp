@@ -213,6 +213,31 @@ TEST(DataFiles, LeavesNoLogOfAKilledProgramUnderANewFile) {
   EXPECT_EQ(job.machine.drives.Files("D:\\Data", "*.*"), std::vector<std::string>{"ROAD01.mdb"}) << "one plain file";
 }
 
+// A session or a row that the disk has no room for; here the database itself refuses it.
+void Refuse(Database& database, const std::string& table) {
+  ASSERT_TRUE(
+      database.Execute("CREATE TRIGGER full BEFORE INSERT ON " + table + " BEGIN SELECT RAISE(ROLLBACK, 'full'); END"));
+}
+
+TEST(DataFiles, WhatCannotBeStoredLeavesTheNumbersOfTheOpenFile) {
+  Job job;
+  ASSERT_TRUE(job.Create("ROAD01"));
+  job.Step("10");
+  job.Step("20");
+  const std::string layout = job.machine.drives.NativePath(job.state.folders.MdbFolder + "\\DATAfile.mdb");
+  Refuse(*Database::Open(layout, OpenMode::Exclusive), "Sessions");
+  EXPECT_FALSE(job.Create("ROAD02"));
+  EXPECT_FALSE(job.machine.drives.FileExists(job.DataFile("ROAD02")));
+  job.files.EditSession();
+  EXPECT_EQ(job.Ask("SELECT StationMin, StationMax FROM Sessions"), "10|20");
+  Refuse(*job.files.database, "Registrations");
+  job.files.BeginRow();
+  EXPECT_EQ(job.Step("30"), 3);
+  job.Value(2, 3, 17, "2");
+  EXPECT_FALSE(job.files.EndRow());
+  EXPECT_EQ(job.state.file.StationID, 2) << "the last one that is in the file";
+}
+
 TEST(DataFiles, GoesOnWithoutAFile) {
   Job job;
   job.files.BeginRow();

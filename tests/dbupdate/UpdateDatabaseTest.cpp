@@ -141,6 +141,15 @@ TEST_F(UpdateDatabaseTest, WithoutABackupNothingIsReplaced) {
   EXPECT_EQ(Boxes(), Words{std::string(working) + " could not be backed up! Update cancelled"});
   EXPECT_TRUE(fakes.clock.Milliseconds() >= 500 && fakes.pump.sleeps == fakes.pump.count) << "a second try, asleep";
   EXPECT_TRUE(drives.Read(working) == before);
+  // What holds the file for a moment lets go within the pause.
+  drives.DeleteFile("C:\\Root\\BAK");
+  drives.refused = working;
+  fakes.pump.Post([this] { drives.refused.clear(); });
+  fakes.shell.boxes.clear();
+  Update();
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(drives.Read(backup) == before);
+  EXPECT_EQ(Rows("Version"), "9;9|2;4");
 }
 
 TEST_F(UpdateDatabaseTest, WhatCannotBeReadEndsTheProgramAndIsNeverOverwritten) {

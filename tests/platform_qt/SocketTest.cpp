@@ -240,6 +240,11 @@ TEST_F(SocketTest, NothingOfAConnectionReachesTheNextOne) {
          Tells("connect data ");
          socket.Close();
        }},
+      {"closed with lines that the system has not taken yet",
+       [&] {
+         SendUnread();
+         socket.Close();
+       }},
       {"closed by the owner who hears them",
        [&] {
          heard.onData = [&] { socket.Close(); };
@@ -265,6 +270,9 @@ TEST_F(SocketTest, NothingOfAConnectionReachesTheNextOne) {
     peer.Says("CTRL ARM\r\n");
     EXPECT_TRUE(Tells("connect data "));
     EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
+    EXPECT_TRUE(socket.Send("ACK\r\n"));
+    EXPECT_TRUE(Until([&] { return peer.HasUnread(); }));
+    EXPECT_EQ(peer.Hears(), "ACK\r\n");
   }
 }
 

@@ -162,7 +162,7 @@ TEST_F(QueryTest, LargeResultsWalkCountRestartAndEdit) {
   rows->MoveNext();
   EXPECT_EQ(rows->Get("StationID"), FieldValue(1001));
   EXPECT_EQ(rows->RecordCount(), count);
-  rows->MoveFirst();
+  EXPECT_TRUE(rows->Requery());
   EXPECT_EQ(rows->Get("StationID"), FieldValue(1));
 }
 

@@ -167,7 +167,9 @@ TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
   int opened = -1;
   form.list.OnDblClick = [&] { opened = form.list.ListIndex(); };
   ClickOn(box, 0);
-  QTest::mouseDClick(box->viewport(), Qt::LeftButton, Qt::NoModifier, box->visualItemRect(box->item(0)).center());
+  const QPoint first = box->visualItemRect(box->item(0)).center();
+  QTest::mouseDClick(box->viewport(), Qt::LeftButton, Qt::NoModifier, first);
+  QTest::mouseRelease(box->viewport(), Qt::LeftButton, Qt::NoModifier, first);
   EXPECT_EQ(opened, 0);
   EXPECT_EQ(form.Raised(), 1) << "by the first click";
   form.list.SetListIndex(2);

@@ -120,6 +120,22 @@ TEST_F(GridViewTest, AValueInTheNewestRowAndARowAboveItMakeOnePicture) {
   }
 }
 
+TEST_F(GridViewTest, AClickMeansTheCellThatIsSeenThere) {
+  for (int i = 0; i < 12; ++i)
+    grid.AddItem("0.100 to 0.200", 4);
+  grid.SetSelectionMarks(true);
+  view->resize(400, 250);
+  QApplication::processEvents();
+  const QPoint corner(view->viewport()->width() - 3, view->viewport()->height() - 3);
+  QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, corner);
+  EXPECT_TRUE(grid.Row() >= 4 && grid.Row() < 15 && grid.Col() < 8) << grid.Row() << ", " << grid.Col();
+  view->horizontalScrollBar()->setValue(view->horizontalScrollBar()->maximum());
+  view->verticalScrollBar()->setValue(view->verticalScrollBar()->maximum());
+  QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, corner);
+  EXPECT_EQ(grid.Row(), 15);
+  EXPECT_EQ(grid.Col(), 8);
+}
+
 TEST_F(GridViewTest, NothingIsDrawnWhileRedrawIsOff) {
   ASSERT_TRUE(ShowsTheWholePicture());
   const QImage before = OnScreen(*view);
