@@ -45,6 +45,10 @@ TEST_F(CollectionGrid, AStepRowCarriesWhatLivesOnAndClearsWhatDoesNot) {
   EXPECT_EQ(Cell(0, Surface), "gravel");
   EXPECT_EQ(Cell(0, Sign), "1") << "a negative mode is kept";
   EXPECT_EQ(Cell(0, Depth), "") << "nothing to carry";
+  Press(F4);
+  StartFromLink(20.0);
+  EXPECT_EQ(Cell(0, Patch), "") << "of another run";
+  EXPECT_EQ(Cell(0, Edge), "");
 }
 
 TEST_F(CollectionGrid, TheRowBeyondTheDepthGoesToTheFile) {

@@ -92,4 +92,21 @@ TEST(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
             "DMI 0.1000\nDMI 0.1000\nGPS 6 45.0008993 13.0000000 9.0 1 9 0 0 0 0\nCTRL EXIT\n");
 }
 
+TEST(PlayerTest, HearsNothingOfAProgramThatEndedInTheMiddleOfALine) {
+  Vehicle vehicle;
+  QStringList heard;
+  QObject::connect(&vehicle.link, &LinkServer::Line, [&](const QString& line) { heard << line; });
+  QObject::connect(&vehicle.link, &LinkServer::Line, &vehicle.loop, &QEventLoop::quit);
+  QObject::connect(&vehicle.link, &LinkServer::Closed, &vehicle.loop, &QEventLoop::quit);
+  QTcpSocket ended, program;
+  ended.connectToHost("127.0.0.1", vehicle.link.Port());
+  ended.write("SET SYS");
+  ended.disconnectFromHost(); // when that is written
+  vehicle.loop.exec();
+  program.connectToHost("127.0.0.1", vehicle.link.Port());
+  program.write("HWND Trekor  7\r\n");
+  vehicle.loop.exec();
+  EXPECT_EQ(heard, QStringList{"HWND Trekor  7"});
+}
+
 } // namespace
