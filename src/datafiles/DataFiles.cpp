@@ -95,13 +95,14 @@ bool DataFiles::ReopenDataFile(const TestSetup& setup) {
   }
   if (!OpenDataFile())
     return false;
-  state.run.DataFileOpen = true;
   openPath = state.file.DataPath;
   openName = name;
   preparing = true;
-  StartSession(setup);
+  const bool begun = StartSession(setup);
   preparing = false;
-  return database != nullptr;
+  if (!begun)
+    CloseDataFile(); // its rows would get the number of another session, or none
+  return state.run.DataFileOpen = begun;
 }
 
 std::string DataFiles::PathOfNames() const {

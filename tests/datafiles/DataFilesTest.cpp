@@ -150,6 +150,11 @@ TEST(DataFiles, AddsASessionEachTimeAFileIsOpenedForMoreCollection) {
   EXPECT_EQ(job.Ask("SELECT max(SessionID), count(*) FROM Sessions"), "3|3");
   EXPECT_EQ(job.state.file.SessionID, 3);
   EXPECT_EQ(job.Step("2.000"), 2);
+  ASSERT_TRUE(job.files.database->Execute("CREATE TRIGGER full BEFORE INSERT ON Sessions "
+                                          "BEGIN SELECT RAISE(ROLLBACK, 'disk full'); END"));
+  job.files.CloseDataFile();
+  EXPECT_FALSE(job.files.ReopenDataFile(job.setup)) << "its rows would be those of another session";
+  EXPECT_FALSE(job.state.run.DataFileOpen || job.files.database);
 }
 
 // A row of the run: a station and its twenty registrations reach the disk together or not at all.
