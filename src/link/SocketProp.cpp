@@ -237,8 +237,11 @@ void SocketProp::Release() {
 }
 
 // The view that a line being dispatched has into the buffer dies here: the dispatcher takes what it needs before it
-// lets anything pump.
+// lets anything pump. What is done with goes when it is the greater part: behind a peer that talks faster than it is
+// answered, a move of the backlog for each arrival would make every line dearer than the one before.
 void SocketProp::Compact() {
+  if (consumed < ReceiveBuffer.size() - consumed)
+    return;
   ReceiveBuffer.erase(0, consumed);
   searched -= consumed;
   consumed = 0;

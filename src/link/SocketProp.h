@@ -99,7 +99,7 @@ private:
   std::string DefaultHost = "127.0.0.1";
   bool FirstAttemptSettled = false;
   // Raw bytes: `consumed` of them are done with, the line end was sought in the first `searched`. One buffer with two
-  // moving marks, compacted once an arrival, so that a burst of lines and a line without an end both cost linear time.
+  // moving marks, compacted by halves, so that a flood of lines and a line without an end both cost linear time.
   std::string ReceiveBuffer;
   std::size_t consumed = 0, searched = 0;
   bool plain = true;     // the buffer holds ASCII alone: asked once an arrival, not once a line

@@ -1,6 +1,8 @@
 // The transport: connecting and reconnecting, cutting bytes into lines and lines into words, sending.
 #include "LinkFixture.h"
 
+#include <chrono>
+
 namespace trekor::tests {
 namespace {
 
@@ -113,6 +115,21 @@ TEST_F(SocketPropTest, AFloodThatNestsInEachAnswerIsServedInOrder) {
   Pump(flood);
   EXPECT_EQ(expected, flood);
   EXPECT_LT(deepest, 100); // the stack holds
+}
+
+TEST_F(SocketPropTest, APeerThatTalksFasterThanItIsAnsweredDoesNotSlowTheLink) {
+  Connect();
+  int served = 0;
+  socket.Dispatch = [&](std::string_view) {
+    if (++served < 2500) // two lines for each that is answered
+      fake.socket.Deliver(std::string(20000, 'x') + "\r\n" + std::string(20000, 'x') + "\r\n");
+    socket.SendData("ACK");
+  };
+  const auto before = std::chrono::steady_clock::now();
+  Arrive("CTRL ARM\r\n");
+  Pump(2500);
+  EXPECT_EQ(served, 1 + 2 * 2499);
+  EXPECT_LT(std::chrono::steady_clock::now() - before, std::chrono::seconds(3)) << "each line moves the whole backlog";
 }
 
 TEST_F(SocketPropTest, ALineWithoutAnEndIsDroppedUpToItsEnd) {
