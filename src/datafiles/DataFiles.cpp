@@ -169,7 +169,8 @@ void DataFiles::CloseDataFile() {
 }
 
 void DataFiles::BeginRow() {
-  stationBefore = state.file.StationID;
+  const Positions& at = state.position;
+  before = {state.file.StationID, at.StationMinimum.Default(), at.StationMaximum.Default()};
   if (database)
     database->Begin();
 }
@@ -182,7 +183,9 @@ bool DataFiles::EndRow() {
   const bool stored = database->Commit();
   if (!stored) {
     database->Rollback();
-    state.file.StationID = stationBefore;
+    state.file.StationID = before.station;
+    state.position.StationMinimum.SetDefault(before.lowest);
+    state.position.StationMaximum.SetDefault(before.highest);
   }
   return stored;
 }

@@ -111,7 +111,10 @@ private:
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
   std::string openPath, openName; // DataPath and DataName of the open file; the link names the next one over them
-  std::int32_t stationBefore = 0; // StationID when the row began
+  struct {
+    std::int32_t station = 0;
+    double lowest = 0, highest = 0; // km
+  } before;                         // StationID and the session's limits when the row began
   // Places of the fields that every row of a run sets, found once when the file is opened.
   std::vector<int> stationPlaces, registrationPlaces;
 };

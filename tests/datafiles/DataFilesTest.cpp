@@ -241,6 +241,8 @@ TEST(DataFiles, WhatCannotBeStoredLeavesTheNumbersOfTheOpenFile) {
   job.Value(2, 3, 17, "2");
   EXPECT_FALSE(job.files.EndRow());
   EXPECT_EQ(job.state.file.StationID, 2) << "the last one that is in the file";
+  job.files.EditSession();
+  EXPECT_EQ(job.Ask("SELECT StationMin, StationMax FROM Sessions"), "10|20") << "limits of what is in the file";
 }
 
 TEST(DataFiles, GoesOnWithoutAFile) {
