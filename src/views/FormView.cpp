@@ -189,12 +189,18 @@ void FormView::Hide() {
   form.ActiveControl = nullptr; // the next showing gives its control the focus anew
   const QWidget* front = QApplication::activeWindow();
   const bool active = window && front && (front == window || front->parentWidget() == window);
+  // Not every window manager gives the keyboard back, and without one nobody does. Before the window goes, or the
+  // manager chooses on its own and a key typed meanwhile is lost; a modal window keeps the opener from it until it has
+  // gone.
+  const bool handOver = active && opener;
+  if (handOver && !modal)
+    opener->activateWindow();
   if (window) {
     for (QMessageBox* box : window->findChildren<QMessageBox*>(Qt::FindDirectChildrenOnly))
       box->reject(); // what it tells on top of it goes too, or it would keep the keys of a run
     window->hide();
   }
-  if (active && opener) // not every window manager does it, and without one nobody
+  if (handOver && modal)
     opener->activateWindow();
   if (modal)
     modal->quit();
