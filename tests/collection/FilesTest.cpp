@@ -487,6 +487,7 @@ TEST_F(FileMenuStories, ASetupThatCannotBeReadLeavesTheOneBefore) {
   form.cboTestSetupNames.Select(1);
   EXPECT_EQ(fakes.shell.boxes, Texts{"Cannot open C:\\Veldmark\\Trekor\\MDB\\Observations.mdb"});
   EXPECT_EQ(form.cboTestSetupNames.Text() + state.TestSetupName + form.lblSetupID.Caption(), "RoadRoad1");
+  EXPECT_EQ(state.TestSetupID, 1) << "keys that are assigned now must go into this one";
   EXPECT_EQ(form.Grid.Cols(), 12);
   EXPECT_EQ(setup.KeyToObs('B'), Hole);
   EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";

@@ -1,5 +1,7 @@
 #include "collection/RunFixture.h"
 
+#include <map>
+
 namespace trekor::tests {
 
 class KeyPresses : public RunFixture {
@@ -54,12 +56,18 @@ TEST_F(KeyPresses, TheSecondKeyOfAPairIsTheValue) {
   Press('7');
   EXPECT_EQ(Cell(0, Rut), "7");
   EXPECT_EQ(Sounds(), Texts{"D7.WAV"});
-  Press('E');
-  Press(99); // 3 on the pad
-  EXPECT_EQ(Cell(0, Rut), "3");
+  for (const auto& [second, value] :
+       std::map<int, std::string>{{'0', "0"}, {'9', "9"}, {96, "0"}, {105, "9"}, {99, "3"}}) {
+    SCOPED_TRACE(second);
+    Press('E');
+    Press(second); // of the main block or of the pad
+    EXPECT_EQ(Cell(0, Rut), value);
+    EXPECT_EQ(Sounds(), Texts{"D" + value + ".WAV"});
+  }
+  const std::string last = Cell(0, Rut);
   Press('E');
   Press(Del);
-  EXPECT_EQ(Cell(0, Rut), "3");
+  EXPECT_EQ(Cell(0, Rut), last);
   Press('A'); // not a value any more
   EXPECT_EQ(Cell(0, Crack), "1");
 }

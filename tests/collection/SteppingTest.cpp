@@ -1,5 +1,7 @@
 #include "collection/RunFixture.h"
 
+#include <map>
+
 namespace trekor::tests {
 
 class RoadSteps : public RunFixture {
@@ -146,10 +148,11 @@ TEST_F(RoadSteps, StartStationPromptSetsTheCountUnlessItIsEmptied) {
 
 TEST_F(RoadSteps, DanishKeysGiveTheirLettersInABoxWhateverTheLayout) {
   state.command.Language = "Danish";
-  form.Texts6.OnKeyDown(192, 0);
-  EXPECT_EQ(form.Texts6.OnKeyPress(U';'), U'\u00C6');
-  form.Texts6.OnKeyDown('1', 0);
-  EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), U'1');
+  for (const auto& [key, letter] :
+       std::map<int, char32_t>{{192, U'\u00C6'}, {222, U'\u00D8'}, {221, U'\u00C5'}, {'1', U'1'}}) {
+    form.Texts6.OnKeyDown(key, 0);
+    EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), letter) << key;
+  }
 }
 
 } // namespace trekor::tests

@@ -194,6 +194,11 @@ TEST_F(UnderAForm, TheRoadThatTheLinkTellsIsTakenUpByTheForm) {
   });
   form.mnuNew.Click();
   EXPECT_EQ(Query("SELECT FacilityName, SectionName, Start, End FROM Sessions"), Texts{"Road 21 South Bridge Exit 12"});
+  WhileAsked([this] {
+    EXPECT_EQ(fileNew.form.Texts0.Text() + fileNew.form.Texts1.Text(), "Road 21South") << "the next file goes on there";
+    fileNew.form.OnKeyDown(27, 0);
+  });
+  form.mnuNew.Click();
 }
 
 TEST_F(UnderAForm, AFileChangedUnderAPromptOfTheStartDecidesWhereTheRunGoes) {

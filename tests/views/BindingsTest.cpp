@@ -34,6 +34,8 @@ struct ChoiceForm : Form {
     place(combo, 450);
     place(list, 2400);
     place(several, 2400);
+    place(locked, 450);
+    locked.SetEnabled(false); // before it has a widget
     several.MultiSelect = true;
     for (const char* entry : {"one", "two", "three"})
       for (auto* box : {&list, &several})
@@ -52,6 +54,7 @@ struct ChoiceForm : Form {
   OptionButton inside{*this, "Options", 2};
   ComboBox combo{*this, "cboUnits"};
   ListBox list{*this, "lstOne"}, several{*this, "lstSeveral"};
+  CheckBox locked{*this, "chkLocked"};
   int raised = 0;
 };
 
@@ -103,6 +106,7 @@ TEST_F(BindingsTest, ACheckBoxShowsWhatTheModelMakesOfAClick) {
   form.check.SetEnabled(false);
   ClickOn(box, {8, box->height() / 2});
   EXPECT_EQ(form.check.Value(), 0);
+  EXPECT_FALSE(The<QCheckBox>(1)->isEnabled());
 }
 
 TEST_F(BindingsTest, OptionsOfAContainerExcludeEachOtherOnTheScreen) {
