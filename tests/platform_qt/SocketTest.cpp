@@ -1,10 +1,10 @@
 // The link's socket against a real peer on this machine.
 #include "Peer.h"
+#include "WaitUntil.h"
 
 #include "platform_qt/QtPump.h"
 #include "platform_qt/QtSocket.h"
 
-#include <QElapsedTimer>
 #include <QTimer>
 
 #include <functional>
@@ -44,14 +44,7 @@ protected:
 class SocketTest : public testing::Test {
 protected:
   SocketTest() { socket.SetEvents(&heard); }
-  bool Until(const std::function<bool()>& done) {
-    QElapsedTimer clock;
-    clock.start();
-    bool is = done();
-    for (; !is && clock.elapsed() < 5000; is = done())
-      pump.WaitForEvents(20);
-    return is;
-  }
+  bool Until(const std::function<bool()>& done) { return WaitUntil(pump, done); }
   bool Tells(const std::string& story) {
     const bool told = Until([&] { return heard.story == story; });
     EXPECT_EQ(heard.story, story);

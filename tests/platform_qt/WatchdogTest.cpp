@@ -1,12 +1,11 @@
 // The whole transport over the real socket: how a connection ends decides whether it comes back by itself.
 #include "Peer.h"
+#include "WaitUntil.h"
 
 #include "link/SocketProp.h"
 #include "platform_qt/QtPump.h"
 #include "platform_qt/QtSocket.h"
 #include "support/FakePlatform.h"
-
-#include <QElapsedTimer>
 
 namespace trekor::tests {
 namespace {
@@ -18,14 +17,7 @@ protected:
     link.form.RemotePort.SetText(std::to_string(peer.Port()));
   }
   ~WatchdogTest() override { socket.SetEvents(nullptr); }
-  bool Until(const std::function<bool()>& done) {
-    QElapsedTimer clock;
-    clock.start();
-    bool is = done();
-    for (; !is && clock.elapsed() < 5000; is = done())
-      pump.WaitForEvents(20);
-    return is;
-  }
+  bool Until(const std::function<bool()>& done) { return WaitUntil(pump, done); }
   bool Greets() {
     return Until([&] { return peer.Accepts(); }) && Until([&] {
              greeting += peer.Hears();

@@ -3,6 +3,8 @@
 #include "views/KeyGridView.h"
 #include "views/QtShell.h"
 
+#include "ShownFormTest.h"
+
 #include "support/FakePlatform.h"
 
 #include <QApplication>
@@ -58,21 +60,8 @@ struct ChoiceForm : Form {
   int raised = 0;
 };
 
-class BindingsTest : public testing::Test {
+class BindingsTest : public tests::ShownFormTest<ChoiceForm> {
 protected:
-  BindingsTest() {
-    shell.Load(form);
-    shell.Show(form);
-    shell.SetFocus(form.Texts0);
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (dynamic_cast<FormWindow*>(w))
-        window = w;
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-  }
-  ~BindingsTest() override {
-    shell.UnloadAll();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
   template <class Widget> Widget* The(int n = 0) { return window->findChildren<Widget*>().at(n); }
   static void ClickOn(QWidget* w, QPoint at) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, at); }
   static void ClickOn(QListWidget* w, int row) { ClickOn(w->viewport(), w->visualItemRect(w->item(row)).center()); }
@@ -83,10 +72,6 @@ protected:
       marks += w->item(i)->isSelected() ? 'x' : '.';
     return marks;
   }
-  tests::FakeDrives drives;
-  QtShell shell{drives};
-  ChoiceForm form;
-  QWidget* window = nullptr;
 };
 
 TEST_F(BindingsTest, ACheckBoxShowsWhatTheModelMakesOfAClick) {

@@ -1,5 +1,7 @@
 #include "views/QtShell.h"
 
+#include "ShownFormTest.h"
+
 #include "support/FakePlatform.h"
 
 #include <QAction>
@@ -40,29 +42,12 @@ struct SmallForm : Form {
   int pressed = 0;
 };
 
-class FormViewTest : public testing::Test {
+class FormViewTest : public tests::ShownFormTest<SmallForm> {
 protected:
-  FormViewTest() {
-    shell.Load(form);
-    shell.Show(form);
-    shell.SetFocus(form.Texts0);
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (dynamic_cast<FormWindow*>(w))
-        window = w;
-    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
-    form.keys.clear();
-  }
-  ~FormViewTest() override {
-    shell.UnloadAll();
-    QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-  }
+  FormViewTest() { form.keys.clear(); }
   void Press(Qt::Key key, Qt::KeyboardModifiers with = Qt::NoModifier) {
     QTest::keyClick(window->windowHandle(), key, with);
   }
-  tests::FakeDrives drives;
-  QtShell shell{drives};
-  SmallForm form;
-  QWidget* window = nullptr;
 };
 
 TEST_F(FormViewTest, AKeyIsHeardOnceAndBeforeMenusAndControls) {
