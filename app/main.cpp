@@ -1,6 +1,4 @@
 // Puts the house together: the machine's adapters, the program, its windows.
-#include "Version.h"
-#include "core/Program.h"
 #include "platform_os/FileDrives.h"
 #include "platform_os/InstanceLock.h"
 #include "platform_os/ProgramFolder.h"
@@ -10,6 +8,8 @@
 #include "platform_qt/QtSocket.h"
 #include "platform_qt/SdlSoundPlayer.h"
 #include "platform_qt/SystemKeyboard.h"
+#include "program/Program.h"
+#include "state/Version.h"
 #include "views/QtShell.h"
 #include "views/Theme.h"
 

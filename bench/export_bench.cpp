@@ -1,9 +1,9 @@
 #include "ExportBench.h"
 
 #include "QuietPlatform.h"
-#include "core/ProgramState.h"
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
+#include "state/ProgramState.h"
 
 #include <chrono>
 #include <cstdio>

@@ -1,7 +1,7 @@
 // A burst of link lines through the program's own transport and dispatcher, beside its floors: the same bytes received
 // over a loopback connection, or lying in memory, and walked line by line with memchr alone. Median of five rounds
 // each.
-#include "core/Program.h"
+#include "program/Program.h"
 #include "support/FakePlatform.h"
 
 #include <algorithm>

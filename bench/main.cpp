@@ -1,6 +1,6 @@
 // trekor-bench NAME ...: runs one measurement.
 #include "Bench.h"
-#include "Version.h"
+#include "state/Version.h"
 
 #include <cstdio>
 #include <string_view>

@@ -2,7 +2,7 @@
 // The file is left out by default, as a million synchronised rows measure the disk; with a file fewer steps are driven.
 //
 //   trekor_run_bench [STEPS]
-#include "core/Program.h"
+#include "program/Program.h"
 #include "support/FakePlatform.h"
 #include "support/ReleasedTree.h"
 

@@ -3,8 +3,8 @@
 #include "Bench.h"
 #include "QuietPlatform.h"
 #include "SyncCounter.h"
-#include "core/ProgramState.h"
 #include "datafiles/DataFiles.h"
+#include "state/ProgramState.h"
 
 #include <algorithm>
 #include <chrono>

@@ -1,6 +1,6 @@
 // The main form's logic and the chief header of the run: idle, running, paused. The run's subjects have a file pair
 // each in this folder (stepping, grids, registrations, feedback ...); this class owns them, loads the form, and is the
-// door through which the link, the window and the roof come in.
+// door through which the link, the window and the program come in.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
@@ -43,7 +43,7 @@ public:
   void Stop_AndClose();
   // Unloads the forms that belong to the run and closes the sound device: the second to fourth step of the unload.
   void Unload_Forms();
-  // The unload of the main form is the roof's business (core/Shutdown); this asks for it.
+  // The unload of the main form is the program's business (program/Shutdown); this asks for it.
   std::function<void()> UnloadMainForm;
 
   struct Parts;

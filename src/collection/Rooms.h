@@ -1,7 +1,6 @@
-// The rooms that the run works with; all of them outlive it. They are built by the roof (core/Program).
+// The rooms that the run works with; all of them outlive it. They are built by program/Program.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
 #include "datafiles/FileNewDialog2.h"
@@ -14,6 +13,7 @@
 #include "setup/ClassKeyBoard.h"
 #include "setup/ParBar.h"
 #include "setup/TestSetup.h"
+#include "state/ProgramState.h"
 #include "texts/Message.h"
 #include "texts/Texts.h"
 

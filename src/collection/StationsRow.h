@@ -2,8 +2,8 @@
 // in them with all their digits, so that the file gets the very number that the link brought.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "forms/Grid.h"
+#include "state/ProgramState.h"
 
 #include <string>
 

@@ -1,9 +1,9 @@
 // The list of drives that may receive the copies of a data file.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "forms/Controls.h"
 #include "platform/Drives.h"
+#include "state/ProgramState.h"
 
 namespace trekor {
 

@@ -1,6 +1,6 @@
 // The head of the comma file: who, where, which units, the observations and the template records.
-#include "Version.h"
 #include "datafiles/CommaRecords.h"
+#include "state/Version.h"
 #include "values/Text.h"
 
 #include <algorithm>

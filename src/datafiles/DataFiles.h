@@ -5,9 +5,9 @@
 // that holds every row that had left the buffer, and no half row.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
 #include "setup/TestSetup.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
 

@@ -7,8 +7,8 @@
 // nothing; the version after 1.0 is therefore 1.2.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 
 #include <string>
 

@@ -2,9 +2,9 @@
 // and lines into words, sends lines. What the lines mean is the dispatcher's business, which is handed in from above.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "forms/Form.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "texts/Texts.h"
 
 #include <array>

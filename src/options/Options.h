@@ -2,8 +2,8 @@
 // saved last). They live in the program state while the program runs.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "texts/Message.h"
 

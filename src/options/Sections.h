@@ -1,9 +1,9 @@
 // The current facility (road) and section (stretch of it), and the network database behind them.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "link/SocketProp.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
 

@@ -2,8 +2,8 @@
 // vocabulary.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "store/Recordset.h"
 
 #include <string>

@@ -2,8 +2,8 @@
 // life.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
 

@@ -5,8 +5,8 @@
 //   language
 #pragma once
 
-#include "core/ProgramState.h"
 #include "forms/Form.h"
+#include "state/ProgramState.h"
 #include "store/Recordset.h"
 
 #include <optional>

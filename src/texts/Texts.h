@@ -2,9 +2,9 @@
 // control.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "forms/Form.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
 

@@ -4,7 +4,7 @@
 
 #include "collection/Parts.h"
 #include "collection/StationsRow.h"
-#include "link/Dispatcher.h"
+#include "program/Dispatcher.h"
 #include "support/FakePlatform.h"
 
 #include <deque>

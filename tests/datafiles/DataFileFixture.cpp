@@ -1,7 +1,7 @@
 #include "datafiles/DataFileFixture.h"
 
-#include "Version.h"
 #include "datafiles/ExportSessions.h"
+#include "state/Version.h"
 #include "support/Databases.h"
 
 namespace trekor::tests {

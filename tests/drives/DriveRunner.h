@@ -3,7 +3,7 @@
 // one beside it what must come out.
 #pragma once
 
-#include "core/Program.h"
+#include "program/Program.h"
 #include "support/FakePlatform.h"
 
 #include <deque>

@@ -2,7 +2,7 @@
 // For rooms that stand on store.
 #pragma once
 
-#include "core/ProgramState.h"
+#include "state/ProgramState.h"
 #include "store/Database.h"
 #include "support/FakePlatform.h"
 

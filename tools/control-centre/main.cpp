@@ -4,7 +4,7 @@
 #include "LinkServer.h"
 #include "Player.h"
 
-#include "Version.h"
+#include "state/Version.h"
 
 #include <QCommandLineParser>
 #include <QGuiApplication>

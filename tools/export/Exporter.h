@@ -8,10 +8,10 @@
 
 #include "Arguments.h"
 #include "QuietPlatform.h"
-#include "core/ProgramState.h"
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
 #include "datafiles/ExportSessions.h"
+#include "state/ProgramState.h"
 
 #include <filesystem>
 #include <set>

@@ -1,7 +1,7 @@
 // trekor-export: comma files from closed data files in bulk, for the office.
 #include "Disk.h"
 #include "Exporter.h"
-#include "Version.h"
+#include "state/Version.h"
 
 #include <algorithm>
 #include <cstdio>

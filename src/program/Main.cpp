@@ -1,9 +1,9 @@
 // Start-up, in its fixed order: the texts must be open before the command line is judged, the options before the
 // folders of the language, everything before the first form.
-#include "core/CommandLine.h"
-#include "core/Folders.h"
-#include "core/Program.h"
 #include "dbupdate/UpdateDatabase.h"
+#include "program/Program.h"
+#include "state/CommandLine.h"
+#include "state/Folders.h"
 
 namespace trekor {
 

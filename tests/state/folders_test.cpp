@@ -1,4 +1,4 @@
-#include "core/Folders.h"
+#include "state/Folders.h"
 
 #include "support/FakePlatform.h"
 

@@ -1,4 +1,4 @@
-#include "core/CommandLine.h"
+#include "state/CommandLine.h"
 
 #include <gtest/gtest.h>
 

@@ -1,5 +1,5 @@
 // The whole program without windows: how it comes up, what keeps it from coming up, and its three ways out.
-#include "core/Program.h"
+#include "program/Program.h"
 
 #include "support/FakePlatform.h"
 #include "support/ReleasedTree.h"

@@ -1,6 +1,6 @@
-#include "core/Folders.h"
+#include "state/Folders.h"
 
-#include "Version.h"
+#include "state/Version.h"
 #include "values/Text.h"
 
 namespace trekor {

@@ -1,5 +1,5 @@
 // The line is searched, not cut into words: a switch counts wherever its letters stand, also inside another argument.
-#include "core/CommandLine.h"
+#include "state/CommandLine.h"
 
 #include "values/NumberText.h"
 #include "values/Text.h"

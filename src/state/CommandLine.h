@@ -2,7 +2,7 @@
 // switches that are found anywhere in the line, as substrings, whatever their case.
 #pragma once
 
-#include "core/ProgramState.h"
+#include "state/ProgramState.h"
 
 #include <string_view>
 

@@ -1,8 +1,8 @@
 // Roots the folder tree under the drive from which the program runs.
 #pragma once
 
-#include "core/ProgramState.h"
 #include "platform/Platform.h"
+#include "state/ProgramState.h"
 
 namespace trekor {
 

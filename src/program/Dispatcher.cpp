@@ -1,4 +1,4 @@
-#include "link/Dispatcher.h"
+#include "program/Dispatcher.h"
 
 #include "values/DistanceUnits.h"
 #include "values/NumberText.h"

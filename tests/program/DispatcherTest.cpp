@@ -1,7 +1,7 @@
 // What each line of the control program does, over rooms whose databases are closed: fields, keys, answers.
-#include "LinkFixture.h"
+#include "link/LinkFixture.h"
 
-#include "link/Dispatcher.h"
+#include "program/Dispatcher.h"
 
 #include <memory>
 

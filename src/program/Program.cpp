@@ -1,4 +1,4 @@
-#include "core/Program.h"
+#include "program/Program.h"
 
 namespace trekor {
 

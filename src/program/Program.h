@@ -2,7 +2,7 @@
 #pragma once
 
 #include "collection/Measurements.h"
-#include "link/Dispatcher.h"
+#include "program/Dispatcher.h"
 
 namespace trekor {
 

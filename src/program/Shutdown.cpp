@@ -1,5 +1,5 @@
 // The end of the program. Every way out (menu, link, close box) comes to this one unload.
-#include "core/Program.h"
+#include "program/Program.h"
 
 namespace trekor {
 
