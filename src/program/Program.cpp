@@ -1,5 +1,10 @@
 #include "program/Program.h"
 
+// Here every room of the logic comes together: one that is built with the toolkit shows.
+#if __has_include(<QString>)
+#error "the logic is built without the toolkit"
+#endif
+
 namespace trekor {
 
 Program::Program(Platform& p)

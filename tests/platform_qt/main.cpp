@@ -5,7 +5,6 @@
 #include <cstdlib>
 
 int main(int argc, char** argv) {
-  setenv("SDL_AUDIODRIVER", "dummy", 1);
   setenv("QT_NO_GLIB", "1", 1); // the loop that the program runs on
   QCoreApplication app(argc, argv);
   testing::InitGoogleTest(&argc, argv);

@@ -2,9 +2,9 @@
 #pragma once
 
 #ifdef _WIN32
-#include "platform_qt/WinKeyboard.h"
+#include "platform_os/WinKeyboard.h"
 #else
-#include "platform_qt/X11Keyboard.h"
+#include "platform_os/X11Keyboard.h"
 #endif
 
 namespace trekor {

@@ -1,4 +1,4 @@
-#include "platform_qt/X11Keyboard.h"
+#include "platform_os/X11Keyboard.h"
 
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>

@@ -1,5 +1,5 @@
 #include "platform_os/FileDrives.h"
-#include "platform_qt/SdlSoundPlayer.h"
+#include "platform_os/SdlSoundPlayer.h"
 
 #include <gtest/gtest.h>
 

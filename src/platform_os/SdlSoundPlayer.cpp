@@ -1,6 +1,6 @@
-#include "platform_qt/SdlSoundPlayer.h"
+#include "platform_os/SdlSoundPlayer.h"
 
-#include "platform_qt/SoundLibrary.h"
+#include "platform_os/SoundLibrary.h"
 
 // The program has its own main.
 #define SDL_MAIN_HANDLED

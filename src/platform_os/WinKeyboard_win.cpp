@@ -1,4 +1,4 @@
-#include "platform_qt/WinKeyboard.h"
+#include "platform_os/WinKeyboard.h"
 
 #include <windows.h>
 

@@ -1,4 +1,4 @@
-#include "platform_qt/SoundLibrary.h"
+#include "platform_os/SoundLibrary.h"
 
 namespace trekor {
 
