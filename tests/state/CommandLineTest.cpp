@@ -1,74 +1,51 @@
 #include "state/CommandLine.h"
 
+#include "support/Case.h"
+
 #include <gtest/gtest.h>
 
 namespace trekor::tests {
 namespace {
 
-struct Line {
-  explicit Line(std::string_view text) : ok(ReadCommandLine(text, flags, run)) {}
+// The vehicle, and all that is not as it is without a switch.
+std::string Read(const std::string& line, CommandLineFlags flags = {}, RunFlags run = {}) {
+  if (!ReadCommandLine(line, flags, run))
+    return "refused";
+  std::string all = flags.HardwareName;
+  all += run.UserLevel ? " level " + std::to_string(run.UserLevel) : "";
+  all += flags.CmdDrive.empty() ? "" : " drive " + flags.CmdDrive;
+  all += flags.CmdBValue == 0 ? "" : " B " + std::to_string(flags.CmdBValue).substr(0, 4);
+  all += run.Simulator ? " S" : "";
+  all += flags.CmdKlv7 ? " KLV7" : "";
+  all += flags.FormEditOff ? " F" : "";
+  all += flags.CmdX ? " X" : "";
+  all += flags.CmdR ? " R" : "";
+  EXPECT_EQ(flags.CapColumn + flags.TipColumn + flags.HelpColumn,
+            "Cap" + flags.Language + "Tip" + flags.Language + "Help" + flags.Language);
+  return all + (flags.Language == "English" ? "" : " " + flags.Language);
+}
+
+// A line of one word loses its last character, two switches are coupled, one is barred by level, a number is read only
+// before a blank, and a language is all the rest.
+TEST(CommandLineTest, SwitchesAreFoundAnywhereWhateverTheirCase) {
+  for (const Case c : {" -> refused", "    -> refused", "  7707-034 /US  -> 7707-034", "ABC -> AB", "VÅ -> V", "A -> ",
+                       "X /UD /US -> X level 9", "X /ua /uo -> X level 1", "X /uo -> X level -1", "X /US /D: -> X",
+                       "X /d:e /b:12 /s/x /f /r -> X drive e B 12.0 S F X R"})
+    EXPECT_EQ(Read(c.given), c.wanted) << c.line;
+}
+
+TEST(CommandLineTest, SomeSwitchesHaveConditions) {
+  for (const Case c :
+       {"X /KLV7 -> X KLV7 R", "X /F /UA -> X level 1", "X /F /UO -> X level -1 F", "X /B:12 -> X", "X /B: /S -> X S",
+        "X /B:12.5 /S -> X B 12.5 S", "X /L:Danish /S -> X S Danish /S", "X /L:Dansk  -> X Dansk", "X /L:  -> X"})
+    EXPECT_EQ(Read(c.given), c.wanted) << c.line;
+}
+
+TEST(CommandLineTest, EachReadingStartsFromItsDefaults) {
   CommandLineFlags flags;
   RunFlags run;
-  bool ok;
-};
-
-TEST(CommandLine, RefusesABlankLine) {
-  EXPECT_FALSE(Line("").ok);
-  EXPECT_FALSE(Line("   ").ok);
-}
-
-TEST(CommandLine, BeginsWithTheVehicle) {
-  EXPECT_EQ(Line("  7707-034 /US ").flags.HardwareName, "7707-034");
-  EXPECT_EQ(Line("ABC").flags.HardwareName, "AB") << "one word loses its last character";
-  EXPECT_EQ(Line("VÅ").flags.HardwareName, "V");
-  EXPECT_EQ(Line("A").flags.HardwareName, "");
-}
-
-TEST(CommandLine, TakesTheLastUserLevelOfItsOwnOrder) {
-  EXPECT_EQ(Line("X").run.UserLevel, 0);
-  EXPECT_EQ(Line("X /UD /US").run.UserLevel, 9);
-  EXPECT_EQ(Line("X /ua /uo").run.UserLevel, 1);
-  EXPECT_EQ(Line("X /uo").run.UserLevel, -1);
-}
-
-TEST(CommandLine, FindsSwitchesAnywhereWhateverTheirCase) {
-  const Line all("X /d:e /b:12 /s/x /f /r");
-  EXPECT_EQ(all.flags.CmdDrive, "e");
-  EXPECT_EQ(all.flags.CmdBValue, 12);
-  EXPECT_TRUE(all.run.Simulator && all.flags.CmdX && all.flags.FormEditOff && all.flags.CmdR);
-  EXPECT_FALSE(all.flags.CmdKlv7);
-  const Line none("X /US /D:");
-  EXPECT_FALSE(none.run.Simulator || none.flags.CmdX || none.flags.FormEditOff || none.flags.CmdR);
-  EXPECT_EQ(none.flags.CmdDrive, "");
-}
-
-TEST(CommandLine, CouplesTwoSwitchesAndBarsOneByLevel) {
-  const Line coupled("X /KLV7");
-  EXPECT_TRUE(coupled.flags.CmdKlv7 && coupled.flags.CmdR);
-  EXPECT_FALSE(Line("X /F /UA").flags.FormEditOff);
-  EXPECT_TRUE(Line("X /F /UO").flags.FormEditOff);
-}
-
-TEST(CommandLine, ReadsANumberOnlyBeforeABlank) {
-  EXPECT_EQ(Line("X /B:12").flags.CmdBValue, 0);
-  EXPECT_EQ(Line("X /B: /S").flags.CmdBValue, 0);
-  EXPECT_EQ(Line("X /B:12.5 /S").flags.CmdBValue, 12.5F);
-}
-
-TEST(CommandLine, TakesAllTheRestAsTheLanguage) {
-  const Line danish("X /L:Danish /S");
-  EXPECT_EQ(danish.flags.Language, "Danish /S");
-  EXPECT_TRUE(danish.run.Simulator);
-  EXPECT_EQ(Line("X /L:Dansk ").flags.HelpColumn, "HelpDansk");
-  EXPECT_EQ(Line("X /L: ").flags.CapColumn, "CapEnglish");
-}
-
-TEST(CommandLine, StartsFromItsDefaultsEachTime) {
-  Line again("X /UD /S /R /D:E /L:Dansk");
-  again.ok = ReadCommandLine("X", again.flags, again.run);
-  EXPECT_EQ(again.run.UserLevel, 0);
-  EXPECT_FALSE(again.run.Simulator || again.flags.CmdR);
-  EXPECT_EQ(again.flags.CmdDrive + again.flags.TipColumn, "TipEnglish");
+  ReadCommandLine("X /UD /S /R /D:E /L:Dansk", flags, run);
+  EXPECT_EQ(Read("XY", flags, run), "X");
 }
 
 } // namespace

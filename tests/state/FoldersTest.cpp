@@ -15,75 +15,66 @@ struct PlacedProcess : FakeProcess {
   float version = 2010;
 };
 
-class FolderTree : public ::testing::Test {
+class FoldersTest : public ::testing::Test {
 protected:
   void Root() { FolderRoots(folders, platform); }
   FakePlatform machine;
+  FakeDrives& drives = machine.drives;
   PlacedProcess process;
-  Platform platform{machine.clock,    machine.pump,   machine.socket, machine.sound,
-                    machine.keyboard, machine.drives, process,        machine.shell};
+  Platform platform{machine.clock,    machine.pump, machine.socket, machine.sound,
+                    machine.keyboard, drives,       process,        machine.shell};
   FolderPaths folders;
 };
 
-TEST_F(FolderTree, StandsOnTheDriveOfTheProgram) {
-  machine.drives.MakeFolders("D:\\Veldmark\\Trekor\\VDB");
-  machine.drives.Write("D:\\Veldmark\\Trekor\\VDB\\HardWare.vdb", "template");
-  Root();
-  EXPECT_EQ(folders.AppPath, "D:\\Apps\\Trekor");
-  EXPECT_EQ(folders.ParentPath, "D:\\Apps");
+TEST_F(FoldersTest, TheTreeStandsOnTheDriveOfTheProgram) {
+  drives.MakeFolders("D:\\Veldmark\\Trekor\\VDB");
+  for (const std::string start : {"first", "later"}) {
+    drives.Write("D:\\Veldmark\\Trekor\\VDB\\HardWare.vdb", start);
+    Root();
+    EXPECT_EQ(drives.Read("D:\\Veldmark\\Trekor\\MDB\\7707-XXX.mdb"), start) << "copied anew";
+    EXPECT_EQ(folders.HardwareCreated, start == "first");
+    drives.Write("D:\\Veldmark\\Trekor\\MDB\\trekor.mdb", "texts");
+  }
+  EXPECT_EQ(folders.AppPath + " " + folders.ParentPath, "D:\\Apps\\Trekor D:\\Apps");
   EXPECT_EQ(folders.SharedMdbFolder, "D:\\Veldmark\\Parcels\\MDB");
   EXPECT_EQ(folders.ComputerName, "INSPECTION-VEHI");
-  EXPECT_TRUE(machine.drives.FolderExists(folders.MdbFolder));
-  EXPECT_EQ(machine.drives.Read("D:\\Veldmark\\Trekor\\MDB\\7707-XXX.mdb"), "template");
-  EXPECT_TRUE(folders.HardwareCreated);
 }
 
-TEST_F(FolderTree, KnowsALaterStartAndCopiesTheTemplateAgain) {
-  machine.drives.MakeFolders("D:\\Veldmark\\Trekor\\VDB");
-  machine.drives.MakeFolders("D:\\Veldmark\\Trekor\\MDB");
-  machine.drives.Write("D:\\Veldmark\\Trekor\\VDB\\Hardware.vdb", "new");
-  machine.drives.Write("D:\\Veldmark\\Trekor\\MDB\\7707-XXX.mdb", "old");
-  machine.drives.Write("D:\\Veldmark\\Trekor\\MDB\\trekor.mdb", "texts");
+TEST_F(FoldersTest, DriveCIsTriedWhenItsOwnRefuses) {
+  drives.MakeFolders("D:\\Apps");
+  drives.MakeFolders("C:\\Veldmark\\Trekor");
   Root();
-  EXPECT_FALSE(folders.HardwareCreated);
-  EXPECT_EQ(machine.drives.Read("D:\\Veldmark\\Trekor\\MDB\\7707-XXX.mdb"), "new");
-}
-
-TEST_F(FolderTree, TriesDriveCWhenItsOwnRefuses) {
-  machine.drives.MakeFolders("D:\\Apps");
-  machine.drives.MakeFolders("C:\\Veldmark\\Trekor");
-  Root();
-  EXPECT_FALSE(machine.drives.FolderExists("D:\\Veldmark\\Trekor\\MDB")) << "one level only";
-  EXPECT_TRUE(machine.drives.FolderExists("C:\\Veldmark\\Trekor\\MDB"));
+  EXPECT_FALSE(drives.FolderExists("D:\\Veldmark\\Trekor\\MDB")) << "one level only";
+  EXPECT_TRUE(drives.FolderExists("C:\\Veldmark\\Trekor\\MDB"));
   EXPECT_EQ(folders.MdbFolder, "D:\\Veldmark\\Trekor\\MDB");
 }
 
-TEST_F(FolderTree, MakesNothingOnSystemsThatAreNotServed) {
-  machine.drives.MakeFolders("D:\\Veldmark\\Trekor");
+TEST_F(FoldersTest, NothingIsMadeOnSystemsThatAreNotServed) {
+  drives.MakeFolders("D:\\Veldmark\\Trekor");
   process.version = 2005;
   Root();
-  EXPECT_FALSE(machine.drives.FolderExists("D:\\Veldmark\\Trekor\\MDB"));
+  EXPECT_FALSE(drives.FolderExists("D:\\Veldmark\\Trekor\\MDB"));
 }
 
-TEST_F(FolderTree, HasAProgramInTheRootOfADrive) {
+TEST_F(FoldersTest, TheProgramMayStandInTheRootOfADrive) {
   process.folder = "D:\\";
   Root();
-  EXPECT_EQ(folders.AppPath, "D:");
-  EXPECT_EQ(folders.ParentPath, "D:");
-  EXPECT_EQ(folders.RootFolder, "D:\\Veldmark\\Trekor");
+  EXPECT_EQ(folders.AppPath + " " + folders.ParentPath + " " + folders.RootFolder, "D: D: D:\\Veldmark\\Trekor");
 }
 
-TEST_F(FolderTree, SpeaksEnglishWhereALanguageHasNoFile) {
+TEST_F(FoldersTest, ALanguageWithoutAFileSpeaksEnglish) {
   Root();
   AudioFolders(folders);
-  machine.drives.MakeFolders("D:\\Apps\\Trekor\\Audio\\Dansk\\Old");
-  LanguageAudioFolder(folders, "Dansk", machine.drives);
-  EXPECT_EQ(folders.AudioLanguagePath, "D:\\Apps\\Trekor\\Audio\\English\\");
-  machine.drives.Write("D:\\Apps\\Trekor\\Audio\\Dansk\\D1.WAV", "x");
-  LanguageAudioFolder(folders, "Dansk", machine.drives);
-  EXPECT_EQ(folders.AudioLanguagePath, "D:\\Apps\\Trekor\\Audio\\Dansk\\");
-  LanguageAudioFolder(folders, "Suomi", machine.drives);
-  EXPECT_EQ(folders.AudioLanguagePath, folders.AudioEnglishPath);
+  const std::string audio = "D:\\Apps\\Trekor\\Audio\\";
+  drives.MakeFolders(audio + "Dansk\\Old");
+  const auto spoken = [&](const char* language) {
+    LanguageAudioFolder(folders, language, drives);
+    return folders.AudioLanguagePath;
+  };
+  EXPECT_EQ(spoken("Dansk"), audio + "English\\");
+  drives.Write(audio + "Dansk\\D1.WAV", "x");
+  EXPECT_EQ(spoken("Dansk"), audio + "Dansk\\");
+  EXPECT_EQ(spoken("Suomi"), audio + "English\\");
 }
 
 } // namespace
