@@ -7,16 +7,15 @@
 
 #include <algorithm>
 #include <gtest/gtest.h>
-#include <string>
-#include <utility>
 
 using namespace control;
 
 namespace {
 
 // A program at the other end of a real link: it introduces itself and writes down what it is told.
-struct Vehicle {
-  Vehicle() { EXPECT_TRUE(link.Listen(0)); }
+class PlayerTest : public testing::Test {
+protected:
+  PlayerTest() { EXPECT_TRUE(link.Listen(0)); }
 
   // Plays the script to its end; what the program was told, a line each.
   std::string Play(const std::string& script) {
@@ -55,57 +54,51 @@ struct Vehicle {
   QByteArray answer;
 };
 
-TEST(PlayerTest, SaysWhereTheVehicleStandsAndSendsEachPositionFromItsOwnMoment) {
-  Vehicle vehicle;
-  EXPECT_EQ(vehicle.Play("start 10\ndirection down\nspeed 36\ndmi 20\npace 5\n"
-                         "at 0.12 send HALF WAY\nat 0.2 speed 72\nat 0.35 end\n"),
+TEST_F(PlayerTest, SaysWhereTheVehicleStandsAndSendsEachPositionFromItsOwnMoment) {
+  EXPECT_EQ(Play("start 10\ndirection down\nspeed 36\ndmi 20\npace 5\n"
+                 "at 0.12 send HALF WAY\nat 0.2 speed 72\nat 0.35 end\n"),
             "SET DMI 0 D 10.0000\nDMI 10.0000\nDMI 9.9995\nDMI 9.9990\nHALF WAY\nDMI 9.9985\nDMI 9.9980\n"
             "DMI 9.9970\nDMI 9.9960\nCTRL EXIT\n");
 }
 
-TEST(PlayerTest, KeepsItsRateHoweverFewTicksThereAre) {
-  Vehicle vehicle;
-  const std::string told = vehicle.Play("speed 36\ndmi 300\npace 3\nat 1 end\n");
+TEST_F(PlayerTest, KeepsItsRateHoweverFewTicksThereAre) {
+  const std::string told = Play("speed 36\ndmi 300\npace 3\nat 1 end\n");
   EXPECT_EQ(std::count(told.begin(), told.end(), '\n'), 1 + 300 + 1);
   EXPECT_NE(told.find("DMI 0.0000\nDMI 0.0001\nDMI 0.0001\nDMI 0.0001\nDMI 0.0002\n"), std::string::npos);
 }
 
-TEST(PlayerTest, StandsWhileItWaitsAndGoesOnFromThere) {
-  Vehicle vehicle;
-  vehicle.answer = "SET DMI  0 -1  7.5\r\nANSWER\r\n"; // the operator has turned the vehicle meanwhile
-  EXPECT_EQ(vehicle.Play("start 1\nspeed 36\nat 0.1 send ASK\nat 0.1 wait ANSWER\nat 0.2 end\n"),
+TEST_F(PlayerTest, StandsWhileItWaitsAndGoesOnFromThere) {
+  answer = "SET DMI  0 -1  7.5\r\nANSWER\r\n"; // the operator has turned the vehicle meanwhile
+  EXPECT_EQ(Play("start 1\nspeed 36\nat 0.1 send ASK\nat 0.1 wait ANSWER\nat 0.2 end\n"),
             "SET DMI 0 I 1.0000\nDMI 1.0000\nASK\nDMI 7.5000\nCTRL EXIT\n");
 }
 
-TEST(PlayerTest, DoesNotWaitForEver) {
-  Vehicle vehicle;
-  EXPECT_EQ(vehicle.Play("at 0 wait NOBODY\nat 1 end\n"), "SET DMI 0 I 0.0000\nFAILED\n");
+TEST_F(PlayerTest, DoesNotWaitForEver) {
+  EXPECT_EQ(Play("at 0 wait NOBODY\nat 1 end\n"), "SET DMI 0 I 0.0000\nFAILED\n");
 }
 
-TEST(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
-  Vehicle vehicle;
-  vehicle.Write("road.gpx", "<gpx><trk><trkseg><trkpt lat='45' lon='13'><ele>7</ele></trkpt>"
-                            "<trkpt lat='45.00089932' lon='13'><ele>9</ele></trkpt></trkseg></trk></gpx>");
-  EXPECT_EQ(vehicle.Play("track road.gpx\npace 20\ndmi 0.5\ngps 0.25\nat 9 end\n"),
+TEST_F(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
+  Write("road.gpx", "<gpx><trk><trkseg><trkpt lat='45' lon='13'><ele>7</ele></trkpt>"
+                    "<trkpt lat='45.00089932' lon='13'><ele>9</ele></trkpt></trkseg></trk></gpx>");
+  EXPECT_EQ(Play("track road.gpx\npace 20\ndmi 0.5\ngps 0.25\nat 9 end\n"),
             "SET DMI 0 I 0.0000\nDMI 0.0000\nGPS 0 45.0000000 13.0000000 7.0 1 9 0 0 0 0\nDMI 0.0333\n"
             "DMI 0.0667\nGPS 4 45.0005995 13.0000000 8.3 1 9 0 0 0 0\n"
             "DMI 0.1000\nDMI 0.1000\nGPS 6 45.0008993 13.0000000 9.0 1 9 0 0 0 0\nCTRL EXIT\n");
 }
 
-TEST(PlayerTest, HearsNothingOfAProgramThatEndedInTheMiddleOfALine) {
-  Vehicle vehicle;
+TEST_F(PlayerTest, HearsNothingOfAProgramThatEndedInTheMiddleOfALine) {
   QStringList heard;
-  QObject::connect(&vehicle.link, &LinkServer::Line, [&](const QString& line) { heard << line; });
-  QObject::connect(&vehicle.link, &LinkServer::Line, &vehicle.loop, &QEventLoop::quit);
-  QObject::connect(&vehicle.link, &LinkServer::Closed, &vehicle.loop, &QEventLoop::quit);
+  QObject::connect(&link, &LinkServer::Line, [&](const QString& line) { heard << line; });
+  QObject::connect(&link, &LinkServer::Line, &loop, &QEventLoop::quit);
+  QObject::connect(&link, &LinkServer::Closed, &loop, &QEventLoop::quit);
   QTcpSocket ended, program;
-  ended.connectToHost("127.0.0.1", vehicle.link.Port());
+  ended.connectToHost("127.0.0.1", link.Port());
   ended.write("SET SYS");
   ended.disconnectFromHost(); // when that is written
-  vehicle.loop.exec();
-  program.connectToHost("127.0.0.1", vehicle.link.Port());
+  loop.exec();
+  program.connectToHost("127.0.0.1", link.Port());
   program.write("HWND Trekor  7\r\n");
-  vehicle.loop.exec();
+  loop.exec();
   EXPECT_EQ(heard, QStringList{"HWND Trekor  7"});
 }
 

@@ -1,12 +1,29 @@
 #include "Track.h"
 
-#include <gtest/gtest.h>
-#include <string>
-#include <vector>
+#include <QStringList>
 
-using control::Track;
+#include <gtest/gtest.h>
+
+#include <cmath>
 
 namespace {
+
+using control::Track, control::TrackPoint;
+
+Track TrackOf(const QByteArray& text) {
+  Track track;
+  QString reason;
+  EXPECT_TRUE(track.ReadText(text, &reason)) << reason.toStdString();
+  return track;
+}
+
+// What it says of each point, rounded to a hundredth.
+std::string Of(const Track& track, double TrackPoint::*what) {
+  QStringList all;
+  for (const auto& point : track.Points())
+    all << QString::number(std::round(point.*what * 100) / 100, 'g', 12);
+  return all.join(' ').toStdString();
+}
 
 constexpr const char* Gpx = R"(<?xml version="1.0"?><gpx><trk><trkseg>
 <trkpt lat="45.0" lon="13.0"><ele>200</ele><time>2024-05-06T06:59:50Z</time></trkpt>
@@ -17,22 +34,15 @@ constexpr const char* Gpx = R"(<?xml version="1.0"?><gpx><trk><trkseg>
 </trkseg></trk></gpx>)";
 
 TEST(TrackTest, ReadsGpxAcrossSegmentsAndPassesOverImpossiblePositions) {
-  Track track;
-  QString reason;
-  ASSERT_TRUE(track.ReadText(Gpx, &reason)) << reason.toStdString();
-  ASSERT_EQ(track.Points().size(), 3u);
-  EXPECT_NEAR(track.Points()[1].km, 1.0, 0.001);
+  const Track track = TrackOf(Gpx);
+  EXPECT_EQ(Of(track, &TrackPoint::km), "0 1 2");
   EXPECT_NEAR(track.LengthKm(), 2.0, 0.001);
-  EXPECT_EQ(track.Points()[0].timeOfDay, 6 * 3600 + 59 * 60 + 50);
-  EXPECT_EQ(track.Points()[1].seconds, 40);
-  EXPECT_NEAR(track.Points()[2].seconds, 100, 0.1) << "the clock has jumped back: this kilometre takes a minute";
-  EXPECT_EQ(track.Points()[2].timeOfDay, 7 * 3600 + 10) << "what the receiver said is kept";
+  EXPECT_EQ(Of(track, &TrackPoint::seconds), "0 40 100") << "the clock has jumped back: this kilometre takes a minute";
+  EXPECT_EQ(Of(track, &TrackPoint::timeOfDay), "25190 25230 25210") << "what the receiver said is kept";
 }
 
 TEST(TrackTest, InterpolatesByWayAndByTimeAndStaysAtTheEnds) {
-  Track track;
-  QString reason;
-  ASSERT_TRUE(track.ReadText(Gpx, &reason));
+  const Track track = TrackOf(Gpx);
   EXPECT_NEAR(track.AtKm(0.5).latitude, 45.0044966, 1e-6);
   EXPECT_NEAR(track.AtKm(0.5).height, 205, 0.01);
   EXPECT_NEAR(track.AtSeconds(10).km, 0.25, 0.001);
@@ -40,60 +50,47 @@ TEST(TrackTest, InterpolatesByWayAndByTimeAndStaysAtTheEnds) {
   EXPECT_NEAR(track.AtKm(99).latitude, 45.0179864, 1e-9);
 }
 
-// Points each 100 m to the north, in two tracks; "-" has no time, the others stand at a second of one hour.
-QByteArray Road(const std::vector<std::string>& first, const std::vector<std::string>& second = {}) {
-  QByteArray text = "\xEF\xBB\xBF<gpx><trk><name>empty</name></trk>"; // a byte order mark, and a track of nothing
+// Points each 100 m to the north, "/" between two tracks; "-" has no time, the others stand at a second of one hour.
+QByteArray Road(const QString& times) {
+  QString text = "\uFEFF<gpx><trk><name>empty</name></trk><trk><trkseg>"; // a byte order mark, and a track of nothing
   int point = 0;
-  for (const auto& part : {first, second}) {
-    text += "<trk><trkseg>";
-    for (const std::string& time : part) {
-      text += QString("<trkpt lat='%1' lon='13'>").arg(45 + point++ * 0.00089932, 0, 'f', 8).toUtf8();
-      if (time != "-")
-        text +=
-            QString("<time>2024-05-06T07:00:%1</time>").arg(time.c_str()).toUtf8(); // no zone: it is UTC all the same
-      text += "</trkpt>";
+  for (const QString& time : times.split(' ')) {
+    if (time == "/") {
+      text += "</trkseg></trk><trk><trkseg>";
+      continue;
     }
-    text += "</trkseg></trk>";
+    text += QString("<trkpt lat='%1' lon='13'>").arg(45 + point++ * 0.00089932, 0, 'f', 8);
+    if (time != "-")
+      text += "<time>2024-05-06T07:00:" + time + "</time>"; // no zone: it is UTC all the same
+    text += "</trkpt>";
   }
-  return text + "</gpx>";
+  return (text + "</trkseg></trk></gpx>").toUtf8();
 }
 
 // A hundred metres without times take 6 s (60 km/h) where no time stands on both sides.
 TEST(TrackTest, NeverJumpsWhateverTheTimesSay) {
-  struct Case {
-    const char* what;
-    std::vector<std::string> first, second;
-    std::vector<double> seconds;
-    bool spoken;
-  };
-  for (const Case& c : std::vector<Case>{
-           {"all are there", {"00", "10"}, {"30"}, {0, 10, 30}, false},
-           {"none at all", {"-", "-"}, {"-"}, {0, 6, 12}, true},
-           {"one in the middle", {"00", "-", "-", "30"}, {}, {0, 10, 20, 30}, true},
-           {"none in the first track", {"-", "-"}, {"10", "15"}, {0, 6, 12, 17}, true},
-           {"none at the end", {"10", "15"}, {"-", "-"}, {0, 5, 11, 17}, true},
-           {"one that stands", {"10", "10", "20"}, {}, {0, 5, 10}, true},
-           {"one that goes back", {"10", "20", "12", "40"}, {}, {0, 10, 20, 30}, true},
-           {"tracks in the wrong order", {"40", "45"}, {"10", "15", "20"}, {0, 5, 11, 16, 21}, true},
-           {"a dead clock", {"10", "12", "12", "12"}, {}, {0, 2, 8, 14}, true},
-           {"one time alone", {"-", "10", "-"}, {}, {0, 6, 12}, true},
-       }) {
-    Track track;
-    QString reason;
-    ASSERT_TRUE(track.ReadText(Road(c.first, c.second), &reason)) << c.what << reason.toStdString();
-    ASSERT_EQ(track.Points().size(), c.seconds.size()) << c.what;
-    for (std::size_t i = 0; i < c.seconds.size(); ++i)
-      EXPECT_NEAR(track.Points()[i].seconds, c.seconds[i], 0.01) << c.what << ", point " << i;
-    EXPECT_EQ(!track.Note().isEmpty(), c.spoken) << c.what << ": " << track.Note().toStdString();
+  const std::tuple<const char*, const char*, const char*> cases[] = {
+      {"all are there", "00 10 / 30", "0 10 30"},
+      {"none at all", "- - / -", "0 6 12"},
+      {"one in the middle", "00 - - 30", "0 10 20 30"},
+      {"none in the first track", "- - / 10 15", "0 6 12 17"},
+      {"none at the end", "10 15 / - -", "0 5 11 17"},
+      {"one that stands", "10 10 20", "0 5 10"},
+      {"one that goes back", "10 20 12 40", "0 10 20 30"},
+      {"tracks in the wrong order", "40 45 / 10 15 20", "0 5 11 16 21"},
+      {"a dead clock", "10 12 12 12", "0 2 8 14"},
+      {"one time alone", "- 10 -", "0 6 12"}};
+  for (const auto& [what, times, seconds] : cases) {
+    const Track track = TrackOf(Road(times));
+    EXPECT_EQ(Of(track, &TrackPoint::seconds), seconds) << what;
+    EXPECT_EQ(track.Note().isEmpty(), std::string(what) == "all are there")
+        << what << ": " << track.Note().toStdString();
   }
 }
 
 TEST(TrackTest, GivesEveryPlaceATimeOfDay) {
-  Track track;
-  QString reason;
-  ASSERT_TRUE(track.ReadText(Road({"-", "10", "-", "30"}), &reason));
-  EXPECT_NEAR(track.Points()[0].timeOfDay, 7 * 3600 + 4, 0.01);
-  EXPECT_NEAR(track.Points()[2].timeOfDay, 7 * 3600 + 20, 0.01);
+  const Track track = TrackOf(Road("- 10 - 30"));
+  EXPECT_EQ(Of(track, &TrackPoint::timeOfDay), "25204 25210 25220 25230");
   EXPECT_NEAR(track.AtSeconds(9).timeOfDay, 7 * 3600 + 13, 0.01) << "it goes on between two points";
   EXPECT_NEAR(track.AtKm(0.25).timeOfDay, 7 * 3600 + 25, 0.01);
 }
@@ -105,14 +102,11 @@ TEST(TrackTest, ReadsNmeaOncePerFixAndRefusesBrokenSentences) {
                      "$GPGGA,235959,4807.100,N,01131.000,E,1,08,0.9,545.4,M,,M,,*00\r\n" // wrong checksum
                      "noise\n"
                      "$GNRMC,000002,A,4807.038,S,01131.000,W,,,240394,,\n";
-  Track track;
-  QString reason;
-  ASSERT_TRUE(track.ReadText(text, &reason));
-  ASSERT_EQ(track.Points().size(), 2u);
-  EXPECT_NEAR(track.Points()[0].latitude, 48.1173, 1e-4);
+  const Track track = TrackOf(text);
+  EXPECT_EQ(Of(track, &TrackPoint::latitude), "48.12 -48.12");
   EXPECT_NEAR(track.Points()[1].longitude, -11.516667, 1e-6);
-  EXPECT_EQ(track.Points()[1].seconds, 4); // past midnight
-  EXPECT_EQ(track.Points()[1].height, 545.4);
+  EXPECT_EQ(Of(track, &TrackPoint::seconds), "0 4") << "past midnight";
+  EXPECT_EQ(Of(track, &TrackPoint::height), "545.4 545.4");
 }
 
 // Some receivers send RMC in front, some repeat a sentence late, some have no time before the first fix is good.
@@ -123,13 +117,9 @@ TEST(TrackTest, TakesNmeaInAnyOrderWithoutLosingADay) {
                      "$GPGGA,120009,4500.060,N,01300.000,E,1,08,0.9,99.5,M,,M,,\n"
                      "$GPGGA,,4500.080,N,01300.000,E,1,08,0.9,99.5,M,,M,,\n"
                      "$GPGGA,120020,4500.108,N,01300.000,E,1,08,0.9,99.5,M,,M,,\n";
-  Track track;
-  QString reason;
-  ASSERT_TRUE(track.ReadText(text, &reason));
-  ASSERT_EQ(track.Points().size(), 5u);
-  EXPECT_EQ(track.Points()[0].height, 99.5);
-  EXPECT_NEAR(track.Points()[2].seconds, 11.1, 0.1);
-  EXPECT_EQ(track.Seconds(), 20);
+  const Track track = TrackOf(text);
+  EXPECT_EQ(Of(track, &TrackPoint::height), "99.5 99.5 99.5 99.5 99.5");
+  EXPECT_EQ(Of(track, &TrackPoint::seconds), "0 10 11.11 14.81 20");
 }
 
 TEST(TrackTest, SaysWhyAFileIsNoTrack) {
