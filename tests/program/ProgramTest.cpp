@@ -14,7 +14,7 @@ namespace {
 
 using Texts = std::vector<std::string>;
 
-constexpr const char* Mdb = "C:\\Veldmark\\Trekor\\MDB\\";
+const std::string Mdb = "C:\\Veldmark\\Trekor\\MDB\\";
 
 struct Served {
   std::string name, working;
@@ -23,28 +23,26 @@ struct Served {
 
 // Every database in the order in which the start comes to it.
 const std::vector<Served>& InOrder() {
-  static const std::vector<Served> all = {{"Trekor", Mdb + std::string("Trekor.mdb")},
-                                          {"Software", Mdb + std::string("Software.mdb")},
-                                          {"Messages", Mdb + std::string("Messages.mdb")},
-                                          {"HardWare", Mdb + std::string("7707-104.mdb")},
-                                          {"DataFile", Mdb + std::string("DataFile.mdb")},
-                                          {"Observations", Mdb + std::string("Observations.mdb")},
+  static const std::vector<Served> all = {{"Trekor", Mdb + "Trekor.mdb"},
+                                          {"Software", Mdb + "Software.mdb"},
+                                          {"Messages", Mdb + "Messages.mdb"},
+                                          {"HardWare", Mdb + "7707-104.mdb"},
+                                          {"DataFile", Mdb + "DataFile.mdb"},
+                                          {"Observations", Mdb + "Observations.mdb"},
                                           {"Sections", "C:\\Veldmark\\Parcels\\MDB\\Sections.mdb"}};
   return all;
 }
 
-class Vehicle : public testing::Test {
-protected:
+struct Vehicle {
   Vehicle() { InstallRelease(fakes.drives, TREKOR_BINARY_DIR "/share/trekor"); }
 
   bool Main() {
     program = std::make_unique<Program>(fakes.platform);
     return program->Main();
   }
-  bool Did(const std::string& act) { return Place(act) < fakes.shell.acts.size(); }
-  std::size_t Place(const std::string& act) {
-    const auto& acts = fakes.shell.acts;
-    return static_cast<std::size_t>(std::find(acts.begin(), acts.end(), act) - acts.begin());
+  bool Did(const std::string& act) { return Place(act) < std::ssize(fakes.shell.acts); }
+  std::ptrdiff_t Place(const std::string& act) {
+    return std::find(fakes.shell.acts.begin(), fakes.shell.acts.end(), act) - fakes.shell.acts.begin();
   }
   Texts Sent() { return fakes.socket.TakeLines(); }
   Texts Boxes() { return std::exchange(fakes.shell.boxes, {}); }
@@ -65,166 +63,6 @@ protected:
     const auto rows = database->OpenTable(form);
     return rows->SetIndex("NameIndex") && rows->Seek("Me") ? rows->Get("Left").Text() : "no row";
   }
-
-  FakePlatform fakes;
-  std::unique_ptr<Program> program;
-};
-
-// ---- coming up
-
-TEST_F(Vehicle, ComesUpAndTellsTheLinkWhoItIs) {
-  ASSERT_TRUE(Main());
-  const std::string identity = "IDENTITY Trekor 1 " + program->state.folders.AppVersion + " 0 Default";
-  EXPECT_EQ(Sent(), (Texts{identity, identity, "HWND Trekor  4711",
-                           "MESSAGE Trekor CTRL SET FACILITY SECTION FILE RTDMI GPS EVENT",
-                           "SET SYSTEM TREKOR UNKNOWN 7707-104"}));
-  EXPECT_LT(Place("Show Measurements"), Place("Load SocketProp")) << "the window first, then the link";
-  EXPECT_TRUE(program->form.IdleTimer.Running());
-  EXPECT_TRUE(program->state.folders.HardwareCreated);
-  for (const Served& each : InOrder())
-    EXPECT_TRUE(fakes.drives.FileExists(each.working)) << each.name;
-  EXPECT_TRUE(Boxes().empty());
-}
-
-TEST_F(Vehicle, FindsItsDatabasesCurrentAtTheNextStart) {
-  ASSERT_TRUE(Main());
-  program->measurements.mnuExit_Click();
-  Sent();
-  ASSERT_TRUE(Main());
-  EXPECT_EQ(Sent().size(), 5U);
-  EXPECT_FALSE(program->state.folders.HardwareCreated);
-  EXPECT_FALSE(fakes.drives.FolderExists("C:\\Veldmark\\Trekor\\BAK")) << "nothing to update";
-}
-
-TEST_F(Vehicle, GoesOnAloneWhenNobodyListens) {
-  fakes.socket.accepts = false;
-  ASSERT_TRUE(Main());
-  EXPECT_TRUE(program->form.IdleTimer.Running());
-  EXPECT_TRUE(Sent().empty());
-}
-
-// ---- what keeps it from coming up
-
-TEST_F(Vehicle, ASecondInstanceEndsWithoutAWordOrATrace) {
-  fakes.process.previousInstance = true;
-  EXPECT_FALSE(Main());
-  EXPECT_TRUE(Boxes().empty());
-  EXPECT_FALSE(fakes.drives.FileExists(InOrder()[0].working));
-  ExpectNothingCameUp();
-}
-
-TEST_F(Vehicle, ABlankCommandLineEndsWithItsMessageBeforeTheOptions) {
-  fakes.process.commandLine = "   ";
-  EXPECT_FALSE(Main());
-  EXPECT_EQ(Boxes(), Texts{"Use Veldmark Control Center to start this program..."});
-  EXPECT_TRUE(fakes.drives.FileExists(InOrder()[0].working)) << "the texts were open before";
-  EXPECT_FALSE(fakes.drives.FileExists(InOrder()[1].working));
-  ExpectNothingCameUp();
-}
-
-TEST_F(Vehicle, AVehicleWithoutANameEnds) {
-  fakes.process.commandLine = "A"; // one word loses its last character
-  EXPECT_FALSE(Main());
-  EXPECT_TRUE(fakes.drives.FileExists(Mdb + std::string("HardWare.mdb")));
-  ExpectNothingCameUp();
-}
-
-TEST_F(Vehicle, EndsAtTheFirstTemplateThatIsMissingOrDamaged) {
-  for (const bool damaged : {false, true})
-    for (const Served& bad : InOrder()) {
-      SCOPED_TRACE(bad.name + (damaged ? " damaged" : " missing"));
-      const std::string released = fakes.drives.Read(bad.Template());
-      for (const Served& each : InOrder())
-        fakes.drives.DeleteFile(each.working);
-      fakes.drives.DeleteFile(bad.Template());
-      if (damaged)
-        fakes.drives.Write(bad.Template(), std::string(5000, 'x'));
-      EXPECT_FALSE(Main());
-      EXPECT_EQ(Boxes(), Texts{"Error:\r\nCannot open " + bad.Template()});
-      bool before = true;
-      for (const Served& each : InOrder()) {
-        before = before && each.name != bad.name;
-        EXPECT_EQ(fakes.drives.FileExists(each.working), before) << each.name;
-      }
-      ExpectNothingCameUp();
-      fakes.drives.Write(bad.Template(), released);
-    }
-}
-
-TEST_F(Vehicle, AFileThatCannotBeReadEndsTheStartAndIsNeverReplaced) {
-  const std::string foreign(5000, 'x');
-  for (const Served& bad : InOrder()) {
-    SCOPED_TRACE(bad.name);
-    fakes.drives.Write(bad.working, foreign);
-    EXPECT_FALSE(Main());
-    EXPECT_EQ(Boxes(), Texts{"Cannot open " + bad.working});
-    EXPECT_EQ(fakes.drives.Read(bad.working), foreign);
-    ExpectNothingCameUp();
-    fakes.drives.DeleteFile(bad.working);
-  }
-}
-
-// A program was killed while it wrote, and somebody removed its database but not the log beside it.
-TEST_F(Vehicle, AnOldLogIsNotPlayedIntoAFreshCopyOfATemplate) {
-  struct Case {
-    const char *from, *change, *log;
-  };
-  for (const Case& c : {Case{"Software", "UPDATE Options SET Units='US'", "Software.mdb-wal"},
-                        Case{"HardWare", "UPDATE Version SET Minor=77", "7707-XXX.mdb-wal"}}) {
-    const std::string scratch = "C:\\Roads\\" + std::string(c.from) + ".mdb";
-    fakes.drives.CopyFile("C:\\Trekor\\" + std::string(c.from) + ".vdb", scratch);
-    const auto killed = Open(scratch, OpenMode::ExclusiveDurable);
-    ASSERT_TRUE(killed && killed->Execute(c.change));
-    fakes.drives.Write(Mdb + std::string(c.log), fakes.drives.Read(scratch + "-wal"));
-  }
-  fakes.process.commandLine = "7707-XXX /US";
-  ASSERT_TRUE(Main());
-  EXPECT_FALSE(program->state.units.UnitsUS);
-  EXPECT_EQ(RowsOf(*program->HardwareDb, "Version").find("77"), std::string::npos);
-}
-
-// ---- leaving while it comes up
-
-TEST_F(Vehicle, AWindowClosedWhileItComesUpBringsUpNothingElse) {
-  fakes.pump.AtPump(5, [this] { CloseBox(); });
-  Main();
-  EXPECT_EQ(fakes.process.ended, 1);
-  EXPECT_EQ(fakes.socket.connects, 0);
-  EXPECT_TRUE(Sent().empty());
-  EXPECT_FALSE(Did("Load SocketProp"));
-  EXPECT_FALSE(program->form.IdleTimer.Running());
-  EXPECT_FALSE(fakes.shell.hourglass);
-  EXPECT_EQ(LeftOf("SocketProp", InOrder()[0].working), LeftOf("SocketProp", InOrder()[0].Template()))
-      << "a window that was never dressed has no look to keep";
-}
-
-TEST_F(Vehicle, AnExitFromTheLinkWhileItComesUpIsTheLastWord) {
-  for (const int pump : {302, 303, 304, 305}) { // about the end of the wait in which the window is painted
-    SCOPED_TRACE(pump);
-    Sent();
-    fakes.process.ended = 0;
-    fakes.pump.AtPump(pump, [this] { fakes.socket.DeliverNow("CTRL EXIT\r\n"); });
-    Main();
-    const Texts lines = Sent();
-    EXPECT_EQ(fakes.process.ended, 1);
-    EXPECT_FALSE(program->form.IdleTimer.Running());
-    EXPECT_EQ(std::count(lines.begin(), lines.end(), "CTRL EXIT"), 1);
-    EXPECT_EQ(lines.back(), "CTRL EXIT");
-    program.reset();
-  }
-}
-
-// ---- the ways out
-
-struct Way {
-  const char* name;
-  bool paused;
-};
-
-class WayOut : public Vehicle, public testing::WithParamInterface<Way> {
-protected:
-  static constexpr int Space = 32;
-
   void Tick(int n) {
     for (int i = 0; i < n; ++i) {
       fakes.clock.Advance(24);
@@ -243,8 +81,8 @@ protected:
       Link(line);
     for (const char* position : {"DMI 10.05", "DMI 10.12"}) {
       Link(position);
-      program->measurements.Form_KeyDown(Space, 0);
-      program->measurements.Form_KeyDown('A', 0);
+      for (const int key : {' ', 'A'})
+        program->measurements.Form_KeyDown(key, 0);
       Tick(4);
     }
     if (paused)
@@ -252,58 +90,185 @@ protected:
     ASSERT_EQ(program->state.run.RunState, paused ? 2 : 1);
     Sent();
   }
-  // What the same job leaves when it is stopped and closed before the program ends.
-  static std::string OfANormalClose(bool paused) {
-    struct Job : WayOut {
-      void TestBody() override {}
-    } job;
-    job.StartJob(paused);
-    job.Link("CTRL STOP");
-    job.Link("FILE CLOSE");
-    return FilesLeft(job.fakes.drives);
-  }
-  void Leave() {
-    if (GetParam().name == std::string("menu"))
-      program->form.mnuExit.Click();
-    else if (GetParam().name == std::string("link"))
-      Link("CTRL EXIT");
-    else
-      CloseBox();
-  }
+
+  FakePlatform fakes;
+  std::unique_ptr<Program> program;
 };
 
-TEST_P(WayOut, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
-  const std::string expected = OfANormalClose(GetParam().paused);
-  ASSERT_NE(expected.find("== D:\\Roads\\JOB1.TKR"), std::string::npos) << expected;
-  StartJob(GetParam().paused);
-  program->form.Move(1234, 567, program->form.Width, program->form.Height);
-  const double before = fakes.clock.Milliseconds();
-  const std::string station = WireNumber(program->state.position.KeyStation.Default());
-  Leave();
-  EXPECT_EQ(FilesLeft(fakes.drives), expected);
-  EXPECT_EQ(fakes.drives.Read("D:\\Roads\\JOB1.mdb"), fakes.drives.Read("C:\\Roads\\JOB1.mdb"));
-  const Texts asked = {"FILE CLOSE", "CTRL EXIT"}; // no answer to the order, and no news of the stop
-  const Texts told = {"CTRL STOP " + station, "STATUS STOP " + station, "FILE CLOSE", "CTRL EXIT"};
-  EXPECT_EQ(Sent(), GetParam().name == std::string("link") ? asked : told);
-  EXPECT_GE(fakes.clock.Milliseconds() - before, 1000) << "time for the last line to go out";
-  EXPECT_EQ(fakes.socket.State(), SocketState::Closed);
-  EXPECT_FALSE(fakes.sound.open);
-  EXPECT_EQ(LeftOf("Measurements", InOrder()[0].working), "1234");
+class ProgramTest : public testing::Test, protected Vehicle {};
+
+// ---- coming up
+
+TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
+  ASSERT_TRUE(Main());
+  const std::string identity = "IDENTITY Trekor 1 " + program->state.folders.AppVersion + " 0 Default";
+  EXPECT_EQ(Sent(), (Texts{identity, identity, "HWND Trekor  4711",
+                           "MESSAGE Trekor CTRL SET FACILITY SECTION FILE RTDMI GPS EVENT",
+                           "SET SYSTEM TREKOR UNKNOWN 7707-104"}));
+  EXPECT_LT(Place("Show Measurements"), Place("Load SocketProp")) << "the window first, then the link";
+  EXPECT_TRUE(program->form.IdleTimer.Running());
+  EXPECT_TRUE(program->state.folders.HardwareCreated);
   for (const Served& each : InOrder())
-    EXPECT_TRUE(Open(each.working, OpenMode::Exclusive)) << each.name << " is still held";
-  CloseBox(); // the window's own close follows
-  EXPECT_TRUE(Sent().empty());
-  EXPECT_EQ(fakes.process.ended, 1);
+    EXPECT_TRUE(fakes.drives.FileExists(each.working)) << each.name;
+  EXPECT_TRUE(Boxes().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Program, WayOut,
-                         testing::Values(Way{"menu", false}, Way{"menu", true}, Way{"link", false}, Way{"link", true},
-                                         Way{"box", false}, Way{"box", true}),
-                         [](const auto& way) {
-                           return way.param.name + std::string(way.param.paused ? "InAPause" : "InARun");
-                         });
+TEST_F(ProgramTest, FindsItsDatabasesCurrentAtTheNextStart) {
+  ASSERT_TRUE(Main());
+  program->measurements.mnuExit_Click();
+  Sent();
+  ASSERT_TRUE(Main());
+  EXPECT_EQ(Sent().size(), 5U);
+  EXPECT_FALSE(program->state.folders.HardwareCreated);
+  EXPECT_FALSE(fakes.drives.FolderExists("C:\\Veldmark\\Trekor\\BAK")) << "nothing to update";
+}
 
-TEST_F(Vehicle, AMinimisedWindowComesBackBeforeItCloses) {
+TEST_F(ProgramTest, GoesOnAloneWhenNobodyListens) {
+  fakes.socket.accepts = false;
+  ASSERT_TRUE(Main());
+  EXPECT_TRUE(program->form.IdleTimer.Running());
+  EXPECT_TRUE(Sent().empty());
+}
+
+// ---- what keeps it from coming up
+
+TEST_F(ProgramTest, ASecondInstanceEndsWithoutAWordOrATrace) {
+  fakes.process.previousInstance = true;
+  EXPECT_FALSE(Main());
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_FALSE(fakes.drives.FileExists(InOrder()[0].working));
+  ExpectNothingCameUp();
+}
+
+TEST_F(ProgramTest, ABlankCommandLineEndsWithItsMessageBeforeTheOptions) {
+  fakes.process.commandLine = "   ";
+  EXPECT_FALSE(Main());
+  EXPECT_EQ(Boxes(), Texts{"Use Veldmark Control Center to start this program..."});
+  EXPECT_TRUE(fakes.drives.FileExists(InOrder()[0].working)) << "the texts were open before";
+  EXPECT_FALSE(fakes.drives.FileExists(InOrder()[1].working));
+  ExpectNothingCameUp();
+}
+
+TEST_F(ProgramTest, AVehicleWithoutANameEnds) {
+  fakes.process.commandLine = "A"; // one word loses its last character
+  EXPECT_FALSE(Main());
+  EXPECT_TRUE(fakes.drives.FileExists(Mdb + "HardWare.mdb"));
+  ExpectNothingCameUp();
+}
+
+TEST_F(ProgramTest, EndsAtTheFirstFileThatCannotBeReadAndNeverReplacesOne) {
+  const std::string junk(5000, 'x');
+  for (const std::string what : {"template missing", "template damaged", "foreign file"})
+    for (const Served& bad : InOrder()) {
+      SCOPED_TRACE(what + ": " + bad.name);
+      const bool foreign = what == "foreign file";
+      const std::string &path = foreign ? bad.working : bad.Template(), released = fakes.drives.Read(bad.Template());
+      for (const Served& each : InOrder())
+        fakes.drives.DeleteFile(each.working);
+      fakes.drives.DeleteFile(path);
+      if (what != "template missing")
+        fakes.drives.Write(path, junk);
+      EXPECT_FALSE(Main());
+      EXPECT_EQ(Boxes(), Texts{(foreign ? "Cannot open " : "Error:\r\nCannot open ") + path});
+      EXPECT_TRUE(what == "template missing" || fakes.drives.Read(path) == junk);
+      bool before = true;
+      for (const Served& each : InOrder()) {
+        before = before && each.name != bad.name;
+        EXPECT_EQ(fakes.drives.FileExists(each.working), before || (foreign && &each == &bad)) << each.name;
+      }
+      ExpectNothingCameUp();
+      fakes.drives.Write(bad.Template(), released);
+    }
+}
+
+// A program was killed while it wrote, and somebody removed its database but not the log beside it.
+TEST_F(ProgramTest, AnOldLogIsNotPlayedIntoAFreshCopyOfATemplate) {
+  const std::tuple<std::string, std::string, std::string> cases[] = {
+      {"Software", "UPDATE Options SET Units='US'", "Software.mdb-wal"},
+      {"HardWare", "UPDATE Version SET Minor=77", "7707-XXX.mdb-wal"}};
+  for (const auto& [from, change, log] : cases) {
+    const std::string scratch = "C:\\Roads\\" + from + ".mdb";
+    fakes.drives.CopyFile("C:\\Trekor\\" + from + ".vdb", scratch);
+    const auto killed = Open(scratch, OpenMode::ExclusiveDurable);
+    ASSERT_TRUE(killed && killed->Execute(change));
+    fakes.drives.Write(Mdb + log, fakes.drives.Read(scratch + "-wal"));
+  }
+  fakes.process.commandLine = "7707-XXX /US";
+  ASSERT_TRUE(Main());
+  EXPECT_FALSE(program->state.units.UnitsUS);
+  EXPECT_EQ(RowsOf(*program->HardwareDb, "Version").find("77"), std::string::npos);
+}
+
+// ---- leaving while it comes up
+
+TEST_F(ProgramTest, AWindowClosedWhileItComesUpBringsUpNothingElse) {
+  fakes.pump.AtPump(5, [this] { CloseBox(); });
+  Main();
+  EXPECT_EQ(fakes.process.ended, 1);
+  EXPECT_EQ(fakes.socket.connects, 0);
+  EXPECT_TRUE(Sent().empty());
+  EXPECT_FALSE(Did("Load SocketProp"));
+  EXPECT_FALSE(program->form.IdleTimer.Running());
+  EXPECT_FALSE(fakes.shell.hourglass);
+  EXPECT_EQ(LeftOf("SocketProp", InOrder()[0].working), LeftOf("SocketProp", InOrder()[0].Template()))
+      << "a window that was never dressed has no look to keep";
+}
+
+TEST_F(ProgramTest, AnExitFromTheLinkWhileItComesUpIsTheLastWord) {
+  for (const int pump : {302, 303, 304, 305}) { // about the end of the wait in which the window is painted
+    SCOPED_TRACE(pump);
+    Sent();
+    fakes.process.ended = 0;
+    fakes.pump.AtPump(pump, [this] { fakes.socket.DeliverNow("CTRL EXIT\r\n"); });
+    Main();
+    const Texts lines = Sent();
+    EXPECT_EQ(fakes.process.ended, 1);
+    EXPECT_FALSE(program->form.IdleTimer.Running());
+    EXPECT_EQ(std::count(lines.begin(), lines.end(), "CTRL EXIT"), 1);
+    EXPECT_EQ(lines.back(), "CTRL EXIT");
+    program.reset();
+  }
+}
+
+// ---- the ways out
+
+TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
+  for (const bool paused : {false, true}) {
+    Vehicle closed;
+    closed.StartJob(paused);
+    closed.Link("CTRL STOP");
+    closed.Link("FILE CLOSE");
+    const std::string expected = FilesLeft(closed.fakes.drives);
+    ASSERT_NE(expected.find("== D:\\Roads\\JOB1.TKR"), std::string::npos) << expected;
+    for (const std::string way : {"menu", "link", "box"}) {
+      SCOPED_TRACE(way + (paused ? " in a pause" : " in a run"));
+      Vehicle left;
+      FakePlatform& fakes = left.fakes;
+      left.StartJob(paused);
+      MeasurementsForm& form = left.program->form;
+      form.Move(1234, 567, form.Width, form.Height);
+      const double before = fakes.clock.Milliseconds();
+      const std::string station = WireNumber(left.program->state.position.KeyStation.Default());
+      way == "menu" ? form.mnuExit.Click() : way == "link" ? left.Link("CTRL EXIT") : left.CloseBox();
+      EXPECT_EQ(FilesLeft(fakes.drives), expected);
+      EXPECT_EQ(fakes.drives.Read("D:\\Roads\\JOB1.mdb"), fakes.drives.Read("C:\\Roads\\JOB1.mdb"));
+      const Texts asked = {"FILE CLOSE", "CTRL EXIT"}; // no answer to the order, and no news of the stop
+      const Texts told = {"CTRL STOP " + station, "STATUS STOP " + station, "FILE CLOSE", "CTRL EXIT"};
+      EXPECT_EQ(left.Sent(), way == "link" ? asked : told);
+      EXPECT_GE(fakes.clock.Milliseconds() - before, 1000) << "time for the last line to go out";
+      EXPECT_EQ(fakes.socket.State(), SocketState::Closed);
+      EXPECT_FALSE(fakes.sound.open);
+      EXPECT_EQ(left.LeftOf("Measurements", InOrder()[0].working), "1234");
+      for (const Served& each : InOrder())
+        EXPECT_TRUE(left.Open(each.working, OpenMode::Exclusive)) << each.name << " is still held";
+      left.CloseBox(); // the window's own close follows
+      EXPECT_TRUE(left.Sent().empty());
+      EXPECT_EQ(fakes.process.ended, 1);
+    }
+  }
+}
+
+TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   ASSERT_TRUE(Main());
   program->form.SetWindowState(1);
   EXPECT_TRUE(program->form.OnQueryUnload());
@@ -311,7 +276,7 @@ TEST_F(Vehicle, AMinimisedWindowComesBackBeforeItCloses) {
 }
 
 // The program's last second: the window is still there, and nothing may begin.
-TEST_F(Vehicle, NothingBeginsInTheLastSecond) {
+TEST_F(ProgramTest, NothingBeginsInTheLastSecond) {
   ASSERT_TRUE(Main());
   fakes.pump.AtPump(200, [this] {
     program->measurements.Form_KeyDown(113, 0);
