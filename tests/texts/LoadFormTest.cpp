@@ -14,14 +14,21 @@ TEST_F(TextsTest, EveryKindTakesItsCaptionAndItsValue) {
            "('TabStrip1', 0, 0, 0, 0, '1', -1, '', 'Info|Keys|none', ''),"
            "('sbrState', 0, 0, 0, 0, NULL, -1, '', 'Ready', ''),"
            "('mnuFile', 5, 5, 5, 5, '-1', -1, '', '&File', ''),"
+           "('Options(0)', 0, 0, 0, 0, '-1', -1, '', 'a', ''), ('Options(1)', 0, 0, 0, 0, '-1', -1, '', 'b', ''),"
+           "('Texts(9)', 11, 12, 13, 14, NULL, -1, '', 'new', 'made by its row'),"
            "('IdleTimer', 5, 5, 5, 5, '25', 0, '', 'tick', '')");
   form.Texts7.Move(10, 10, 30, 30);
   texts.LoadFormProperties(form);
 
   // A null keeps what was built in, and a menu has no place.
   EXPECT_EQ(form.Look(), "Trial run 100,3000,2000|Station Where we are 1,4|0.1 hidden 10,40|Freeze NumLock 1 0,0|ML of "
-                         "3 0,0|KM|M 0,0|Code Name 900 -1 0,0|Keys 1 0,0|Ready 0,0|&File ticked 0||");
-  EXPECT_EQ(form.fxgList.ColWidth(2), 450);
+                         "3 0,0|KM|M 0,0|Code Name 900 -1 450 0,0|Keys 1 0,0|Ready 0,0|&File ticked 0|0|1");
+  // Each option is alone in its frame, so that none clears the other.
+  EXPECT_EQ(form.Options0.Container, &form.Frames0);
+  EXPECT_EQ(form.Options1.Container, &form.Frames1);
+  const auto* ninth = dynamic_cast<TextBox*>(form.Find("Texts", 9));
+  ASSERT_TRUE(ninth);
+  EXPECT_EQ(ninth->Text() + std::to_string(ninth->Left) + (ninth->Visible() ? "" : " hidden"), "new11");
 }
 
 TEST_F(TextsTest, WhatDoesNotSuitIsSkippedAlone) {
@@ -33,13 +40,7 @@ TEST_F(TextsTest, WhatDoesNotSuitIsSkippedAlone) {
            "('Unheard(4)', 0, 0, 0, 0, '1', -1, '', 'x', ''), ('Texts(8x)', 0, 0, 0, 0, '1', -1, '', 'x', '')");
   const std::size_t before = form.Controls().size();
   texts.LoadFormProperties(form);
-  EXPECT_EQ(form.chkFreeze.Caption(), "Freeze");
-  EXPECT_EQ(form.chkFreeze.Value(), 0);
-  EXPECT_EQ(form.cboUnits.ListCount(), 2);
-  EXPECT_EQ(form.cboUnits.ListIndex(), -1);
-  EXPECT_EQ(form.fxgList.ColWidth(0), 900);
-  EXPECT_EQ(form.fxgList.ColWidth(1), -1);
-  EXPECT_EQ(form.fxgList.ColWidth(2), 300);
+  EXPECT_EQ(form.Look(), " 0,0,0|  0,0| 0,0|Freeze 0 0,0| of 2 0,0| 0,0|  900 -1 300 0,0| -1 0,0| 0,0| 0||");
   EXPECT_EQ(form.Controls().size(), before);
 }
 
@@ -79,45 +80,21 @@ TEST_F(TextsTest, BlankWordsOfALanguageAreReplacedByEnglish) {
   EXPECT_EQ(form.chkFreeze.Caption(), "A") << "never the words of another language";
 }
 
-struct LevelCase {
-  int level;
-  const char* tag;
-  bool enabled, visible;
-};
-
 TEST_F(TextsTest, FlagsLockAndHideForOrdinaryUsersOnly) {
   MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, '', 'x', '')");
-  const LevelCase cases[] = {{0, "DH", false, false}, {-1, "D", false, true}, {0, "H", true, false},
-                             {0, "C", true, true},    {1, "DH", true, true},  {9, "DH", true, true}};
-  for (const auto& c : cases) {
-    SCOPED_TRACE(std::string(c.tag) + " at level " + std::to_string(c.level));
-    Execute("UPDATE Trial SET Tag = '" + std::string(c.tag) + "'");
-    state.run.UserLevel = c.level;
+  const std::tuple<int, std::string, bool, bool> cases[] = {{0, "DH", false, false}, {-1, "D", false, true},
+                                                            {0, "H", true, false},   {0, "C", true, true},
+                                                            {1, "DH", true, true},   {9, "DH", true, true}};
+  for (const auto& [level, tag, enabled, visible] : cases) {
+    SCOPED_TRACE(tag + " at level " + std::to_string(level));
+    Execute("UPDATE Trial SET Tag = '" + tag + "'");
+    state.run.UserLevel = level;
     TrialForm fresh;
     texts.LoadFormProperties(fresh);
-    EXPECT_EQ(fresh.lblInfo.Enabled(), c.enabled);
-    EXPECT_EQ(fresh.lblInfo.Visible(), c.visible);
-    EXPECT_EQ(fresh.lblInfo.Tag(), c.tag);
+    EXPECT_EQ(fresh.lblInfo.Enabled(), enabled);
+    EXPECT_EQ(fresh.lblInfo.Visible(), visible);
+    EXPECT_EQ(fresh.lblInfo.Tag(), tag);
   }
-}
-
-TEST_F(TextsTest, ARowMakesTheElementThatItNames) {
-  MakeForm("('Texts(9)', 11, 12, 13, 14, NULL, -1, '', 'new', 'made by its row')");
-  texts.LoadFormProperties(form);
-  Control* ninth = form.Find("Texts", 9);
-  ASSERT_TRUE(ninth);
-  EXPECT_EQ(static_cast<TextBox*>(ninth)->Text(), "new");
-  EXPECT_EQ(ninth->Left, 11);
-  EXPECT_TRUE(ninth->Visible());
-}
-
-TEST_F(TextsTest, OptionsTakeTheirValueWhenTheyStandInTheirFrames) {
-  MakeForm("('Options(0)', 0, 0, 0, 0, '-1', -1, '', 'a', ''), ('Options(1)', 0, 0, 0, 0, '-1', -1, '', 'b', '')");
-  texts.LoadFormProperties(form);
-  EXPECT_EQ(form.Options0.Container, &form.Frames0);
-  EXPECT_EQ(form.Options1.Container, &form.Frames1);
-  EXPECT_TRUE(form.Options0.Value()) << "each is alone in its frame, so none clears the other";
-  EXPECT_TRUE(form.Options1.Value());
 }
 
 } // namespace

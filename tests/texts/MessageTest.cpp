@@ -16,11 +16,14 @@ protected:
                  "(403, 'English', '   '), (404, NULL, NULL);");
     messages.Open("C:\\Messages.mdb");
   }
-  // What the operator saw, "" when nothing.
-  std::string Show(int number) {
+  // What the operator saw, "" when nothing, and whether his act closed it.
+  std::string Show(
+      int number, const std::function<void()>& act = [] {}) {
     std::string seen;
     fakes.shell.scripts["Message"] = [&](Form& shown) {
       seen = messages.form.MessageNo.Caption() + " " + messages.form.MessageText.Text();
+      act();
+      seen += shown.Shown ? "" : ", closed";
       fakes.shell.Hide(shown);
     };
     messages.ShowMessage(number);
@@ -45,23 +48,14 @@ TEST_F(MessageTest, ANumberShowsItsTextOrNothing) {
 }
 
 TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
-  const auto closed = [&](const std::function<void()>& act) {
-    bool hidden = false;
-    fakes.shell.scripts["Message"] = [&](Form& shown) {
-      act();
-      hidden = !shown.Shown;
-      fakes.shell.Hide(shown);
-    };
-    messages.ShowMessage(401);
-    return hidden;
-  };
+  const std::string closed = "401 No file, closed";
   for (int key : {32, 115, 27, 13}) {
-    EXPECT_TRUE(closed([&] { EXPECT_TRUE(messages.form.OnKeyDown(key, 0)); })) << key;
-    EXPECT_TRUE(closed([&] { EXPECT_TRUE(messages.form.MessageText.Press(key, 0)); })) << key;
+    EXPECT_EQ(Show(401, [&] { EXPECT_TRUE(messages.form.OnKeyDown(key, 0)); }), closed) << key;
+    EXPECT_EQ(Show(401, [&] { EXPECT_TRUE(messages.form.MessageText.Press(key, 0)); }), closed) << key;
   }
-  EXPECT_FALSE(closed([&] { EXPECT_FALSE(messages.form.OnKeyDown('A', 0)); }));
-  EXPECT_TRUE(closed([&] { messages.form.MessageText.Click(); }));
-  EXPECT_TRUE(closed([&] { EXPECT_FALSE(messages.form.OnQueryUnload()); }));
+  EXPECT_EQ(Show(401, [&] { EXPECT_FALSE(messages.form.OnKeyDown('A', 0)); }), "401 No file");
+  EXPECT_EQ(Show(401, [&] { messages.form.MessageText.Click(); }), closed);
+  EXPECT_EQ(Show(401, [&] { EXPECT_FALSE(messages.form.OnQueryUnload()); }), closed);
 }
 
 TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {

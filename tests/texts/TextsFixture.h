@@ -30,8 +30,10 @@ struct TrialForm : Form {
     place(chkFreeze, chkFreeze.Caption() + " " + std::to_string(chkFreeze.Value()));
     place(cboUnits, cboUnits.Text() + " of " + std::to_string(cboUnits.ListCount()));
     place(cboTyped, cboTyped.Text());
-    place(fxgList, fxgList.Text(0, 0) + " " + fxgList.Text(0, 1) + " " + std::to_string(fxgList.ColWidth(0)) + " " +
-                       std::to_string(fxgList.ColWidth(1)));
+    std::string cells = fxgList.Text(0, 0) + " " + fxgList.Text(0, 1);
+    for (int c = 0; c < 3; ++c)
+      cells += " " + std::to_string(fxgList.ColWidth(c));
+    place(fxgList, cells);
     place(TabStrip1, TabStrip1.Tabs(1).Caption + " " + std::to_string(TabStrip1.Selected()));
     place(sbrState, sbrState.SimpleText());
     all += "|" + mnuFile.Caption() + (mnuFile.Checked() ? " ticked " : " ") + std::to_string(mnuFile.Width);
@@ -65,6 +67,7 @@ protected:
              rows + ";";
     Make(sql);
   }
+  std::string WorkingFile() { return state.folders.MdbFolder + "\\Trekor.mdb"; }
   void Execute(const std::string& sql) { ASSERT_TRUE(OpenFile()->Execute(sql)) << sql; }
   std::string Ask(const std::string& sql) {
     const auto file = OpenFile();
@@ -79,16 +82,8 @@ protected:
     }
     return all;
   }
-  // Another program writes, and lets nobody read meanwhile.
-  void Lock() {
-    other = OpenFile();
-    ASSERT_TRUE(other->Execute("BEGIN EXCLUSIVE"));
-  }
-  void Unlock() { other.reset(); }
-  // Destroys the last page that holds this text.
-  void Break(const std::string& text) {
-    std::string bytes = FileBytes();
-    fakes.drives.Write(WorkingFile(), bytes.replace(bytes.rfind(text) / 4096 * 4096, 4096, 4096, '\x7f'));
+  std::unique_ptr<Database> OpenFile() {
+    return Database::Open(fakes.drives.NativePath(WorkingFile()), OpenMode::Shared);
   }
   std::string FileBytes() { return fakes.drives.Read(WorkingFile()); }
   void Speak(const std::string& language) {
@@ -102,13 +97,6 @@ protected:
   ProgramState state;
   TextDatabase texts{state, fakes.platform};
   TrialForm form;
-
-private:
-  std::unique_ptr<Database> other;
-  std::string WorkingFile() { return state.folders.MdbFolder + "\\Trekor.mdb"; }
-  std::unique_ptr<Database> OpenFile() {
-    return Database::Open(fakes.drives.NativePath(WorkingFile()), OpenMode::Shared);
-  }
 };
 
 } // namespace trekor::tests

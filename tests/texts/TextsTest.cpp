@@ -35,5 +35,37 @@ TEST_F(TextsTest, AMissingWorkingFileIsInstalledAndItsVersionKept) {
   EXPECT_EQ(state.versions.Program.Minor, 3);
 }
 
+constexpr int CtrlShift = 3;
+
+TEST_F(TextsTest, ChordsPutAndBlankTheFlagsOfTheActiveControl) {
+  state.run.UserLevel = 1;
+  form.ActiveControl = &form.lblInfo;
+  form.lblInfo.SetTag("Q");
+  const auto press = [&](const char* keys) {
+    for (; *keys; ++keys)
+      EXPECT_TRUE(texts.FormKeyDown(form, *keys, CtrlShift)) << *keys;
+    return form.lblInfo.Tag() + (form.lblInfo.Enabled() ? "" : " locked") + (form.lblInfo.Visible() ? "" : " hidden");
+  };
+  EXPECT_EQ(press("DDH"), "QDH locked hidden");
+  EXPECT_EQ(press("ES"), "Q  ");
+  for (int i = 0; i < 50; ++i)
+    press("DE");
+  EXPECT_EQ(form.lblInfo.Tag().size(), 3U) << "the tag must not outgrow its column";
+}
+
+TEST_F(TextsTest, ChordsAreForMaintenanceOnly) {
+  CheckBox reach(form, "AdministratorCheck");
+  const std::tuple<Control*, int, int, int> cases[] = {
+      {&form.lblInfo, 0, 'D', CtrlShift}, {&form.lblInfo, 9, 'D', 2},  {&form.lblInfo, 9, 'E', 7},
+      {&form.lblInfo, 9, 'X', CtrlShift}, {&reach, 9, 'H', CtrlShift}, {nullptr, 9, 'H', CtrlShift}};
+  for (const auto& [control, level, key, shift] : cases) {
+    form.ActiveControl = control;
+    state.run.UserLevel = level;
+    EXPECT_FALSE(texts.FormKeyDown(form, key, shift)) << level << " " << key << " " << shift;
+  }
+  EXPECT_TRUE(reach.Visible());
+  EXPECT_EQ(form.lblInfo.Tag(), "");
+}
+
 } // namespace
 } // namespace trekor::tests
