@@ -1,145 +1,175 @@
 #include "options/Options.h"
+#include "options/Sections.h"
 
-#include "Templates.h"
+#include "support/Databases.h"
+#include "support/ReleasedTree.h"
+
+#include <gtest/gtest.h>
 
 namespace trekor::tests {
 namespace {
 
-class ProgramOptions : public WithTemplates {
+using Strings = std::vector<std::string>;
+
+class OptionsTest : public testing::Test {
 protected:
-  static constexpr const char* Software = "C:\\Veldmark\\Trekor\\MDB\\Software.mdb";
+  static constexpr const char *Template = "C:\\Trekor\\Software.vdb",
+                              *Software = "C:\\Veldmark\\Trekor\\MDB\\Software.mdb";
+
+  OptionsTest() {
+    FillFolders(machine, state.folders);
+    for (const std::string name : {"Software", "Messages", "Sections"})
+      MakeDatabase(machine.drives, "C:\\Trekor\\" + name + ".vdb", TemplateText(name));
+  }
+  std::unique_ptr<Database> Open(const std::string& path, OpenMode mode = OpenMode::Shared) {
+    return Database::Open(machine.drives.NativePath(path), mode);
+  }
+  void Execute(const std::string& path, const std::string& sql) { ASSERT_TRUE(Open(path)->Execute(sql)) << sql; }
+  // All of them in one line, the marks as a letter each.
+  static std::string All(const ProgramState& s) {
+    const OptionState& o = s.options;
+    const LocalTime& t = o.OptionsDate;
+    std::string all =
+        o.OptionUnits + (s.units.UnitsUS ? "=US " : " ") + o.OptionFileUnits + (s.units.FileUnitsUS ? "=US" : "");
+    for (const std::int32_t n : {s.units.StationUnit, s.units.FileStationUnit, o.DrivingSide, o.GeographicFormat,
+                                 o.TrayColor, t.year, t.month, t.day, t.hour, t.minute, t.second})
+      all += " " + std::to_string(n);
+    all += " ";
+    for (const bool on : {o.KeepMdb, o.WriteAscii, o.ErrorText, o.ErrorVoice, o.WarningText, o.WarningVoice,
+                          o.AssistanceText, o.AssistanceVoice, o.DataColVoice})
+      all += on ? 'x' : '.';
+    return all + " " + o.OptionsUser;
+  }
+
+  FakePlatform machine;
+  ProgramState state;
   TextDatabase texts{state, machine.platform};
   MessageCatalogue messages{state, machine.platform, texts};
   OptionsDatabase options{state, machine.platform, messages};
+  Form mainForm{"Measurements"};
+  SocketProp socket{state, machine.platform, texts, mainForm};
+  Sections sections{state, machine.platform, socket};
 };
 
-TEST_F(ProgramOptions, BeginWithWhatTheReleaseShips) {
-  Ship("Software");
-  Ship("Messages");
+TEST_F(OptionsTest, EverySavingIsKeptAndTheLastOneLoaded) {
   ASSERT_TRUE(options.LoadSoftwareDatabases());
-  EXPECT_EQ(state.options.OptionUnits, "Metric");
-  EXPECT_TRUE(state.units.UnitsSI() && state.units.FileUnitsSI());
-  EXPECT_TRUE(state.options.KeepMdb && state.options.WriteAscii);
-  EXPECT_EQ(state.options.DrivingSide, 1);
-  EXPECT_EQ(state.options.OptionsDate, (LocalTime{2025, 1, 1, 0, 0, 0}));
-}
-
-TEST_F(ProgramOptions, KeepEverySavingAndLoadTheLast) {
-  Ship("Software");
-  Ship("Messages");
-  ASSERT_TRUE(options.LoadSoftwareDatabases());
-  state.options.OptionUnits = "US";
+  EXPECT_EQ(All(state), "Metric Metric 0 0 1 0 0 2025 1 1 0 0 0 xxx.x.xx. Trekor") << "what the release ships";
+  state.options = {{2031, 2, 3, 4, 5, 6},
+                   "A name that is a good deal longer than its field",
+                   "US",
+                   "Metric",
+                   -1,
+                   2,
+                   true,
+                   false,
+                   false,
+                   true,
+                   true,
+                   true,
+                   false,
+                   true,
+                   true,
+                   -7};
   state.units.StationUnit = 4;
-  state.options.WriteAscii = false;
-  state.options.DataColVoice = true;
-  state.options.OptionsUser = "A name that is a good deal longer than its field";
-  state.options.OptionsDate = {2031, 2, 3, 4, 5, 6};
   options.SaveOptions();
   state.units.StationUnit = 5;
+  state.units.FileStationUnit = 3;
   options.SaveOptions();
   options.Close();
 
   ProgramState next;
   next.folders = state.folders;
-  MessageCatalogue catalogue(next, machine.platform, texts);
-  OptionsDatabase later(next, machine.platform, catalogue);
+  OptionsDatabase later(next, machine.platform, messages);
   ASSERT_TRUE(later.LoadSoftwareDatabases());
-  EXPECT_EQ(next.units.StationUnit, 5);
-  EXPECT_TRUE(next.units.UnitsUS);
-  EXPECT_FALSE(next.units.FileUnitsUS);
-  EXPECT_FALSE(next.options.WriteAscii);
-  EXPECT_TRUE(next.options.KeepMdb && next.options.DataColVoice);
-  EXPECT_EQ(next.options.OptionsUser, "A name that is a good deal longe");
-  EXPECT_EQ(next.options.OptionsDate, (LocalTime{2031, 2, 3, 4, 5, 6}));
-  later.Close();
-
-  const auto database = Open(Software);
-  const auto rows = database->OpenQuery("SELECT StationUnit, MDB, TKR, DataColVoice FROM Options ORDER BY ID");
-  ASSERT_EQ(rows->RecordCount(), 3);
-  rows->MoveLast();
-  std::string stored;
-  for (int i = 0; i < rows->FieldCount(); ++i) {
-    stored += rows->Get(i).Text() + " ";
-  }
-  EXPECT_EQ(stored, "5 1 0 -1 ") << "check marks are 1 and 0, the boolean -1";
+  EXPECT_EQ(All(next), "US=US Metric 5 3 -1 2 -7 2031 2 3 4 5 6 x..xxx.xx A name that is a good deal longe");
+  const std::string saved = "|2031-02-03 04:05:06|A name that is a good deal longe|US|";
+  EXPECT_EQ(RowsOf(*Open(Software), "Options"),
+            "[Options]\n1|2025-01-01 00:00:00|Trekor|Metric|0|Metric|0|1|0|1|1|1|0|1|0|1|1|0|0\n2" + saved +
+                "4|Metric|0|-1|2|1|0|0|1|1|1|0|1|-1|-7\n3" + saved + "5|Metric|3|-1|2|1|0|0|1|1|1|0|1|-1|-7\n")
+      << "check marks are 1 and 0, the boolean -1";
 }
 
-TEST_F(ProgramOptions, LeaveWhatARowDoesNotHold) {
-  Make("C:\\Trekor\\Software.vdb",
-       "CREATE TABLE Version(Major SMALLINT, Minor SMALLINT); INSERT INTO Version VALUES(1,0);"
-       "CREATE TABLE Options(ID INTEGER PRIMARY KEY AUTOINCREMENT, Units TEXT(16), StationUnit SMALLINT, MDB SMALLINT);"
-       "CREATE UNIQUE INDEX Options_ID ON Options(ID DESC);"
-       "INSERT INTO Options(Units, StationUnit, MDB) VALUES('us', NULL, 2)");
-  Ship("Messages");
+TEST_F(OptionsTest, WhatARowDoesNotHoldIsLeft) {
+  Execute(Template, "ALTER TABLE Options DROP COLUMN AssistanceVoice;"
+                    "UPDATE Options SET Units = 'us', StationUnit = NULL, MDB = 2");
   state.units.StationUnit = 3;
   state.options.AssistanceVoice = true;
   ASSERT_TRUE(options.LoadSoftwareDatabases());
-  EXPECT_EQ(state.units.StationUnit, 3);
-  EXPECT_TRUE(state.options.AssistanceVoice);
-  EXPECT_TRUE(state.options.KeepMdb) << "any number but 0 is on";
-  EXPECT_FALSE(state.units.UnitsUS) << "only the exact word is US";
+  EXPECT_EQ(All(state), "us Metric 3 0 1 0 0 2025 1 1 0 0 0 xxx.x.xx. Trekor")
+      << "any number but 0 is on, only US is US";
 }
 
-TEST_F(ProgramOptions, LeaveWhatIsBeyondItsRange) {
-  struct Case {
-    const char* row; // StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum
-    const char* left;
-  };
-  const Case cases[] = {{"6, -1, 0, 3, 4294967296, '2031-13-04'", "3 4 1 1 7 2024"},
-                        {"70000, 4294967297, 2, -1, -2147483649, '2031-02-04 25:00'", "3 4 1 1 7 2024"},
-                        {"5, 0, -1, 2, -2147483648, '2031-02-04 23:59:59'", "5 0 -1 2 -2147483648 2031"}};
-  Ship("Software");
-  Ship("Messages");
+TEST_F(OptionsTest, WithoutARowAllAreOff) {
+  Execute(Template, "DELETE FROM Options");
   ASSERT_TRUE(options.LoadSoftwareDatabases());
-  for (const Case& each : cases) {
-    ASSERT_TRUE(Open(Software)->Execute(
-        std::string("INSERT INTO Options(StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum)"
-                    " VALUES (") +
-        each.row + ")"));
+  EXPECT_EQ(All(state), All(ProgramState()));
+}
+
+TEST_F(OptionsTest, WhatIsBeyondItsRangeIsLeft) {
+  // StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum
+  const std::pair<std::string, std::string> cases[] = {
+      {"6, -1, 0, 3, 4294967296, '2031-13-04'", "3 4 1 1 7 2024"},
+      {"70000, 4294967297, 2, -1, -2147483649, '2031-02-04 25:00'", "3 4 1 1 7 2024"},
+      {"5, 0, -1, 2, -2147483648, '2031-02-04 23:59:59'", "5 0 -1 2 -2147483648 2031"}};
+  ASSERT_TRUE(options.LoadSoftwareDatabases());
+  for (const auto& [row, left] : cases) {
+    Execute(Software,
+            "INSERT INTO Options(StationUnit, FileStationUnit, DrivingSide, GeographicFormat, TrayColor, Datum) "
+            "VALUES (" +
+                row + ")");
     state.units.StationUnit = 3;
     state.units.FileStationUnit = 4;
-    state.options.DrivingSide = state.options.GeographicFormat = 1;
+    state.options = {{2024, 1, 1, 0, 0, 0}, "", "", "", 1, 1};
     state.options.TrayColor = 7;
-    state.options.OptionsDate = {2024, 1, 1, 0, 0, 0};
     options.LoadOptions();
-    std::string left;
-    for (const std::int32_t value : {state.units.StationUnit, state.units.FileStationUnit, state.options.DrivingSide,
-                                     state.options.GeographicFormat, state.options.TrayColor})
-      left += std::to_string(value) + " ";
-    EXPECT_EQ(left + std::to_string(state.options.OptionsDate.year), each.left) << each.row;
+    EXPECT_EQ(All(state).substr(2, left.size()), left) << row;
   }
 }
 
 // All of them would be off, and a data file without its options is deleted at its close.
-TEST_F(ProgramOptions, EndTheProgramWhenTheyAreThereAndCannotBeRead) {
-  Ship("Software");
-  Ship("Messages");
+TEST_F(OptionsTest, TheProgramEndsWhenTheyAreThereAndCannotBeRead) {
   ASSERT_TRUE(options.LoadSoftwareDatabases());
-  state.options.KeepMdb = true;
+  const std::string before = All(state);
   {
     const auto lock = Open(Software);
-    ASSERT_TRUE(lock->Execute("BEGIN EXCLUSIVE"));
+    ASSERT_TRUE(lock->Execute("UPDATE Options SET MDB = 0; BEGIN EXCLUSIVE"));
     options.LoadOptions();
-    EXPECT_TRUE(state.options.KeepMdb) << "a later reading that fails changes nothing";
+    EXPECT_EQ(All(state), before) << "a later reading that fails changes nothing";
   }
   options.Close();
   std::string bytes = machine.drives.Read(Software);
   const std::size_t page = bytes.find("MetricMetric") / 4096 * 4096; // the one page of the table
   machine.drives.Write(Software, bytes.replace(page, 4096, 4096, '\x7f'));
   EXPECT_FALSE(options.LoadSoftwareDatabases());
-  EXPECT_EQ(machine.shell.boxes, std::vector<std::string>{std::string("Cannot open ") + Software});
+  EXPECT_EQ(machine.shell.boxes, Strings{std::string("Cannot open ") + Software});
 }
 
-TEST_F(ProgramOptions, StayOffWithoutARow) {
-  Ship("Software");
-  Ship("Messages");
-  auto shipped = Open("C:\\Trekor\\Software.vdb");
-  ASSERT_TRUE(shipped->Execute("DELETE FROM Options"));
-  shipped.reset();
-  ASSERT_TRUE(options.LoadSoftwareDatabases());
-  EXPECT_TRUE(state.units.UnitsSI());
-  EXPECT_FALSE(state.options.KeepMdb || state.options.WriteAscii);
-  EXPECT_EQ(state.options.OptionUnits, "");
+TEST_F(OptionsTest, TheNetworkIsReopenedElsewhereAndSurvivesAMissingFile) {
+  ASSERT_TRUE(sections.LoadSections());
+  EXPECT_EQ(state.facility.SectionsPath, "C:\\Veldmark\\Parcels\\MDB\\Sections.mdb");
+  state.facility.SectionsPath = "C:\\Nowhere\\Sections.mdb";
+  sections.ReopenSections();
+  EXPECT_TRUE(Open("C:\\Veldmark\\Parcels\\MDB\\Sections.mdb", OpenMode::Exclusive)) << "the first file is free again";
+  sections.CloseSections();
+  EXPECT_FALSE(machine.drives.FileExists("C:\\Nowhere\\Sections.mdb"));
+}
+
+TEST_F(OptionsTest, TheLinkIsToldWhatTheOperatorSets) {
+  machine.socket.state = SocketState::Connected;
+  state.run.FromLink = true; // the form may stand open because the link asked for a start; its news still goes out
+  sections.SetFacilityName("E 45");
+  sections.SetSectionName("Ring 3");
+  sections.SetSectionStart("10.000");
+  sections.SetSectionEnd("");
+  EXPECT_EQ(machine.socket.TakeLines(),
+            (Strings{"FACILITY NAME E 45", "SECTION NAME Ring 3", "SECTION START 10.000", "SECTION END "}));
+  EXPECT_EQ(state.facility.FacilityName + state.facility.SectionName + state.facility.SectionStart, "E 45Ring 310.000");
+}
+
+TEST(HeadingTest, ComesBackFromItsName) {
+  for (int code = 1; code <= 4; ++code)
+    EXPECT_EQ(HeadingCode(HeadingName(code)), code);
+  EXPECT_EQ(HeadingName(0) + HeadingName(5) + HeadingName(-1), "");
 }
 
 } // namespace
