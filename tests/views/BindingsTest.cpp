@@ -1,20 +1,13 @@
 // Check boxes, options, combos, lists and the pictures of keys under the operator's mouse and keys: what he does
 // reaches the model once, what the model makes of it is what the screen shows, and nobody chooses for him.
 #include "views/KeyGridView.h"
-#include "views/QtShell.h"
 
 #include "ShownFormTest.h"
 
-#include "support/FakePlatform.h"
-
-#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QListWidget>
 #include <QRadioButton>
-#include <QTest>
-
-#include <gtest/gtest.h>
 
 namespace trekor {
 namespace {
@@ -40,8 +33,7 @@ struct ChoiceForm : Form {
     locked.SetEnabled(false); // before it has a widget
     several.MultiSelect = true;
     for (const char* entry : {"one", "two", "three"})
-      for (auto* box : {&list, &several})
-        box->AddItem(entry);
+      list.AddItem(entry), several.AddItem(entry);
     for (const char* entry : {"KM", "M", "ML"})
       combo.AddItem(entry);
     for (Handler* clicked :
@@ -50,13 +42,12 @@ struct ChoiceForm : Form {
   }
   int Raised() { return std::exchange(raised, 0); }
   TextBox Texts0{*this, "Texts", 0};
-  CheckBox check{*this, "chkOne"};
+  CheckBox check{*this, "chkOne"}, locked{*this, "chkLocked"};
   OptionButton a{*this, "Options", 0}, b{*this, "Options", 1};
   Frame frame{*this, "Frames", 1};
   OptionButton inside{*this, "Options", 2};
   ComboBox combo{*this, "cboUnits"};
   ListBox list{*this, "lstOne"}, several{*this, "lstSeveral"};
-  CheckBox locked{*this, "chkLocked"};
   int raised = 0;
 };
 
@@ -64,6 +55,7 @@ class BindingsTest : public tests::ShownFormTest<ChoiceForm> {
 protected:
   template <class Widget> Widget* The(int n = 0) { return window->findChildren<Widget*>().at(n); }
   static void ClickOn(QWidget* w, QPoint at) { QTest::mouseClick(w, Qt::LeftButton, Qt::NoModifier, at); }
+  static void ClickOn(QWidget* w) { ClickOn(w, {8, w->height() / 2}); }
   static void ClickOn(QListWidget* w, int row) { ClickOn(w->viewport(), w->visualItemRect(w->item(row)).center()); }
   // "x" for each entry that the screen shows as chosen.
   static std::string Marks(const QListWidget* w) {
@@ -77,19 +69,20 @@ protected:
 TEST_F(BindingsTest, ACheckBoxShowsWhatTheModelMakesOfAClick) {
   auto* box = The<QCheckBox>();
   form.check.SetValue(2);
-  form.Raised();
+  form.check.SetValue(3);
+  EXPECT_EQ(form.Raised(), 1) << "by code as well";
   EXPECT_EQ(box->checkState(), Qt::PartiallyChecked);
   for (const auto& [value, seen] : {std::pair{0, Qt::Unchecked}, {1, Qt::Checked}, {0, Qt::Unchecked}}) {
-    ClickOn(box, {8, box->height() / 2});
+    ClickOn(box);
     EXPECT_EQ(form.check.Value(), value);
     EXPECT_EQ(box->checkState(), seen);
     EXPECT_EQ(form.Raised(), 1);
   }
   form.check.OnClick = [this] { form.check.SetValue(0); }; // the logic refuses it
-  ClickOn(box, {8, box->height() / 2});
+  ClickOn(box);
   EXPECT_EQ(box->checkState(), Qt::Unchecked);
   form.check.SetEnabled(false);
-  ClickOn(box, {8, box->height() / 2});
+  ClickOn(box);
   EXPECT_EQ(form.check.Value(), 0);
   EXPECT_FALSE(The<QCheckBox>(1)->isEnabled());
 }
@@ -99,14 +92,14 @@ TEST_F(BindingsTest, OptionsOfAContainerExcludeEachOtherOnTheScreen) {
   const auto shown = [&] {
     return std::to_string(a->isChecked()) + std::to_string(b->isChecked()) + std::to_string(inside->isChecked());
   };
-  ClickOn(inside, {8, inside->height() / 2});
-  ClickOn(a, {8, a->height() / 2});
+  ClickOn(inside);
+  ClickOn(a);
   EXPECT_EQ(shown(), "101");
-  ClickOn(b, {8, b->height() / 2});
+  ClickOn(b);
   EXPECT_EQ(shown(), "011");
   EXPECT_TRUE(form.b.Value() && form.inside.Value() && !form.a.Value());
   EXPECT_EQ(form.Raised(), 3);
-  ClickOn(b, {8, b->height() / 2}); // a chosen one is not taken away by a click
+  ClickOn(b); // a chosen one is not taken away by a click
   EXPECT_EQ(shown(), "011");
   form.a.SetValue(true);
   EXPECT_EQ(shown(), "101");
@@ -122,18 +115,24 @@ TEST_F(BindingsTest, AComboTellsEachChoiceOfTheOperatorAndShowsTheModels) {
   EXPECT_EQ(form.combo.Text(), "M");
   EXPECT_EQ(form.Raised(), 2);
   form.combo.SetListIndex(2);
+  form.combo.SetListIndex(2);
+  form.combo.SetListIndex(3);
+  form.combo.SetText("YARDS"); // which stands in no list
   EXPECT_EQ(box->currentText(), "ML");
   EXPECT_EQ(form.Raised(), 1) << "by the code alone, and not by the screen that follows";
   form.combo.Clear();
   EXPECT_EQ(box->count(), 0);
-  form.combo.AddItem("FEET");
-  form.combo.AddItem("YARDS");
+  EXPECT_EQ(form.combo.Text() + form.combo.List(0), "");
+  for (const char* entry : {"FEET", "YARDS"})
+    form.combo.AddItem(entry);
   EXPECT_EQ(box->currentIndex(), -1);
   EXPECT_EQ(form.Raised(), 0);
   box->activated(1); // the same entry once more is a choice too
   box->activated(1);
   EXPECT_EQ(form.combo.Text(), "YARDS");
   EXPECT_EQ(form.Raised(), 2);
+  form.combo.SetText("FEET");
+  EXPECT_EQ(form.combo.ListIndex(), 0);
 }
 
 TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
@@ -176,7 +175,8 @@ TEST_F(BindingsTest, AListOfSeveralTurnsTheMarkOfTheClickedEntry) {
   for (const int row : {0, 2, 0})
     ClickOn(box, row);
   EXPECT_EQ(Marks(box), "..x");
-  EXPECT_TRUE(form.several.Selected(2) && !form.several.Selected(0));
+  EXPECT_TRUE(form.several.Selected(2) && !form.several.Selected(0) && !form.several.Selected(3));
+  EXPECT_EQ(form.several.ListIndex(), 0);
   EXPECT_EQ(form.Raised(), 3);
   form.several.SetSelected(1, true);
   EXPECT_EQ(Marks(box), ".xx");
@@ -185,47 +185,46 @@ TEST_F(BindingsTest, AListOfSeveralTurnsTheMarkOfTheClickedEntry) {
 TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
   Form form("Keys");
   Grid grid(form, "fxgKeyPad");
-  const std::vector<std::vector<const char*>> keys = {{" ", "/", "*", "-"},
-                                                      {"7", "8", "9", "+"},
-                                                      {"4", "5", "6", "+"},
-                                                      {"1", "2", "3", "Enter"},
-                                                      {"0", "0", ",", "Enter"}};
+  const char* keys[5][4] = {{" ", "/", "*", "-"},
+                            {"7", "8", "9", "+"},
+                            {"4", "5", "6", "+"},
+                            {"1", "2", "3", "Enter"},
+                            {"0", "0", ",", "Enter"}};
   grid.SetCols(4);
   grid.SetRows(5);
   for (int r = 0; r < 5; ++r) {
     grid.SetMergeRow(r, true);
     for (int c = 0; c < 4; ++c)
-      grid.SetText(r, c, keys[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]);
+      grid.SetText(r, c, keys[r][c]);
   }
   tests::FakeDrives drives;
   PictureStore pictures(drives);
   KeyGridView view(grid, pictures, nullptr);
   std::string clicked;
   grid.OnClick = [&](int r, int c) { clicked = grid.Text(r, c); };
+  const auto clickAt = [&](int x, int y) {
+    clicked = "nothing";
+    QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, {x, y});
+    return clicked;
+  };
   for (const QSize size : {QSize(400, 400), QSize(331, 217), QSize(61, 45)}) {
     view.resize(size);
     for (int r = 0; r < 5; ++r)
       for (int c = 0; c < 4; ++c)
         for (const double part : {0.1, 0.5, 0.9}) { // of the key, from its upper left corner
-          const QPoint at(static_cast<int>((c + part) * size.width() / 4),
-                          static_cast<int>((r + part) * size.height() / 5));
-          clicked = "nothing";
-          QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, at);
-          EXPECT_EQ(clicked, keys[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)])
-              << at.x() << "," << at.y() << " of " << size.width() << "," << size.height();
+          const int x = static_cast<int>((c + part) * size.width() / 4);
+          const int y = static_cast<int>((r + part) * size.height() / 5);
+          EXPECT_EQ(clickAt(x, y), keys[r][c]) << x << "," << y << " of " << size.width();
           EXPECT_EQ(grid.Row() * 10 + grid.Col(), r * 10 + c);
         }
   }
-  QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, {60, 44}); // the last pixel
-  EXPECT_EQ(clicked, "Enter");
+  EXPECT_EQ(clickAt(60, 44), "Enter") << "the last pixel";
   int doubled = 0;
   grid.OnDblClick = [&] { ++doubled; };
   QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});
   EXPECT_EQ(doubled, 1);
   grid.SetEnabled(false);
-  clicked = "nothing";
-  QTest::mouseClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});
-  EXPECT_EQ(clicked, "nothing");
+  EXPECT_EQ(clickAt(5, 5), "nothing");
 }
 
 } // namespace

@@ -54,34 +54,25 @@ protected:
     const QImage whole = Fresh();
     return !whole.isNull() && QTest::qWaitFor([&] { return OnScreen(*view) == whole; }, 2000);
   }
-  void Act(int what, std::mt19937& dice) {
+  // One of ten things that happen to a grid.
+  void Act(std::size_t what, std::mt19937& dice) {
     const int row = static_cast<int>(dice() % 14), col = static_cast<int>(dice() % 9);
-    switch (what) {
-    case 0:
-      return grid.AddItem("0.100 to 0.200", 4);
-    case 1:
-      return grid.AddItem("0.150", std::min(5, grid.Rows()));
-    case 2:
-      return grid.RemoveItem(grid.Rows() > 12 ? grid.Rows() - 1 : -1);
-    case 3:
-      return grid.RemoveItem(row >= 4 ? row : -1);
-    case 4:
-      return grid.SetText(row, col, std::to_string(dice() % 100));
-    case 5:
-      return grid.SetCellPicture(1, col, "BAR:" + std::to_string(dice() % 14));
-    case 6:
-      grid.SetMergeRow(row >= 4 ? row : -1, true);
-      for (int c = 2; row >= 4 && c < 9; ++c)
-        grid.SetText(row, c, "a remark across the row");
-      return;
-    case 7:
-      return grid.SetSelectionMarks(dice() % 2 == 0);
-    case 8:
-      grid.SetRow(row);
-      return grid.SetCol(col);
-    default:
-      return view->horizontalScrollBar()->setValue(static_cast<int>(dice() % 80));
-    }
+    const std::function<void()> acts[] = {
+        [&] { grid.AddItem("0.100 to 0.200", 4); },
+        [&] { grid.AddItem("0.150", std::min(5, grid.Rows())); },
+        [&] { grid.RemoveItem(grid.Rows() > 12 ? grid.Rows() - 1 : -1); },
+        [&] { grid.RemoveItem(row >= 4 ? row : -1); },
+        [&] { grid.SetText(row, col, std::to_string(dice() % 100)); },
+        [&] { grid.SetCellPicture(1, col, "BAR:" + std::to_string(dice() % 14)); },
+        [&] {
+          grid.SetMergeRow(row >= 4 ? row : -1, true);
+          for (int c = 2; row >= 4 && c < 9; ++c)
+            grid.SetText(row, c, "a remark across the row");
+        },
+        [&] { grid.SetSelectionMarks(dice() % 2 == 0); },
+        [&] { grid.SetRow(row), grid.SetCol(col); },
+        [&] { view->horizontalScrollBar()->setValue(static_cast<int>(dice() % 80)); }};
+    acts[what]();
   }
   tests::FakeDrives drives;
   PictureStore pictures{drives};
@@ -97,7 +88,7 @@ TEST_F(GridViewTest, WhatIsDrawnPieceByPieceIsTheWholePicture) {
     grid.SetRedraw(dice() % 2 == 0);
     std::string story;
     for (int i = 0; i < acts; ++i) {
-      const int what = static_cast<int>(dice() % 10);
+      const std::size_t what = dice() % 10;
       story += std::to_string(what) + " ";
       Act(what, dice);
     }

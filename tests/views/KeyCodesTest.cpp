@@ -7,19 +7,12 @@
 namespace trekor {
 namespace {
 
-struct KeyCase {
-  int key;
-  bool keypad;
-  unsigned scan;
-  int code;
-};
-
 // What the toolkit and Windows see differently: the pad with NumLock on, with a decimal comma too, and off; signs of
 // the plain keyboard that are not those of the pad; the key that European boards have more, which the comma's shifted
 // sign is not, and the British backslash neither; shifted digits, by the key's number whatever the language (a Danish
 // Shift+7 is "/"), by the sign without it.
 TEST(KeyCodesTest, AKeyIsKnownByItsPlaceAndNotByItsSign) {
-  const KeyCase cases[] = {
+  const std::tuple<int, bool, unsigned, int> cases[] = {
       {Qt::Key_Z, false, 44, 90},        {Qt::Key_F24, false, 194, 135},  {Qt::Key_Backtab, false, 15, 9},
       {Qt::Key_Enter, true, 96, 13},     {Qt::Key_9, true, 73, 105},      {Qt::Key_Asterisk, true, 55, 106},
       {Qt::Key_Slash, true, 98, 111},    {Qt::Key_Period, true, 83, 110}, {Qt::Key_Comma, true, 83, 110},
@@ -28,9 +21,9 @@ TEST(KeyCodesTest, AKeyIsKnownByItsPlaceAndNotByItsSign) {
       {Qt::Key_Greater, false, 86, 226}, {Qt::Key_Less, false, 51, 188},  {Qt::Key_Backslash, false, 86, 220},
       {Qt::Key_Slash, false, 8, 55},     {Qt::Key_Equal, false, 11, 48},  {Qt::Key_Exclam, false, 0, 49},
       {Qt::Key_VolumeUp, false, 115, 0}, {Qt::Key_unknown, false, 0, 0}};
-  for (const KeyCase& c : cases)
-    EXPECT_EQ(KeyCodeOf(c.key, c.keypad, c.scan), c.code)
-        << "key 0x" << std::hex << c.key << (c.keypad ? " of the pad" : "") << std::dec << ", number " << c.scan;
+  for (const auto& [key, keypad, scan, code] : cases)
+    EXPECT_EQ(KeyCodeOf(key, keypad, scan), code)
+        << "key 0x" << std::hex << key << (keypad ? " of the pad" : "") << std::dec << ", number " << scan;
 }
 
 } // namespace

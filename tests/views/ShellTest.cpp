@@ -5,9 +5,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
-#include <QTest>
 #include <QTimer>
-#include <QWindow>
 
 #include <gtest/gtest.h>
 

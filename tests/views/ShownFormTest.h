@@ -19,14 +19,18 @@ protected:
     shell.Load(form);
     shell.Show(form);
     shell.SetFocus(form.Texts0);
-    for (QWidget* w : QApplication::topLevelWidgets())
-      if (dynamic_cast<FormWindow*>(w))
-        window = w;
+    window = Newest();
     EXPECT_TRUE(QTest::qWaitForWindowActive(window));
   }
   ~ShownFormTest() override {
     shell.UnloadAll();
     QApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  }
+  // The window that has come last.
+  QWidget* Newest() const {
+    const auto all = QApplication::topLevelWidgets();
+    const auto other = [this](QWidget* w) { return w != window && dynamic_cast<FormWindow*>(w); };
+    return *std::find_if(all.begin(), all.end(), other);
   }
   FakeDrives drives;
   QtShell shell{drives};
