@@ -1,7 +1,6 @@
 #include "services/Pictures.h"
 
-#include "store/Database.h"
-#include "support/FakePlatform.h"
+#include "support/Databases.h"
 
 #include <gtest/gtest.h>
 
@@ -17,15 +16,10 @@ public:
       return PictureFile::NoPicture;
     if (key == "full")
       return PictureFile::Failed;
-    std::string bytes;
+    last.clear();
     for (int i = 0; i < std::stoi(key); ++i)
-      bytes += static_cast<char>('a' + i % 23);
-    std::FILE* file = std::fopen(nativePath.c_str(), "wb");
-    const bool written = file && std::fwrite(bytes.data(), 1, bytes.size(), file) == bytes.size();
-    if (file)
-      std::fclose(file);
-    last = bytes;
-    return written ? PictureFile::Written : PictureFile::Failed;
+      last += static_cast<char>('a' + i % 23);
+    return std::ofstream(nativePath, std::ios::binary) << last ? PictureFile::Written : PictureFile::Failed;
   }
   std::string last;
 };
@@ -35,11 +29,9 @@ protected:
   PicturesTest() {
     folders.AppPath = "C:\\Trekor";
     fakes.drives.MakeFolders(folders.AppPath);
-    const std::string path = fakes.drives.NativePath("C:\\Trekor\\Data.mdb");
-    Database::Create(path, "");
-    database = Database::Open(path, OpenMode::Shared);
-    database->Execute("PRAGMA synchronous=OFF");
-    database->Execute("CREATE TABLE Observations(ObsIcon LONGBINARY, ObsName TEXT)");
+    tests::MakeDatabase(fakes.drives, "C:\\Trekor\\Data.mdb",
+                        "CREATE TABLE Observations(ObsIcon LONGBINARY, ObsName TEXT)");
+    database = Database::Open(fakes.drives.NativePath("C:\\Trekor\\Data.mdb"), OpenMode::Shared);
     row = database->OpenTable("Observations");
   }
   void Save(const std::string& picture, const std::string& field = "ObsIcon") {
@@ -59,21 +51,17 @@ protected:
 } // namespace
 
 TEST_F(PicturesTest, ThePictureIsFollowedByAByteForTheRemainderAndOneForEachBlock) {
-  struct Case {
-    const char* length;
-    std::size_t surplus;
-    int pumps;
-  };
-  for (const Case& each : {Case{"0", 1, 0}, Case{"100", 1, 0}, Case{"8191", 1, 0}, Case{"8192", 2, 1},
-                           Case{"8193", 2, 1}, Case{"20000", 3, 2}}) {
-    SCOPED_TRACE(each.length);
+  const std::tuple<const char*, std::size_t, int> cases[] = {{"0", 1, 0},    {"100", 1, 0},  {"8191", 1, 0},
+                                                             {"8192", 2, 1}, {"8193", 2, 1}, {"20000", 3, 2}};
+  for (const auto& [length, surplus, pumps] : cases) {
+    SCOPED_TRACE(length);
     const int pumped = fakes.pump.count;
-    Save(each.length);
+    Save(length);
     const Bytes stored = row->Get("ObsIcon").Blob();
     Bytes wanted(shell.last.begin(), shell.last.end());
-    wanted.insert(wanted.end(), each.surplus, 0);
+    wanted.insert(wanted.end(), surplus, 0);
     EXPECT_EQ(stored, wanted);
-    EXPECT_EQ(fakes.pump.count - pumped, each.pumps);
+    EXPECT_EQ(fakes.pump.count - pumped, pumps);
     EXPECT_EQ(fakes.drives.Read("C:\\Trekor\\temp.bin"), shell.last) << "the work file stays, replaced each time";
   }
   EXPECT_TRUE(shell.boxes.empty());
