@@ -2,74 +2,37 @@
 // is a backup, and the next start completes it.
 #include "UpdateFixture.h"
 
+#include "support/Child.h"
+
 #include <algorithm>
-#include <csignal>
-#include <functional>
 
 #include <sys/resource.h>
-#include <sys/wait.h>
 
-namespace trekor {
+namespace trekor::tests {
 
-namespace {
-
-// Runs something in another process and keeps it alive until it is told to go.
-class OtherProgram {
-public:
-  explicit OtherProgram(const std::function<void()>& doing) {
-    int ready[2];
-    EXPECT_EQ(pipe(ready), 0);
-    child = fork();
-    if (child == 0) {
-      doing();
-      (void)!write(ready[1], "r", 1);
-      pause();
-    }
-    char sign = 0;
-    EXPECT_EQ(read(ready[0], &sign, 1), 1);
-    ::close(ready[0]);
-    ::close(ready[1]);
-  }
-  ~OtherProgram() {
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-  }
-
-private:
-  pid_t child = 0;
-};
-
-class UpdateStrengthTest : public UpdateDatabaseTest {
+class UpdateStrengthTest : public UpdateFixture {
 protected:
   // Both sides have rows of their own, so that the merged file is larger than either.
   UpdateStrengthTest() {
     const std::string numbers = "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<800) ";
-    Build(templateFile, 2, 4,
-          newOptions + std::string("CREATE TABLE Words(Word TEXT(80));") + numbers +
-              "INSERT INTO Words SELECT 'a word of the release ' || i FROM n");
-    Build(working, 2, 3, oldOptions + numbers + "INSERT INTO Options(ID, Units) SELECT i+10, 'site' FROM n");
-    drives.MakeFolders("C:\\Root\\BAK");
+    BuildBoth(newOptions + "CREATE TABLE Words(Word TEXT(80));" + numbers +
+                  "INSERT INTO Words SELECT 'a word of the release ' || i FROM n",
+              oldOptions + numbers + "INSERT INTO Options(ID, Units) SELECT i+10, 'site' FROM n");
     Build(backup, 2, 2, "CREATE TABLE Older(A)");
-    before = drives.Read(working);
     older = drives.Read(backup);
   }
   void Prepare() {
     drives.Arm(Fault::None, 0);
     drives.Write(working, before);
     drives.Write(backup, older);
-    fakes.shell.boxes.clear();
   }
-  bool Updated() { return Rows("Version") == "9;9|2;4"; }
   bool IsMerged() {
     const std::string rows = Rows("Options");
-    return std::count(rows.begin(), rows.end(), '|') == 801 && rows.starts_with("3;US;-1;here|7;SI;1;");
+    return std::count(rows.begin(), rows.end(), '\n') == 802 && rows.starts_with("3|US|-1|here\n7|SI|1|null\n");
   }
   // What must hold whatever went wrong.
   void ExpectOldOrNew() {
-    if (Updated())
-      EXPECT_TRUE(IsMerged());
-    else
-      EXPECT_TRUE(drives.Read(working) == before);
+    EXPECT_TRUE(Updated() ? IsMerged() : Untouched());
     const auto kept = Open(backup);
     ASSERT_TRUE(kept);
     EXPECT_TRUE(kept->HasTable("Older") || kept->HasTable("SiteOnly"));
@@ -77,31 +40,22 @@ protected:
   }
   void ExpectTheNextStartCompletesIt() {
     drives.Arm(Fault::None, 0);
-    fakes.shell.boxes.clear();
     EXPECT_FALSE(Update().programEnds);
-    EXPECT_TRUE(Boxes().empty());
-    EXPECT_TRUE(Updated() && IsMerged());
-    EXPECT_TRUE(drives.Read(backup) == before);
-    for (const char* folder : {"C:\\Root\\MDB", "C:\\Root\\BAK"})
+    EXPECT_TRUE(Boxes().empty() && Updated() && IsMerged() && drives.Read(backup) == before);
+    for (const auto& folder : {mdb, bak})
       for (const auto& entry : std::filesystem::directory_iterator(drives.NativePath(folder)))
         EXPECT_EQ(entry.path().filename(), "Software.mdb");
   }
   // Updates in another process, as one that is to die; true when it was killed or failed.
-  bool UpdateAside(const std::function<void()>& before) {
-    const pid_t child = fork();
-    if (child == 0) {
-      before();
-      Update();
-      _exit(Boxes().empty() ? 0 : 1);
-    }
-    int status = 0;
-    waitpid(child, &status, 0);
-    return status != 0;
+  bool UpdateAside(const std::function<void()>& prepare) {
+    return Child([&](Child&) {
+             prepare();
+             Update();
+             _exit(Boxes().empty() ? 0 : 1);
+           }).Wait() != 0;
   }
-  std::string before, older;
+  std::string older;
 };
-
-} // namespace
 
 TEST_F(UpdateStrengthTest, EachFileOperationMayFail) {
   for (const Fault fault : {Fault::FailOnce, Fault::FailFromThen}) {
@@ -155,32 +109,29 @@ TEST_F(UpdateStrengthTest, TheDiskMayBeFullAtAnyPage) {
       ExpectOldOrNew();
       ExpectTheNextStartCompletesIt();
     }
-    const auto size = [&](const char* path) { return std::filesystem::file_size(drives.NativePath(path)); };
+    const auto size = [&](const std::string& path) { return std::filesystem::file_size(drives.NativePath(path)); };
     EXPECT_GT(failures * 4096ULL, std::max(size(templateFile), size(backup))) << "the merge has met it too";
   }
 }
 
 TEST_F(UpdateStrengthTest, AFileThatOthersUseIsNotReplaced) {
-  struct Case {
-    const char* what;
-    OpenMode mode;
-    const char* sql;
-  };
-  const Case cases[] = {{"reads", OpenMode::ReadOnly, "BEGIN; SELECT * FROM Options"},
-                        {"writes", OpenMode::Shared, "BEGIN IMMEDIATE; INSERT INTO Options(ID) VALUES (500)"},
-                        {"could write", OpenMode::Shared, "SELECT * FROM Options"}};
-  for (const Case& each : cases) {
-    SCOPED_TRACE(each.what);
+  for (const auto& [mode, sql] : {std::pair(OpenMode::ReadOnly, "BEGIN; SELECT * FROM Options"),
+                                  {OpenMode::Shared, "BEGIN IMMEDIATE; INSERT INTO Options(ID) VALUES (500)"},
+                                  {OpenMode::Shared, "SELECT * FROM Options"}}) { // reads, writes, could write
+    SCOPED_TRACE(sql);
     Prepare();
     {
       std::unique_ptr<Database> open;
-      const OtherProgram other([&] {
-        open = Database::Open(drives.NativePath(working), each.mode);
-        open->Execute(each.sql);
+      Child other([&, m = mode, s = sql](Child& me) {
+        open = Database::Open(drives.NativePath(working), m);
+        open->Execute(s);
+        me.Sign();
+        pause();
       });
+      EXPECT_TRUE(other.Signed());
       Update();
-      EXPECT_EQ(Boxes(), Words{std::string(working) + " could not be removed! Update cancelled"});
-      EXPECT_TRUE(drives.Read(working) == before && drives.Read(backup) == before);
+      EXPECT_EQ(Boxes(), Words{working + " could not be removed! Update cancelled"});
+      EXPECT_TRUE(Untouched() && drives.Read(backup) == before);
     }
     ExpectTheNextStartCompletesIt();
   }
@@ -193,9 +144,8 @@ TEST_F(UpdateStrengthTest, ADamagedFileIsNotReplacedByHalfOfItsRows) {
   drives.Write(working, bytes.replace(bytes.rfind("site") / 4096 * 4096, 4096, 4096, '\x7f'));
   before = bytes;
   Update();
-  EXPECT_EQ(Boxes(), Words{std::string(working) + " could not be installed! Update cancelled"});
-  EXPECT_TRUE(drives.Read(working) == before);
-  EXPECT_TRUE(drives.Read(backup) == before);
+  EXPECT_EQ(Boxes(), Words{working + " could not be installed! Update cancelled"});
+  EXPECT_TRUE(Untouched() && drives.Read(backup) == before);
 }
 
-} // namespace trekor
+} // namespace trekor::tests

@@ -7,14 +7,10 @@
 #include <ctime>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <sstream>
-#include <system_error>
 #include <unistd.h>
 #include <utility>
 
 namespace trekor::tests {
-
-namespace fs = std::filesystem;
 
 LocalTime FakeClock::Now() {
   std::tm t{};
@@ -132,65 +128,23 @@ std::vector<std::string> FakeSoundPlayer::TakePlayed() {
   return std::exchange(played, {});
 }
 
-namespace {
-fs::path TemporaryFolder() {
-  std::string pattern = (fs::temp_directory_path() / "trekor-XXXXXX").string();
-  return mkdtemp(pattern.data());
-}
-} // namespace
-
-FakeDrives::FakeDrives() : FileDrives(TemporaryFolder()) {
-  MakeFolders("C:\\Trekor");
+void FakeDrives::Arm(Fault newFault, int n) {
+  fault = newFault;
+  faultyAct = n;
+  acts = 0;
 }
 
-FakeDrives::~FakeDrives() {
-  std::error_code ignored;
-  fs::remove_all(Root(), ignored);
-}
-
-bool FakeDrives::Fails(const std::string& path) const {
-  return std::find(failing.begin(), failing.end(), Upper(path)) != failing.end();
-}
-
-std::string FakeDrives::RemoteName(char letter) {
-  const auto it = remoteNames.find(letter);
-  return it == remoteNames.end() ? "" : it->second;
-}
-
-bool FakeDrives::MakeFolder(const std::string& path) {
-  return !Fails(path) && FileDrives::MakeFolder(path);
-}
-
-bool FakeDrives::CopyFile(const std::string& from, const std::string& to) {
-  return !Fails(to) && FileDrives::CopyFile(from, to);
-}
-
-bool FakeDrives::ReplaceFile(const std::string& work, const std::string& path) {
-  return !Fails(path) && FileDrives::ReplaceFile(work, path);
-}
-
-bool FakeDrives::SyncFile(const std::string& path) {
-  synced.push_back(path);
-  return !Fails(path) && FileDrives::SyncFile(path);
-}
-
-bool FakeDrives::DeleteFile(const std::string& path) {
-  return !Fails(path) && FileDrives::DeleteFile(path);
-}
-
-void FakeDrives::MakeFolders(const std::string& path) {
-  fs::create_directories(NativePath(path));
-}
-
-void FakeDrives::Write(const std::string& path, const std::string& bytes) {
-  std::ofstream(NativePath(path), std::ios::binary) << bytes;
-}
-
-std::string FakeDrives::Read(const std::string& path) {
-  std::ifstream in(NativePath(path), std::ios::binary);
-  std::ostringstream bytes;
-  bytes << in.rdbuf();
-  return bytes.str();
+bool FakeDrives::Act(const std::string& path, const std::function<bool()>& doing) {
+  const bool now = ++acts == faultyAct;
+  if (now && fault == Fault::KillBefore)
+    _exit(99);
+  if ((now && fault == Fault::FailOnce) || (acts >= faultyAct && fault == Fault::FailFromThen))
+    return false;
+  const auto fails = [&](const std::string& one) { return SameText(one, path); };
+  const bool done = std::none_of(failing.begin(), failing.end(), fails) && doing();
+  if (now && fault == Fault::KillAfter)
+    _exit(99);
+  return done;
 }
 
 bool FakeProcess::NewGuidBytes(unsigned char (&bytes)[16]) {

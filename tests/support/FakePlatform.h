@@ -6,6 +6,7 @@
 #include "forms/Form.h"
 #include "platform/Platform.h"
 #include "platform_os/FileDrives.h"
+#include "support/Files.h"
 
 #include <deque>
 #include <functional>
@@ -109,35 +110,53 @@ private:
   std::string keys;
 };
 
+enum class Fault { None, FailOnce, FailFromThen, KillBefore, KillAfter };
+
 // The real drives below a temporary folder that goes with the object. Nothing is synced; what was asked for is noted.
-class FakeDrives : public FileDrives {
+class FakeDrives : private TestFolder, public FileDrives {
 public:
-  FakeDrives();
-  ~FakeDrives() override;
-  std::string RemoteName(char letter) override;
-  bool MakeFolder(const std::string& path) override;
-  bool CopyFile(const std::string& from, const std::string& to) override;
-  bool ReplaceFile(const std::string& work, const std::string& path) override;
-  bool SyncFile(const std::string& path) override;
-  bool DeleteFile(const std::string& path) override;
+  FakeDrives() : FileDrives(TestFolder::path) { MakeFolders("C:\\Trekor"); }
+  std::string RemoteName(char letter) override { return remoteNames.contains(letter) ? remoteNames[letter] : ""; }
+  bool MakeFolder(const std::string& path) override {
+    return Act(path, [&] { return FileDrives::MakeFolder(path); });
+  }
+  bool CopyFile(const std::string& from, const std::string& to) override {
+    return Act(to, [&] { return from != uncopied && FileDrives::CopyFile(from, to); });
+  }
+  bool ReplaceFile(const std::string& work, const std::string& path) override {
+    return Act(path, [&] { return FileDrives::ReplaceFile(work, path); });
+  }
+  bool SyncFile(const std::string& path) override {
+    synced.push_back(path);
+    return Act(path, [&] { return FileDrives::SyncFile(path); });
+  }
+  bool DeleteFile(const std::string& path) override {
+    return Act(path, [&] { return FileDrives::DeleteFile(path); });
+  }
   std::string CurrentFolder() override { return currentFolder; }
 
   // A test's own acts.
-  void MakeFolders(const std::string& path); // with all parents; makes the drive too
-  void Write(const std::string& path, const std::string& bytes);
-  std::string Read(const std::string& path);
+  void MakeFolders(const std::string& path) { std::filesystem::create_directories(NativePath(path)); } // the drive too
+  void Write(const std::string& path, const std::string& bytes) { WriteBytes(NativePath(path), bytes); }
+  std::string Read(const std::string& path) { return BytesOf(NativePath(path)); }
+  // From now on the n-th act that changes a file goes wrong, or is the last one of the process.
+  void Arm(Fault fault, int n);
 
   std::map<char, std::string> remoteNames;
   std::string currentFolder = "C:\\Trekor";
-  // Paths (upper case) whose copy, replacement, deletion, making or syncing fails.
+  // Paths whose copy, replacement, deletion, making or syncing fails.
   std::vector<std::string> failing;
+  std::string uncopied;            // no copy is made from here
   std::vector<std::string> synced; // paths, in order
+  int acts = 0;                    // those that change a file
 
 protected:
   bool OnDisk(const std::filesystem::path&) override { return true; }
 
 private:
-  bool Fails(const std::string& path) const;
+  bool Act(const std::string& path, const std::function<bool()>& doing);
+  Fault fault = Fault::None;
+  int faultyAct = 0;
 };
 
 class FakeSoundPlayer : public SoundPlayer {

@@ -2,13 +2,10 @@
 // For rooms that stand on store.
 #pragma once
 
-#include "platform/Drives.h"
-#include "store/Recordset.h"
+#include "support/Databases.h"
 #include "values/Text.h"
 
 #include <filesystem>
-#include <fstream>
-#include <sstream>
 #include <string>
 
 namespace trekor::tests {
@@ -25,22 +22,6 @@ inline void InstallRelease(Drives& drives, const std::string& shared) {
   fs::copy(to / "sample" / "Observations.mdb", drives.NativePath("C:\\Veldmark\\Trekor\\MDB\\Observations.mdb"));
 }
 
-// The rows of a table, a line each, the fields in their order; bytes show as their number.
-inline std::string RowsOf(Database& database, const std::string& table) {
-  std::string text = "[" + table + "]\n";
-  const auto rows = database.OpenTable(table);
-  for (; rows && !rows->Eof(); rows->MoveNext()) {
-    for (int i = 0; i < rows->FieldCount(); ++i) {
-      const FieldValue value = rows->Get(i);
-      text += (i ? "|" : "") + (value.IsNull()    ? "null"
-                                : value.IsBytes() ? std::to_string(value.Blob().size()) + " bytes"
-                                                  : value.Text());
-    }
-    text += "\n";
-  }
-  return text;
-}
-
 // Every data file and comma file on the data drive and on the backup drive, as one text.
 inline std::string FilesLeft(Drives& drives) {
   std::string text;
@@ -49,14 +30,12 @@ inline std::string FilesLeft(Drives& drives) {
       const std::string path = folder + "\\" + name;
       text += "== " + path + "\n";
       if (SameText(name.substr(name.size() - 4), ".TKR")) {
-        std::ostringstream bytes;
-        bytes << std::ifstream(drives.NativePath(path), std::ios::binary).rdbuf();
-        text += FromWindows1252(bytes.str());
+        text += FromWindows1252(BytesOf(drives.NativePath(path)));
         continue;
       }
       const auto database = Database::Open(drives.NativePath(path), OpenMode::ReadOnly);
       for (const char* table : {"Sessions", "Observations", "Stations", "Registrations"})
-        text += database ? RowsOf(*database, table) : "not a database\n";
+        text += database ? std::string("[") + table + "]\n" + RowsOf(*database, table) : "not a database\n";
     }
   return text;
 }
