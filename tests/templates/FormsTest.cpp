@@ -7,14 +7,7 @@
 #include "link/SocketProp.h"
 #include "texts/Message.h"
 
-#include <gtest/gtest.h>
-
-#include <map>
-#include <set>
-
 namespace trekor::tests {
-
-namespace {
 
 struct Box {
   int left = 0, top = 0, width = 0, height = 0;
@@ -53,11 +46,6 @@ bool HasPlace(const Control& c) {
   return c.TypeOf() != Kind::Menu && c.TypeOf() != Kind::Timer && c.TypeOf() != Kind::ImageList;
 }
 
-bool NeedsWords(const Control& c) {
-  return c.TypeOf() == Kind::Menu || c.TypeOf() == Kind::CommandButton || c.TypeOf() == Kind::CheckBox ||
-         c.TypeOf() == Kind::OptionButton;
-}
-
 class FormTables : public testing::Test {
 protected:
   void SetUp() override { ASSERT_TRUE(database); }
@@ -82,38 +70,28 @@ protected:
                                           &text,         &socket,   &message, &fileNew};
 };
 
-} // namespace
-
 TEST_F(FormTables, ThereIsOneForEachFormAndNoOther) {
-  std::set<std::string> tables, forms = {"Version", "Text"};
-  for (const auto& name : database->TableNames())
-    tables.insert(name);
+  const auto names = database->TableNames();
+  std::set<std::string> forms = {"Version", "Text"};
   for (const Form* form : Forms)
     forms.insert(form->Name());
-  EXPECT_EQ(tables, forms);
+  EXPECT_EQ(std::set(names.begin(), names.end()), forms);
 }
 
-TEST_F(FormTables, EveryControlHasItsRowAndNoRowNamesAControlThatIsNot) {
+TEST_F(FormTables, EveryControlHasItsRowInsideWhatHoldsItAndNoRowNamesAControlThatIsNot) {
   OnEachForm([](const Form& form, const Rows& rows) {
     std::set<std::string> controls = {"Me"}, named;
-    for (const Control* control : form.Controls())
-      controls.insert(control->FullName());
     for (const auto& [name, row] : rows)
       named.insert(name);
-    EXPECT_EQ(named, controls);
-  });
-}
-
-TEST_F(FormTables, EveryControlLiesInsideWhatHoldsIt) {
-  OnEachForm([](const Form& form, const Rows& rows) {
     for (const Control* control : form.Controls()) {
-      if (!HasPlace(*control))
+      const std::string name = control->FullName();
+      controls.insert(name);
+      if (!HasPlace(*control) || !named.contains(name))
         continue;
-      const Row& row = rows.at(control->FullName());
       const Box& around = rows.at(control->Container ? control->Container->FullName() : "Me").box;
-      EXPECT_TRUE(row.placed) << control->FullName();
-      EXPECT_TRUE((Box{0, 0, around.width, around.height}.Holds(row.box))) << control->FullName();
+      EXPECT_TRUE(rows.at(name).placed && (Box{0, 0, around.width, around.height}.Holds(rows.at(name).box))) << name;
     }
+    EXPECT_EQ(named, controls);
   });
 }
 
@@ -138,10 +116,11 @@ TEST_F(FormTables, NoVisibleSiblingsOverlap) {
 
 TEST_F(FormTables, WhateverCanBePressedSaysWhatItIs) {
   OnEachForm([](const Form& form, const Rows& rows) {
-    EXPECT_FALSE(rows.at("Me").caption.empty());
-    EXPECT_FALSE(rows.at("Me").help.empty());
+    const std::set pressed{Kind::Menu, Kind::CommandButton, Kind::CheckBox, Kind::OptionButton};
+    EXPECT_FALSE(rows.at("Me").caption.empty() || rows.at("Me").help.empty());
     for (const Control* control : form.Controls())
-      EXPECT_TRUE(!NeedsWords(*control) || !rows.at(control->FullName()).caption.empty()) << control->FullName();
+      EXPECT_TRUE(!pressed.contains(control->TypeOf()) || !rows.at(control->FullName()).caption.empty())
+          << control->FullName();
   });
 }
 
