@@ -9,8 +9,7 @@
 #include <algorithm>
 #include <random>
 
-namespace trekor {
-namespace {
+namespace trekor::tests {
 
 class AnyBytesTest : public testing::Test {
 protected:
@@ -66,5 +65,4 @@ TEST_F(AnyBytesTest, EveryByteBelongsToExactlyOneCharacter) {
   }
 }
 
-} // namespace
-} // namespace trekor
+} // namespace trekor::tests

@@ -5,17 +5,11 @@
 
 #include <gtest/gtest.h>
 
-namespace trekor {
-namespace {
-
-TEST(TextTest, OnlyBlanksAreTrimmed) {
-  EXPECT_EQ(Trim("  a b \t "), "a b \t");
-  EXPECT_EQ(Trim("   "), "");
-}
+namespace trekor::tests {
 
 TEST(TextTest, CaseFollowsTheAlphabet) {
-  for (const tests::Case c : {"trekor 5 -> TREKOR 5", "æøåéñÿ -> ÆØÅÉÑŸ", "šžğőź -> ŠŽĞŐŹ", "άέήίόύώαβω -> ΆΈΉΊΌΎΏΑΒΩ",
-                              "дорожный ёђ -> ДОРОЖНЫЙ ЁЂ", "ṽạ -> ṼẠ", "ß×÷道 -> ß×÷道"}) {
+  for (const Case c : {"trekor 5 -> TREKOR 5", "æøåéñÿ -> ÆØÅÉÑŸ", "šžğőź -> ŠŽĞŐŹ", "άέήίόύώαβω -> ΆΈΉΊΌΎΏΑΒΩ",
+                       "дорожный ёђ -> ДОРОЖНЫЙ ЁЂ", "ṽạ -> ṼẠ", "ß×÷道 -> ß×÷道"}) {
     EXPECT_EQ(Upper(c.given), c.wanted);
     EXPECT_EQ(Lower(c.wanted), c.given);
     EXPECT_TRUE(SameText(c.given, c.wanted)) << c.line;
@@ -29,17 +23,19 @@ TEST(TextTest, CaseFollowsTheAlphabet) {
 
 TEST(TextTest, WidthsAndCutsCountCharacters) {
   EXPECT_EQ(CharCount("Århus 道"), 7);
-  EXPECT_EQ(CutText("Århus", 2), "År");
-  EXPECT_EQ(CutText("Å", 5), "Å");
-  EXPECT_EQ(FixedWidth("Åb", 4), "Åb  ");
-  EXPECT_EQ(FixedWidth("Århus", 3), "Årh");
-  EXPECT_EQ(CutText("abc", -1), "");
-  // Bytes of broken text are a character each, so that no text escapes a cut.
-  EXPECT_EQ(CharCount("\x80\x80\xE2\x82"), 4);
-  EXPECT_EQ(CutText("\x80\x80\x80", 2), "\x80\x80");
+  for (const auto& [text, n, cut, fixed] : {std::tuple("Århus", 2, "År", "År"),
+                                            {"Å", 4, "Å", "Å   "},
+                                            {"abc", -1, "", ""},
+                                            {"\x80\x80\x80", 2, "\x80\x80", "\x80\x80"}}) {
+    EXPECT_EQ(CutText(text, n), cut);
+    EXPECT_EQ(FixedWidth(text, n), fixed);
+  }
+  EXPECT_EQ(CharCount("\x80\x80\xE2\x82"), 4) << "bytes of broken text, so that no text escapes a cut";
 }
 
-TEST(TextTest, SplittingKeepsEmptyParts) {
+TEST(TextTest, SplittingKeepsEmptyPartsAndTrimmingTakesBlanksOnly) {
+  EXPECT_EQ(Trim("  a b \t "), "a b \t");
+  EXPECT_EQ(Trim("   "), "");
   EXPECT_EQ(SplitText("", '|'), (std::vector<std::string>{""}));
   EXPECT_EQ(SplitText("a||b|", '|'), (std::vector<std::string>{"a", "", "b", ""}));
 }
@@ -53,13 +49,10 @@ TEST(TextTest, EveryByteOfTheCodePageComesBack) {
 }
 
 TEST(TextTest, WhatTheCodePageLacksBecomesAQuestionMark) {
-  EXPECT_EQ(ToWindows1252("道 Ω é"), "? ? \xE9");
-  EXPECT_EQ(ToWindows1252("\xC2\x80"), "?");       // a control character that has no place
-  EXPECT_EQ(ToWindows1252("a\xFF\xC3"), "a??");    // no characters at all
-  EXPECT_EQ(ToWindows1252("\xC0\xAF"), "??");      // too long a form
-  EXPECT_EQ(ToWindows1252("\xED\xA0\x80"), "???"); // half a pair
-  EXPECT_EQ(ToWindows1252("\xF4\x90\x80\x80"), "????");
+  // A control character without a place, no characters at all, too long a form, half a pair, beyond the last one.
+  for (const Case c : {"道 Ω é -> ? ? \xE9", "\xC2\x80 -> ?", "a\xFF\xC3 -> a??", "\xC0\xAF -> ??",
+                       "\xED\xA0\x80 -> ???", "\xF4\x90\x80\x80 -> ????"})
+    EXPECT_EQ(ToWindows1252(c.given), c.wanted) << c.line;
 }
 
-} // namespace
-} // namespace trekor
+} // namespace trekor::tests

@@ -6,14 +6,16 @@
 
 #include <gtest/gtest.h>
 
-namespace trekor {
-namespace {
+namespace trekor::tests {
 
 class UnitValuesTest : public testing::Test {
 protected:
+  // What the user sees, in a line and in a column, and what a file holds.
+  static std::string Shown(const Numeric& n) { return n.Text() + "|" + n.FixedText() + "|" + n.FileText(); }
   UnitSettings settings;
 };
 
+// The upper limit decides first when the limits are crossed.
 TEST_F(UnitValuesTest, DefaultIsTheOpenDoorAndValueTheGuardedOne) {
   Numeric n(settings);
   n.SetDefault(20000);
@@ -24,6 +26,12 @@ TEST_F(UnitValuesTest, DefaultIsTheOpenDoorAndValueTheGuardedOne) {
   EXPECT_TRUE(n.Test());
   n.SetFileText("-3");
   EXPECT_EQ(n.Default(), 0);
+  n.SetMin(10);
+  n.SetMax(5);
+  for (const auto& [given, kept] : {std::pair(7, 5), {3, 10}}) {
+    n.SetValue(given);
+    EXPECT_EQ(n.Default(), kept);
+  }
 }
 
 TEST_F(UnitValuesTest, BlankTextIsNoValueInEveryClass) {
@@ -37,12 +45,8 @@ TEST_F(UnitValuesTest, BlankTextIsNoValueInEveryClass) {
     for (Numeric* n : std::initializer_list<Numeric*>{&plain, &deflection, &length, &velocity, &feet}) {
       settings.UnitsUS = settings.FileUnitsUS = us;
       n->SetText("  ");
-      EXPECT_EQ(n->Default(), NaN);
-      EXPECT_EQ(n->Value(), NaN);
-      EXPECT_EQ(n->FileValue(), NaN);
-      EXPECT_EQ(n->Text(), "");
-      EXPECT_EQ(n->FileText(), "");
-      EXPECT_EQ(n->FixedText(), "      ");
+      EXPECT_TRUE(n->Default() == NaN && n->Value() == NaN && n->FileValue() == NaN);
+      EXPECT_EQ(Shown(*n), "|      |");
       EXPECT_EQ(n->Test(), n != &plain); // an absent value passes in the unit classes
     }
 }
@@ -51,23 +55,11 @@ TEST_F(UnitValuesTest, TextHasTheLocalesMarkAndFileTextThePoint) {
   settings.DecimalChar = ',';
   Deflection d(settings);
   d.SetText("1,5");
-  EXPECT_EQ(d.Text(), "1,5");
-  EXPECT_EQ(d.FixedText(), "   1,5");
-  EXPECT_EQ(d.FileText(), "   1.5");
+  EXPECT_EQ(Shown(d), "1,5|   1,5|   1.5");
   d.SetMaxText("2,5");
   d.SetText("9");
   EXPECT_EQ(d.MaxText(), "2,5");
   EXPECT_EQ(d.Default(), 2.5);
-}
-
-TEST_F(UnitValuesTest, TheUpperLimitDecidesFirstWhenTheLimitsAreCrossed) {
-  Numeric n(settings);
-  n.SetMin(10);
-  n.SetMax(5);
-  n.SetValue(7);
-  EXPECT_EQ(n.Default(), 5);
-  n.SetValue(3);
-  EXPECT_EQ(n.Default(), 10);
 }
 
 TEST_F(UnitValuesTest, QuantitiesConvertOnTheUsSideOnly) {
@@ -75,16 +67,13 @@ TEST_F(UnitValuesTest, QuantitiesConvertOnTheUsSideOnly) {
   Velocity v(settings);
   v.SetValue(62.1371192237334);
   EXPECT_DOUBLE_EQ(v.Default(), 100);
-  EXPECT_EQ(v.Text(), "62.1");
-  EXPECT_EQ(v.FileText(), " 100.0");
+  EXPECT_EQ(Shown(v), "62.1|  62.1| 100.0");
   Deflection d(settings);
   d.SetDefault(25.4);
-  EXPECT_EQ(d.Text(), "1.00");
-  EXPECT_EQ(d.FileText(), "  25.4");
+  EXPECT_EQ(Shown(d), "1.00|  1.00|  25.4");
   settings.UnitsUS = false;
   settings.FileUnitsUS = true;
-  EXPECT_EQ(d.Text(), "25.4");
-  EXPECT_EQ(d.FileText(), "  1.00");
+  EXPECT_EQ(Shown(d), "25.4|  25.4|  1.00");
   d.SetFileValue(2);
   EXPECT_EQ(d.Default(), 50.8);
   Length l(settings);
@@ -99,9 +88,7 @@ TEST_F(UnitValuesTest, MeterFeetShowsTheSmallerUnitToTheUserAlone) {
   MeterFeet m(settings);
   m.SetDefault(1.5);
   m.SetAlternateUnit(true);
-  EXPECT_EQ(m.Text(), "1500");
-  EXPECT_EQ(m.FixedText(), "  1500");
-  EXPECT_EQ(m.FileText(), "     2");
+  EXPECT_EQ(Shown(m), "1500|  1500|     2");
   m.SetText("2500");
   EXPECT_EQ(m.Default(), 2.5);
   settings.UnitsUS = true;
@@ -115,12 +102,10 @@ TEST_F(UnitValuesTest, MeterFeetShowsTheSmallerUnitToTheUserAlone) {
 
 TEST_F(UnitValuesTest, AUnitThatFilesDoNotKnowLeavesTheNameAndClearsTheCode) {
   FileUnit unit;
-  FileUnitWord(3, unit);
-  EXPECT_EQ(unit.FileUnitName, "mile.feet");
-  EXPECT_EQ(unit.FileUnitCode, "9");
-  FileUnitWord(6, unit);
-  EXPECT_EQ(unit.FileUnitName, "mile.feet"); // the old name stays
-  EXPECT_EQ(unit.FileUnitCode, "0");
+  for (const auto& [number, code] : {std::pair(3, "9"), {6, "0"}}) {
+    FileUnitWord(number, unit);
+    EXPECT_EQ(unit.FileUnitName + " " + unit.FileUnitCode, std::string("mile.feet ") + code);
+  }
 }
 
 struct Field {
@@ -147,35 +132,31 @@ TEST(EntryCheckTest, AnEmptyFieldIsNoValueOrZeroBroughtIntoTheLimits) {
   EXPECT_FALSE(field.caret);
 }
 
-TEST(EntryCheckTest, TheFieldIsRewrittenFromTheVariable) {
+TEST(EntryCheckTest, TheFieldIsRewrittenFromTheVariableWhichKeepsWhatItCannotHold) {
   double number = 0;
   float single = 0;
   std::int32_t whole = 0;
-  Field field{" 12,5 "};
-  bool guard = true;
-  EXPECT_TRUE(CheckEntry(&number, field, -1000, 10000, guard, false, true));
-  EXPECT_EQ(number, 12.5);
-  EXPECT_EQ(field.text, "12.5");
-  EXPECT_TRUE(field.caret);
-  field.text = "3.14159265";
-  EXPECT_TRUE(CheckEntry(&single, field, 0, 10, guard, false, false));
-  EXPECT_EQ(field.text, "3.141593");
-  field.text = "2.5";
-  EXPECT_TRUE(CheckEntry(&whole, field, 0, 10, guard, false, false));
-  EXPECT_EQ(field.text, "2");
-}
-
-TEST(EntryCheckTest, WhatDoesNotFitTheVariableLeavesItAsItWas) {
-  std::int16_t value = 7;
-  Field field{"40000"};
+  std::int16_t small = 7;
+  const struct {
+    EntryVariable variable;
+    const char* typed;
+    double min, max;
+    const char* shown;
+  } cases[] = {{&number, " 12,5 ", -1000, 10000, "12.5"},
+               {&single, "3.14159265", 0, 10, "3.141593"},
+               {&whole, "2.5", 0, 10, "2"},
+               {&small, "40000", 0, 100000, "7"},
+               {&small, "-32768", -40000, 0, "7"}}; // the sentinel itself can't be typed
+  for (const auto& c : cases) {
+    Field field{c.typed};
+    bool guard = true;
+    EXPECT_TRUE(CheckEntry(c.variable, field, c.min, c.max, guard, false, true)) << c.typed;
+    EXPECT_EQ(field.text, c.shown);
+    EXPECT_TRUE(field.caret);
+  }
+  EXPECT_TRUE(number == 12.5 && small == 7);
+  Field field{"1"};
   bool guard = false;
-  EXPECT_TRUE(CheckEntry(&value, field, 0, 100000, guard, false, false));
-  EXPECT_EQ(value, 7);
-  EXPECT_EQ(field.text, "7");
-  field.text = "-32768"; // the sentinel itself can't be typed
-  EXPECT_TRUE(CheckEntry(&value, field, -40000, 0, guard, false, false));
-  EXPECT_EQ(value, 7);
-  field.text = "1";
   EXPECT_FALSE(CheckEntry(EntryVariable{}, field, 0, 5, guard, true, false));
   EXPECT_EQ(field.text, "1");
 }
@@ -205,5 +186,4 @@ TEST(EntryCheckTest, AWrongEntryBringsTheOperatorBackToItsField) {
   EXPECT_TRUE(error) << "one wrong field of several is enough";
 }
 
-} // namespace
-} // namespace trekor
+} // namespace trekor::tests
