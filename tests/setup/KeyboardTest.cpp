@@ -3,7 +3,6 @@
 #include "setup/ClassKeyBoard.h"
 
 namespace trekor::tests {
-namespace {
 
 struct KeyForm : Form {
   KeyForm() : Form("Measurements") {}
@@ -16,27 +15,23 @@ protected:
     board.MakeKeyBoard(keys.fxgKeyBoard, false);
     pad.MakeKeyPad(keys.fxgKeyPad, false);
   }
-  ClassObservation& OnKey(int code) {
-    ClassObservation& obs = setup.AddObservation();
-    obs.ObsParID = setup.ObsCount();
-    obs.SetObsIcon("crack.png");
-    obs.SetKeyCode(code);
-    return obs;
+  void OnKeys(std::initializer_list<int> codes) {
+    for (const int code : codes) {
+      ClassObservation& obs = setup.AddObservation();
+      obs.ObsParID = setup.ObsCount();
+      obs.SetObsIcon("crack.png");
+      obs.SetKeyCode(code);
+    }
   }
   // "row:firstcolumn-lastcolumn" of each run of cells with a picture.
   static std::string Painted(const Grid& grid) {
     std::string runs;
     for (int r = 0; r < grid.Rows(); ++r) {
       for (int c = 0; c < grid.Cols(); ++c) {
-        if (grid.CellPicture(r, c).empty()) {
-          continue;
-        }
-        int last = c;
-        while (!grid.CellPicture(r, last + 1).empty()) {
-          ++last;
-        }
-        runs += std::to_string(r) + ":" + std::to_string(c) + "-" + std::to_string(last) + " ";
-        c = last;
+        const bool begins = c == 0 || grid.CellPicture(r, c - 1).empty(), ends = grid.CellPicture(r, c + 1).empty();
+        if (!grid.CellPicture(r, c).empty())
+          runs +=
+              (begins ? std::to_string(r) + ":" + std::to_string(c) : "") + (ends ? "-" + std::to_string(c) + " " : "");
       }
     }
     return runs;
@@ -56,20 +51,14 @@ TEST_F(KeyPictures, HaveExactlyTheValidKeysInTheirTables) {
   }
   EXPECT_EQ(board.KeyText(-1) + board.KeyText(201), "");
   EXPECT_EQ(tables.KeyPadRow.at(108), 2) << "the plus key keeps its lower row";
-  for (const char* text : {"F4", "F11", "Enter", " ", "", "q", "+", "QQ"}) {
+  for (const char* text : {"F4", "F11", "Enter", " ", "", "q", "+", "QQ"})
     EXPECT_EQ(KeyBoard_KeyCode(text), -1) << text;
-  }
-  for (const char* text : {"Enter", "A", ".", " ", ""}) {
+  for (const char* text : {"Enter", "A", ".", " ", ""})
     EXPECT_EQ(KeyPad_KeyCode(text), -1) << text;
-  }
 }
 
 TEST_F(KeyPictures, CarryTheIconInAllCellsOfAKey) {
-  OnKey('Q');
-  OnKey(32);
-  OnKey(-1);
-  OnKey(107);
-  OnKey(96);
+  OnKeys({'Q', 32, -1, 107, 96});
   board.AddSetup();
   pad.AddSetup();
   EXPECT_EQ(Painted(keys.fxgKeyBoard), "2:2-5 4:33-47 ");
@@ -87,11 +76,9 @@ TEST_F(KeyPictures, FloatWithOneCellAKeyAndLeaveTheTablesAlone) {
   floating.AddSetup(); // not attached yet: nothing
   floating.MakeKeyBoard(floatingKeys.fxgKeyBoard, true);
   EXPECT_EQ(before.KeyBoardCol, tables.KeyBoardCol);
-  OnKey('Q');
-  OnKey(32);
+  OnKeys({'Q', 32});
   floating.AddSetup();
   EXPECT_EQ(Painted(floatingKeys.fxgKeyBoard), "2:2-2 4:33-33 ");
 }
 
-} // namespace
 } // namespace trekor::tests

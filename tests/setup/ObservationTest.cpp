@@ -1,7 +1,6 @@
 #include "Vocabulary.h"
 
 namespace trekor::tests {
-namespace {
 
 class Observation : public Vocabulary {
 protected:
@@ -17,30 +16,21 @@ protected:
 
 // Ties go to even; limits may be stored the wrong way round.
 TEST_F(Observation, BringsWhatComesInIntoItsTypeAndLimits) {
-  struct Case {
+  const struct {
     int dataType;
     ObsValue min, max, given;
     const char* text;
-  };
-  const Case cases[] = {
+  } cases[] = {
       {2, 0.0F, 10.0F, "3,5", "3.5"},  {1, 0.0F, 10.0F, "3,5", "4"},         {1, 0.0F, 10.0F, 2.5, "2"},
       {1, 0.0F, 10.0F, "  7 km", "7"}, {1, 1.0F, 10.0F, "abc", "1"},         {1, 0.0F, 10.0F, "11", "10"},
       {1, 10.0F, 2.0F, "1", "2"},      {2, 0.0F, 99.0F, "1.234,5", "1.234"}, {2, 0.0F, 10.0F, 3.141593F, "3.141593"},
       {2, 0.1F, 0.7F, "0", "0.1"},     {2, 0.1F, 0.7F, "0.7", "0.7"},        {0, 5.0F, 7.0F, "7", "1"},
       {3, 0.0F, 3.0F, "2.5", "2.5"}};
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     ClassObservation& obs = Make(c.dataType, c.min, c.max);
     obs.SetDefault(c.given);
     EXPECT_EQ(obs.DefaultText(), c.text) << "type " << c.dataType << ", given " << ObsValueText(c.given);
   }
-}
-
-TEST_F(Observation, HoldsALimitExactlyAsStored) {
-  ClassObservation& obs = Make(2, 0.1F, 9.0F);
-  EXPECT_EQ(obs.Min(), static_cast<double>(0.1F));
-  EXPECT_EQ(obs.DefaultNumber(), obs.Min());
-  obs.IncValue();
-  EXPECT_EQ(obs.DefaultText(), "1.1");
 }
 
 TEST_F(Observation, StepsUpAndWrapsOnlyWhenItMeetsTheUpperLimit) {
@@ -54,6 +44,10 @@ TEST_F(Observation, StepsUpAndWrapsOnlyWhenItMeetsTheUpperLimit) {
   };
   EXPECT_EQ(walk(Make(1, 0.0F, 3.0F), 5), "0 1 2 3 0 1");
   EXPECT_EQ(walk(Make(0, 5.0F, 7.0F), 3), "0 1 0 1") << "a Boolean whatever its limits";
+  ClassObservation& exact = Make(2, 0.1F, 9.0F);
+  EXPECT_EQ(exact.Min(), static_cast<double>(0.1F)) << "a limit is held exactly as stored";
+  EXPECT_EQ(exact.DefaultNumber(), exact.Min());
+  EXPECT_EQ(walk(exact, 1), "0.1 1.1");
   ClassObservation& between = Make(2, 0.0F, 3.0F);
   between.SetDefault("2.5");
   EXPECT_EQ(walk(between, 2), "2.5 3.5 4.5");
@@ -69,28 +63,25 @@ TEST_F(Observation, ShowsTheOtherSpellingOfAMissingNameAndTheStandInIcon) {
   EXPECT_EQ(obs.ObsNameDisp() + obs.ObsNameFile() + obs.ObsAbrvDisp() + obs.ObsAbrvFile(), "    ");
   EXPECT_EQ(obs.DispText() + obs.FileText(), "  ");
   obs.SetObsNames(" ", " Crack ", "Crk", " ");
-  EXPECT_EQ(obs.ObsNameDisp(), "Crack");
-  EXPECT_EQ(obs.ObsAbrvFile(), "Crk");
-  EXPECT_EQ(obs.ObsIcon(), "IMGNOICON");
-  obs.SetObsIcon("Crack.png");
-  EXPECT_EQ(obs.ObsIcon(), "CRACK.PNG");
-  obs.SetObsIcon("gone.png");
-  EXPECT_EQ(obs.ObsIcon(), "IMGNOICON");
+  EXPECT_EQ(obs.ObsNameDisp() + "," + obs.ObsAbrvFile() + "," + obs.ObsIcon(), "Crack,Crk,IMGNOICON");
+  for (const auto& [file, key] : {std::pair("Crack.png", "CRACK.PNG"), {"gone.png", "IMGNOICON"}}) {
+    obs.SetObsIcon(file);
+    EXPECT_EQ(obs.ObsIcon(), key);
+  }
 }
 
 TEST_F(Observation, TakesAFreeKeyAndItsOwnKeyAgain) {
-  ClassObservation& crack = setup.AddObservation();
-  ClassObservation& patch = setup.AddObservation();
+  ClassObservation &crack = setup.AddObservation(), &patch = setup.AddObservation();
   crack.ObsParID = 1;
   patch.ObsParID = 2;
   crack.SetKeyCode(65);
   crack.SetKeyCode(65);
   EXPECT_EQ(crack.KeyCode(), 65);
-  patch.SetKeyCode(65);
-  EXPECT_EQ(patch.KeyCode(), -1);
-  patch.SetKeyCode(112);
-  EXPECT_EQ(patch.KeyCode(), -1);
+  for (const auto& [wanted, got] :
+       {std::pair(65, -1), {112, -1}, {67, 67}, {65, -1}}) { // the refused one loses its own
+    patch.SetKeyCode(wanted);
+    EXPECT_EQ(patch.KeyCode(), got) << wanted;
+  }
 }
 
-} // namespace
 } // namespace trekor::tests

@@ -5,10 +5,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <limits>
 
 namespace trekor::tests {
-namespace {
 
 class Bar : public ::testing::Test {
 protected:
@@ -32,41 +30,38 @@ protected:
   ParBar bar{grid, 1, 1, currentCol};
 };
 
-TEST_F(Bar, ShowsTenthsOfItsScale) {
-  EXPECT_EQ(Show(0, 10, 7.4F), "BAR:7");
-  EXPECT_EQ(Show(0, 10, 7.5F), "BAR:8");
-  EXPECT_EQ(Show(0, 0.5F, 0.225F), "BAR:5");
-  EXPECT_EQ(Show(5, 5, 5), "BAR:0");
-  EXPECT_EQ(Show(0, 10, 11), "BAR:10");
-  EXPECT_EQ(bar.Default(), 10) << "kept within the scale";
-  EXPECT_EQ(Show(2, 10, 0), "BAR:0");
-  EXPECT_EQ(bar.Default(), 2);
-}
-
-TEST_F(Bar, ShowsAScaleThatIsLongerThanAnySingle) {
-  constexpr float huge = 3.402823E+38F;
-  EXPECT_EQ(Show(-huge, huge, 0), "BAR:5");
-  EXPECT_EQ(Show(-huge, huge, huge), "BAR:10");
-  EXPECT_EQ(Show(0, std::numeric_limits<float>::infinity(), huge), "BAR:0");
+// In tenths; two states between 0 and 1; a negative value asks for a picture and is kept.
+TEST_F(Bar, ShowsItsValueOnItsScaleAndKeepsWhatFits) {
+  constexpr float huge = 3.402823E+38F, endless = HUGE_VALF;
+  const struct {
+    float min, max, value;
+    const char* picture;
+    float kept;
+  } cases[] = {{0, 10, 7.4F, "BAR:7", 7.4F},
+               {0, 10, 7.5F, "BAR:8", 7.5F},
+               {0, 0.5F, 0.225F, "BAR:5", 0.225F},
+               {5, 5, 5, "BAR:0", 5},
+               {0, 10, 11, "BAR:10", 10},
+               {2, 10, 0, "BAR:0", 2},
+               {-huge, huge, 0, "BAR:5", 0},
+               {-huge, huge, huge, "BAR:10", huge},
+               {0, endless, huge, "BAR:0", huge},
+               {0, 1, 1, "BAR:12", 1},
+               {0, 1, 0, "BAR:11", 0},
+               {0, 3, 3, "BAR:10", 3},
+               {0, 10, -13, "BAR:13", -13},
+               {0, 10, -20, "", -20},
+               {0, 10, -3e38F, "", -3e38F}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(Show(c.min, c.max, c.value), c.picture) << c.value << " of " << c.min << " to " << c.max;
+    EXPECT_EQ(bar.Default(), c.kept);
+  }
   EXPECT_EQ(Show(0, 10, std::nanf("")), "") << "no number draws nothing";
-}
-
-TEST_F(Bar, IsTwoStateBetweenZeroAndOneFromTheNextValueOn) {
-  EXPECT_EQ(Show(0, 1, 1), "BAR:12");
-  EXPECT_EQ(Show(0, 1, 0), "BAR:11");
-  EXPECT_EQ(Show(0, 3, 3), "BAR:10");
+  Show(0, 3, 3);
   bar.SetMax(1);
   EXPECT_EQ(Shown(), "BAR:10") << "limits draw nothing";
   bar.SetDefault(1);
   EXPECT_EQ(Shown(), "BAR:12");
-}
-
-TEST_F(Bar, DrawsAndKeepsAPictureThatIsAskedForByItsNegative) {
-  EXPECT_EQ(Show(0, 10, -13), "BAR:13");
-  EXPECT_EQ(bar.Default(), -13);
-  EXPECT_EQ(Show(0, 10, -20), "");
-  EXPECT_EQ(bar.Default(), -20);
-  EXPECT_EQ(Show(0, 10, -3e38F), "");
 }
 
 TEST_F(Bar, LeavesTwoStateAndWaitingPicturesAloneUnderTheSelection) {
@@ -88,5 +83,4 @@ TEST_F(Bar, LeavesTwoStateAndWaitingPicturesAloneUnderTheSelection) {
   EXPECT_EQ(grid.Row() * 10 + grid.Col(), 32) << "the current cell stays";
 }
 
-} // namespace
 } // namespace trekor::tests

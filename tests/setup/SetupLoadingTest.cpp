@@ -1,10 +1,13 @@
 #include "Vocabulary.h"
 
 namespace trekor::tests {
-namespace {
 
-TEST_F(Vocabulary, BecomesColumnsInTheOrderOfTheirPlaces) {
-  OpenVocabulary();
+class Loading : public Vocabulary {
+protected:
+  Loading() { OpenVocabulary(); }
+};
+
+TEST_F(Loading, BecomesColumnsInTheOrderOfTheirPlaces) {
   Add({.id = 5, .position = 2, .keyCode = 65});
   Add({.id = 9, .dataType = 2, .position = 1, .keyCode = 116, .min = "10", .max = "2", .mode = 3, .keying = 2});
   setup.Load_TestSetup();
@@ -23,58 +26,36 @@ TEST_F(Vocabulary, BecomesColumnsInTheOrderOfTheirPlaces) {
   EXPECT_EQ(setup.KeyToObs(66), -1);
 }
 
-TEST_F(Vocabulary, LeavesOutCodeZeroAndItemsThatAreGone) {
-  OpenVocabulary();
-  Add({.id = 1});
-  Add({.id = 2, .position = 2}, 0);
-  Add({.id = 3, .position = 3});
-  Run("DELETE FROM Observations WHERE ObsParID=3");
-  setup.Load_TestSetup();
-  EXPECT_EQ(setup.ObsCount(), 1);
-}
-
-TEST_F(Vocabulary, ErasesAKeyThatMayCarryNothing) {
-  OpenVocabulary();
+TEST_F(Loading, LeavesOutCodeZeroAndItemsThatAreGoneAndErasesAKeyThatMayCarryNothing) {
   Add({.id = 1, .keyCode = 113});
   Add({.id = 2, .position = 2, .keyCode = 66});
+  Add({.id = 3, .position = 3}, 0);
+  Add({.id = 4, .position = 4});
+  Run("DELETE FROM Observations WHERE ObsParID=4");
   setup.Load_TestSetup();
+  EXPECT_EQ(setup.ObsCount(), 2);
   EXPECT_EQ(setup.Observations(1).KeyCode(), -1);
-  EXPECT_EQ(StoredKey(1), -1);
-  EXPECT_EQ(StoredKey(2), 66);
+  EXPECT_EQ(StoredKeys(), "-1\n66\n-1\n-1\n");
   EXPECT_EQ(setup.KeyToObs(-1), -1) << "no key is no observation, although two rows have met there";
 }
 
-TEST_F(Vocabulary, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
-  OpenVocabulary();
+TEST_F(Loading, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
   Add({.id = 1, .dataType = 2, .keyCode = 65, .mode = 3, .keying = 2});
   Run("UPDATE Observations SET RegModeCode=NULL, KeyingCode=70000, DataType=NULL");
   Run("UPDATE Setups SET KeyCode=4294967361"); // 65 in its lower half
   setup.Load_TestSetup();
   const ClassObservation& obs = setup.Observations(1);
-  EXPECT_EQ(obs.RegModeCode, 1);
-  EXPECT_EQ(obs.KeyingCode, 0);
-  EXPECT_EQ(obs.DataTypeID, 0);
-  EXPECT_EQ(obs.KeyCode(), -1);
-  EXPECT_EQ(StoredKey(1), -1);
+  EXPECT_EQ((std::vector<int>{obs.RegModeCode, obs.KeyingCode, obs.DataTypeID, obs.KeyCode()}),
+            (std::vector<int>{1, 0, 0, -1}));
+  EXPECT_EQ(StoredKeys(), "-1\n");
 }
 
-TEST_F(Vocabulary, LetsTwoRowsKeepOneKeyAndTheLaterRule) {
-  OpenVocabulary();
+TEST_F(Loading, LetsTwoRowsKeepOneKeyAndTheLaterRuleUntilAnotherSetupIsChosen) {
   Add({.id = 1, .keyCode = 65});
   Add({.id = 2, .position = 2, .keyCode = 65});
   setup.Load_TestSetup();
   EXPECT_EQ(setup.Observations(1).KeyCode(), 65);
   EXPECT_EQ(setup.KeyToObs(65), 2);
-  // In operation the same is refused, and the refused one loses what it had.
-  setup.Observations(2).SetKeyCode(67);
-  setup.Observations(2).SetKeyCode(65);
-  EXPECT_EQ(setup.Observations(2).KeyCode(), -1);
-}
-
-TEST_F(Vocabulary, ClearsTheOldKeysWhenAnotherSetupIsChosen) {
-  OpenVocabulary();
-  Add({.id = 1, .keyCode = 65});
-  setup.Load_TestSetup();
   state.TestSetupID = 2;
   setup.Load_TestSetup();
   EXPECT_EQ(setup.ObsCount(), 0);
@@ -82,23 +63,13 @@ TEST_F(Vocabulary, ClearsTheOldKeysWhenAnotherSetupIsChosen) {
   EXPECT_FALSE(setup.Has(1));
 }
 
-TEST_F(Vocabulary, StoresAnAssignedKeyOfThisSetupOnly) {
-  OpenVocabulary();
+TEST_F(Loading, StoresAnAssignedKeyOfThisSetupOnly) {
   Add({.id = 1, .keyCode = 65});
   Run("INSERT INTO Setups(SetupID,ObsParID,KeyCode) VALUES(2,1,70)");
   setup.Load_TestSetup();
   setup.Store_SetupKey(107, 1);
   setup.Store_SetupKey(108, 2); // no such entry
-  const auto rows = database.ObsDB->OpenQuery("SELECT KeyCode FROM Setups ORDER BY SetupID");
-  EXPECT_EQ(rows->Get(0).Integer(), 107);
-  rows->MoveNext();
-  EXPECT_EQ(rows->Get(0).Integer(), 70);
-}
-
-TEST_F(Vocabulary, IsEmptyWithoutADatabase) {
-  setup.Load_TestSetup();
-  EXPECT_EQ(setup.ObsCount(), 0);
-  setup.Store_SetupKey(65, 1);
+  EXPECT_EQ(StoredKeys(), "107\n70\n");
 }
 
 TEST_F(Vocabulary, IsInstalledFromItsTemplateAndOpened) {
@@ -112,14 +83,16 @@ TEST_F(Vocabulary, IsInstalledFromItsTemplateAndOpened) {
       << "the automatic key is known before the row is stored";
 }
 
-TEST_F(Vocabulary, TellsOfADatabaseWithoutTables) {
+TEST_F(Vocabulary, TellsOfADatabaseWithoutTablesAndIsEmptyWithoutIt) {
   // Version 1.1 of a template means no update, so the working file comes as it is.
   Make(Template, "CREATE TABLE Version(Major SMALLINT, Minor SMALLINT); INSERT INTO Version VALUES(1,1)").reset();
   Make(Working, "").reset();
   EXPECT_TRUE(database.LoadDatabase());
   EXPECT_EQ(machine.shell.boxes, std::vector<std::string>{"Cannot find tables in specified database!"});
   EXPECT_FALSE(database.ObsDB);
+  setup.Load_TestSetup();
+  EXPECT_EQ(setup.ObsCount(), 0);
+  setup.Store_SetupKey(65, 1);
 }
 
-} // namespace
 } // namespace trekor::tests

@@ -4,8 +4,6 @@
 #include "setup/TestSetup.h"
 #include "support/Databases.h"
 
-#include <string>
-
 #include <gtest/gtest.h>
 
 namespace trekor::tests {
@@ -37,23 +35,22 @@ protected:
   };
   void Add(const Item& i) { Add(i, i.id); }
   void Add(const Item& i, int code) {
-    database.ObsDB->Begin();
-    const std::string id = std::to_string(i.id), c = std::to_string(code);
-    Run("INSERT INTO Observations(ObsParID,LanguageID,ObsCode,ParCode,ParNameDisp,DataType,Min,Max,RegModeCode,"
-        "KeyingCode) VALUES(" +
-        id + ",1," + c + ",7,'Left'," + std::to_string(i.dataType) + "," + i.min + "," + i.max + "," +
-        std::to_string(i.mode) + "," + std::to_string(i.keying) + ")");
-    Run("INSERT INTO ObsLinguistic(LanguageID,ObsCode,ObsNameDisp,ObsAbrvFile,ObsIcon) VALUES(1," + c + ",'Item " + id +
-        "','I" + id + "','crack.png')");
-    Run("INSERT INTO Setups(SetupID,ObsParID,GridPosition,KeyCode) VALUES(1," + id + "," + std::to_string(i.position) +
-        "," + std::to_string(i.keyCode) + ")");
-    database.ObsDB->Commit();
+    const auto list = [](std::initializer_list<int> numbers) {
+      std::string text;
+      for (const int n : numbers)
+        text += (text.empty() ? "" : ",") + std::to_string(n);
+      return text;
+    };
+    Run("BEGIN; INSERT INTO Observations(ObsParID,LanguageID,ParCode,ObsCode,DataType,RegModeCode,KeyingCode,Min,Max,"
+        "ParNameDisp) VALUES(" +
+        list({i.id, 1, 7, code, i.dataType, i.mode, i.keying}) + "," + i.min + "," + i.max +
+        ",'Left'); INSERT INTO ObsLinguistic(LanguageID,ObsCode,ObsNameDisp,ObsAbrvFile,ObsIcon) VALUES(" +
+        list({1, code}) + ",'Item " + std::to_string(i.id) + "','I" + std::to_string(i.id) + "','crack.png');" +
+        "INSERT INTO Setups(SetupID,ObsParID,GridPosition,KeyCode) VALUES(" + list({1, i.id, i.position, i.keyCode}) +
+        "); COMMIT");
   }
   void Run(const std::string& sql) { ASSERT_TRUE(database.ObsDB->Execute(sql)) << database.ObsDB->LastError(); }
-  int StoredKey(int obsParID) {
-    const auto row = database.ObsDB->OpenQuery("SELECT * FROM Setups WHERE ObsParID=" + std::to_string(obsParID));
-    return static_cast<int>(row->Get("KeyCode").Integer());
-  }
+  std::string StoredKeys() { return RowsOf(*database.ObsDB, "SELECT KeyCode FROM Setups ORDER BY SetupID, ObsParID"); }
 
   static constexpr const char* Working = "C:\\Veldmark\\Trekor\\MDB\\Observations.mdb";
   static constexpr const char* Template = "C:\\Trekor\\Observations.vdb";
