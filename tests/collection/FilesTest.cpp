@@ -26,66 +26,10 @@ protected:
     Press(F4);
     Sent();
   }
-  // The operator names the file in the form.
-  void Operator_Names(const std::string& name) {
-    fakes.drives.currentFolder = Folder;
-    fakes.shell.scripts["FileNewDialog2"] = [this, name](Form&) {
-      fileNew.form.Texts2.Type(name);
-      fileNew.form.CmdOK.Click();
-    };
-  }
   double driven = 0;
 };
 
 class FirstStart : public RunFixture {};
-
-TEST_F(FileMenuStories, ANewFileIsAnnouncedInOneSend) {
-  Operator_Names("ROAD09");
-  form.mnuNew.Click();
-  EXPECT_EQ(Sent(), (Texts{"FACILITY NAME ", "SECTION NAME ", "SECTION START ", "SECTION END ", "FILE PATH C:\\Roads",
-                           "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB",
-                           "FILE GUID " + state.file.DataGuid, "FILE SESSION 1", "FILE OPEN"}));
-  EXPECT_EQ(state.file.DataGuid.size(), 32U);
-  EXPECT_FALSE(form.cboTestSetupNames.Enabled());
-  EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\ROAD09.mdb (1)");
-}
-
-TEST_F(FileMenuStories, AFileThatCannotBeMadeIsNotAnnouncedAndTheNextOneIs) {
-  Operator_Names("ROAD09");
-  fakes.drives.failing.push_back("C:\\ROADS\\ROAD09.MDB");
-  form.mnuNew.Click();
-  EXPECT_EQ(Sent().back(), "SECTION END ") << "the road is told, the file is not";
-  EXPECT_FALSE(state.run.DataFileOpen);
-  EXPECT_TRUE(form.cboTestSetupNames.Enabled());
-  fakes.shell.scripts.erase("FileNewDialog2"); // and the form is closed untouched
-  form.mnuNew.Click();
-  EXPECT_TRUE(Sent().empty());
-  // By hand, with the vehicle's one drive.
-  fakes.drives.failing.clear();
-  Operator_Names("ROAD09");
-  Answer("10");
-  form.tbControlBar.ClickButton("play");
-  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
-  EXPECT_EQ(Stations(), Texts{"10 0"});
-  const auto lines = Sent();
-  EXPECT_NE(std::find(lines.begin(), lines.end(), "FILE BACKUPPATH "), lines.end());
-  Press(F4);
-  CloseFile();
-  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.TKR"));
-}
-
-TEST_F(FileMenuStories, ACloseLeavesTheCommaFileAndTellsTheLink) {
-  Collect("ROAD09");
-  form.mnuClose.Click();
-  EXPECT_EQ(Sent(), Texts{"FILE CLOSE"});
-  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.TKR"));
-  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
-  EXPECT_FALSE(state.run.DataFileOpen);
-  EXPECT_TRUE(form.Texts7.Enabled());
-  EXPECT_TRUE(form.cboTestSetupNames.Enabled());
-  EXPECT_EQ(form.Caption(), "Veldmark Trekor");
-  EXPECT_EQ(state.file.LastCloseTime, fakes.clock.Now());
-}
 
 // With only the comma file wanted. What the comma file can't hold, for whatever reason, must not go.
 TEST_F(FileMenuStories, DataThatStandNowhereElseAreNeverDeleted) {
@@ -181,51 +125,6 @@ TEST_F(FileMenuStories, AWholeCopyOnTheBackupDriveLetsTheDataFileGo) {
 
 // ------------------------------------------------------------------------------------------- files that can't be made
 
-// Whatever keeps the next file from being made, the open one goes on, name and all.
-TEST_F(FileMenuStories, AnOrderForAFileThatCannotBeMadeLeavesTheOpenOneAlone) {
-  const std::string layout = state.folders.MdbFolder + "\\DATAfile.mdb", whole = fakes.drives.Read(layout);
-  fakes.drives.failing = {"C:\\ROADS\\FULLDISK.MDB"};
-  const struct {
-    const char *path, *name;
-    bool spoiled; // the layout is no data file
-  } cases[] = {{"C:\\Roads", "FULLDISK", false},
-               {"C:\\Roads", "NORTH/SOUTH", false},
-               {"C:\\Roads", "North\\South", false},
-               {"Q:\\Nowhere", "ROAD10", false},
-               {"C:\\Roads", "SPOILED", true}};
-  int job = 0;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.name);
-    const std::string open = "OPEN" + std::to_string(++job);
-    OpenFile(open);
-    const Texts session = Query("SELECT GUID FROM Sessions");
-    StartFromLink(10.0);
-    Press('A');
-    Dmi(10.1);
-    if (c.spoiled)
-      fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb", layout);
-    state.file.DataPath = c.path;
-    Link("FILE GUID 77");
-    Link(std::string("FILE NAME ") + c.name);
-    Link("FILE OPEN");
-    EXPECT_TRUE(Sent().empty());
-    EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\" + open + ".mdb (1)");
-    EXPECT_FALSE(form.cboTestSetupNames.Enabled());
-    Press('A');
-    Dmi(10.2);
-    Press(F4);
-    EXPECT_EQ(Stations(), (Texts{"10 0", "10.1 0", "10.2 0", "10.2 0"}));
-    EXPECT_EQ(Spans_Of(Crack), (Texts{"1 2 1", "2 3 1"}));
-    EXPECT_EQ(Query("SELECT StationMin, StationMax FROM Sessions"), Texts{"10 10.2"});
-    EXPECT_EQ(Query("SELECT GUID FROM Sessions"), session);
-    CloseFile();
-    EXPECT_TRUE(Exists("C:\\Roads\\" + open + ".TKR"));
-    fakes.drives.Write(layout, whole);
-    fakes.clock.Advance(1000);
-  }
-  EXPECT_EQ(fakes.drives.Files(Folder, "*.mdb").size(), std::size(cases)) << "nothing half-made is left";
-}
-
 // The program would lose its vocabulary, its options or the road's sections under its own hands.
 TEST_F(FileMenuStories, TheProgramsOwnDatabasesAreNeverReplaced) {
   auto& folders = state.folders;
@@ -292,34 +191,6 @@ TEST_F(FileMenuStories, TheProgramsOwnDatabasesAreNeverReplaced) {
   EXPECT_TRUE(databases() == before);
 }
 
-TEST_F(FileMenuStories, CopiesFollowTheNameOfTheCommaFile) {
-  fakes.drives.MakeFolders("D:\\Roads");
-  Link("FILE BACKUPPATH D:\\Roads");
-  state.options.WriteAscii = false;
-  Collect("FIRST");
-  form.mnuClose.Click();
-  EXPECT_TRUE(fakes.drives.Files("D:\\Roads", "*.*").empty()) << "no comma file yet, so no name to copy by";
-  state.options.WriteAscii = true;
-  state.options.KeepMdb = false;
-  Collect("SECOND");
-  form.mnuClose.Click();
-  EXPECT_EQ(fakes.drives.Files("D:\\Roads", "*.*"), (Texts{"SECOND.mdb", "SECOND.TKR"}));
-}
-
-TEST_F(FileMenuStories, ABackupCopiesTheNameAsItStands) {
-  fakes.drives.MakeFolders("D:\\Backup");
-  Link("FILE BACKUPPATH D:\\Backup");
-  OpenFile("ROAD9"); // all of these match as patterns
-  OpenFile("ROAD19");
-  for (const std::string name : {"ROAD*", "ROAD?", "*", ".ROAD"}) {
-    Collect(name);
-    CloseFile();
-    EXPECT_EQ(fakes.drives.Files("D:\\Backup", "*.*"), (Texts{name + ".mdb", name + ".TKR"}));
-    for (const std::string ending : {".mdb", ".TKR"})
-      fakes.drives.DeleteFile("D:\\Backup\\" + name + ending);
-  }
-}
-
 // The copy of a job before lies on the backup drive as a killed program left it, its rows in the log.
 TEST_F(FileMenuStories, ABackupIsTheJobThatWasClosedWhateverLayThere) {
   fakes.drives.MakeFolders("D:\\Backup");
@@ -373,21 +244,6 @@ TEST_F(FileMenuStories, ALaterSessionsCommaFileHasItsNumber) {
   EXPECT_TRUE(Exists("C:\\Roads\\ROAD09-02.TKR"));
 }
 
-TEST_F(FileMenuStories, ACloseDoesNothingInARunAndLittleWithoutAFile) {
-  OpenFile();
-  StartFromLink(10.0);
-  CloseFile();
-  EXPECT_TRUE(state.run.DataFileOpen);
-  Press(F4);
-  CloseFile();
-  Sent();
-  form.Texts7.SetEnabled(false);
-  CloseFile();
-  EXPECT_TRUE(Sent().empty());
-  EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb"));
-  EXPECT_TRUE(form.Texts7.Enabled());
-}
-
 TEST_F(FileMenuStories, EachRowIsOnTheDiskBeforeTheNextKey) {
   OpenFile();
   EXPECT_TRUE(Exists("C:\\Roads\\ROAD09.mdb-wal"));
@@ -428,33 +284,7 @@ TEST_F(FileMenuStories, WhateverRowsAFullDiskLosesEverySpanNamesStationsOfTheFil
   }
 }
 
-TEST_F(FileMenuStories, AFileOrderedInARunTakesTheRowsThatLeaveFromThen) {
-  Collect("FIRST");
-  form.mnuClose.Click();
-  StartFromLink(10.0);
-  Dmi(10.1);
-  OpenFile("LATE");
-  Press('B');
-  Press(F4);
-  EXPECT_EQ(Stations(), (Texts{"10.1 0", "10.1 1", "10.1 0"}));
-  EXPECT_EQ(Spans_Of(Rut), (Texts{"1 1 ", "1 3 "})) << "where the first step began is in no file";
-}
-
 // ---------------------------------------------------------------------------------------------------------- the setup
-
-TEST_F(FileMenuStories, AChosenSetupBringsItsColumnsAndKeys) {
-  form.cboTestSetupNames.Select(1);
-  EXPECT_EQ(state.TestSetupID, 2);
-  EXPECT_EQ(state.TestSetupName, "Short");
-  EXPECT_EQ(form.lblSetupID.Caption(), "2");
-  EXPECT_EQ(form.Grid.Cols(), 2);
-  EXPECT_EQ(setup.KeyToObs('B'), -1);
-  EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
-  form.cboTestSetupNames.Select(2); // "Empty"
-  EXPECT_EQ(form.Grid.Cols(), 1);
-  EXPECT_TRUE(form.Grid.Redraw());
-  EXPECT_FALSE(Fields().GridBusy);
-}
 
 TEST_F(FileMenuStories, TheRunningSetupStaysWhenTheListIsFilledAgain) {
   form.cboTestSetupNames.Select(1);
@@ -466,18 +296,6 @@ TEST_F(FileMenuStories, TheRunningSetupStaysWhenTheListIsFilledAgain) {
   run.parts().setups.Load_TestSetupNames();
   EXPECT_EQ(state.TestSetupID, 2);
   EXPECT_EQ(setup.Observations(1).DefaultText(), "");
-}
-
-TEST_F(FileMenuStories, TheSetupOfTheLastTimeComesBackAtTheNextStart) {
-  form.cboTestSetupNames.Select(1);
-  texts.SaveFormProperties(form);
-  form.cboTestSetupNames.Select(0);
-  state.TestSetupID = 0;
-  run.Load_Form();
-  EXPECT_EQ(state.TestSetupID, 2);
-  EXPECT_EQ(state.TestSetupName, "Short");
-  EXPECT_EQ(form.Grid.Cols(), 2);
-  EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
 }
 
 // It has no columns, which is something else than a setup that was made without any.
@@ -539,6 +357,9 @@ TEST_F(FileMenuStories, DeleteOnAPictureTakesTheKeyAway) {
   EXPECT_EQ(stored->Get(0).Integer(), -1);
   Key(Del); // nothing more to take
   EXPECT_EQ(setup.Observations(Hole).KeyCode(), 'B');
+  form.cboTestSetupNames.Select(1);
+  form.cboTestSetupNames.Select(0);
+  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "[ ]") << "from the next choice on";
 }
 
 } // namespace trekor::tests

@@ -186,11 +186,6 @@ void RunFixture::Type(TextBox& box, const std::string& text) {
   fakes.shell.SetFocus(form.Grid);
 }
 
-void RunFixture::Select(int row, int col) {
-  form.Grid.SelectCell(form.Grid.FixedRows() + row, col);
-  Tick();
-}
-
 void RunFixture::Tick(int times) {
   for (; times > 0; --times) {
     fakes.clock.Advance(24); // the tick's own pump adds the 25th millisecond
@@ -214,16 +209,6 @@ Texts RunFixture::Roads() const {
   for (int row = 0; row < Rows(); ++row)
     roads.push_back(Cell(row, 0));
   return roads;
-}
-
-// Step rows of both grids end at the same boundary, event rows lie at the same place.
-void RunFixture::ExpectAligned() const {
-  ASSERT_EQ(form.Grid.Rows(), form.StationsGrid.Rows());
-  for (int row = 0; row < Rows(); ++row) {
-    const auto road = Cell(row, 0);
-    const auto at = Hidden(row, ColRowKind) == "-1" ? road.substr(road.rfind(' ') + 1) : road;
-    EXPECT_EQ(NumberToText(Val(at)), NumberToText(Val(Hidden(row, ColStation)))) << "row " << row << ": " << road;
-  }
 }
 
 Texts RunFixture::Sounds() {

@@ -3,7 +3,6 @@
 #pragma once
 
 #include "collection/Parts.h"
-#include "collection/StationsRow.h"
 #include "program/Dispatcher.h"
 #include "support/FakePlatform.h"
 
@@ -53,7 +52,6 @@ protected:
   void Key(int key, int shift = 0) { run.Form_KeyDown(key, shift); }
   void Answer(const std::string& text) { answers.push_back(text); } // of the next prompt; "<esc>" presses Esc
   void Type(TextBox& box, const std::string& text);                 // goes in, types, leaves
-  void Select(int row, int col); // a cell in a pause, counted from the newest row; a tick
 
   // Time.
   void Tick(int times = 1);
@@ -61,24 +59,15 @@ protected:
   // What is seen.
   int Rows() const { return form.Grid.Rows() - form.Grid.FixedRows(); }
   std::string Cell(int row, int col) const { return form.Grid.Text(form.Grid.FixedRows() + row, col); }
-  std::string Hidden(int row, int col) const {
-    return form.StationsGrid.Text(form.StationsGrid.FixedRows() + row, col);
-  }
   std::string Bar(int col) const { return form.Grid.CellPicture(Grids::BarRow, col); }
   Texts Roads() const; // column 0 of all rows, newest first
-  void ExpectAligned() const;
-  Texts Sounds(); // file names played since the last call
+  Texts Sounds();      // file names played since the last call
   int State() const { return state.run.RunState; }
   RunFields& Fields() { return run.parts().ctx.fields; }
 
   // What is stored: a row each, fields joined by a blank.
   Texts Query(const std::string& sql);
   Texts Stations() { return Query("SELECT Station, StationType FROM Stations ORDER BY StationID"); }
-  // The registrations of an item: station ids from and to, value.
-  Texts Spans_Of(int item) {
-    return Query("SELECT FromID, ToID, RegData FROM Registrations WHERE ObsCode=" + std::to_string(100 + item) +
-                 " ORDER BY RegID");
-  }
   bool Exists(const std::string& path) { return fakes.drives.FileExists(path); }
 
   static constexpr int F2 = 113, F3 = 114, F4 = 115, F11 = 122, Esc = 27, Del = 46, Space = 32;

@@ -9,36 +9,6 @@ protected:
   void SetUp() override { Load(); }
 };
 
-TEST_F(RoadSteps, EachPositionCrossesOneBoundaryAtMost) {
-  StartFromLink(0.9);
-  Sounds();
-  struct Case {
-    double dmi;
-    const char* running;
-  };
-  for (const Case& c : {Case{0.999, "0.900 to 1.000"}, Case{1.0, "1.000 to 1.100"}, Case{1.35, "1.100 to 1.200"},
-                        Case{1.35, "1.200 to 1.300"}, Case{1.36, "1.300 to 1.400"}, Case{1.36, "1.300 to 1.400"},
-                        Case{1.1, "1.300 to 1.400"}}) {
-    Dmi(c.dmi);
-    EXPECT_EQ(Cell(0, 0), c.running) << c.dmi;
-  }
-  EXPECT_EQ(Sounds(), Texts(4, "newsegment.WAV"));
-  EXPECT_EQ(form.Texts8.Text(), "1.300");
-  ExpectAligned();
-}
-
-TEST_F(RoadSteps, BoundariesWaitThroughAPause) {
-  StartFromLink(1.0);
-  Press(F3);
-  Dmi(1.5);
-  Link("SET DMI 0 D 7");
-  EXPECT_TRUE(state.position.DmiIncreasing);
-  EXPECT_EQ(Rows(), 1);
-  Press(F2);
-  Dmi(1.5);
-  EXPECT_EQ(Cell(0, 0), "1.100 to 1.200");
-}
-
 TEST_F(RoadSteps, StepTextsBecomeKilometresByTheShortFactor) {
   struct Case {
     int unit;

@@ -1,10 +1,16 @@
 #include "drives/DriveRunner.h"
 
+#include "collection/Parts.h"
+#include "collection/StationsRow.h"
 #include "support/ReleasedTree.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
+#include <algorithm>
+#include <iterator>
 #include <sstream>
+#include <tuple>
+#include <utility>
 
 namespace trekor::tests {
 
@@ -24,26 +30,68 @@ int CodeOf(const std::string& key) {
     return 32;
   if (key == "Esc")
     return 27;
+  if (key == "Enter")
+    return 13;
   if (key == "Del")
     return 46;
   return static_cast<unsigned char>(key[0]);
 }
 
+std::vector<std::string> WordsOf(const std::string& text) {
+  std::istringstream in(text);
+  return {std::istream_iterator<std::string>(in), {}};
+}
+
+// A line of a loop with its word.
+std::string Filled(std::string line, const std::string& word) {
+  for (auto at = line.find('$'); at != std::string::npos; at = line.find('$', at + word.size()))
+    line.replace(at, 1, word);
+  return line;
+}
+
+std::string TextOf(const FieldValue& value) {
+  return value.IsNull() ? "null" : value.Text();
+}
+
+// A line each; the registrations stand behind the station that they end at.
+constexpr const char* Stored[] = {
+    "SELECT 'session ' || SessionID || ' ' || GUID || ' ' || FacilityName || '/' || SectionName || '/' || Start || '/' "
+    "|| End || ' from ' || StationMin || ' to ' || StationMax FROM Sessions",
+    "SELECT '  ' || StationID || ': ' || Station || iif(StationType=0, '', ' point') || ifnull((SELECT ', from ' || "
+    "min(FromID) || iif(min(FromID)=max(FromID), '', ' and others') || ': ' || group_concat(ObsCode || "
+    "iif(RegData='', '', '=' || RegData), ' ') FROM Registrations WHERE ToID=StationID), '') FROM Stations ORDER BY "
+    "StationID",
+    "SELECT '  strayed: ' || FromID || ' to ' || ToID FROM Registrations WHERE FromID NOT IN (SELECT StationID FROM "
+    "Stations) OR ToID NOT IN (SELECT StationID FROM Stations)"};
+
 } // namespace
 
 DriveRunner::DriveRunner(const std::string& shared) {
   InstallRelease(fakes.drives, shared);
-  for (const char* name : {"NumericPrompt", "TextPrompt"})
-    fakes.shell.scripts[name] = [this](Form& form) { Answer(form); };
-  program = std::make_unique<Program>(fakes.platform);
+  fakes.drives.currentFolder = "C:\\Roads";
+  for (const char* name : {"NumericPrompt", "TextPrompt", "FileNewDialog2", "Message"})
+    fakes.shell.scripts[name] = [this](Form& form) { Asked(form); };
+  Add_Verbs();
 }
 
 DriveRunner::~DriveRunner() = default;
 
-void DriveRunner::Answer(Form& form) {
-  told += "prompt " + form.Caption() + "\n";
+void DriveRunner::Start() {
+  if (program)
+    program->Unload_MainForm();
+  program = std::make_unique<Program>(fakes.platform);
+  if (!program->Main())
+    told += "the program did not start\n";
+}
+
+void DriveRunner::Asked(Form& form) {
   auto* box = dynamic_cast<TextBox*>(form.Find("txtBox"));
-  if (!box || answers.empty())
+  told += box ? "prompt " + form.Caption() + "\n" : "form " + form.Name() + "\n";
+  const auto before = std::pair(std::exchange(front, &form), std::exchange(inside, true));
+  for (const auto& line : std::exchange(meanwhile[form.Name()], {}))
+    Do(line);
+  std::tie(front, inside) = before;
+  if (!box || answers.empty() || !form.Shown)
     return;
   const std::string answer = answers.front();
   answers.pop_front();
@@ -59,6 +107,64 @@ void DriveRunner::TellLines() {
     told += "sound " + sound.substr(sound.rfind('\\') + 1) + "\n";
 }
 
+void DriveRunner::TellRows() {
+  const auto& grid = program->form.Grid;
+  if (program->form.StationsGrid.Rows() != grid.Rows())
+    told += "the hidden grid has other rows\n";
+  std::string bars;
+  for (int col = 0; col < grid.Cols(); ++col)
+    if (const auto& bar = grid.CellPicture(Grids::BarRow, col); bar != "BAR:0" && bar != "BAR:11") // at rest
+      bars += " " + grid.Text(Grids::NameRow, col) + " " + bar;
+  if (!bars.empty())
+    told += "bars" + bars + "\n";
+  for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
+    told += "row " + grid.Text(row, 0) + " (" + program->form.StationsGrid.Text(row, ColStation) + ")";
+    for (int col = 1; col < grid.Cols(); ++col)
+      if (const auto& cell = grid.Text(row, col);
+          !cell.empty() && !(grid.MergeRow(row) && cell == grid.Text(row, col - 1)))
+        told += " " + grid.Text(Grids::NameRow, col) + "=" + cell;
+    told += "\n";
+  }
+}
+
+void DriveRunner::TellForm() {
+  const auto& form = program->form;
+  const auto shown = [](const Control& control, const std::string& text) {
+    return control.Enabled() ? text : "(" + text + ")"; // greyed
+  };
+  told += "state " + std::to_string(program->state.run.RunState) + ", " + form.Caption() + ", station " +
+          shown(form.Texts6, form.Texts6.Text()) + " step " + shown(form.Texts7, form.Texts7.Text()) + " previous " +
+          form.Texts8.Text() + " " + shown(form.UpDnPicture, form.UpDnPicture.Picture()) + ", " +
+          shown(form.cboTestSetupNames, form.cboTestSetupNames.Text()) + ", " + shown(form.mnuFile, "file") +
+          (form.tbControlBar.ButtonEnabled("play") ? " play" : "") + (fakes.keyboard.numLock ? " numlock" : "") +
+          (form.Grid.Top == form.tbControlBar.Height ? " wide" : "") + (form.IdleTimer.Running() ? "" : " at rest") +
+          (front == nullptr ? "" : front->Shown ? " asking" : " gone") +
+          ", cells " + std::to_string(form.Grid.Col()) + " to " + std::to_string(form.Grid.ColSel()) + "\n";
+}
+
+void DriveRunner::TellStored(const std::string& path) {
+  std::unique_ptr<Database> closed;
+  Database* database = program->files.database.get();
+  if (!path.empty() || database == nullptr) {
+    closed = Database::Open(fakes.drives.NativePath(path), OpenMode::ReadOnly);
+    database = closed.get();
+  }
+  if (database == nullptr)
+    told += "no file " + path + "\n";
+  for (const char* sql : Stored)
+    for (const auto rows = database ? database->OpenQuery(sql) : nullptr; rows && !rows->Eof(); rows->MoveNext())
+      told += TextOf(rows->Get(0)) + "\n";
+}
+
+void DriveRunner::TellFiles() {
+  for (const std::string folder : {"C:\\Roads", "D:\\Roads"}) {
+    told += "== " + folder + ":";
+    for (const auto& name : fakes.drives.Files(folder, "*.*"))
+      told += " " + name;
+    told += "\n";
+  }
+}
+
 void DriveRunner::Tick(int n) {
   for (int i = 0; i < n; ++i) {
     fakes.clock.Advance(24); // the tick's own pump adds the 25th millisecond
@@ -67,60 +173,144 @@ void DriveRunner::Tick(int n) {
   }
 }
 
-void DriveRunner::Do(const std::string& line) {
-  std::istringstream words(line);
-  std::string verb, rest;
-  words >> verb;
-  std::getline(words >> std::ws, rest);
-  auto& form = program->form;
-  if (verb == ">")
-    fakes.socket.Line(rest);
-  else if (verb == "key")
-    program->measurements.Form_KeyDown(CodeOf(rest), 0);
-  else if (verb == "tick")
-    Tick(rest.empty() ? 1 : static_cast<int>(Val(rest)));
-  else if (verb == "wait")
-    Tick(static_cast<int>(Val(rest) / 25));
-  else if (verb == "answer")
-    answers.push_back(rest);
-  else if (verb == "cell") {
-    int row = 0, col = 0;
-    std::istringstream(rest) >> row >> col;
-    form.Grid.SelectCell(row, col);
-  } else if (verb == "station" || verb == "step") {
-    TextBox& box = verb == "step" ? form.Texts7 : form.Texts6;
-    fakes.shell.SetFocus(box);
-    box.Type(rest);
-    fakes.shell.SetFocus(form.Grid);
-  } else if (line == "peer closes")
-    fakes.socket.PeerClose();
-  else if (line == "peer fails")
-    fakes.socket.Fail(10054);
-  else if (verb == "watchdog")
-    program->socket.form.WDT.Fire();
-  else if (verb == "exit")
-    program->measurements.mnuExit_Click();
+void DriveRunner::Key(const std::string& name) {
+  if (front)
+    front->OnKeyDown(CodeOf(name), 0);
   else
+    program->measurements.Form_KeyDown(CodeOf(name), 0);
+}
+
+void DriveRunner::Type(TextBox& box, const std::string& text) {
+  fakes.shell.SetFocus(box);
+  box.Type(text);
+  fakes.shell.SetFocus(program->form.Grid);
+}
+
+void DriveRunner::Click(const std::string& what) {
+  const auto words = WordsOf(what);
+  Control* control = (front ? front : &program->form)->Find(words[0]);
+  if (auto* menu = dynamic_cast<Menu*>(control))
+    menu->Click();
+  else if (auto* button = dynamic_cast<CommandButton*>(control))
+    button->Click();
+  else if (auto* list = dynamic_cast<ComboBox*>(control))
+    list->Select(static_cast<int>(Val(words.at(1))));
+  else
+    program->form.tbControlBar.ClickButton(words[0]);
+}
+
+void DriveRunner::Add_Verbs() {
+  using Text = const std::string&;
+  verbs[">"] = [this](Text line) { inside ? fakes.socket.DeliverNow(line + "\r\n") : fakes.socket.Line(line); };
+  verbs["say"] = [this](Text text) { told += "-- " + text + "\n"; };
+  verbs["key"] = [this](Text text) {
+    const auto words = WordsOf(text);
+    for (int times = words.size() > 1 ? static_cast<int>(Val(words[1])) : 1; times > 0; --times)
+      Key(words[0]);
+  };
+  verbs["keys"] = [this](Text names) {
+    for (const auto& name : WordsOf(names))
+      Key(name), Tick(1);
+  };
+  verbs["tick"] = [this](Text n) { Tick(n.empty() ? 1 : static_cast<int>(Val(n))); };
+  verbs["pump"] = [this](Text) { fakes.pump.ProcessEvents(); };
+  verbs["wait"] = [this](Text ms) { Tick(static_cast<int>(Val(ms) / 25)); };
+  verbs["answer"] = [this](Text text) { answers.push_back(text); };
+  verbs["in"] = [this](Text text) {
+    const auto name = text.find(' ');
+    meanwhile[text.substr(0, name)].push_back(text.substr(name + 1));
+  };
+  verbs["at"] = [this](Text text) {
+    fakes.pump.AtPump(static_cast<int>(Val(text)), [this, line = text.substr(text.find(' ') + 1)] {
+      const bool before = std::exchange(inside, true);
+      Do(line);
+      inside = before;
+    });
+  };
+  verbs["cell"] = [this](Text text) {
+    const auto words = WordsOf(text);
+    program->form.Grid.SelectCell(static_cast<int>(Val(words[0])), static_cast<int>(Val(words[1])));
+  };
+  verbs["step"] = [this](Text text) { Type(program->form.Texts7, text); };
+  verbs["depth"] = [this](Text text) { Type(program->form.txtGridDepth, text); };
+  verbs["name"] = [this](Text text) { program->fileNew.form.Texts2.Type(text); };
+  verbs["click"] = [this](Text what) { Click(what); };
+  verbs["peer"] = [this](Text how) { how == "closes" ? fakes.socket.PeerClose() : fakes.socket.Fail(10054); };
+  verbs["watchdog"] = [this](Text) { program->socket.form.WDT.Fire(); };
+  verbs["exit"] = [this](Text) { program->measurements.mnuExit_Click(); };
+  verbs["close"] = [this](Text) {
+    if (program->form.OnQueryUnload())
+      program->form.OnUnload();
+  };
+  verbs["start"] = [this](Text) { Start(); };
+  verbs["fail"] = [this](Text path) { fakes.drives.failing.push_back(Upper(path)); };
+  verbs["heal"] = [this](Text) { fakes.drives.failing.clear(); };
+  verbs["spoil"] = [this](Text) {
+    fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb", program->state.folders.MdbFolder + "\\DATAfile.mdb");
+  };
+  verbs["files"] = [this](Text) { TellFiles(); };
+  verbs["damage"] = [this](Text sql) {
+    if (!program->files.database->Execute(sql))
+      told += "not done: " + sql + "\n";
+  };
+  verbs["want"] = [this](Text text) {
+    (text.starts_with("KeepMdb") ? program->state.options.KeepMdb : program->state.options.WriteAscii) =
+        text.back() == '1';
+  };
+  verbs["simulate"] = [this](Text) { program->state.run.Simulator = true; };
+  verbs["pictures"] = [this](Text bytes) { fakes.shell.pictureBytes = static_cast<std::size_t>(Val(bytes)); };
+  verbs["rows"] = [this](Text) { TellRows(); };
+  verbs["see"] = [this](Text) { TellForm(); };
+  verbs["stored"] = [this](Text name) { TellStored(name.empty() ? "" : "C:\\Roads\\" + name + ".mdb"); };
+  verbs["brief"] = [this](Text) { brief = true; };
+}
+
+void DriveRunner::Do(const std::string& line) {
+  const auto end = std::min(line.find(' '), line.size());
+  const auto verb = verbs.find(line.substr(0, end));
+  const auto rest = line.find_first_not_of(' ', end);
+  if (verb == verbs.end())
     told += "not understood: " + line + "\n";
+  else
+    verb->second(rest == std::string::npos ? "" : line.substr(rest));
+  TellLines();
+}
+
+// With the lines between "each" and "end" written out.
+void DriveRunner::Play_Lines(const Words& lines) {
+  for (auto line = lines.begin(); line != lines.end(); ++line) {
+    if (!line->starts_with("each ")) {
+      Do(*line);
+      continue;
+    }
+    const auto end = std::find(line, lines.end(), "end");
+    for (const auto& word : WordsOf(line->substr(5))) {
+      told += "-- " + word + "\n";
+      for (auto within = line + 1; within != end; ++within)
+        Do(Filled(*within, word));
+    }
+    line = end;
+  }
 }
 
 std::string DriveRunner::Play(const std::string& drive) {
   if (drive.starts_with("args "))
     fakes.process.commandLine = drive.substr(5, drive.find('\n') - 5);
-  if (!program->Main())
-    return "the program did not start\n";
-  std::istringstream lines(drive);
-  for (std::string line; std::getline(lines, line);) {
-    if (line.empty() || line[0] == '#' || line.starts_with("args "))
-      continue;
-    Do(line);
-    TellLines();
-  }
+  Start();
+  std::istringstream in(drive);
+  Words lines;
+  for (std::string line; std::getline(in, line);)
+    if (!line.empty() && line[0] != '#' && !line.starts_with("args "))
+      lines.push_back(line);
+  Play_Lines(lines);
   program->Unload_MainForm();
   TellLines();
   for (const auto& box : fakes.shell.boxes)
     told += "box " + box + "\n";
-  return told + FilesLeft(fakes.drives);
+  if (!brief)
+    return told + FilesLeft(fakes.drives);
+  TellFiles();
+  return told;
 }
 
 } // namespace trekor::tests
