@@ -138,7 +138,9 @@ void DriveRunner::TellForm() {
           shown(form.cboTestSetupNames, form.cboTestSetupNames.Text()) + ", " + shown(form.mnuFile, "file") +
           (form.tbControlBar.ButtonEnabled("play") ? " play" : "") + (fakes.keyboard.numLock ? " numlock" : "") +
           (form.Grid.Top == form.tbControlBar.Height ? " wide" : "") + (form.IdleTimer.Running() ? "" : " at rest") +
-          (front == nullptr ? "" : front->Shown ? " asking" : " gone") +
+          (front == nullptr ? ""
+           : front->Shown   ? " asking"
+                            : " gone") +
           ", cells " + std::to_string(form.Grid.Col()) + " to " + std::to_string(form.Grid.ColSel()) + "\n";
 }
 
