@@ -1,8 +1,14 @@
-// The control program's end of a real connection, in plain calls of the system: nothing of it needs the loop.
+// The control program's end of a real connection, in plain calls of the system: nothing of it needs the loop. Whoever
+// waits for what it has brought about lets the loop run.
 #pragma once
+
+#include "platform/Pump.h"
+
+#include <QElapsedTimer>
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -13,6 +19,16 @@
 #include <unistd.h>
 
 namespace trekor::tests {
+
+// Lets events run until it is done, five seconds at most. True when it is.
+inline bool WaitUntil(Pump& pump, const std::function<bool()>& done) {
+  QElapsedTimer clock;
+  clock.start();
+  bool is = done();
+  for (; !is && clock.elapsed() < 5000; is = done())
+    pump.WaitForEvents(20);
+  return is;
+}
 
 class Peer {
 public:

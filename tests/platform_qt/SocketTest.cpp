@@ -1,15 +1,10 @@
 // The link's socket against a real peer on this machine.
 #include "Peer.h"
-#include "WaitUntil.h"
 
 #include "platform_qt/QtPump.h"
 #include "platform_qt/QtSocket.h"
 
 #include <QTimer>
-
-#include <functional>
-#include <memory>
-#include <optional>
 
 namespace trekor::tests {
 namespace {
@@ -116,73 +111,72 @@ TEST_F(SocketTest, AHandlerThatPumpsHearsWhatArrivesMeanwhile) {
   EXPECT_EQ(deepest, 2);
 }
 
-TEST_F(SocketTest, AnOrderlyEndIsNoErrorAndStays) {
-  Connect();
-  peer.Says("last words");
-  peer.Closes();
-  ASSERT_TRUE(Tells("connect data close "));
-  EXPECT_EQ(socket.ReadAll(), "last words");
-  EXPECT_EQ(socket.State(), SocketState::PeerClosing);
-  EXPECT_FALSE(socket.Send("nobody there"));
-  Connect(); // a fresh attempt is all that ends the state
-  EXPECT_EQ(socket.State(), SocketState::Connected);
-
-  peer.Closes();
-  for (int i = 0; i < 3; ++i) // a send that meets the end does not make an error of it
-    socket.Send("CTRL PAUSE\r\n");
-  EXPECT_TRUE(Tells("connect close "));
-}
-
-TEST_F(SocketTest, AResetIsAnErrorBehindTheBytesBeforeIt) {
-  const struct {
-    const char* when;
-    std::function<void()> reset;
-    const char* story;
-  } cases[] = {
-      {"while reading",
+// However a connection ends: what is told of it, behind the bytes before it, and nothing of it reaches the next one.
+TEST_F(SocketTest, EachEndIsToldAsItIsAndStaysBehind) {
+  const std::string reset = "connect data error 10054 ";
+  const std::tuple<const char*, std::string, std::function<void()>> ends[] = {
+      {"closed with bytes unread in the system", "connect ", [&] { socket.Close(); }},
+      {"closed with bytes unread by the owner", "connect data ",
        [&] {
-         peer.Says("last words");
-         peer.Resets();
-       },
-       "connect data error 10054 "},
-      {"at a send, which meets it first",
+         Tells("connect data ");
+         socket.Close();
+       }},
+      {"closed with lines that the system has not taken yet", "connect ",
        [&] {
-         peer.Says("last words");
+         SendUnread();
+         socket.Close();
+       }},
+      {"closed by the owner who hears them", "connect data ",
+       [&] {
+         heard.onData = [&] { socket.Close(); };
+         Tells("connect data ");
+       }},
+      {"closed by the peer", "connect data close ", [&] { peer.Closes(); }},
+      {"closed by the peer, whom lines still meet", "connect data close ",
+       [&] {
+         peer.Closes();
+         for (int i = 0; i < 3; ++i) // a send that meets the end does not make an error of it
+           socket.Send("CTRL PAUSE\r\n");
+       }},
+      {"reset", reset, [&] { peer.Resets(); }},
+      {"reset, met first by a send", reset,
+       [&] {
          peer.Resets();
          EXPECT_FALSE(socket.Send("DMI 1\r\n"));
          EXPECT_FALSE(socket.Send("DMI 2\r\n"));
          EXPECT_EQ(heard.story, "connect "); // not from inside the owner's call
-       },
-       "connect data error 10054 "},
-      {"while lines wait to go out",
+       }},
+      {"reset while lines wait to go out", reset,
        [&] {
          SendUnread();
          peer.Resets();
-       },
-       "connect error 10054 "},
-      {"an end with bytes unread over there",
-       [&] {
+       }},
+      {"closed by the peer with bytes unread over there", reset, [&] {
          socket.Send("DMI 1\r\n");
          Until([&] { return peer.HasUnread(); });
          peer.Closes();
-       },
-       "connect error 10054 "},
-  };
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.when);
-    ASSERT_NO_FATAL_FAILURE(Connect());
-    c.reset();
-    Tells(c.story);
-    EXPECT_EQ(socket.ReadAll(), std::string(c.story).find("data") == std::string::npos ? "" : "last words");
-    EXPECT_EQ(socket.State(), SocketState::Error);
-    socket.Close();
-    EXPECT_EQ(socket.State(), SocketState::Closed);
-  }
-  Attempt(); // which the peer never takes out of its backlog
-  ASSERT_TRUE(Tells("connect "));
-  socket.Send("IDENTITY\r\n");
-  peer.StopsListening();
-  EXPECT_TRUE(Tells("connect error 10054 "));
+       }}};
+  for (const bool reads : {true, false})
+    for (const auto& [how, told, end] : ends) {
+      SCOPED_TRACE(how);
+      ASSERT_NO_FATAL_FAILURE(Connect());
+      peer.Says("DMI 7\r\nDMI ");
+      end();
+      heard.onData = nullptr;
+      Tells(told);
+      const bool byPeer = told.ends_with("close "), byReset = told == reset;
+      EXPECT_EQ(socket.State(), byPeer ? SocketState::PeerClosing : byReset ? SocketState::Error : SocketState::Closed);
+      EXPECT_FALSE(socket.Send("nobody there"));
+      EXPECT_TRUE(!reads || socket.ReadAll() == (byPeer || byReset ? "DMI 7\r\nDMI " : ""));
+      ASSERT_NO_FATAL_FAILURE(Connect());
+      EXPECT_EQ(socket.ReadAll(), "");
+      peer.Says("CTRL ARM\r\n");
+      EXPECT_TRUE(Tells("connect data "));
+      EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
+      EXPECT_TRUE(socket.Send("ACK\r\n"));
+      EXPECT_TRUE(Until([&] { return peer.HasUnread(); }));
+      EXPECT_EQ(peer.Hears(), "ACK\r\n");
+    }
 }
 
 TEST_F(SocketTest, AFailedAttemptShowsItsOwnNumber) {
@@ -223,50 +217,6 @@ TEST_F(SocketTest, EachAddressOfANameIsTried) {
   later.Connect("localhost", peer.Port());
   EXPECT_TRUE(Until([&] { return later.State() == SocketState::Connected; }));
   EXPECT_EQ(heard.story, "connect ");
-}
-
-TEST_F(SocketTest, NothingOfAConnectionReachesTheNextOne) {
-  const std::pair<const char*, std::function<void()>> ends[] = {
-      {"closed with bytes unread in the system", [&] { socket.Close(); }},
-      {"closed with bytes unread by the owner",
-       [&] {
-         Tells("connect data ");
-         socket.Close();
-       }},
-      {"closed with lines that the system has not taken yet",
-       [&] {
-         SendUnread();
-         socket.Close();
-       }},
-      {"closed by the owner who hears them",
-       [&] {
-         heard.onData = [&] { socket.Close(); };
-         Tells("connect data ");
-       }},
-      {"closed by the peer behind them",
-       [&] {
-         peer.Closes();
-         Tells("connect data close ");
-       }},
-      {"reset", [&] {
-         peer.Resets();
-         Tells("connect data error 10054 ");
-       }}};
-  for (const auto& [how, end] : ends) {
-    SCOPED_TRACE(how);
-    ASSERT_NO_FATAL_FAILURE(Connect());
-    peer.Says("DMI 7\r\nDMI ");
-    end();
-    heard.onData = nullptr;
-    ASSERT_NO_FATAL_FAILURE(Connect());
-    EXPECT_EQ(socket.ReadAll(), "");
-    peer.Says("CTRL ARM\r\n");
-    EXPECT_TRUE(Tells("connect data "));
-    EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
-    EXPECT_TRUE(socket.Send("ACK\r\n"));
-    EXPECT_TRUE(Until([&] { return peer.HasUnread(); }));
-    EXPECT_EQ(peer.Hears(), "ACK\r\n");
-  }
 }
 
 TEST_F(SocketTest, APeerThatDoesNotReadHoldsNobodyUpAndLosesNothing) {

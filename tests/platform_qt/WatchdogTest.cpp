@@ -1,6 +1,5 @@
 // The whole transport over the real socket: how a connection ends decides whether it comes back by itself.
 #include "Peer.h"
-#include "WaitUntil.h"
 
 #include "link/SocketProp.h"
 #include "platform_qt/QtPump.h"
