@@ -48,8 +48,8 @@ fresh_display() {
   export DISPLAY=:$number
 }
 
-# The control centre with the program; more words go to the control centre.
+# The control centre with the program; more words go to the control centre. It is ended after $limit seconds.
 control() {
-  "$build/bin/trekor-control" --launch "$build/bin/Trekor" --args "7707-104 /US" --port "$port" "$@" \
+  ${limit:+timeout "$limit"} "$build/bin/trekor-control" --launch "$build/bin/Trekor" --args "7707-104 /US" --port "$port" "$@" \
     >"$work/transcript.txt" 2>"$work/errors.txt"
 }

@@ -3,18 +3,10 @@
 # to end does not go on running for its sound.
 #   second_start_test.sh BUILD-FOLDER
 set -euo pipefail
-build=$1
-work=$(mktemp -d)
-first=
-trap 'kill -9 $first 2>/dev/null || true; rm -rf "$work"' EXIT
-fail() { echo "FAILED: $*"; cat "$work"/*.txt 2>/dev/null; exit 1; }
+. "$(dirname "$0")/programs.sh"
+export QT_QPA_PLATFORM=offscreen
 
-export QT_QPA_PLATFORM=offscreen SDL_AUDIODRIVER=dummy XDG_RUNTIME_DIR=$work TREKOR_TRACE=1 TREKOR_DRIVES=$work/drives
-databases=$TREKOR_DRIVES/C/Veldmark/Trekor/MDB
-mkdir -p "$databases"
-cp "$build/share/trekor/Trekor.vdb" "$databases/Trekor.mdb"
-port=$((20000 + $$ % 20000)) # where nobody listens yet
-sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='$port' WHERE Name='RemotePort'"
+fresh_drives
 mkfifo "$work/told"
 exec 4<>"$work/told" # held open, so that the program never writes to nobody
 
@@ -23,19 +15,20 @@ exec 4<>"$work/told" # held open, so that the program never writes to nobody
 start() {
   "$build/bin/Trekor" 7707-104 /US 2>&4 &
   first=$!
+  started+=($first)
   timeout 30 grep -q -m 1 'sound device open' <&4 || fail "$1"
 }
+ends() { kill -9 "$first"; wait "$first" || true; }
 second() {
-  TREKOR_DRIVES=${1:-$TREKOR_DRIVES} timeout 20 "$build/bin/Trekor" 7707-104 /US >"$work/said.txt" 2>"$work/error.txt" ||
+  TREKOR_DRIVES=${1:-$TREKOR_DRIVES} timeout 20 "$build/bin/Trekor" 7707-104 /US >"$work/said.txt" 2>"$work/errors.txt" ||
     fail "the second start ended with $?"
-  [ ! -s "$work/said.txt" ] && grep -q 'already runs' "$work/error.txt" || fail "the second start told nothing"
+  [ ! -s "$work/said.txt" ] && grep -q 'already runs' "$work/errors.txt" || fail "the second start told nothing"
 }
 
 for content in '' $'1\nTrekor\nelsewhere\n'; do # empty, and of a process that is no Trekor
   printf '%s' "$content" >"$TREKOR_DRIVES/.trekor.lock"
   start "a file was left behind and kept the program out"
-  kill -9 "$first"
-  wait "$first" || true
+  ends
 done
 start "the program was killed and keeps itself out"
 rm -f "$TREKOR_DRIVES"/.trekor.lock
@@ -43,12 +36,10 @@ second
 ln -s drives "$work/other-name"
 second "$work/other-name"
 kill -0 "$first" || fail "the first one has gone"
-kill -9 "$first"
-wait "$first" || true
+ends
 
 mkfifo "$work/silent" # a device that hangs while it opens: nobody listens
 echo "at 1 end" >"$work/end.drive"
-SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$work/silent timeout 60 "$build/bin/trekor-control" --launch "$build/bin/Trekor" \
-  --args "7707-104 /US" --port "$port" --drive "$work/end.drive" </dev/null >"$work/transcript.txt" 2>&1 ||
+SDL_AUDIODRIVER=disk SDL_DISKAUDIOFILE=$work/silent limit=60 control --drive "$work/end.drive" </dev/null ||
   fail "a sound device that hangs kept the program"
 echo "passed"
