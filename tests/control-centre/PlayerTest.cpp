@@ -1,11 +1,11 @@
 #include "Player.h"
 
 #include <QCoreApplication>
-#include <QFile>
 #include <QTcpSocket>
 #include <QTemporaryDir>
 
 #include <algorithm>
+#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace control;
@@ -39,10 +39,6 @@ protected:
     program.write("IDENTITY Trekor 1 4.8.0 0 Default\r\nSET SYSTEM TREKOR UNKNOWN 7707-104\r\n");
     loop.exec();
     return told.replace("\r\n", "\n").toStdString();
-  }
-  void Write(const char* name, const QByteArray& text) {
-    QFile file(folder.filePath(name));
-    EXPECT_TRUE(file.open(QIODevice::WriteOnly) && file.write(text) == text.size());
   }
 
   int words = 0;
@@ -78,8 +74,9 @@ TEST_F(PlayerTest, DoesNotWaitForEver) {
 }
 
 TEST_F(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
-  Write("road.gpx", "<gpx><trk><trkseg><trkpt lat='45' lon='13'><ele>7</ele></trkpt>"
-                    "<trkpt lat='45.00089932' lon='13'><ele>9</ele></trkpt></trkseg></trk></gpx>");
+  std::ofstream(folder.filePath("road.gpx").toStdString())
+      << "<gpx><trk><trkseg><trkpt lat='45' lon='13'><ele>7</ele></trkpt>"
+         "<trkpt lat='45.00089932' lon='13'><ele>9</ele></trkpt></trkseg></trk></gpx>";
   EXPECT_EQ(Play("track road.gpx\npace 20\ndmi 0.5\ngps 0.25\nat 9 end\n"),
             "SET DMI 0 I 0.0000\nDMI 0.0000\nGPS 0 45.0000000 13.0000000 7.0 1 9 0 0 0 0\nDMI 0.0333\n"
             "DMI 0.0667\nGPS 4 45.0005995 13.0000000 8.3 1 9 0 0 0 0\n"
@@ -88,8 +85,7 @@ TEST_F(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
 
 TEST_F(PlayerTest, HearsNothingOfAProgramThatEndedInTheMiddleOfALine) {
   QStringList heard;
-  QObject::connect(&link, &LinkServer::Line, [&](const QString& line) { heard << line; });
-  QObject::connect(&link, &LinkServer::Line, &loop, &QEventLoop::quit);
+  QObject::connect(&link, &LinkServer::Line, &loop, [&](const QString& line) { heard << line, loop.quit(); });
   QObject::connect(&link, &LinkServer::Closed, &loop, &QEventLoop::quit);
   QTcpSocket ended, program;
   ended.connectToHost("127.0.0.1", link.Port());

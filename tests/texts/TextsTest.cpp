@@ -31,8 +31,7 @@ TEST_F(TextsTest, AMissingWorkingFileIsInstalledAndItsVersionKept) {
   ASSERT_TRUE(fakes.drives.DeleteFile(state.folders.MdbFolder + "\\Trekor.mdb"));
   ASSERT_TRUE(texts.Open());
   EXPECT_EQ(texts.GetText("W_ENTER"), "Enter");
-  EXPECT_EQ(state.versions.Program.Major, 2);
-  EXPECT_EQ(state.versions.Program.Minor, 3);
+  EXPECT_TRUE(state.versions.Program.Major == 2 && state.versions.Program.Minor == 3);
 }
 
 constexpr int CtrlShift = 3;
