@@ -1,8 +1,9 @@
 #include "datafiles/DataFileFixture.h"
 #include "datafiles/ExportSessions.h"
 
+#include <numeric>
+
 namespace trekor::tests {
-namespace {
 
 // A stretch with one observation: 5301 with its digit and fifteen empty places.
 std::string Stretch(const std::string& from, const std::string& to, const std::string& digits) {
@@ -79,8 +80,7 @@ TEST(CommaFile, TurnsTextsIntoDigits) {
                {"0.2", '1', '0'},  {"40000", '1', '0'}, {" 0 ", '0', '0'}, {"7x", '1', '0'}};
   for (const auto& [text, stretch, point] : cases) {
     Job job;
-    job.Offer(5, "Crack", "C", 1);
-    ASSERT_TRUE(job.Create("DIGIT"));
+    job.Begin();
     const auto a = job.Step("1.000"), b = job.Step("1.100"), event = job.Event("1.150");
     job.Value(a, b, 5, text);
     job.Value(event, event, 5, text);
@@ -92,8 +92,7 @@ TEST(CommaFile, TurnsTextsIntoDigits) {
 
 TEST(CommaFile, WritesPointsOfNoObservationAndDropsUnknownOnes) {
   Job job;
-  job.Offer(5, "Crack", "C", 0);
-  ASSERT_TRUE(job.Create("POINTS"));
+  job.Begin();
   job.Step("1.000");
   job.Fix(55.5, 12.5);
   const auto none = job.Event("1.010");
@@ -116,41 +115,36 @@ TEST(CommaFile, WritesPointsOfNoObservationAndDropsUnknownOnes) {
 
 TEST(CommaFile, StopsAtARegistrationThatFindsNoStation) {
   Job job;
-  job.Offer(5, "Crack", "C", 2);
-  job.Offer(6, "Patch", "P", 2);
-  ASSERT_TRUE(job.Create("BLOCKED"));
+  job.Begin();
   const auto a = job.Step("1.000"), b = job.Step("1.100"), c = job.Step("1.200");
   job.Value(a, b, 5, "1");
-  job.Value(b, b, 6, "1"); // a point behind the stretch of its own station waits for ever
+  job.Value(b, b, 5, "1"); // a point behind the stretch of its own station waits for ever
   job.Value(b, c, 5, "2");
   EXPECT_EQ(Job::Records(job.Comma()), Stretch("   1.000", "   1.100", "1") + Last);
 }
 
 TEST(CommaFile, TakesOnlyTheFirstValueOfAStretchThatDoesNotFollowOn) {
   Job job;
-  job.Offer(5, "Crack", "C", 1);
   job.Offer(6, "Patch", "P", 1);
-  ASSERT_TRUE(job.Create("GAP"));
+  job.Begin();
   const auto a = job.Step("1.000"), b = job.Step("1.100"), c = job.Step("1.200"), d = job.Step("1.300");
-  job.Value(a, b, 5, "1");
-  job.Value(c, d, 5, "2"); // nothing was registered from b to c
-  EXPECT_EQ(Job::Records(job.Comma()),
-            Stretch("   1.000", "   1.100", "1") + Stretch("   1.100", "   1.300", "2") + Last);
-  job.Value(c, d, 6, "3"); // a second value of it stops the walk
+  job.Value(a, b, 6, "1");
+  job.Value(c, d, 6, "2"); // nothing was registered from b to c
+  const std::string both = Stretch("   1.000", "   1.100", "1") + Stretch("   1.100", "   1.300", "2") + Last;
+  EXPECT_EQ(Job::Records(job.Comma()), both);
+  job.Value(c, d, 5, "3"); // a second value of it stops the walk
   const auto e = job.Step("1.400");
-  job.Value(d, e, 5, "1");
-  EXPECT_EQ(Job::Records(job.Comma()),
-            Stretch("   1.000", "   1.100", "1") + Stretch("   1.100", "   1.300", "2") + Last);
+  job.Value(d, e, 6, "1");
+  EXPECT_EQ(Job::Records(job.Comma()), both);
 }
 
 TEST(CommaFile, ClearsOnlyTheValuesOfTheRunningSetup) {
   Job job;
-  job.Offer(5, "Crack", "C", 1);
   job.Offer(6, "Patch", "P", 1);
-  ASSERT_TRUE(job.Create("SMALLER"));
+  job.Begin("SMALLER");
   const auto a = job.Step("1.000"), b = job.Step("1.100"), c = job.Step("1.200");
-  job.Value(a, b, 5, "1");
-  job.Value(a, b, 6, "2");
+  job.Value(a, b, 6, "1");
+  job.Value(a, b, 5, "2");
   job.Value(b, c, 99, "1"); // known to nobody, but it makes a stretch
   job.state.file.AsciiName = "SMALLER";
   job.comma.WriteCommaFile(job.state.file.SessionID, true, 1);
@@ -161,8 +155,7 @@ TEST(CommaFile, ClearsOnlyTheValuesOfTheRunningSetup) {
 
 TEST(CommaFile, WritesAHeadAloneForOneStationAndNothingForNone) {
   Job job;
-  job.Offer(5, "Crack", "C", 1);
-  ASSERT_TRUE(job.Create("SHORT"));
+  job.Begin();
   EXPECT_EQ(job.Comma(), "");
   EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Nothing);
   const auto only = job.Step("1.000");
@@ -175,37 +168,29 @@ TEST(CommaFile, WritesAHeadAloneForOneStationAndNothingForNone) {
 
 // Last step, lowest, highest, the step before, step length; and the limits that a road may lie beyond.
 TEST(CommaFile, TellsTheStationsOfTheSession) {
-  struct Case {
+  const struct {
     int unit;
     std::vector<std::string> stations;
     const char* record;
-  };
-  for (const auto& [unit, stations, record] : {
-           Case{0, {"1.000", "1.100", "1.200"}, "5023,3,0,0,   1.200,   1.000,   1.200,   1.100,   0.100\n"},
-           Case{0, {"1500.0", "1499.9"}, "5023,3,0,0,1499.900, 999.999,1500.000,1500.000,   0.100\n"},
-           Case{1, {"1000.5", "1100.4"}, "5023,3,0,0,    1100,    1001,    1100,    1001,     100\n"},
-           Case{3, {"12.3456", "12.5279"}, "5023,3,0,0, 12.5279, 12.3456, 12.5279, 12.3456,  0.0328\n"},
-           Case{6, {"63360"}, "5023,3,0,0,63360,63360,63360,0,3937\n"},
-       }) {
+  } cases[] = {{0, {"1.000", "1.100", "1.200"}, "5023,3,0,0,   1.200,   1.000,   1.200,   1.100,   0.100\n"},
+               {0, {"1500.0", "1499.9"}, "5023,3,0,0,1499.900, 999.999,1500.000,1500.000,   0.100\n"},
+               {1, {"1000.5", "1100.4"}, "5023,3,0,0,    1100,    1001,    1100,    1001,     100\n"},
+               {3, {"12.3456", "12.5279"}, "5023,3,0,0, 12.5279, 12.3456, 12.5279, 12.3456,  0.0328\n"},
+               // a unit that files don't know: no pattern, the digit 0
+               {6, {"63360"}, "5010,0,0,0,0,0,0,0,0,1,0,0,0,0,0,1,0,0,0,0,0,\"SI\",\"\"\n"}};
+  for (const auto& [unit, stations, record] : cases) {
     Job job;
     job.state.units.FileStationUnit = unit;
     ASSERT_TRUE(job.Create("UNITS"));
     for (const std::string& station : stations)
       job.Step(station);
-    const std::string text = job.Comma();
-    const std::size_t at = text.find("5023");
-    ASSERT_NE(at, std::string::npos);
-    if (unit <= 5)
-      EXPECT_EQ(text.substr(at, text.find('\n', at) + 1 - at), record);
-    else // a unit that files don't know: no pattern, the digit 0
-      EXPECT_NE(text.find("5010,0,0,0,0,0,0,0,0,1,0,0,0,0,0,1,0,0,0,0,0,\"SI\",\"\"\n"), std::string::npos);
+    EXPECT_EQ(LineWith(job.Comma(), std::string(record, 5)), record);
   }
 }
 
 TEST(CommaFile, JoinsSessionsOrKeepsThemApart) {
   Job job;
-  job.Offer(5, "Crack", "C", 1);
-  ASSERT_TRUE(job.Create("JOB"));
+  job.Begin();
   const auto a = job.Step("1.000"), b = job.Step("1.100");
   job.Value(a, b, 5, "1");
   for (int more = 0; more < 2; ++more) {
@@ -237,8 +222,7 @@ TEST(CommaFile, JoinsSessionsOrKeepsThemApart) {
 
 TEST(CommaFile, TellsEachPercentOnceAndLeavesTheRunsStations) {
   Job job;
-  ASSERT_TRUE(job.Create("LONG"));
-  job.Offer(5, "Crack", "C", 1);
+  job.Begin();
   std::int32_t before = job.Step("0.000");
   for (int i = 1; i <= 400; ++i) {
     const std::int32_t here = job.Step(std::to_string(i) + ".000");
@@ -248,9 +232,9 @@ TEST(CommaFile, TellsEachPercentOnceAndLeavesTheRunsStations) {
   std::vector<int> percents;
   job.comma.AsciiFileProgress = [&percents](int p) { percents.push_back(p); };
   job.Comma();
-  ASSERT_EQ(percents.size(), 100U);
-  for (int i = 0; i < 100; ++i)
-    EXPECT_EQ(percents[static_cast<std::size_t>(i)], i);
+  std::vector<int> all(100);
+  std::iota(all.begin(), all.end(), 0);
+  EXPECT_EQ(percents, all);
   EXPECT_DOUBLE_EQ(job.state.position.KeyStation.Default(), 400);
   EXPECT_DOUBLE_EQ(job.state.position.PreviousStation.Default(), 399);
 }
@@ -289,5 +273,4 @@ TEST(CommaFile, SaysWhenItsObservationsCannotBeRead) {
   EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unreadable);
 }
 
-} // namespace
 } // namespace trekor::tests

@@ -2,7 +2,6 @@
 
 #include "datafiles/ExportSessions.h"
 #include "state/Version.h"
-#include "support/Databases.h"
 
 namespace trekor::tests {
 namespace {
@@ -50,6 +49,11 @@ bool Job::Create(const std::string& name) {
   return files.CreateDataFile(setup);
 }
 
+void Job::Begin(const std::string& name) {
+  Offer(5, "Crack", "C", 1);
+  EXPECT_TRUE(Create(name));
+}
+
 void Job::Fix(double latitude, double longitude, double height, int status, int satellites) {
   next.Latitude = latitude;
   next.Longitude = longitude;
@@ -86,21 +90,14 @@ std::string Job::Records(const std::string& text) {
   return at == std::string::npos ? "no head" : text.substr(at + lastOfHead.size());
 }
 
-std::vector<std::string> Job::AskRows(const std::string& query) {
-  std::vector<std::string> rows;
-  const auto answer = files.database ? files.database->OpenQuery(query) : nullptr;
-  for (; answer && !answer->Eof(); answer->MoveNext()) {
-    std::string row;
-    for (int i = 0; i < answer->FieldCount(); ++i)
-      row += (i > 0 ? "|" : "") + answer->Get(i).Text();
-    rows.push_back(row);
-  }
-  return rows;
+std::string Job::Ask(const std::string& query) {
+  std::string rows = files.database ? RowsOf(*files.database, query) : "no file open\n";
+  return rows.substr(0, rows.size() - 1);
 }
 
-std::string Job::Ask(const std::string& query) {
-  const auto rows = AskRows(query);
-  return rows.empty() ? "no row" : rows[0];
+std::string LineWith(const std::string& text, const std::string& what) {
+  const std::size_t at = text.find(what), begin = text.rfind('\n', at) + 1;
+  return at == std::string::npos ? "no " + what : text.substr(begin, text.find('\n', at) + 1 - begin);
 }
 
 } // namespace trekor::tests

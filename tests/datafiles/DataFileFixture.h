@@ -5,12 +5,10 @@
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
 #include "setup/TestSetup.h"
-#include "store/Cursor.h"
-#include "support/FakePlatform.h"
+#include "support/Databases.h"
 
 #include <gtest/gtest.h>
 
-#include <string>
 #include <vector>
 
 namespace trekor::tests {
@@ -28,6 +26,8 @@ struct Job {
 
   ClassObservation& Offer(int code, const std::string& name, const std::string& abbreviation, int mode, double max = 3);
   bool Create(const std::string& name);
+  // Offers the observation 5 and creates the file.
+  void Begin(const std::string& name = "JOB");
   std::int32_t Step(const std::string& station) { return Stand(station, 0); }
   std::int32_t Event(const std::string& station) { return Stand(station, 1); }
   void Value(std::int32_t from, std::int32_t to, int code, const std::string& text, int parCode = 0);
@@ -39,9 +39,8 @@ struct Job {
   std::string Comma() { return Comma(state.file.SessionID); }
   // What stands behind the head.
   static std::string Records(const std::string& commaFile);
-  // One value out of the open file.
+  // Rows out of the open file, a line each, fields joined by "|".
   std::string Ask(const std::string& query);
-  std::vector<std::string> AskRows(const std::string& query); // fields joined by "|"
   std::string DataFile(const std::string& name) { return "D:\\Data\\" + name + ".mdb"; }
 
 private:
@@ -49,6 +48,8 @@ private:
   NewStation next;
 };
 
+// The first line of a text that holds something.
+std::string LineWith(const std::string& text, const std::string& what);
 // An expected file of this folder, with the program's version filled in.
 std::string Expected(const std::string& name);
 // Makes a database with the layout of a released template at a path of the program.

@@ -1,11 +1,14 @@
 #include "datafiles/DataFileFixture.h"
 
-#include <csignal>
-#include <sys/wait.h>
-#include <unistd.h>
+#include "support/Child.h"
 
 namespace trekor::tests {
-namespace {
+
+// A session or a row that the disk has no room for; here the database itself refuses it.
+void Refuse(Database& database, const std::string& table) {
+  ASSERT_TRUE(
+      database.Execute("CREATE TRIGGER full BEFORE INSERT ON " + table + " BEGIN SELECT RAISE(ROLLBACK, 'full'); END"));
+}
 
 TEST(DataFiles, StartsASessionWithTheObservationsOfTheSetup) {
   Job job;
@@ -34,12 +37,11 @@ TEST(DataFiles, StartsASessionWithTheObservationsOfTheSetup) {
             "1|ABCD|1.2.3456|" + std::string(32, 'o') +
                 "|7707-104|Summer|Metric|2024-05-06 07:08:09|Ring Road||2|Motorway|4|||0|||||" + std::string(49, 'x') +
                 "\xC3\xA9||999999.999|-999999.999|1|0.1");
-  EXPECT_EQ(job.AskRows("SELECT ObsParID, SessionID, ObsCode, ObsName, ObsAbrv, ParCode, ParName, ParAbrv, DataType,"
-                        " TextUtil, Min, Max, RegModeCode FROM Observations"),
-            (std::vector<std::string>{"1|1|17|Rutting|RUT|0| | |1|depth in mm|0|3|2",
-                                      "2|1|21|Potholes|PTH|0| | |1| |0|1|0"}));
-  EXPECT_EQ(job.Ask("SELECT substr(ObsIcon, 1, 15) FROM Observations"),
-            job.Ask("SELECT CAST('PICTURE RUT.PNG' AS BLOB)"));
+  EXPECT_EQ(job.Ask("SELECT ObsParID, SessionID, ObsCode, ObsName, ObsAbrv, ParCode, ParName, ParAbrv, DataType,"
+                    " TextUtil, Min, Max, RegModeCode FROM Observations"),
+            "1|1|17|Rutting|RUT|0| | |1|depth in mm|0|3|2\n2|1|21|Potholes|PTH|0| | |1| |0|1|0");
+  EXPECT_EQ(job.Ask("SELECT CAST(substr(ObsIcon, 1, 15) AS TEXT) FROM Observations"),
+            "PICTURE RUT.PNG\nPICTURE RUT.PNG");
 }
 
 TEST(DataFiles, StoresStationsInFileUnitsAndTheLimitsAtTheEndOfARun) {
@@ -53,16 +55,15 @@ TEST(DataFiles, StoresStationsInFileUnitsAndTheLimitsAtTheEndOfARun) {
   EXPECT_EQ(job.Step("99999999.9"), 3); // beyond the road network: the nearest limit
   EXPECT_EQ(job.state.file.StationID, 3);
   job.Value(1, 3, 17, "2", 5);
-  EXPECT_EQ(job.AskRows("SELECT * FROM Stations"),
-            (std::vector<std::string>{
-                "1|1|1500|1|-1|0||1234567890123456|2024-05-06 07:08:10|4|70810|55.5|-12.25|1.5|11",
-                "2|1|900.5|1|-1|1||1234567890123456|2024-05-06 07:08:11|4|70811|55.5|-12.25|1.5|11",
-                "3|1|10000000|1|-1|0||1234567890123456|2024-05-06 07:08:12|4|70812|55.5|-12.25|1.5|11"}));
+  EXPECT_EQ(job.Ask("SELECT * FROM Stations"),
+            "1|1|1500|1|-1|0||1234567890123456|2024-05-06 07:08:10|4|70810|55.5|-12.25|1.5|11\n"
+            "2|1|900.5|1|-1|1||1234567890123456|2024-05-06 07:08:11|4|70811|55.5|-12.25|1.5|11\n"
+            "3|1|10000000|1|-1|0||1234567890123456|2024-05-06 07:08:12|4|70812|55.5|-12.25|1.5|11");
   EXPECT_EQ(job.Ask("SELECT * FROM Registrations"), "1|1|3|17|5|2");
   job.state.facility.SectionName = "South"; // what is current at the end of the run is what the session keeps
   job.files.EditSession();
-  EXPECT_EQ(job.AskRows("SELECT SessionID, SectionName, StationMin, StationMax, Date FROM Sessions"),
-            std::vector<std::string>{"1|South|900.5|10000000|2024-05-06 07:08:12"});
+  EXPECT_EQ(job.Ask("SELECT SessionID, SectionName, StationMin, StationMax, Date FROM Sessions"),
+            "1|South|900.5|10000000|2024-05-06 07:08:12");
 }
 
 TEST(DataFiles, KeepsTheDirectionOfTheSectionThatWasReadLast) {
@@ -145,13 +146,11 @@ TEST(DataFiles, AddsASessionEachTimeAFileIsOpenedForMoreCollection) {
     EXPECT_EQ(job.state.file.DataFilePath, "D:\\Data\\ROAD01.mdb");
     EXPECT_DOUBLE_EQ(job.state.position.StationMinimum.Default(), 999999.999);
   }
-  EXPECT_EQ(job.AskRows("SELECT SessionID, ObsName FROM Observations"),
-            (std::vector<std::string>{"1|Rutting", "2|Rutting", "3|Rutting"}));
+  EXPECT_EQ(job.Ask("SELECT SessionID, ObsName FROM Observations"), "1|Rutting\n2|Rutting\n3|Rutting");
   EXPECT_EQ(job.Ask("SELECT max(SessionID), count(*) FROM Sessions"), "3|3");
   EXPECT_EQ(job.state.file.SessionID, 3);
   EXPECT_EQ(job.Step("2.000"), 2);
-  ASSERT_TRUE(job.files.database->Execute("CREATE TRIGGER full BEFORE INSERT ON Sessions "
-                                          "BEGIN SELECT RAISE(ROLLBACK, 'disk full'); END"));
+  Refuse(*job.files.database, "Sessions");
   job.files.CloseDataFile();
   EXPECT_FALSE(job.files.ReopenDataFile(job.setup)) << "its rows would be those of another session";
   EXPECT_FALSE(job.state.run.DataFileOpen || job.files.database);
@@ -167,61 +166,48 @@ void StoreRow(Job& job, int row) {
 }
 
 TEST(DataFiles, HoldsEveryStoredRowAndNoHalfRowWhenTheProgramIsKilled) {
-  for (const int rowsBefore : {1, 7, 300}) {
+  for (const auto& [rowsBefore, mode] : {std::pair(1, OpenMode::ReadOnly),
+                                         {30, OpenMode::Shared},
+                                         {30, OpenMode::Exclusive},
+                                         {300, OpenMode::ExclusiveDurable}}) {
     Job job;
-    int told[2];
-    ASSERT_EQ(pipe(told), 0);
-    const pid_t child = fork();
-    if (child == 0) {
+    Child child([&](Child& me) {
       const bool open = job.Create("KILLED");
       for (int row = 0; open; ++row) {
         StoreRow(job, row);
-        if (write(told[1], "r", 1) != 1)
-          break;
+        me.Sign();
       }
-      _exit(1);
-    }
-    close(told[1]);
+    });
     int stored = 0;
-    for (char byte = 0; stored < rowsBefore && read(told[0], &byte, 1) == 1;)
+    while (stored < rowsBefore && child.Signed())
       ++stored;
-    kill(child, SIGKILL);
-    for (char byte = 0; read(told[0], &byte, 1) == 1;)
+    child.Kill();
+    while (child.Signed())
       ++stored; // told while the signal was under way
-    close(told[0]);
-    waitpid(child, nullptr, 0);
-
+    ASSERT_TRUE(job.machine.drives.FileExists(job.DataFile("KILLED") + "-wal"));
     job.state.file.DataFilePath = job.DataFile("KILLED");
-    ASSERT_TRUE(job.files.OpenDataFile());
+    ASSERT_TRUE(job.files.OpenDataFile(mode));
     EXPECT_EQ(job.Ask("PRAGMA integrity_check"), "ok");
     const int stations = std::stoi(job.Ask("SELECT count(*) FROM Stations"));
     EXPECT_GE(stations, stored);
     EXPECT_EQ(std::stoi(job.Ask("SELECT count(*) FROM Registrations")), 20 * stations);
     EXPECT_EQ(job.Ask("SELECT count(*) FROM Sessions"), "1");
+    job.files.CloseDataFile();
+    EXPECT_EQ(job.machine.drives.Files("D:\\Data", "*.*"), std::vector<std::string>{"KILLED.mdb"}) << "one plain file";
   }
 }
 
 TEST(DataFiles, LeavesNoLogOfAKilledProgramUnderANewFile) {
   Job job;
-  if (const pid_t child = fork(); child == 0) {
+  Child([&](Child&) {
     job.Create("ROAD01");
     StoreRow(job, 1);
-    kill(getpid(), SIGKILL);
-  } else {
-    waitpid(child, nullptr, 0);
-  }
+    raise(SIGKILL);
+  }).Wait();
   ASSERT_TRUE(job.machine.drives.FileExists(job.DataFile("ROAD01") + "-wal"));
   ASSERT_TRUE(job.Create("ROAD01"));
   EXPECT_EQ(job.Ask("SELECT count(*) FROM Stations"), "0");
   EXPECT_EQ(job.Ask("PRAGMA integrity_check"), "ok");
-  job.files.CloseDataFile();
-  EXPECT_EQ(job.machine.drives.Files("D:\\Data", "*.*"), std::vector<std::string>{"ROAD01.mdb"}) << "one plain file";
-}
-
-// A session or a row that the disk has no room for; here the database itself refuses it.
-void Refuse(Database& database, const std::string& table) {
-  ASSERT_TRUE(
-      database.Execute("CREATE TRIGGER full BEFORE INSERT ON " + table + " BEGIN SELECT RAISE(ROLLBACK, 'full'); END"));
 }
 
 TEST(DataFiles, WhatCannotBeStoredLeavesTheNumbersOfTheOpenFile) {
@@ -257,5 +243,4 @@ TEST(DataFiles, GoesOnWithoutAFile) {
   EXPECT_FALSE(job.comma.WriteCommaFile(0, true, 1));
 }
 
-} // namespace
 } // namespace trekor::tests

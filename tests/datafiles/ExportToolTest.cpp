@@ -2,27 +2,22 @@
 #include "Exporter.h"
 #include "datafiles/DataFileFixture.h"
 
-#include <algorithm>
 #include <chrono>
 #include <csignal>
-#include <filesystem>
-#include <functional>
-#include <map>
+
 #include <sys/resource.h>
 
 namespace trekor::tests {
-namespace {
 
 namespace fs = std::filesystem;
 
 // Two closed data files of one stretch each, A with two sessions, beside some files that are none.
 struct Office {
   Office() {
-    job.Offer(5, "Crack", "C", 1);
-    for (const char* name : {"A", "B"}) {
-      EXPECT_TRUE(job.Create(name));
-      AddStretch();
-    }
+    job.Begin("B");
+    AddStretch();
+    EXPECT_TRUE(job.Create("A"));
+    AddStretch();
     job.files.CloseDataFile();
     job.state.file.DataFilePath = job.DataFile("A");
     EXPECT_TRUE(job.files.OpenDataFile());
@@ -30,9 +25,10 @@ struct Office {
     job.files.AddObservation(job.setup.Observations(1));
     AddStretch();
     job.files.CloseDataFile();
-    job.machine.drives.Write(job.DataFile("TEXT"), "no data file");
-    const std::string whole = job.machine.drives.Read(job.DataFile("A"));
-    job.machine.drives.Write(job.DataFile("CUT"), whole.substr(0, whole.size() / 2));
+    Write("TEXT.mdb", "no data file");
+    Write("EMPTY.mdb", "");
+    const std::string whole = Read("A.mdb");
+    Write("CUT.mdb", whole.substr(0, whole.size() / 2));
     MakeTemplate(job.machine.drives, "Software", job.DataFile("FOREIGN"));
   }
   void AddStretch() {
@@ -40,7 +36,8 @@ struct Office {
     job.Value(from, to, 5, "4");
   }
   std::string Native(const std::string& name) { return job.machine.drives.NativePath("D:\\Data\\" + name); }
-  std::string Read(const std::string& name) { return job.machine.drives.Read("D:\\Data\\" + name); }
+  std::string Read(const std::string& name) { return BytesOf(Native(name)); }
+  void Write(const std::string& name, const std::string& bytes) { WriteBytes(Native(name), bytes); }
   Exit Export(const std::vector<std::string>& names) {
     Exporter exporter(wishes);
     Exit worst = Exit::Done;
@@ -58,35 +55,14 @@ struct Office {
   }
   // A damaged page in the middle of a file that is otherwise whole: its registrations begin there.
   void MakeHole() {
-    std::string bytes = Read("A.mdb");
-    const std::size_t page = 4096 * (std::stoul(RootPage("Registrations")) - 1);
-    bytes.replace(page, 4096, std::string(4096, '\xA5'));
-    job.machine.drives.Write(job.DataFile("HOLE"), bytes);
-  }
-  std::string RootPage(const std::string& table) {
     const auto database = Database::Open(Native("A.mdb"), OpenMode::ReadOnly);
-    return database->OpenQuery("SELECT rootpage FROM sqlite_master WHERE name='" + table + "'")->Get(0).Text();
+    const std::string page = RowsOf(*database, "SELECT rootpage FROM sqlite_master WHERE name='Registrations'");
+    Write("HOLE.mdb", Read("A.mdb").replace(4096 * (std::stoul(page) - 1), 4096, 4096, '\xA5'));
   }
   Job job;
   Arguments wishes;
   std::string written, told;
   rlim_t fileLimit = RLIM_INFINITY; // bytes that a file may hold: beyond it writing fails as on a full disk
-};
-
-class FileLimit {
-public:
-  explicit FileLimit(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before);
-    const rlimit limit{bytes, before.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FileLimit() { setrlimit(RLIMIT_FSIZE, &before); }
-  FileLimit(const FileLimit&) = delete;
-  FileLimit& operator=(const FileLimit&) = delete;
-
-private:
-  rlimit before{};
 };
 
 TEST(ExportTool, WritesOneFileBesideEachDataFileAndChangesNothingElse) {
@@ -103,14 +79,12 @@ TEST(ExportTool, WritesOneFileBesideEachDataFileAndChangesNothingElse) {
 // A killed export leaves its work folder; one that is at work there now keeps its own.
 TEST(ExportTool, ClearsWhatAKilledExportHasLeft) {
   Office office;
-  for (const char* name : {".trekor-export-1", ".trekor-export-2"}) {
-    fs::create_directory(office.Native(name));
-    office.job.machine.drives.Write("D:\\Data\\" + std::string(name) + "\\A.TKR", "half");
-  }
+  for (const char* name : {".trekor-export-1/A.TKR", ".trekor-export-2/A.TKR"})
+    office.Write(name, "half");
   fs::last_write_time(office.Native(".trekor-export-1"), fs::file_time_type::clock::now() - std::chrono::hours(25));
   EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
   EXPECT_FALSE(office.Folder().contains(".trekor-export-1"));
-  EXPECT_EQ(office.Read(".trekor-export-2\\A.TKR"), "half");
+  EXPECT_EQ(office.Read(".trekor-export-2/A.TKR"), "half");
 }
 
 TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {
@@ -118,12 +92,11 @@ TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {
   ASSERT_TRUE(ReadArguments({"--keep", "--units=us", "--station-unit", "4", "--operator", "Office", "--setup", "Summer",
                              "--out", office.Native("OUT"), "x.mdb"},
                             office.wishes, office.told));
-  fs::create_directory(office.Native("OUT"));
-  office.job.machine.drives.Write("D:\\Data\\OUT\\A-02.TKR", "older");
+  office.Write("OUT/A-02.TKR", "older");
   EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
   EXPECT_EQ(office.job.machine.drives.Files("D:\\Data\\OUT", "*.*"),
             (std::vector<std::string>{"A-01.TKR", "A-02.TKR"}));
-  const std::string text = office.Read("OUT\\A-02.TKR");
+  const std::string text = office.Read("OUT/A-02.TKR");
   EXPECT_NE(text.find("5002,\"TREKOR  \",\"Summer  \",\"STANDARD\"\r\n5003,\"Office  \"\r\n5010,1,0,1,0,1,1,0,5,"),
             std::string::npos);
   EXPECT_NE(office.told.find("stored in km and written as feet"), std::string::npos);
@@ -141,12 +114,11 @@ TEST(ExportTool, GoesOnBehindFilesThatCannotBeReadAndSaysWhatTheyAre) {
         Case{"HOLE.mdb", "damaged", Exit::Damaged}, Case{"OPEN.mdb", "in use", Exit::NotOpened},
         Case{"LOG.mdb", "in use", Exit::NotOpened}}) {
     Office office;
-    office.job.machine.drives.Write(office.job.DataFile("EMPTY"), "");
     office.MakeHole();
     EXPECT_TRUE(office.job.Create("OPEN"));
     // Another program's, which rests and writes beside the file: what is copied while it folds its log is neither old
     // nor new.
-    office.job.machine.drives.Write(office.job.DataFile("LOG"), office.Read("A.mdb"));
+    office.Write("LOG.mdb", office.Read("A.mdb"));
     const auto open = Database::Open(office.Native("LOG.mdb"), OpenMode::Shared);
     EXPECT_TRUE(open->Execute("PRAGMA journal_mode=WAL; CREATE TABLE More(ID)"));
     auto before = office.Folder();
@@ -164,12 +136,10 @@ TEST(ExportTool, NeverWritesOverADataFile) {
   for (const int way : {0, 1, 2, 3}) {
     Office office;
     const fs::path mdb = office.Native("A.mdb"), comma = office.Native("A.TKR");
-    if (way == 0)
-      fs::create_symlink(mdb, comma);
-    else if (way == 1)
-      fs::create_hard_link(office.Native("B.mdb"), comma);
+    if (way < 2)
+      fs::create_symlink(office.Native(way == 0 ? "A.mdb" : "B.mdb"), comma);
     else if (way == 2)
-      fs::create_symlink(office.Native("B.mdb"), comma);
+      fs::create_hard_link(office.Native("B.mdb"), comma);
     else {
       fs::rename(mdb, comma);
       fs::create_symlink(comma, mdb);
@@ -186,10 +156,9 @@ TEST(ExportTool, ReadsALeftLogWithoutTouchingTheDataFileOrItsFolder) {
   Office office;
   EXPECT_TRUE(office.job.Create("LIVE"));
   office.AddStretch();
-  for (const char* name : {"KILLED.mdb", "KILLED.mdb-wal", "ALONE.mdb"})
-    office.job.machine.drives.Write(
-        "D:\\Data\\" + std::string(name),
-        office.Read("LIVE.mdb" + std::string(name).substr(std::string(name).find(".mdb") + 4)));
+  office.Write("KILLED.mdb", office.Read("LIVE.mdb"));
+  office.Write("ALONE.mdb", office.Read("LIVE.mdb"));
+  office.Write("KILLED.mdb-wal", office.Read("LIVE.mdb-wal"));
   office.job.files.CloseDataFile();
   auto before = office.Folder();
   ASSERT_NE(before["KILLED.mdb-wal"], "");
@@ -213,7 +182,7 @@ TEST(ExportTool, LeavesNoHalfFileAndSaysWhatStandsInTheWay) {
             [](Office& o) { fs::create_symlink("/dev/full", o.Native("A-02.TKR")); }},
            {"may not be replaced", Exit::Refused,
             [](Office& o) {
-              o.job.machine.drives.Write("D:\\Data\\A-02.TKR", "kept");
+              o.Write("A-02.TKR", "kept");
               fs::permissions(o.Native("A-02.TKR"), fs::perms::owner_read);
             }},
            {"no such folder", Exit::Refused, [](Office& o) { o.wishes.out = o.Native("NONE"); }},
@@ -221,52 +190,50 @@ TEST(ExportTool, LeavesNoHalfFileAndSaysWhatStandsInTheWay) {
        }) {
     Office office;
     office.wishes.join = false;
-    office.job.machine.drives.Write("D:\\Data\\A-01.TKR", "older");
+    office.Write("A-01.TKR", "older");
     c.arrange(office);
     const auto before = office.Folder();
-    {
-      const FileLimit limit(office.fileLimit);
-      EXPECT_EQ(office.Export({"A.mdb"}), c.code);
-    }
+    rlimit rest{};
+    getrlimit(RLIMIT_FSIZE, &rest);
+    const rlimit limit{office.fileLimit, rest.rlim_max};
+    std::signal(SIGXFSZ, SIG_IGN);
+    setrlimit(RLIMIT_FSIZE, &limit);
+    EXPECT_EQ(office.Export({"A.mdb"}), c.code);
+    setrlimit(RLIMIT_FSIZE, &rest);
     EXPECT_NE(office.told.find(c.words), std::string::npos) << office.told;
     EXPECT_EQ(office.written, "");
     EXPECT_TRUE(office.Folder() == before) << c.words;
   }
 }
 
-TEST(ExportTool, RefusesTwoFilesThatWouldBecomeOne) {
-  for (const std::vector<std::string>& words : {std::vector<std::string>{"--out", "x", "a/R.mdb", "b/r.MDB"},
-                                                {"a/R.mdb", "./a/b/../R.mdb"},
-                                                {"R.mdb", "--keep", "R .mdb"}}) {
-    Arguments wishes;
-    std::string error;
-    EXPECT_FALSE(ReadArguments(words, wishes, error));
+TEST(ExportTool, RefusesWordsThatItDoesNotKnowAndTwoFilesThatWouldBecomeOne) {
+  using Words = std::vector<std::string>;
+  Arguments wishes;
+  std::string error;
+  const auto read = [&](const Words& words) {
+    wishes = {};
+    error.clear();
+    const bool good = ReadArguments(words, wishes, error);
+    EXPECT_EQ(good, error.empty()) << testing::PrintToString(words) << error;
+    return good;
+  };
+  for (const Words& words : {Words{},
+                             {"--station-unit", "6", "a.mdb"},
+                             {"--station-unit"},
+                             {"--units", "EU", "a.mdb"},
+                             {"--joined", "a.mdb"},
+                             {"--out"},
+                             {"--keep"}})
+    EXPECT_FALSE(read(words)) << testing::PrintToString(words);
+  for (const Words& words :
+       {Words{"--out", "x", "a/R.mdb", "b/r.MDB"}, {"a/R.mdb", "./a/b/../R.mdb"}, {"R.mdb", "--keep", "R .mdb"}}) {
+    EXPECT_FALSE(read(words));
     EXPECT_EQ(error, wishes.files[0] + " and " + wishes.files[1] + " would become one comma file");
   }
-  Arguments wishes;
-  std::string error;
-  EXPECT_TRUE(ReadArguments({"a/R.mdb", "b/R.mdb"}, wishes, error)) << error;
-}
-
-TEST(ExportTool, RefusesWordsThatItDoesNotKnow) {
-  for (const std::vector<std::string>& words : {std::vector<std::string>{},
-                                                {"--station-unit", "6", "a.mdb"},
-                                                {"--station-unit"},
-                                                {"--units", "EU", "a.mdb"},
-                                                {"--joined", "a.mdb"},
-                                                {"--out"},
-                                                {"--keep"}}) {
-    Arguments wishes;
-    std::string error;
-    EXPECT_FALSE(ReadArguments(words, wishes, error));
-    EXPECT_NE(error, "");
-  }
-  Arguments wishes;
-  std::string error;
-  EXPECT_TRUE(ReadArguments({"--keep", "a.mdb", "--join", "--", "--b.mdb"}, wishes, error)) << error;
+  EXPECT_TRUE(read({"a/R.mdb", "b/R.mdb"}));
+  EXPECT_TRUE(read({"--keep", "a.mdb", "--join", "--", "--b.mdb"}));
   EXPECT_TRUE(wishes.join) << "the last word counts";
-  EXPECT_EQ(wishes.files, (std::vector<std::string>{"a.mdb", "--b.mdb"}));
+  EXPECT_EQ(wishes.files, (Words{"a.mdb", "--b.mdb"}));
 }
 
-} // namespace
 } // namespace trekor::tests

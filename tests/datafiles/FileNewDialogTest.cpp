@@ -4,15 +4,12 @@
 #include "datafiles/DataFileFixture.h"
 
 #include <algorithm>
-#include <functional>
 
 namespace trekor::tests {
-namespace {
 
 // The new-file form over a data drive D with folder Data and a spare drive E, with a user who acts on it.
 struct Dialog {
   Dialog() {
-    drives.MakeFolders("C:\\Trekor");
     drives.MakeFolders("D:\\Data");
     drives.MakeFolders("E:\\Data");
     drives.currentFolder = "D:\\Data";
@@ -36,8 +33,11 @@ struct Dialog {
     if (dialog.ShowDialog())
       dialog.Take_Over();
   }
-  int Messages() {
-    return static_cast<int>(std::count(machine.shell.acts.begin(), machine.shell.acts.end(), "Modal Message"));
+  auto Messages() { return std::count(machine.shell.acts.begin(), machine.shell.acts.end(), "Modal Message"); }
+  // The file of that name is asked for.
+  void Accept(const std::string& name) {
+    form.Texts2.Type(name);
+    form.CmdOK.Click();
   }
 };
 
@@ -54,9 +54,7 @@ TEST(FileNewDialog2, HandsOverNameFolderBackupAndRoad) {
     d.form.Texts2.Type("  ROAD01 ");
     EXPECT_TRUE(d.form.OnKeyDown(13, 0));
   });
-  EXPECT_EQ(d.state.file.DataName, "ROAD01");
-  EXPECT_EQ(d.state.file.DataPath, "D:\\Data");
-  EXPECT_EQ(d.state.file.BackupPath, "E:\\Data");
+  EXPECT_EQ(d.state.file.DataName + d.state.file.DataPath + d.state.file.BackupPath, "ROAD01D:\\DataE:\\Data");
   EXPECT_EQ(d.state.facility.SectionStart, "Bridge");
   EXPECT_EQ(d.machine.socket.TakeLines(), (std::vector<std::string>{"FACILITY NAME Ring Road", "SECTION NAME North",
                                                                     "SECTION START Bridge", "SECTION END Exit 12"}));
@@ -77,13 +75,10 @@ TEST(FileNewDialog2, MakesItsFileWithoutACopyWhenThereIsNoOtherDriveOrNoneIsWant
       else
         d.form.cboBackup.Select(0);
       EXPECT_EQ(d.form.cboBackup.Text(), "No Backup");
-      d.form.Texts2.Type("ROAD01");
-      d.form.CmdOK.Click();
+      d.Accept("ROAD01");
       EXPECT_FALSE(d.form.Shown);
     });
-    EXPECT_EQ(d.state.file.DataName, "ROAD01");
-    EXPECT_EQ(d.state.file.DataPath, "C:\\Data");
-    EXPECT_EQ(d.state.file.BackupPath, "");
+    EXPECT_EQ(d.state.file.DataName + d.state.file.DataPath + d.state.file.BackupPath, "ROAD01C:\\Data");
     d.Ask([&] { EXPECT_EQ(d.form.cboBackup.Text(), "No Backup") << "the choice stays for the next file"; });
   }
 }
@@ -96,8 +91,7 @@ TEST(FileNewDialog2, ForgetsTheNameWhenTheUserCancels) {
       d.form.Texts2.Type(key == 13 ? "   " : "NEW");
       d.form.OnKeyDown(key, 0);
     });
-    EXPECT_EQ(d.state.file.DataName, "") << key;
-    EXPECT_EQ(d.state.file.DataPath, "") << key;
+    EXPECT_EQ(d.state.file.DataName + d.state.file.DataPath, "") << key;
   }
 }
 
@@ -105,20 +99,14 @@ TEST(FileNewDialog2, RefusesANameThatExistsOnEitherDrive) {
   for (const char* existing : {"D:\\Data\\road01.mdb", "E:\\Data\\Road01.MDB"}) {
     Dialog d;
     d.drives.Write(existing, "x");
-    d.Ask([&d] {
-      d.form.Texts2.Type("ROAD01");
-      d.form.CmdOK.Click();
-    });
+    d.Ask([&d] { d.Accept("ROAD01"); });
     EXPECT_EQ(d.Messages(), 1) << existing;
-    EXPECT_EQ(d.state.file.DataName, "") << existing;
-    EXPECT_EQ(d.state.file.BackupPath, "") << existing;
+    EXPECT_EQ(d.state.file.DataName + d.state.file.BackupPath, "") << existing;
     d.Ask([&d] {
-      d.form.Texts2.Type("ROAD01");
-      d.form.CmdOK.Click();
+      d.Accept("ROAD01");
       EXPECT_TRUE(d.form.Shown);
       EXPECT_EQ(d.form.Texts2.Text(), "ROAD01");
-      d.form.Texts2.Type("ROAD02");
-      d.form.CmdOK.Click();
+      d.Accept("ROAD02");
     });
     EXPECT_EQ(d.state.file.DataName, "ROAD02") << existing;
   }
@@ -127,17 +115,13 @@ TEST(FileNewDialog2, RefusesANameThatExistsOnEitherDrive) {
 TEST(FileNewDialog2, MakesOneLevelOfTheBackupFolderAndSaysWhenItCannot) {
   Dialog d;
   d.drives.MakeFolders("D:\\Data\\Deep\\Deeper");
-  const auto accept = [&d] {
-    d.form.Texts2.Type("ROAD01");
-    d.form.CmdOK.Click();
-  };
   d.drives.currentFolder = "D:\\Data\\Deep\\Deeper";
-  d.Ask(accept);
+  d.Ask([&d] { d.Accept("ROAD01"); });
   EXPECT_EQ(d.machine.shell.boxes, std::vector<std::string>{"Could not create Backup folder: E:\\Data\\Deep\\Deeper"});
   EXPECT_EQ(d.state.file.DataName, "");
-  d.Ask([&] {
+  d.Ask([&d] {
     d.form.DirectorySelect.DblClick(0); // up to Deep
-    accept();
+    d.Accept("ROAD01");
   });
   EXPECT_EQ(d.state.file.BackupPath, "E:\\Data\\Deep");
   EXPECT_TRUE(d.drives.FolderExists("E:\\Data\\Deep"));
@@ -208,5 +192,4 @@ TEST(BackupDrives, OffersTheDrivesThatMayHoldCopies) {
   EXPECT_EQ(rows('K'), "C:D: D:") << "none behind: the last one before";
 }
 
-} // namespace
 } // namespace trekor::tests

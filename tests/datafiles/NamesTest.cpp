@@ -3,15 +3,10 @@
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-
 namespace trekor::tests {
-namespace {
 
 TEST(NextFreeName, CountsTheTrailingDigitsOn) {
   FakeDrives drives;
-  drives.MakeFolders("D:\\Roads.9\\A");
   for (const char* name : {"ROAD09", "ROAD10", "ROAD99", "ROAD", "ROAD1", "7", "A1.B"})
     drives.Write("D:\\Roads.9\\A\\" + std::string(name) + ".mdb", "x");
   drives.Write("D:\\Roads.9\\A\\PLAIN", "x");
@@ -34,8 +29,6 @@ using Names = std::vector<std::string>;
 
 TEST(CopyFiles, CopiesTheFilesOfOneNameAndTellsWhichStandWhole) {
   FakeDrives drives;
-  for (const char* folder : {"D:\\Data", "E:\\Data"})
-    drives.MakeFolders(folder);
   for (const char* name : {"JOB.TKR", "JOB.mdb", "job.txt", "JOB", "JOB-02.TKR", "JOBS.mdb"})
     drives.Write("D:\\Data\\" + std::string(name), name);
   drives.Write("E:\\Data\\JOB.mdb", "an older copy");
@@ -56,9 +49,8 @@ TEST(CopyFiles, CopiesTheFilesOfOneNameAndTellsWhichStandWhole) {
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "job.txt"}));
   drives.failing.pop_back();
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb", "JOB.mdb-wal", "job.txt"}));
-  std::ofstream(std::filesystem::path(drives.NativePath("D:\\Data")) / "job.MDB") << "a second job"; // one copy for two
+  WriteBytes(drives.NativePath("D:\\Data") + "/job.MDB", "a second job"); // one copy for two
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb-wal", "job.txt"}));
 }
 
-} // namespace
 } // namespace trekor::tests
