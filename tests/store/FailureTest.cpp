@@ -1,12 +1,7 @@
 // A read that fails is not an empty table, and a write that fails is not a row less in a whole transaction.
 #include "StoreFixture.h"
 
-#include <functional>
-#include <utility>
-
-namespace trekor {
-
-namespace {
+namespace trekor::tests {
 
 // Three thousand rows of some length, so that the table has pages of its own.
 constexpr char items[] = "CREATE TABLE Items(ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT(80));"
@@ -25,24 +20,19 @@ protected:
   }
   void Unlock() { other.reset(); }
   // Destroys the pages behind the first `whole` hundredths of the file.
-  void Damage(int whole) {
+  void Damage(std::size_t whole) {
     database.reset();
-    const auto size = static_cast<std::streamoff>(std::filesystem::file_size(path));
-    std::fstream file(path, std::ios::binary | std::ios::in | std::ios::out);
-    const std::streamoff begin = size * whole / 100 / 4096 * 4096;
-    file.seekp(begin);
-    file << std::string(static_cast<std::size_t>(size - begin), '\x7f');
-    file.close();
+    std::string bytes = BytesOf(path);
+    const std::size_t begin = bytes.size() * whole / 100 / 4096 * 4096;
+    WriteBytes(path, bytes.replace(begin, bytes.npos, bytes.size() - begin, '\x7f'));
     Reopen(OpenMode::Shared);
   }
   std::unique_ptr<Database> other;
 };
 
-} // namespace
-
 TEST_F(FailureTest, NothingIsReadUnderALockAndEachReaderSaysSo) {
   const auto query = database->OpenQuery("SELECT * FROM Setups");
-  const auto table = database->OpenTable("Setups"), keyed = database->OpenTable("Items");
+  const auto table = Table("Setups"), keyed = Table("Items");
   keyed->SetIndex("ID");
   EXPECT_FALSE(database->Failed());
   Lock();
@@ -74,10 +64,8 @@ TEST_F(FailureTest, ATableThatIsAskedForUnderALockIsThereAfterwards) {
 }
 
 TEST_F(FailureTest, ARowThatCannotBeReadAgainIsNotAnEmptyRow) {
-  const auto rows = database->OpenTable("Setups"), writer = database->OpenTable("Setups");
-  writer->AddNew();
-  writer->Set("Name", "three");
-  ASSERT_TRUE(writer->Update()); // so that the other one has to look again
+  const auto rows = Table("Setups");
+  ASSERT_TRUE(Add(*Table("Setups"), {{"Name", "three"}})); // so that the other one has to look again
   Lock();
   EXPECT_TRUE(rows->Get("Name").IsNull());
   EXPECT_TRUE(rows->Failed());
@@ -100,34 +88,19 @@ TEST_F(FailureTest, ADamagedPageEndsAWalkWithAFailure) {
 }
 
 TEST_F(FailureTest, ATransactionInWhichTheFileFailedIsTakenBackWhole) {
-  const auto rows = database->OpenTable("Items"), setups = database->OpenTable("Setups");
-  const auto add = [](Recordset& to, const std::string& name) {
-    return to.AddNew() && to.Set("Name", name) && to.Update();
-  };
+  const auto setups = Table("Setups");
   database->Execute("CREATE UNIQUE INDEX Setups_Name ON Setups(Name)");
-  const std::string pages = database->OpenQuery("PRAGMA page_count")->Get(0).Text();
-  database->Execute("PRAGMA max_page_count=" + pages);
-  ASSERT_TRUE(database->Begin() && add(*setups, "three"));
-  const std::string large(5000, 'x');
-  EXPECT_FALSE(database->Execute("INSERT INTO Items(Name) VALUES ('" + large + large + large + "')")) << "no room";
-  EXPECT_FALSE(add(*setups, "four"));
+  FillDisk();
+  ASSERT_TRUE(database->Begin() && Add(*setups, {{"Name", "three"}}));
+  EXPECT_FALSE(database->Execute("INSERT INTO Items(Name) VALUES ('" + std::string(15000, 'x') + "')")) << "no room";
+  EXPECT_FALSE(Add(*setups, {{"Name", "four"}}));
   EXPECT_FALSE(database->Commit());
   EXPECT_EQ(setups->RecordCount(), 2);
-  ASSERT_TRUE(database->Begin() && add(*setups, "three"));
-  EXPECT_FALSE(add(*setups, "two")) << "a row that is refused is no failure of the file";
+  ASSERT_TRUE(database->Begin() && Add(*setups, {{"Name", "three"}}));
+  EXPECT_FALSE(Add(*setups, {{"Name", "two"}})) << "a row that is refused is no failure of the file";
   setups->CancelUpdate();
   EXPECT_TRUE(database->Commit());
   EXPECT_EQ(setups->RecordCount(), 3);
 }
 
-TEST_F(FailureTest, AnAutomaticKeyCanBeAskedToReachANumber) {
-  Reopen(OpenMode::Exclusive);
-  const auto rows = database->OpenTable("Items");
-  ASSERT_TRUE(rows->AddNew(2000000000) && rows->Update());
-  rows->MoveLast();
-  EXPECT_EQ(rows->Get("ID"), FieldValue(2000000000));
-  rows->AddNew(5);
-  EXPECT_EQ(rows->Get("ID"), FieldValue(2000000001));
-}
-
-} // namespace trekor
+} // namespace trekor::tests

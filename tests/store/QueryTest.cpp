@@ -4,9 +4,7 @@
 #include "store/LikePattern.h"
 #include "support/Case.h"
 
-namespace trekor {
-
-namespace {
+namespace trekor::tests {
 
 constexpr char vocabulary[] =
     "CREATE TABLE Observations(ObsParID INTEGER PRIMARY KEY AUTOINCREMENT, LanguageID SMALLINT, ObsCode SMALLINT,"
@@ -37,8 +35,6 @@ constexpr char loadSetup[] =
     "SELECT * FROM Setups, Observations, ObsLinguistic WHERE Setups.SetupID=5 AND Setups.ObsParID = "
     "Observations.ObsParID AND Observations.LanguageID=ObsLinguistic.LanguageID AND "
     "Observations.ObsCode=ObsLinguistic.ObsCode AND NOT Observations.ObsCode=0 ORDER BY GridPosition";
-
-} // namespace
 
 TEST_F(QueryTest, AJoinGivesItsRowsInOrderTiesAsInserted) {
   const auto rows = database->OpenQuery(loadSetup);
@@ -73,17 +69,17 @@ TEST_F(QueryTest, NumbersWithLeadingBlanksAndOtherSpellings) {
   EXPECT_FALSE(database->OpenQuery("SELECT * FROM Nothing"));
   EXPECT_FALSE(database->OpenQuery("DELETE FROM Setups"));
   EXPECT_FALSE(database->OpenQuery(""));
-  EXPECT_EQ(WalkTable("Setups", "KeyCode").size(), 6U);
+  EXPECT_EQ(Table("Setups")->RecordCount(), 6);
 }
 
 TEST_F(QueryTest, LikeKeepsItsStar) {
   EXPECT_EQ(Result("SELECT * from Languages WHERE Language LIKE 'New Folder (*)'", "Language"),
             (Texts{"New Folder (2)", "new folder (10)"}));
-  for (const tests::Case c : {" -> ", "* -> ", "? -> æ", "a*b*c -> aXbbYc", "100% -> 100%", "# -> 7", "[a-c]1 -> B1",
-                              "[*] -> *", "[ -> [", "**a -> bca"})
+  for (const Case c : {" -> ", "* -> ", "? -> æ", "a*b*c -> aXbbYc", "100% -> 100%", "# -> 7", "[a-c]1 -> B1",
+                       "[*] -> *", "[ -> [", "**a -> bca"})
     EXPECT_TRUE(LikeMatches(c.given, c.wanted)) << c.line;
-  for (const tests::Case c : {"? -> ", "a*b*c -> aXbbY", "100% -> 1000", "_ -> a", "# -> x", "[!a-c]1 -> B1",
-                              "[*] -> x", "a -> ab", "*a*a*a*a*b -> aaaaaaaaaaaaaaaaaaaa"})
+  for (const Case c : {"? -> ", "a*b*c -> aXbbY", "100% -> 1000", "_ -> a", "# -> x", "[!a-c]1 -> B1", "[*] -> x",
+                       "a -> ab", "*a*a*a*a*b -> aaaaaaaaaaaaaaaaaaaa"})
     EXPECT_FALSE(LikeMatches(c.given, c.wanted)) << c.line;
 }
 
@@ -91,22 +87,20 @@ TEST_F(QueryTest, RowsOfAQueryAreEditedInTheirTable) {
   const auto rows = database->OpenQuery("SELECT * FROM Setups WHERE SetupID=5 ORDER BY GridPosition");
   int place = 10; // raising the very field that orders: each row is met once
   for (; !rows->Eof(); rows->MoveNext()) {
-    ASSERT_TRUE(rows->Edit() && rows->Set("GridPosition", place++) && rows->Update());
+    ASSERT_TRUE(Edit(*rows, {{"GridPosition", place++}}));
     EXPECT_EQ(rows->Get("GridPosition"), FieldValue(place - 1));
   }
   EXPECT_EQ(Result("SELECT * FROM Setups WHERE SetupID=5 ORDER BY GridPosition", "ObsParID"),
             (Texts{"2", "4", "1", "3", "99"}));
-  EXPECT_EQ(WalkTable("Setups", "GridPosition"), (Texts{"11", "10", "12", "13", "14", "1"}));
+  EXPECT_EQ(Walk(*Table("Setups"), "GridPosition"), (Texts{"11", "10", "12", "13", "14", "1"}));
 }
 
 TEST_F(QueryTest, AJoinWritesEachFieldIntoItsOwnTable) {
   const auto rows = database->OpenQuery(loadSetup);
-  ASSERT_TRUE(rows->Edit());
-  EXPECT_TRUE(rows->Set("KeyCode", 70) && rows->Set("ObsNameDisp", "Long crack"));
-  ASSERT_TRUE(rows->Update());
+  ASSERT_TRUE(Edit(*rows, {{"KeyCode", 70}, {"ObsNameDisp", "Long crack"}}));
   EXPECT_FALSE(rows->AddNew());
-  EXPECT_EQ(WalkTable("Setups", "KeyCode")[1], "70");
-  EXPECT_EQ(WalkTable("ObsLinguistic", "ObsNameDisp")[2], "Long crack");
+  EXPECT_EQ(Walk(*Table("Setups"), "KeyCode")[1], "70");
+  EXPECT_EQ(Walk(*Table("ObsLinguistic"), "ObsNameDisp")[2], "Long crack");
 }
 
 TEST_F(QueryTest, DeletingAndAddingThroughAQuery) {
@@ -139,31 +133,26 @@ TEST_F(QueryTest, WhatIsComputedCanOnlyBeRead) {
 }
 
 TEST_F(QueryTest, LargeResultsWalkCountRestartAndEdit) {
-  constexpr int count = 3000;
   database->Execute(
       "CREATE TABLE Stations(StationID INTEGER PRIMARY KEY AUTOINCREMENT, SessionID INTEGER, Station REAL);"
       "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000)"
       " INSERT INTO Stations(SessionID, Station) SELECT 1, i FROM n");
-  const auto rows = database->OpenQuery("SELECT * FROM Stations WHERE SessionID= 1 ORDER BY StationID");
-  for (int round = 0; round < 2; ++round) {
-    rows->MoveFirst();
-    for (int i = 1; i <= count; ++i, rows->MoveNext())
-      ASSERT_EQ(rows->Get("Station"), FieldValue(static_cast<double>(i)));
-    EXPECT_TRUE(rows->Eof());
-    EXPECT_EQ(rows->RecordCount(), count);
+  const auto query = database->OpenQuery("SELECT * FROM Stations WHERE SessionID= 1 ORDER BY StationID");
+  const auto table = Table("Stations");
+  for (Recordset* rows : {query.get(), table.get()}) {
+    int seen = 0;
+    for (rows->MoveFirst(); !rows->Eof(); rows->MoveNext()) {
+      ASSERT_EQ(rows->Get("StationID"), FieldValue(++seen));
+      ASSERT_TRUE(seen % 700 != 0 || Edit(*rows, {{"Station", -seen}}));
+      ASSERT_EQ(rows->Get("Station").Number(), seen % 700 == 0 ? -seen : seen);
+    }
+    EXPECT_EQ(seen, 3000);
+    EXPECT_EQ(rows->RecordCount(), 3000);
+    rows->MoveLast();
+    EXPECT_EQ(rows->Get("StationID"), FieldValue(3000));
+    EXPECT_TRUE(rows->Requery());
+    EXPECT_EQ(rows->Get("StationID"), FieldValue(1));
   }
-  rows->MoveLast();
-  EXPECT_EQ(rows->Get("StationID"), FieldValue(count));
-  rows->MoveFirst();
-  for (int i = 1; i < 1000; ++i)
-    rows->MoveNext();
-  ASSERT_TRUE(rows->Edit() && rows->Set("Station", -1) && rows->Update());
-  EXPECT_EQ(rows->Get("StationID"), FieldValue(1000));
-  rows->MoveNext();
-  EXPECT_EQ(rows->Get("StationID"), FieldValue(1001));
-  EXPECT_EQ(rows->RecordCount(), count);
-  EXPECT_TRUE(rows->Requery());
-  EXPECT_EQ(rows->Get("StationID"), FieldValue(1));
 }
 
 // A recordset that rests on a row must not keep another program from writing, whatever its size.
@@ -171,12 +160,11 @@ TEST_F(QueryTest, ARestingRecordsetHoldsNoLock) {
   database->Execute("WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i+1 FROM n WHERE i<3000)"
                     " INSERT INTO Observations(LanguageID, ObsCode) SELECT 3, i FROM n");
   const auto large = database->OpenQuery("SELECT * FROM Observations ORDER BY ObsParID");
-  const auto rest = database->OpenTable("Observations");
+  const auto rest = Table("Observations"), table = Table("Languages");
   for (int i = 0; i < 700; ++i) {
     large->MoveNext();
     rest->MoveNext();
   }
-  const auto table = database->OpenTable("Languages");
   const auto query = database->OpenQuery("SELECT * FROM Languages ORDER BY Language");
   table->MoveNext();
   query->MoveNext();
@@ -189,4 +177,4 @@ TEST_F(QueryTest, ARestingRecordsetHoldsNoLock) {
   EXPECT_EQ(table->Get("Language"), FieldValue("Path"));
 }
 
-} // namespace trekor
+} // namespace trekor::tests

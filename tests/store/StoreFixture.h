@@ -1,18 +1,13 @@
 // A folder of its own for each test, and a small database in it.
 #pragma once
 
-#include "store/Database.h"
-#include "store/Recordset.h"
+#include "support/Databases.h"
 
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
-#include <memory>
-#include <string>
+#include <initializer_list>
+#include <utility>
 #include <vector>
-
-#include <unistd.h>
 
 namespace trekor {
 
@@ -20,22 +15,15 @@ inline void PrintTo(const FieldValue& value, std::ostream* out) {
   *out << (value.IsNull() ? "null" : value.Text());
 }
 
+namespace tests {
+
+using Texts = std::vector<std::string>;
+
 class StoreFixture : public testing::Test {
 protected:
-  StoreFixture() {
-    std::string name = (std::filesystem::temp_directory_path() / "trekor-store-XXXXXX").string();
-    folder = mkdtemp(name.data());
-    path = folder + "/Road.mdb";
-  }
-  ~StoreFixture() override {
-    database.reset();
-    std::filesystem::remove_all(folder);
-  }
-
   void Make(const std::string& sql) {
     ASSERT_TRUE(Database::Create(path, ";LANGID=0x0409"));
     Reopen(OpenMode::Shared);
-    ASSERT_TRUE(database != nullptr);
     ASSERT_TRUE(database->Execute(sql));
   }
   void Reopen(OpenMode mode) {
@@ -45,26 +33,31 @@ protected:
     if (mode != OpenMode::ExclusiveDurable)
       database->Execute("PRAGMA synchronous=OFF"); // the disk is of no interest to these tests
   }
+  std::unique_ptr<Recordset> Table(const std::string& name) { return database->OpenTable(name); }
+  using Fields = std::initializer_list<std::pair<const char*, FieldValue>>;
+  static bool Put(Recordset& rows, Fields fields) {
+    for (const auto& [name, value] : fields)
+      if (!rows.Set(name, value))
+        return false;
+    return rows.Update();
+  }
+  static bool Add(Recordset& rows, Fields fields = {}) { return rows.AddNew() && Put(rows, fields); }
+  static bool Edit(Recordset& rows, Fields fields) { return rows.Edit() && Put(rows, fields); }
   // All values of one field, in the order of the rows.
-  static std::vector<std::string> Walk(Recordset& rows, const std::string& field) {
-    std::vector<std::string> all;
+  static Texts Walk(Recordset& rows, const std::string& field) {
+    Texts all;
     for (rows.MoveFirst(); !rows.Eof(); rows.MoveNext())
       all.push_back(rows.Get(field).Text());
     return all;
   }
-  std::vector<std::string> WalkTable(const std::string& table, const std::string& field) {
-    const auto rows = database->OpenTable(table);
-    return rows ? Walk(*rows, field) : std::vector<std::string>{"no table"};
-  }
-  bool Exists(const std::string& name) const { return std::filesystem::exists(folder + "/" + name); }
-  static void WriteFile(const std::string& file, const std::string& bytes) {
-    std::ofstream(file, std::ios::binary) << bytes;
-  }
+  bool Exists(const std::string& name) const { return std::filesystem::exists(folder.File(name)); }
+  // The file has grown as large as it may.
+  void FillDisk() { database->Execute("PRAGMA max_page_count=" + RowsOf(*database, "PRAGMA page_count")); }
 
-  std::string folder, path;
+  const TestFolder folder;
+  const std::string path = folder.File("Road.mdb");
   std::unique_ptr<Database> database;
 };
 
-using Texts = std::vector<std::string>;
-
+} // namespace tests
 } // namespace trekor
