@@ -41,7 +41,7 @@ TEST(DataFiles, StartsASessionWithTheObservationsOfTheSetup) {
                     " TextUtil, Min, Max, RegModeCode FROM Observations"),
             "1|1|17|Rutting|RUT|0| | |1|depth in mm|0|3|2\n2|1|21|Potholes|PTH|0| | |1| |0|1|0");
   EXPECT_EQ(job.Ask("SELECT CAST(substr(ObsIcon, 1, 15) AS TEXT) FROM Observations"),
-            "PICTURE RUT.PNG\nPICTURE RUT.PNG");
+            "PICTURE IMGNOIC\nPICTURE IMGNOIC");
 }
 
 TEST(DataFiles, StoresStationsInFileUnitsAndTheLimitsAtTheEndOfARun) {
