@@ -1,6 +1,6 @@
 #include "collection/StationsRow.h"
 
-#include "datafiles/DateText.h"
+#include "state/DateText.h"
 
 #include <array>
 #include <charconv>

@@ -1,7 +1,7 @@
 #include "collection/Storing.h"
 
 #include "collection/StationsRow.h"
-#include "datafiles/DateText.h"
+#include "state/DateText.h"
 #include "values/Text.h"
 
 namespace trekor {

@@ -2,8 +2,8 @@
 // shows as missing rows and never stops a run.
 #include "datafiles/DataFields.h"
 #include "datafiles/DataFiles.h"
-#include "datafiles/DateText.h"
 #include "services/Pictures.h"
+#include "state/DateText.h"
 #include "values/Text.h"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // The session row: written when a file is made or opened for collection, and again at the end of each run.
 #include "datafiles/DataFiles.h"
-#include "datafiles/DateText.h"
 #include "options/Sections.h"
+#include "state/DateText.h"
 #include "values/Text.h"
 
 namespace trekor {

@@ -1,6 +1,6 @@
 #include "forms/Form.h"
 
-#include "forms/Names.h"
+#include "values/Text.h"
 
 #include <algorithm>
 #include <array>
@@ -18,7 +18,7 @@ Form::~Form() {
 
 Control* Form::Find(const std::string& controlName, int index) const {
   for (Control* c : controls)
-    if (c->Index() == index && SameKey(c->Name(), controlName))
+    if (c->Index() == index && SameName(c->Name(), controlName))
       return c;
   return nullptr;
 }
@@ -88,7 +88,7 @@ constexpr std::array<GenericArray, 6> GenericArrays{{{"Labels", Make<Label>},
 void TakeAfter(Control& element, const std::vector<Control*>& controls) {
   const Control* lowest = nullptr;
   for (const Control* c : controls)
-    if (c != &element && c->Index() >= 0 && SameKey(c->Name(), element.Name()) &&
+    if (c != &element && c->Index() >= 0 && SameName(c->Name(), element.Name()) &&
         (!lowest || c->Index() < lowest->Index()))
       lowest = c;
   if (!lowest)
@@ -105,7 +105,7 @@ Control* Form::LoadElement(const std::string& arrayName, int index) {
   if (Control* there = Find(arrayName, index))
     return there;
   const auto* array = std::find_if(GenericArrays.begin(), GenericArrays.end(),
-                                   [&](const GenericArray& a) { return SameKey(a.name, arrayName); });
+                                   [&](const GenericArray& a) { return SameName(a.name, arrayName); });
   if (array == GenericArrays.end())
     return nullptr;
   elements.push_back(array->make(*this, array->name, index));

@@ -1,6 +1,6 @@
 // The kinds that hold a list of entries.
 #include "forms/Controls.h"
-#include "forms/Names.h"
+#include "values/Text.h"
 
 #include <algorithm>
 
@@ -175,12 +175,14 @@ void ToolBar::Add(Button button) {
 }
 
 ToolBar::Button* ToolBar::Find(const std::string& key) {
-  const auto place = std::find_if(buttons.begin(), buttons.end(), [&](const Button& b) { return SameKey(b.Key, key); });
+  const auto place =
+      std::find_if(buttons.begin(), buttons.end(), [&](const Button& b) { return SameName(b.Key, key); });
   return place == buttons.end() ? nullptr : &*place;
 }
 
 bool ToolBar::ButtonEnabled(const std::string& key) const {
-  return std::any_of(buttons.begin(), buttons.end(), [&](const Button& b) { return b.Enabled && SameKey(b.Key, key); });
+  return std::any_of(buttons.begin(), buttons.end(),
+                     [&](const Button& b) { return b.Enabled && SameName(b.Key, key); });
 }
 
 void ToolBar::SetButtonEnabled(const std::string& key, bool on) {
@@ -226,7 +228,7 @@ bool ImageList::Add(Picture picture) {
 
 const ImageList::Picture* ImageList::Find(const std::string& key) const {
   const auto place =
-      std::find_if(pictures.begin(), pictures.end(), [&](const Picture& p) { return SameKey(p.Key, key); });
+      std::find_if(pictures.begin(), pictures.end(), [&](const Picture& p) { return SameName(p.Key, key); });
   return place == pictures.end() ? nullptr : &*place;
 }
 

@@ -1,5 +1,5 @@
 #include "forms/Controls.h"
-#include "forms/Names.h"
+#include "values/Text.h"
 
 namespace trekor {
 
@@ -24,7 +24,7 @@ void TextBox::SetText(std::string t) {
 
 void TextBox::SelectAll() {
   SelStart = 0;
-  SelLength = CountCharacters(text);
+  SelLength = CharCount(text);
   Tell(Change::Selection);
 }
 
@@ -38,11 +38,11 @@ void TextBox::Type(std::string t) {
   if (!Enabled() || ReadOnly)
     return Tell(Change::Text);
   if (MaxLength > 0)
-    t = FirstCharacters(std::move(t), MaxLength);
+    t = CutText(t, MaxLength);
   const bool differs = t != text;
   edited = edited || differs;
   text = std::move(t);
-  SelStart = CountCharacters(text);
+  SelStart = CharCount(text);
   SelLength = 0;
   Tell(Change::Text);
   if (differs)

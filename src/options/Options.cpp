@@ -1,11 +1,10 @@
 #include "options/Options.h"
 
 #include "dbupdate/UpdateDatabase.h"
+#include "state/DateText.h"
 #include "store/Recordset.h"
 #include "values/Text.h"
 
-#include <array>
-#include <charconv>
 #include <cstdint>
 
 namespace trekor {
@@ -15,42 +14,6 @@ namespace {
 constexpr int LongestUser = 32; // characters
 // KM to YARDS, and the three formats of coordinates; both count from 0.
 constexpr int LastStationUnit = 5, LastGeographicFormat = 2;
-
-std::string TwoDigits(int n) {
-  return (n < 10 ? "0" : "") + std::to_string(n);
-}
-
-// 2024-05-17 09:30:00
-std::string DateText(const LocalTime& t) {
-  std::string year = std::to_string(t.year);
-  year.insert(0, year.size() < 4 ? 4 - year.size() : 0, '0');
-  return year + "-" + TwoDigits(t.month) + "-" + TwoDigits(t.day) + " " + TwoDigits(t.hour) + ":" +
-         TwoDigits(t.minute) + ":" + TwoDigits(t.second);
-}
-
-// The parts in their order, whatever stands between them; a missing time is midnight, a text that is no date leaves
-// `t`.
-void ReadDate(const std::string& text, LocalTime& t) {
-  std::array<int, 6> parts{};
-  std::size_t count = 0;
-  const char* p = text.data();
-  const char* end = p + text.size();
-  while (p < end && count < parts.size()) {
-    const auto [next, error] = std::from_chars(p, end, parts.at(count));
-    if (error != std::errc()) {
-      break;
-    }
-    ++count;
-    p = next < end ? next + 1 : end;
-  }
-  const auto between = [&](std::size_t part, int least, int most) {
-    return parts.at(part) >= least && parts.at(part) <= most;
-  };
-  if (count >= 3 && between(1, 1, 12) && between(2, 1, 31) && between(3, 0, 23) && between(4, 0, 59) &&
-      between(5, 0, 59)) {
-    t = {parts[0], parts[1], parts[2], parts[3], parts[4], parts[5]};
-  }
-}
 
 // Reads fields of the row; one that is missing, null or beyond its range leaves its value as it was.
 class FieldReader {
@@ -74,8 +37,8 @@ public:
     }
   }
   void Read(const char* field, LocalTime& into) const {
-    if (const FieldValue v = row.Get(field); !v.IsNull()) {
-      ReadDate(v.Text(), into);
+    if (const LocalTime date = ReadDate(row.Get(field).Text()); date != LocalTime{}) {
+      into = date;
     }
   }
 

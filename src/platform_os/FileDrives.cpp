@@ -57,7 +57,7 @@ fs::path CopyBeside(const fs::path& source, const fs::path& target) {
   return {};
 }
 
-// "*" stands for any characters, "?" for one. Both texts in one case.
+// "*" stands for any characters, "?" for one, whatever its bytes. Both texts in one case.
 bool Matches(std::string_view n, std::string_view p) {
   std::size_t i = 0, j = 0, star = std::string::npos, resume = 0;
   while (i < n.size()) {
@@ -65,9 +65,7 @@ bool Matches(std::string_view n, std::string_view p) {
       star = j++;
       resume = i;
     } else if (j < p.size() && (p[j] == n[i] || p[j] == '?')) {
-      // "?" stands for a whole character: its trailing bytes go with it.
-      for (++i; p[j] == '?' && i < n.size() && (static_cast<unsigned char>(n[i]) & 0xC0) == 0x80;)
-        ++i;
+      i += p[j] == '?' ? CutView(n.substr(i), 1).size() : 1;
       ++j;
     } else if (star != std::string::npos) {
       j = star + 1;

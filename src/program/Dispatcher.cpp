@@ -26,16 +26,6 @@ private:
   ProgramState& state;
 };
 
-// `upper` is in capitals, the word in any case.
-bool Is(std::string_view word, std::string_view upper) {
-  if (word.size() != upper.size())
-    return false;
-  for (std::size_t i = 0; i < word.size(); ++i)
-    if ((word[i] >= 'a' && word[i] <= 'z' ? word[i] - 0x20 : word[i]) != upper[i])
-      return false;
-  return true;
-}
-
 // The text up to the first blank; the message keeps the rest, trimmed.
 std::string_view NextWord(std::string_view& message) {
   std::size_t blank = 0; // a few characters away: a loop beats the library's search
@@ -107,7 +97,7 @@ bool MakeFolders(Drives& drives, const std::string& path) {
 void TakeDataPath(std::string& dataPath, std::string_view value, Drives& drives) {
   dataPath = value;
   const std::string wanted = dataPath;
-  if (wanted.empty() || MakeFolders(drives, wanted) || Is(wanted.substr(0, 1), "C"))
+  if (wanted.empty() || MakeFolders(drives, wanted) || SameName(wanted.substr(0, 1), "C"))
     return;
   const std::string onC = "C" + wanted.substr(1);
   if (MakeFolders(drives, onC))
@@ -146,7 +136,7 @@ template <std::size_t N>
 void TakeText(FacilityRecord& record, const std::array<TextField, N>& fields, std::string_view keyword,
               std::string_view value) {
   for (const TextField& f : fields)
-    if (Is(keyword, f.keyword))
+    if (SameName(keyword, f.keyword))
       record.*f.field = value;
 }
 
@@ -158,19 +148,19 @@ Dispatcher::Dispatcher(ProgramState& programState, Platform& seams, SocketProp& 
 
 void Dispatcher::Dispatch(std::string_view line) {
   const std::string_view verb = NextWord(line);
-  if (Is(verb, "DMI")) // first: it comes a thousand times a second
+  if (SameName(verb, "DMI")) // first: it comes a thousand times a second
     Dmi(line);
-  else if (Is(verb, "GPS"))
+  else if (SameName(verb, "GPS"))
     TakeGps(state.gps, line);
-  else if (Is(verb, "CTRL"))
+  else if (SameName(verb, "CTRL"))
     Ctrl(line);
-  else if (Is(verb, "SET"))
+  else if (SameName(verb, "SET"))
     Set(line);
-  else if (Is(verb, "FILE"))
+  else if (SameName(verb, "FILE"))
     File(line);
-  else if (Is(verb, "FACILITY"))
+  else if (SameName(verb, "FACILITY"))
     Facility(line);
-  else if (Is(verb, "SECTION"))
+  else if (SameName(verb, "SECTION"))
     Section(line);
   // EVENT is accepted and ignored, everything else is not for this program: no answer to either.
 }
@@ -213,15 +203,15 @@ void Dispatcher::CtrlWord(const std::string& word, std::string_view rest) {
 // SET OPERATOR Jane Doe
 void Dispatcher::Set(std::string_view message) {
   const std::string_view keyword = NextWord(message);
-  if (Is(keyword, "DMI")) {
+  if (SameName(keyword, "DMI")) {
     SetDmi(message);
-  } else if (Is(keyword, "VEHICLE")) {
+  } else if (SameName(keyword, "VEHICLE")) {
     state.people.VehicleName = message;
-  } else if (Is(keyword, "DRIVER")) {
+  } else if (SameName(keyword, "DRIVER")) {
     state.people.DriverName = message;
-  } else if (Is(keyword, "OPERATOR")) {
+  } else if (SameName(keyword, "OPERATOR")) {
     TakeOperator(state, message);
-  } else if (Is(keyword, "NETWORKDB")) {
+  } else if (SameName(keyword, "NETWORKDB")) {
     state.facility.NetworkDb = state.facility.SectionsPath = message;
     sections.ReopenSections();
   } // UNITS has no effect: this program announces its units, nobody sets them
@@ -246,21 +236,21 @@ void Dispatcher::File(std::string_view message) {
   const std::string_view keyword = NextWord(message);
   const LinkOrder order(state);
   FileNaming& file = state.file;
-  if (Is(keyword, "GUID")) {
+  if (SameName(keyword, "GUID")) {
     file.DataGuid = message;
-  } else if (Is(keyword, "PATH")) {
+  } else if (SameName(keyword, "PATH")) {
     TakeDataPath(file.DataPath, message, platform.drives);
-  } else if (Is(keyword, "BACKUPPATH")) {
+  } else if (SameName(keyword, "BACKUPPATH")) {
     file.BackupPath = message;
     if (!message.empty())
       MakeFolders(platform.drives, std::string(message));
-  } else if (Is(keyword, "NAME")) {
+  } else if (SameName(keyword, "NAME")) {
     file.DataName = message;
-  } else if (Is(keyword, "UNITS")) {
+  } else if (SameName(keyword, "UNITS")) {
     FileUnits(message);
-  } else if (Is(keyword, "OPEN")) {
+  } else if (SameName(keyword, "OPEN")) {
     measurements.Prepare_File();
-  } else if (Is(keyword, "CLOSE")) {
+  } else if (SameName(keyword, "CLOSE")) {
     measurements.mnuClose_Click();
   } // SESSION is the control program's own business
 }
@@ -276,7 +266,7 @@ void Dispatcher::Facility(std::string_view message) {
   const std::string_view keyword = NextWord(message);
   const LinkOrder order(state);
   TakeText(state.facility, FacilityTexts, keyword, message);
-  if (Is(keyword, "LANES"))
+  if (SameName(keyword, "LANES"))
     TakeInteger(state.facility.FacilityLanes, message);
 }
 
@@ -286,9 +276,9 @@ void Dispatcher::Section(std::string_view message) {
   const LinkOrder order(state);
   FacilityRecord& record = state.facility;
   TakeText(record, SectionTexts, keyword, message);
-  if (Is(keyword, "HEADING"))
+  if (SameName(keyword, "HEADING"))
     record.FacilityDirection = record.StartingDirection = HeadingCode(message);
-  else if (Is(keyword, "TRAFFIC"))
+  else if (SameName(keyword, "TRAFFIC"))
     record.SectionTraffic = Val(message);
 }
 

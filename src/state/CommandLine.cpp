@@ -11,12 +11,8 @@ namespace trekor {
 
 namespace {
 
-char CapitalOf(char c) {
-  return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
-}
-
 std::size_t FindSwitch(std::string_view line, std::string_view name) {
-  const auto same = [](char a, char b) { return CapitalOf(a) == b; };
+  const auto same = [](char a, char b) { return LowerLetter(a) == LowerLetter(b); };
   const auto at = std::search(line.begin(), line.end(), name.begin(), name.end(), same);
   return at == line.end() ? std::string_view::npos : static_cast<std::size_t>(at - line.begin());
 }

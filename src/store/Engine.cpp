@@ -2,6 +2,7 @@
 
 #include "store/FieldFit.h"
 #include "store/LikePattern.h"
+#include "values/Text.h"
 
 #include <algorithm>
 #include <cstdio>

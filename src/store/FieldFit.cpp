@@ -1,6 +1,7 @@
 #include "store/FieldFit.h"
 
-#include <algorithm>
+#include "values/Text.h"
+
 #include <array>
 #include <cfloat>
 #include <charconv>
@@ -9,10 +10,6 @@
 namespace trekor {
 
 namespace {
-
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
 
 bool FitWhole(const FieldValue& value, double lowest, double highest, FieldValue& into) {
   double number = 0;
@@ -41,7 +38,9 @@ bool FitText(const FieldValue& value, int size, FieldValue& into) {
   if (!value.IsText())
     return FitText(FieldValue(value.Text()), size, into);
   const std::string_view text = value.TextView();
-  const std::string_view cut = size > 0 ? FirstCharacters(text, static_cast<std::size_t>(size)) : text;
+  const bool mayBeLong =
+      size > 0 && text.size() > static_cast<std::size_t>(size); // no character is shorter than a byte
+  const std::string_view cut = mayBeLong ? CutView(text, size) : text;
   if (cut.size() < text.size())
     into = FieldValue(std::string(cut));
   else
@@ -159,17 +158,6 @@ bool FitToField(const FieldDefinition& field, const FieldValue& value, FieldValu
   return false;
 }
 
-std::string_view FirstCharacters(std::string_view text, std::size_t count) {
-  if (text.size() <= count)
-    return text;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    const bool begins = (static_cast<unsigned char>(text[i]) & 0xC0U) != 0x80U;
-    if (begins && count-- == 0)
-      return text.substr(0, i);
-  }
-  return text;
-}
-
 FieldType TypeOfDeclaration(std::string_view declaration) {
   const std::string lower = LowerName(declaration);
   const std::string word = lower.substr(0, lower.find_first_of(" ("));
@@ -194,24 +182,12 @@ std::string DeclarationOf(const FieldDefinition& field) {
   std::string text;
   for (const TypeName& each : typeNames)
     if (each.type == field.type)
-      text = each.name;
-  std::transform(text.begin(), text.end(), text.begin(), [](char c) { return static_cast<char>(c - 'a' + 'A'); });
+      text = Upper(each.name);
   if (field.type != FieldType::Text)
     return text;
   if (field.size > 0)
     text += "(" + FieldValue(field.size).Text() + ")";
   return text + " COLLATE NOCASE";
-}
-
-bool SameName(std::string_view a, std::string_view b) {
-  return a.size() == b.size() &&
-         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) { return Lower(x) == Lower(y); });
-}
-
-std::string LowerName(std::string_view name) {
-  std::string lower(name);
-  std::transform(lower.begin(), lower.end(), lower.begin(), Lower);
-  return lower;
 }
 
 std::string QuotedName(std::string_view name) {

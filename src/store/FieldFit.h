@@ -11,17 +11,12 @@ namespace trekor {
 // The value as the field holds it. False, and `into` unchanged, when it does not fit. Null fits everywhere.
 bool FitToField(const FieldDefinition& field, const FieldValue& value, FieldValue& into);
 
-// The first `count` characters of a UTF-8 text; the text itself when it has no more.
-std::string_view FirstCharacters(std::string_view text, std::size_t count);
-
 // "TEXT(50)" and the other declarations, without regard to case; unknown words go by what they contain.
 FieldType TypeOfDeclaration(std::string_view declaration);
 // The length in brackets; 0 without one.
 int SizeOfDeclaration(std::string_view declaration);
 std::string DeclarationOf(const FieldDefinition& field);
 
-bool SameName(std::string_view a, std::string_view b); // ASCII letters without regard to case
-std::string LowerName(std::string_view name);
 std::string QuotedName(std::string_view name);  // for use as an identifier
 std::string LiteralOf(const FieldValue& value); // for use as a constant
 

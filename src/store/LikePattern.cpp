@@ -1,33 +1,23 @@
 #include "store/LikePattern.h"
 
+#include "values/Text.h"
+
 #include <cstddef>
 
 namespace trekor {
 
 namespace {
 
-char Lower(char c) {
-  return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-// Bytes of the UTF-8 character that a text begins with.
-std::size_t CharacterSize(std::string_view text) {
-  std::size_t size = 1;
-  while (size < text.size() && (static_cast<unsigned char>(text[size]) & 0xC0U) == 0x80U)
-    ++size;
-  return size;
-}
-
 // `set` is what stands between the brackets. Ranges are of single bytes: sets are for digits and plain letters.
 bool InSet(std::string_view set, char c) {
   const bool exclude = set.starts_with('!');
   if (exclude)
     set.remove_prefix(1);
-  const char wanted = Lower(c);
+  const char wanted = LowerLetter(c);
   bool found = false;
   while (!set.empty() && !found) {
     const bool range = set.size() >= 3 && set[1] == '-';
-    const char low = Lower(set[0]), high = Lower(range ? set[2] : set[0]);
+    const char low = LowerLetter(set[0]), high = LowerLetter(range ? set[2] : set[0]);
     found = low <= wanted && wanted <= high;
     set.remove_prefix(range ? 3 : 1);
   }
@@ -40,7 +30,7 @@ bool OneMatches(std::string_view pattern, std::string_view text, std::size_t& pa
   if (pattern.empty() || text.empty())
     return false;
   if (pattern[0] == '?') {
-    textTaken = CharacterSize(text);
+    textTaken = CutView(text, 1).size();
     return true;
   }
   if (pattern[0] == '#')
@@ -50,7 +40,7 @@ bool OneMatches(std::string_view pattern, std::string_view text, std::size_t& pa
     patternTaken = close + 1;
     return InSet(pattern.substr(1, close - 1), text[0]);
   }
-  return Lower(pattern[0]) == Lower(text[0]);
+  return LowerLetter(pattern[0]) == LowerLetter(text[0]);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "store/QueryText.h"
 
 #include "store/FieldFit.h"
+#include "values/Text.h"
 
 #include <algorithm>
 #include <cstddef>

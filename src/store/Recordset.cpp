@@ -2,6 +2,7 @@
 
 #include "store/FieldFit.h"
 #include "store/RecordsetParts.h"
+#include "values/Text.h"
 
 namespace trekor {
 

@@ -4,6 +4,7 @@
 #include "store/QueryCursor.h"
 #include "store/QueryText.h"
 #include "store/TableCursor.h"
+#include "values/Text.h"
 
 #include <sqlite3.h>
 

@@ -2,6 +2,7 @@
 
 #include "store/Engine.h"
 #include "store/FieldFit.h"
+#include "values/Text.h"
 
 #include <algorithm>
 

@@ -93,7 +93,7 @@ WantedRow WantedForControl(const Control& control, int userLevel) {
 }
 
 // A column that is missing cannot differ, and a null text is as good as an empty one.
-bool SameText(int column, const std::optional<std::string>& wanted, const std::string& stored) {
+bool SamePart(int column, const std::optional<std::string>& wanted, const std::string& stored) {
   return column < 0 || !wanted || *wanted == stored;
 }
 
@@ -104,9 +104,9 @@ template <class Plain> bool SamePlain(const std::optional<Plain>& wanted, const 
 bool SameRow(const FormColumns& columns, const WantedRow& wanted, const FormRow& stored) {
   return SamePlain(wanted.Left, stored.Left) && SamePlain(wanted.Top, stored.Top) &&
          SamePlain(wanted.Width, stored.Width) && SamePlain(wanted.Height, stored.Height) &&
-         SamePlain(wanted.Visible, stored.Visible) && SameText(columns.Tag, wanted.Tag, stored.Tag.value_or("")) &&
-         SameText(columns.Value, wanted.Value, stored.Value.value_or("")) &&
-         SameText(columns.Caption, wanted.Caption, stored.Caption) && SameText(columns.Tip, wanted.Tip, stored.Tip);
+         SamePlain(wanted.Visible, stored.Visible) && SamePart(columns.Tag, wanted.Tag, stored.Tag.value_or("")) &&
+         SamePart(columns.Value, wanted.Value, stored.Value.value_or("")) &&
+         SamePart(columns.Caption, wanted.Caption, stored.Caption) && SamePart(columns.Tip, wanted.Tip, stored.Tip);
 }
 
 template <class Content> void Put(Recordset& table, int column, const std::optional<Content>& content) {

@@ -137,6 +137,12 @@ bool SameText(std::string_view a, std::string_view b) {
   return i == a.size() && k == b.size();
 }
 
+std::string LowerName(std::string_view name) {
+  std::string lower(name);
+  std::transform(lower.begin(), lower.end(), lower.begin(), LowerLetter);
+  return lower;
+}
+
 int CharCount(std::string_view text) {
   int n = 0;
   for (std::size_t at = 0; at < text.size(); ++n)
@@ -151,7 +157,11 @@ char32_t FirstCharacter(std::string_view text) {
 }
 
 std::string CutText(std::string_view text, int n) {
-  return std::string(text.substr(0, EndOf(text, n)));
+  return std::string(CutView(text, n));
+}
+
+std::string_view CutView(std::string_view text, int n) {
+  return text.substr(0, EndOf(text, n));
 }
 
 std::string FixedWidth(std::string_view text, int n) {

@@ -18,6 +18,9 @@ TEST(TextTest, CaseFollowsTheAlphabet) {
   EXPECT_TRUE(SameText("ΛΌΓΟΣ", "λόγος"));
   EXPECT_FALSE(SameText("a", "ab"));
   EXPECT_FALSE(SameText("\xFF", "\xFE"));
+  EXPECT_TRUE(SameName("StationID", "STATIONid"));
+  EXPECT_FALSE(SameName("Ångström", "ångström")) << "the engine knows no such pair";
+  EXPECT_FALSE(SameName("@[", "`{"));
   EXPECT_EQ(Upper("a\xFFz\xC3"), "A\xFFZ\xC3"); // what is no character stays
 }
 
