@@ -84,7 +84,7 @@ TEST_F(OptionsTest, EverySavingIsKeptAndTheLastOneLoaded) {
   EXPECT_EQ(All(next), "US=US Metric 5 3 -1 2 -7 2031 2 3 4 5 6 x..xxx.xx A name that is a good deal longe");
   const std::string saved = "|2031-02-03 04:05:06|A name that is a good deal longe|US|";
   EXPECT_EQ(RowsOf(*Open(Software), "Options"),
-            "[Options]\n1|2025-01-01 00:00:00|Trekor|Metric|0|Metric|0|1|0|1|1|1|0|1|0|1|1|0|0\n2" + saved +
+            "1|2025-01-01 00:00:00|Trekor|Metric|0|Metric|0|1|0|1|1|1|0|1|0|1|1|0|0\n2" + saved +
                 "4|Metric|0|-1|2|1|0|0|1|1|1|0|1|-1|-7\n3" + saved + "5|Metric|3|-1|2|1|0|0|1|1|1|0|1|-1|-7\n")
       << "check marks are 1 and 0, the boolean -1";
 }
@@ -110,7 +110,7 @@ TEST_F(OptionsTest, WhatIsBeyondItsRangeIsLeft) {
   const std::pair<std::string, std::string> cases[] = {
       {"6, -1, 0, 3, 4294967296, '2031-13-04'", "3 4 1 1 7 2024"},
       {"70000, 4294967297, 2, -1, -2147483649, '2031-02-04 25:00'", "3 4 1 1 7 2024"},
-      {"5, 0, -1, 2, -2147483648, '2031-02-04 23:59:59'", "5 0 -1 2 -2147483648 2031"}};
+      {"0, 5, -1, 2, -2147483648, '2031-02-04 23:59:59'", "0 5 -1 2 -2147483648 2031"}};
   ASSERT_TRUE(options.LoadSoftwareDatabases());
   for (const auto& [row, left] : cases) {
     Execute(Software,
