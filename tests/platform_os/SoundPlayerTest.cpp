@@ -38,8 +38,8 @@ protected:
       std::this_thread::yield();
   }
   // Ten seconds, stereo, in which every sample has this value.
-  void Wave(const std::string& name, std::int16_t value) {
-    const std::uint32_t rate = 44100, length = 10 * rate * 4;
+  void Wave(const std::string& name, std::int16_t value, std::uint32_t frames = 441000) {
+    const std::uint32_t rate = 44100, length = frames * 4;
     std::ofstream file(folder / "drives" / "C" / name, std::ios::binary);
     const auto put = [&](auto number) { file.write(reinterpret_cast<const char*>(&number), sizeof number); };
     file << "RIFF", put(length + 36), file << "WAVEfmt ", put(std::uint32_t{16});
@@ -102,6 +102,9 @@ TEST_F(SoundPlayerTest, EachSoundIsReadAfreshAndTheNewestIsHeard) {
   player.Play(either);
   player.Play({"C:\\none.wav"}); // cuts off nothing
   EXPECT_TRUE(Hears(1000));
+  Wave("a.wav", 3000, 100);
+  player.Play(either);
+  EXPECT_TRUE(Hears(3000)) << "a short one, from its beginning";
   std::ofstream(folder / "drives" / "C" / "a.wav") << "no wave";
   player.Play(either);
   EXPECT_TRUE(Hears(0));

@@ -47,6 +47,17 @@ TEST_F(MessageTest, ANumberShowsItsTextOrNothing) {
   EXPECT_EQ(Show(401), "");
 }
 
+TEST_F(MessageTest, AMessageTakesThePlaceOfTheOneThatIsUp) {
+  std::string seen;
+  fakes.shell.scripts["Message"] = [&](Form& shown) {
+    messages.ShowMessage(402);
+    seen = messages.form.MessageNo.Caption() + " " + messages.form.MessageText.Text();
+    fakes.shell.Hide(shown);
+  };
+  messages.ShowMessage(401);
+  EXPECT_EQ(seen, "402 English alone");
+}
+
 TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
   const std::string closed = "401 No file, closed";
   for (int key : {32, 115, 27, 13}) {
