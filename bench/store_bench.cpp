@@ -57,16 +57,14 @@ public:
   }
   bool StoreRow(int row) override {
     NewStation station;
-    char text[32];
-    std::snprintf(text, sizeof text, "%.3f", KilometresOfRow(row));
-    station.FileText = text;
+    station.FileStation = KilometresOfRow(row);
     station.Time = rowTime;
-    station.GPSStatus = 1;
-    station.GPSTime = 123456;
-    station.Latitude = 55.5 + row * 1e-6;
-    station.Longitude = 12.25 + row * 1e-6;
-    station.Height = 17.5F;
-    station.GPSSVs = 9;
+    station.fix = {.GpsTime = 123456,
+                   .GpsLatitude = 55.5 + row * 1e-6,
+                   .GpsLongitude = 12.25 + row * 1e-6,
+                   .GpsHeight = 17.5F,
+                   .GpsStatus = 1,
+                   .GpsSVs = 9};
     files.BeginRow();
     const std::int32_t from = last;
     last = files.AddStation(station);

@@ -1,13 +1,11 @@
 // The grid in a pause: which row is current, and the changing of event rows.
 #include "collection/Grids.h"
-#include "collection/StationsRow.h"
 #include "values/NumberText.h"
 
 namespace trekor {
 
 namespace {
 constexpr int TypeInteger = 1, TypeFloat = 2, TypeText = 4;
-constexpr int MergedTextColumn = 2;
 } // namespace
 
 void Grids::Grid_CellChanged() {
@@ -22,7 +20,7 @@ void Grids::Grid_CellChanged() {
     Load_RowValues();
     f.GridBusy = true;
   }
-  const int obs = RowKindAt(f.CurrentRow);
+  const int obs = ctx.buffer.EventAt(f.CurrentRow);
   if (ctx.rooms.setup.Has(obs) && Edit_EventCell(obs))
     Write_EventCells(f.CurrentRow, obs);
   f.GridBusy = false;
@@ -30,8 +28,8 @@ void Grids::Grid_CellChanged() {
 
 void Grids::Remove_CurrentRow() {
   const int row = ctx.fields.CurrentRow;
-  Remove_Row(row);
-  if (row < ctx.form.Grid.Rows()) // otherwise the selection has moved, which the tick sees
+  ctx.buffer.Remove(row);
+  if (ctx.buffer.At(row)) // otherwise the selection has moved, which the tick sees
     Load_RowValues();
 }
 
@@ -76,18 +74,18 @@ void Grids::Load_RowValues() {
   f.GridBusy = true;
   grid.SetRedraw(false);
   grid.SetSelectionMarks(false);
-  const int kind = RowKindAt(f.CurrentRow);
-  if (kind > 0)
-    ctx.position().KeyStation.SetFileText(ctx.form.StationsGrid.Text(f.CurrentRow, ColStation));
+  const GridRow* row = ctx.buffer.At(f.CurrentRow);
+  const int event = ctx.buffer.EventAt(f.CurrentRow);
+  if (event > 0)
+    ctx.position().KeyStation.SetFileValue(row->station);
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
-    Load_Value(i, kind == StepRowKind, kind == i);
+    Load_Value(i, row && event == 0, event == i);
   grid.SetSelectionMarks(true);
   grid.SetRedraw(true);
   f.GridBusy = false;
 }
 
 void Grids::Load_Value(int obs, bool stepRow, bool own) {
-  const Grid& grid = ctx.form.Grid;
   const int row = ctx.fields.CurrentRow;
   auto& o = ctx.rooms.setup.Observations(obs);
   if (o.DataTypeID == 3)
@@ -96,12 +94,12 @@ void Grids::Load_Value(int obs, bool stepRow, bool own) {
     return SetBar(obs, 0);
   if (o.DataTypeID == TypeText) {
     const int col = stepRow ? obs : MergedTextColumn;
-    if (col < grid.Cols())
-      o.SetDefault(grid.Text(row, col));
+    if (col < ctx.form.Grid.Cols())
+      o.SetDefault(ctx.buffer.Cell(row, col));
     return SetBar(obs, ParBars[static_cast<std::size_t>(obs)].Max());
   }
   // An empty cell is the number 0, and the observation brings that into its limits.
-  o.SetDefault(Val(grid.Text(row, obs)));
+  o.SetDefault(Val(ctx.buffer.Cell(row, obs)));
   Show_Bar(obs);
 }
 

@@ -1,7 +1,5 @@
 #include "collection/Grids.h"
 
-#include "collection/StationsRow.h"
-
 namespace trekor {
 
 namespace {
@@ -22,7 +20,7 @@ void Grids::Setup_Grid() {
   Grid& grid = ctx.form.Grid;
   f.GridBusy = true;
   grid.SetRedraw(false);
-  Clear_Rows();
+  ctx.buffer.Clear();
   grid.SetCols(ctx.rooms.setup.ObsCount() + 1);
   ParBars.clear();
   Make_Bar(0);
@@ -82,8 +80,9 @@ void Grids::Add_StepRow() {
   grid.SetRedraw(false);
   grid.SetCol(0);
   const auto& at = ctx.position();
-  pending = PendingRow{.row = ctx.fields.CurrentRow, .station = at.NextStation.FileText()};
-  grid.AddItem(at.PreviousStation.Text() + " to " + at.NextStation.Text(), pending->row);
+  pending = PendingRow{.kind = RowKind::Step, .place = ctx.fields.CurrentRow};
+  ctx.buffer.Insert(pending->place, {.kind = RowKind::Step, .station = at.NextStation.FiledValue()},
+                    at.PreviousStation.Text() + " to " + at.NextStation.Text());
   ctx.Pump();
   Carry_Values();
   ctx.Pump();
@@ -97,7 +96,7 @@ void Grids::Carry_Values() {
     return;
   pending->valuesDone = true;
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
-    Carry(i, pending->row);
+    Carry(i, pending->place);
 }
 
 void Grids::Carry(int obs, int row) {
@@ -121,8 +120,8 @@ void Grids::Add_EventRow(int obs) {
   ctx.fields.GridBusy = true;
   grid.SetRedraw(false);
   grid.SetCol(0);
-  pending = PendingRow{.step = false, .obs = obs, .row = ctx.fields.CurrentRow + 1, .station = key.FileText()};
-  grid.AddItem(key.Text(), pending->row);
+  pending = PendingRow{.kind = RowKind::Event, .place = ctx.fields.CurrentRow + 1};
+  ctx.buffer.Insert(pending->place, {.kind = RowKind::Event, .obs = obs, .station = key.FiledValue()}, key.Text());
   if (ctx.rooms.setup.Has(obs))
     ctx.Pump();
   Finish_Row();
@@ -132,25 +131,33 @@ void Grids::Add_EventRow(int obs) {
 void Grids::Finish_Row() {
   if (!pending)
     return;
-  Carry_OrWrite();
-  const PendingRow row = *pending;
+  if (pending->kind == RowKind::Step)
+    Finish_StepRow(pending->place);
+  else
+    Finish_EventRow(pending->place);
   pending.reset();
   ctx.form.Grid.SetRedraw(true);
-  Grid& stations = ctx.form.StationsGrid;
-  if (row.step) // the row that stands there now has just ended; at the very start there is none
-    Write_Fix(stations, row.row, ctx.rooms.platform.clock.Now(), ctx.state().gps);
-  stations.AddItem("", row.row);
-  if (!row.step)
-    Write_Fix(stations, row.row, ctx.rooms.platform.clock.Now(), ctx.state().gps);
-  stations.SetText(row.row, ColRowKind, std::to_string(row.step ? StepRowKind : row.obs));
-  stations.SetText(row.row, ColStation, row.station);
 }
 
-void Grids::Carry_OrWrite() {
-  if (pending->step)
-    return Carry_Values();
-  Write_EventCells(pending->row, pending->obs);
+// The row beneath was the running step until now; at the very start there is none.
+void Grids::Finish_StepRow(int place) {
+  Carry_Values();
+  Take_Fix(place + 1);
+}
+
+void Grids::Finish_EventRow(int place) {
+  Write_EventCells(place, ctx.buffer.EventAt(place));
   ctx.fields.GridBusy = false;
+  Take_Fix(place);
+}
+
+// The present time and position, where there is a row.
+void Grids::Take_Fix(int place) {
+  GridRow* row = ctx.buffer.At(place);
+  if (!row)
+    return;
+  row->time = ctx.rooms.platform.clock.Now();
+  row->fix = ctx.state().gps.fix;
 }
 
 void Grids::Write_EventCells(int row, int obs) {
@@ -168,10 +175,10 @@ void Grids::Write_EventCells(int row, int obs) {
 void Grids::Write_Text(int row, int obs) {
   Grid& grid = ctx.form.Grid;
   const auto& o = ctx.rooms.setup.Observations(obs);
-  grid.SetText(row, 1, o.ObsAbrvDisp());
+  ctx.buffer.SetCell(row, MergedTextColumn - 1, o.ObsAbrvDisp());
   grid.SetMergeRow(row, true);
-  for (int col = 2; col <= ctx.rooms.setup.ObsCount(); ++col) {
-    grid.SetText(row, col, o.DefaultText());
+  for (int col = MergedTextColumn; col <= ctx.rooms.setup.ObsCount(); ++col) {
+    ctx.buffer.SetCell(row, col, o.DefaultText());
     grid.SetCellAlignment(row, col, Align::Left);
   }
 }
@@ -184,27 +191,14 @@ void Grids::Drop_Oldest() {
       ctx.Pump();
       if (!BufferFull()) // an exit has stored all rows in that pump
         return;
-      store.Flush_Row(ctx.form.Grid.Rows() - 1);
+      store.Flush_Row(*ctx.buffer.At(ctx.buffer.Bottom()));
     }
-    Remove_Row(ctx.form.Grid.Rows() - 1);
+    ctx.buffer.Remove(ctx.buffer.Bottom());
   }
 }
 
 bool Grids::BufferFull() const {
-  const Grid& stations = ctx.form.StationsGrid;
-  return stations.Rows() > ctx.fields.GridDepth + stations.FixedRows();
-}
-
-void Grids::Remove_Row(int row) {
-  if (row < ctx.form.Grid.FixedRows())
-    return;
-  ctx.form.StationsGrid.RemoveItem(row);
-  ctx.form.Grid.RemoveItem(row);
-}
-
-void Grids::Clear_Rows() {
-  ctx.form.Grid.ClearToFixedRows();
-  ctx.form.StationsGrid.ClearToFixedRows();
+  return ctx.buffer.Count() > ctx.fields.GridDepth;
 }
 
 void Grids::Reset_Values() {
@@ -216,12 +210,8 @@ void Grids::Reset_Values() {
   ctx.form.Grid.SetRedraw(true);
 }
 
-int Grids::RowKindAt(int row) const {
-  return RowKind(ctx.form.StationsGrid, row);
-}
-
 void Grids::Show_Cell(int row, int obs) {
-  ctx.form.Grid.SetText(row, obs, ctx.rooms.setup.Observations(obs).DefaultText());
+  ctx.buffer.SetCell(row, obs, ctx.rooms.setup.Observations(obs).DefaultText());
 }
 
 void Grids::Show_Bar(int obs) {

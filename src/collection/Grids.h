@@ -1,8 +1,8 @@
-// The two collection grids, which are the buffer of the run: Grid, seen, one column for each observation, and
-// StationsGrid beside it, row for row. Newest row on top; a row that leaves them is stored and gone.
+// The collection grid: one column for each observation, under a head that shows key, value bar, icon and name; beneath
+// it the rows of the buffer. A row that the buffer has no more room for is stored and gone.
 //
-// Making a row pumps messages in its middle. Boundaries and keys that come there wait until the row is complete, or the
-// two grids would no longer match row for row; an EXIT that comes there finishes the row first (Finish_Row).
+// Making a row pumps messages in its middle. Boundaries and keys that come there wait until the row is complete; an
+// EXIT that comes there finishes the row first (Finish_Row), so that it is stored whole.
 #pragma once
 
 #include "collection/Asking.h"
@@ -35,14 +35,11 @@ public:
 
   // Completes the row that is being made, without pumping; nothing when there is none.
   void Finish_Row();
-  void Remove_Row(int row);
   // In a pause: the row that moves up in its place becomes current with its own values, or those of the row that went
   // would be written into it.
   void Remove_CurrentRow();
-  void Clear_Rows();
   // Puts all bars to 0 and all observations to their minimum.
   void Reset_Values();
-  int RowKindAt(int row) const;
   // The observation's value into the cell and, for numbers, the bar.
   void Show_Bar(int obs);
   void Show_Cell(int row, int obs);
@@ -54,12 +51,10 @@ public:
   static constexpr int KeyRow = 0, BarRow = 1, IconRow = 2, NameRow = 3;
 
 private:
-  // What a row needs to be finished, taken before anything was pumped.
+  // The row that is being made: it stands in the buffer and lacks its values and what belongs to its end.
   struct PendingRow {
-    bool step = true;
-    int obs = 0;         // of an event row
-    int row = 0;         // its place
-    std::string station; // in file units
+    RowKind kind = RowKind::Step;
+    int place = 0;
     bool valuesDone = false;
   };
   void Make_Column(int i);
@@ -68,7 +63,9 @@ private:
   void Carry(int obs, int row);
   void Write_EventCells(int row, int obs);
   void Write_Text(int row, int obs);
-  void Carry_OrWrite();
+  void Finish_StepRow(int place);
+  void Finish_EventRow(int place);
+  void Take_Fix(int place);
   void Drop_Oldest();
   bool BufferFull() const;
   bool Edit_EventCell(int obs);

@@ -5,8 +5,8 @@ namespace trekor {
 namespace {
 
 constexpr int TickMilliseconds = 25, CurtainMilliseconds = 100;
-constexpr int FixedGridRows = 4; // key, bar, icon, abbreviation
-constexpr int StationColumns = 9;
+constexpr int FixedGridRows = 4;  // key, bar, icon, abbreviation
+constexpr int StationColumns = 9; // as many widths are stored of StationsGrid
 constexpr int FormWidth = 14400, FormHeight = 9600, ToolBarHeight = 630, TabsHeight = 3900; // twips
 
 void Hold(Frame& frame, std::initializer_list<Control*> controls) {

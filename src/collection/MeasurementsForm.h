@@ -48,7 +48,7 @@ struct MeasurementsForm : Form {
   trekor::Grid fxgKeyPad{*this, "fxgKeyPad"};
 
   trekor::Grid Grid{*this, "Grid"};
-  trekor::Grid StationsGrid{*this, "StationsGrid"}; // never shown
+  trekor::Grid StationsGrid{*this, "StationsGrid"}; // empty, never shown: for its stored look
 
   ImageList imlObsPicsUCaseKeys{*this, "imlObsPicsUCaseKeys"};
   ImageList imlObsPicsDragIcons{*this, "imlObsPicsDragIcons"};

@@ -1,7 +1,6 @@
 #include "collection/Registrations.h"
 
 #include "collection/KeyCodes.h"
-#include "collection/StationsRow.h"
 #include "values/Text.h"
 
 #include <cmath>
@@ -61,10 +60,9 @@ void Registrations::Carry_Out(int key) {
 void Registrations::Register(int key) {
   auto& f = ctx.fields;
   if (Paused()) {
-    const Grid& stations = ctx.form.StationsGrid;
-    if (f.CurrentRow < stations.Rows())
-      ctx.position().KeyStation.SetFileText(stations.Text(f.CurrentRow, ColStation));
-    if (grids.RowKindAt(f.CurrentRow) > 0)
+    if (const GridRow* row = ctx.buffer.At(f.CurrentRow))
+      ctx.position().KeyStation.SetFileValue(row->station);
+    if (ctx.buffer.EventAt(f.CurrentRow) > 0)
       return; // an event row keeps its one value
   }
   if (f.AwaitValue)
@@ -196,7 +194,7 @@ void Registrations::Delete_Key() {
     f.AwaitValue = false;
     grids.SetBar(f.CurrentObs, 0);
     f.CurrentObs = 0;
-  } else if (Paused() && grids.RowKindAt(f.CurrentRow) > 0) {
+  } else if (Paused() && ctx.buffer.EventAt(f.CurrentRow) > 0) {
     grids.Remove_CurrentRow();
   } else if (Paused()) {
     Delete_Cell();
@@ -204,9 +202,8 @@ void Registrations::Delete_Key() {
 }
 
 void Registrations::Delete_Cell() {
-  Grid& grid = ctx.form.Grid;
-  const int row = ctx.fields.CurrentRow, col = grid.Col();
-  if (!ctx.rooms.setup.Has(col) || TrimView(grid.Text(row, col)).empty())
+  const int row = ctx.fields.CurrentRow, col = ctx.form.Grid.Col();
+  if (!ctx.rooms.setup.Has(col) || TrimView(ctx.buffer.Cell(row, col)).empty())
     return;
   ClassObservation& o = ctx.rooms.setup.Observations(col);
   if (HasBar(o.DataTypeID)) {
@@ -215,7 +212,7 @@ void Registrations::Delete_Cell() {
     grids.Show_Cell(row, col);
   } else {
     o.SetDefault(std::string());
-    grid.SetText(row, col, "");
+    ctx.buffer.SetCell(row, col, "");
   }
 }
 

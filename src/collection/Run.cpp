@@ -1,6 +1,5 @@
 #include "collection/Run.h"
 
-#include "collection/StationsRow.h"
 #include "values/NumberText.h"
 
 #include <utility>
@@ -188,7 +187,7 @@ void Run::Stop_Run() {
   if (ctx.run().DataFileOpen)
     Store_Rows();
   ctx.form.Texts8.SetText(ctx.position().DmiStation.Text());
-  grids.Clear_Rows();
+  ctx.buffer.Clear();
   Set_MenusEnabled(true);
   grids.Reset_Values();
   Restore_NumLock();
@@ -198,13 +197,14 @@ void Run::Stop_Run() {
 
 // The running step ends here and now. Bottom row first, so that the oldest is stored first.
 void Run::Store_Rows() {
-  Grid& stations = ctx.form.StationsGrid;
-  const int top = stations.FixedRows();
-  if (top < stations.Rows())
-    stations.SetText(top, ColStation, ctx.position().KeyStation.FileText());
-  Write_Fix(stations, top, ctx.rooms.platform.clock.Now(), ctx.state().gps);
-  for (int row = ctx.form.Grid.Rows() - 1; row >= top; --row)
-    store.Flush_Row(row);
+  const RowBuffer& rows = ctx.buffer;
+  if (GridRow* running = ctx.buffer.At(rows.Top())) {
+    running->station = ctx.position().KeyStation.FiledValue();
+    running->time = ctx.rooms.platform.clock.Now();
+    running->fix = ctx.state().gps.fix;
+  }
+  for (int place = rows.Bottom(); place >= rows.Top(); --place)
+    store.Flush_Row(*rows.At(place));
   ctx.rooms.files.EditSession();
 }
 
@@ -224,7 +224,7 @@ void Run::Stop_AndClose() {
 
 // A start that has not come to its end has stored nothing.
 void Run::Cancel_Start() {
-  grids.Clear_Rows();
+  ctx.buffer.Clear();
   Restore_NumLock();
 }
 

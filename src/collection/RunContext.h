@@ -1,9 +1,10 @@
-// What the subjects of the run share: the rooms they work with, the form, and the form's own fields. Built once by
-// Measurements and handed down by reference; it outlives them all.
+// What the subjects of the run share: the rooms they work with, the form, its own fields and the rows that have not
+// been stored yet. Built once by Measurements and handed down by reference; it outlives them all.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
 #include "collection/Rooms.h"
+#include "collection/RowBuffer.h"
 
 #include <cstdint>
 #include <optional>
@@ -43,6 +44,7 @@ struct RunContext {
   MeasurementsForm& form;
   RunRooms rooms;
   RunFields fields{};
+  RowBuffer buffer{form.Grid};
 
   ProgramState& state() const { return rooms.state; }
   RunFlags& run() const { return rooms.state.run; }

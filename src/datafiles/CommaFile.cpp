@@ -143,10 +143,16 @@ void Take(const Cursor& row, int place, double& into) {
     into = number;
 }
 
-void Take(const Cursor& row, int place, std::int32_t& into) {
+void Take(const Cursor& row, int place, float& into) {
+  double number = double{into};
+  Take(row, place, number);
+  into = ToSingle(number);
+}
+
+void Take(const Cursor& row, int place, int& into) {
   const std::int64_t number = row.Integer(place);
   if (number != 0 || !row.IsNull(place))
-    into = static_cast<std::int32_t>(number);
+    into = static_cast<int>(number);
 }
 
 } // namespace
@@ -160,13 +166,12 @@ void CommaFile::ReadStation(Walk& w) {
   if (position != 0 || !row.IsNull(StaStation))
     RecordStation.SetFileValue(position);
   into.km = RecordStation.Default();
-  Take(row, StaStatus, into.GPSStatus);
-  Take(row, StaTime, into.GPSTime);
-  Take(row, StaLatitude, into.Latitude);
-  Take(row, StaLongitude, into.Longitude);
-  Take(row, StaHeight, into.Height);
-  into.Height = double{ToSingle(into.Height)};
-  Take(row, StaSVs, into.GPSSVs);
+  Take(row, StaStatus, into.fix.GpsStatus);
+  Take(row, StaTime, into.fix.GpsTime);
+  Take(row, StaLatitude, into.fix.GpsLatitude);
+  Take(row, StaLongitude, into.fix.GpsLongitude);
+  Take(row, StaHeight, into.fix.GpsHeight);
+  Take(row, StaSVs, into.fix.GpsSVs);
 }
 
 void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {

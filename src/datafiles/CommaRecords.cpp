@@ -51,12 +51,12 @@ void CommaRecords::StationField(double km) {
 
 // 5280,0,120345, 55.6760968,  12.5683371,  12.5,4, 9,    ,
 // no fix 1 (else 0), time, latitude, longitude, height, status, satellites, two columns that stay empty
-void CommaRecords::WriteGpsRecord(const CommaPosition& p) {
-  if (p.Latitude == 0 || p.Longitude == 0)
+void CommaRecords::WriteGpsRecord(const GpsFix& fix) {
+  if (fix.GpsLatitude == 0 || fix.GpsLongitude == 0)
     return;
-  out.Raw("5280,").Fixed(p.GPSStatus < 1 ? 1 : 0, digit).Comma();
-  out.Fixed(p.GPSTime, gpsTime).Comma().Fixed(p.Latitude, latitude).Comma().Fixed(p.Longitude, longitude).Comma();
-  out.Fixed(p.Height, height).Comma().Fixed(p.GPSStatus, digit).Comma().Fixed(p.GPSSVs, satellites);
+  out.Raw("5280,").Fixed(fix.GpsStatus < 1 ? 1 : 0, digit).Comma().Fixed(fix.GpsTime, gpsTime).Comma();
+  out.Fixed(fix.GpsLatitude, latitude).Comma().Fixed(fix.GpsLongitude, longitude).Comma();
+  out.Fixed(double{fix.GpsHeight}, height).Comma().Fixed(fix.GpsStatus, digit).Comma().Fixed(fix.GpsSVs, satellites);
   out.Raw(",    ,   ").End();
 }
 
@@ -75,7 +75,7 @@ bool CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosit
     i = static_cast<std::size_t>(found - table.ObsCodes.begin());
     value = PointDigit(regData);
   }
-  WriteGpsRecord(here);
+  WriteGpsRecord(here.fix);
   out.Raw("5311,");
   StationField(here.km);
   out.Comma().Fixed(table.ObsCodes[i], code).Comma().Whole(value).Comma().Quoted(regData).End();
@@ -85,7 +85,7 @@ bool CommaRecords::WritePointRecord(const Cursor& registration, const CommaPosit
 // 5301,  12.300,  12.400,0,3,0,0,1,0,0,0,0,0,0,0,0,0,0,0
 // from, to, a digit for each observation, at least 16 of them; the position of the start goes first in a 5280
 void CommaRecords::WriteSegmentRecord(const CommaPosition& from, const CommaPosition& to) {
-  WriteGpsRecord(from);
+  WriteGpsRecord(from.fix);
   out.Raw("5301,");
   StationField(from.km);
   out.Comma();

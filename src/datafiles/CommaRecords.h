@@ -5,6 +5,7 @@
 #include "datafiles/DataFiles.h"
 #include "store/Cursor.h"
 #include "values/DistanceUnits.h"
+#include "values/GpsFix.h"
 
 #include <cstdint>
 #include <string>
@@ -28,9 +29,7 @@ struct CommaTable {
 // A position as the walk carries it: the station in kilometres and the fix.
 struct CommaPosition {
   double km = 0;
-  std::int32_t GPSStatus = 0;
-  double GPSTime = 0, Latitude = 0, Longitude = 0, Height = 0;
-  std::int32_t GPSSVs = 0;
+  GpsFix fix;
 };
 
 // The digit of a registration in a point record: a number as a whole one, brought to 0 to 9; 0 for any other text.
@@ -45,7 +44,7 @@ public:
 
   // False when the session's observations could not be read to their end.
   bool WriteCommaHeader(const SessionRow& session, const Database& database);
-  void WriteGpsRecord(const CommaPosition& position);
+  void WriteGpsRecord(const GpsFix& fix); // nothing where there is no position
   // One registration of the row on which the cursor stands; see RegistrationQuery for its fields.
   // False when its observation is unknown to the session and nothing was written.
   bool WritePointRecord(const Cursor& registration, const CommaPosition& here);

@@ -10,6 +10,7 @@
 #include "state/ProgramState.h"
 #include "store/Database.h"
 #include "store/Recordset.h"
+#include "values/GpsFix.h"
 
 #include <cstdint>
 #include <memory>
@@ -51,13 +52,10 @@ struct SessionRow {
 
 // The fields of a station that the caller gives.
 struct NewStation {
-  int StationType = 0;
-  std::string FileText; // the position in file units
+  int StationType = 0;    // 0 a step's end, 1 an event
+  double FileStation = 0; // file units, with the digits that the file keeps (Station::FiledValue)
   LocalTime Time;
-  int GPSStatus = 0;
-  double GPSTime = 0, Latitude = 0, Longitude = 0;
-  float Height = 0;
-  int GPSSVs = 0;
+  GpsFix fix;
 };
 
 // An open data file. The recordsets go before their database.

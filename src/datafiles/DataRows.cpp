@@ -29,13 +29,14 @@ int StationDirection(const Positions& position) {
 std::int32_t DataFiles::AddStation(const NewStation& station) {
   if (!rsStations)
     return state.file.StationID;
+  const GpsFix& fix = station.fix;
   rsStations->AddNew();
-  RecordStation.SetFileText(station.FileText);
+  RecordStation.SetFileValue(station.FileStation);
   SetFields(*rsStations, stationPlaces,
             {state.file.SessionID, RecordStation.FileValue(), state.units.FileStationUnit,
              StationDirection(state.position), station.StationType, CutText(state.facility.Lane, 50),
-             CutText(state.facility.LaneNumber, 16), DateText(station.Time), station.GPSStatus, station.GPSTime,
-             station.Latitude, station.Longitude, double{station.Height}, station.GPSSVs});
+             CutText(state.facility.LaneNumber, 16), DateText(station.Time), fix.GpsStatus, fix.GpsTime,
+             fix.GpsLatitude, fix.GpsLongitude, double{fix.GpsHeight}, fix.GpsSVs});
   const auto id = static_cast<std::int32_t>(rsStations->Get("StationID").Integer());
   if (rsStations->Update())
     state.file.StationID = id; // otherwise the last row is still the one before

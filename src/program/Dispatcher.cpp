@@ -50,17 +50,18 @@ void TakeSingle(float& field, std::string_view word) {
 // GPS 143015.2 55.6761 12.5683 14.2 1 9 0 0.8 0 0
 // 1 time, 2 latitude, 3 longitude, 4 height, 5 status, 6 satellites, 7 skipped, 8 to 10 kept for nobody. From 4 on a
 // word that is missing leaves the old value; of the first three it gives 0.
-void TakeGps(GpsFix& gps, std::string_view message) {
+void TakeGps(GpsMessage& gps, std::string_view message) {
   const auto [words, count] = SocketProp::Split_Views(message);
-  gps.GpsTime = Val(words[1]);
-  gps.GpsLatitude = Val(words[2]);
-  gps.GpsLongitude = Val(words[3]);
+  GpsFix& fix = gps.fix;
+  fix.GpsTime = Val(words[1]);
+  fix.GpsLatitude = Val(words[2]);
+  fix.GpsLongitude = Val(words[3]);
   if (count > 3)
-    TakeSingle(gps.GpsHeight, words[4]);
+    TakeSingle(fix.GpsHeight, words[4]);
   if (count > 4)
-    TakeInteger(gps.GpsStatus, words[5]);
+    TakeInteger(fix.GpsStatus, words[5]);
   if (count > 5)
-    TakeInteger(gps.GpsSVs, words[6]);
+    TakeInteger(fix.GpsSVs, words[6]);
   if (count > 7)
     TakeSingle(gps.GpsField8, words[8]);
   if (count > 8)

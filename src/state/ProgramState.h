@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/Clock.h"
+#include "values/GpsFix.h"
 #include "values/Station.h"
 #include "values/UnitSettings.h"
 #include "values/UnitValues.h"
@@ -56,11 +57,9 @@ struct Positions {
   double NextStepKm = 0, StepKm = 0;
 };
 
-// The last "GPS" message.
-struct GpsFix {
-  double GpsTime = 0, GpsLatitude = 0, GpsLongitude = 0;
-  float GpsHeight = 0;
-  int GpsStatus = 0, GpsSVs = 0;
+// The last "GPS" message. What stands beside the fix is kept for whoever asks the link for it: nothing here reads it.
+struct GpsMessage {
+  GpsFix fix;
   float GpsField8 = 0;
   int GpsField9 = 0, GpsField10 = 0;
   bool GpsSeen = false, GpsFresh = false;
@@ -125,7 +124,7 @@ struct ProgramState {
   CommandLineFlags command;
   RunFlags run;
   Positions position;
-  GpsFix gps;
+  GpsMessage gps;
   People people;
   FacilityRecord facility;
   FileNaming file;

@@ -51,6 +51,10 @@ std::size_t InnerMark(std::string_view text, char mark) {
   return at == 0 ? text.find(mark, 2) : at;
 }
 
+double NumberOf(std::string_view text) {
+  return TextToDouble(StationDigits(TrimView(text)));
+}
+
 } // namespace
 
 Station::Station(const UnitSettings& settings) : Numeric(settings) {
@@ -66,6 +70,10 @@ bool Station::Test() const {
 
 std::string Station::FixedText() const {
   return Number == NaN ? std::string(8, ' ') : FormatFixed(Number);
+}
+
+double Station::FiledValue() const {
+  return NumberOf(FileText());
 }
 
 double Station::StationToKm(double v, int unit) {
@@ -182,11 +190,11 @@ std::string Station::FormatFile(double number) const {
 }
 
 double Station::ParseText(std::string_view text) const {
-  return ToInternal(TextToDouble(StationDigits(TrimView(text))));
+  return ToInternal(NumberOf(text));
 }
 
 double Station::ParseFile(std::string_view text) const {
-  return FileToInternal(TextToDouble(StationDigits(TrimView(text))));
+  return FileToInternal(NumberOf(text));
 }
 
 std::string StationDigits(std::string_view text) {

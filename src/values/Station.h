@@ -11,6 +11,8 @@ public:
   explicit Station(const UnitSettings& settings);
   bool Test() const override;
   std::string FixedText() const override; // eight blanks for NaN
+  // The number that FileText shows: file units, with the digits that a file keeps of it.
+  double FiledValue() const;
   static double StationToKm(double value, int unit);
   static double KmToStation(double km, int unit);
 

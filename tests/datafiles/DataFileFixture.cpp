@@ -55,19 +55,15 @@ void Job::Begin(const std::string& name) {
 }
 
 void Job::Fix(double latitude, double longitude, double height, int status, int satellites) {
-  next.Latitude = latitude;
-  next.Longitude = longitude;
-  next.Height = static_cast<float>(height);
-  next.GPSStatus = status;
-  next.GPSSVs = satellites;
+  next.fix = {0, latitude, longitude, static_cast<float>(height), status, satellites};
 }
 
 std::int32_t Job::Stand(const std::string& station, int type) {
   next.StationType = type;
-  next.FileText = station;
+  next.FileStation = TextToDouble(StationDigits(station));
   machine.clock.Advance(1000);
   next.Time = machine.clock.Now();
-  next.GPSTime = next.Time.hour * 10000 + next.Time.minute * 100 + next.Time.second;
+  next.fix.GpsTime = next.Time.hour * 10000 + next.Time.minute * 100 + next.Time.second;
   return files.AddStation(next);
 }
 

@@ -1,7 +1,6 @@
 #include "drives/DriveRunner.h"
 
 #include "collection/Parts.h"
-#include "collection/StationsRow.h"
 #include "support/ReleasedTree.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
@@ -109,8 +108,9 @@ void DriveRunner::TellLines() {
 
 void DriveRunner::TellRows() {
   const auto& grid = program->form.Grid;
-  if (program->form.StationsGrid.Rows() != grid.Rows())
-    told += "the hidden grid has other rows\n";
+  const RowBuffer& buffer = program->measurements.parts().ctx.buffer;
+  if (buffer.Bottom() + 1 != grid.Rows())
+    told += "the buffer has other rows than the grid\n";
   std::string bars;
   for (int col = 0; col < grid.Cols(); ++col)
     if (const auto& bar = grid.CellPicture(Grids::BarRow, col); bar != "BAR:0" && bar != "BAR:11") // at rest
@@ -118,7 +118,12 @@ void DriveRunner::TellRows() {
   if (!bars.empty())
     told += "bars" + bars + "\n";
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    told += "row " + grid.Text(row, 0) + " (" + program->form.StationsGrid.Text(row, ColStation) + ")";
+    Station station(program->state.units);
+    station.SetFileValue(buffer.At(row) ? buffer.At(row)->station : NaN);
+    told += "row " + grid.Text(row, 0) + " (" + station.FileText() + ")";
+    for (int col = 0; col < grid.Cols(); ++col)
+      if (grid.Text(row, col) != buffer.Cell(row, col))
+        told += " but " + buffer.Cell(row, col) + " in the buffer";
     for (int col = 1; col < grid.Cols(); ++col)
       if (const auto& cell = grid.Text(row, col);
           !cell.empty() && !(grid.MergeRow(row) && cell == grid.Text(row, col - 1)))

@@ -75,14 +75,14 @@ TEST_F(DispatcherTest, DmiSetsThePosition) {
 }
 
 TEST_F(DispatcherTest, AGpsOfAnyLengthReachesItsFields) {
-  GpsFix& gps = state.gps;
+  GpsMessage& gps = state.gps;
   const auto fields = [&gps] { // by word; the seventh has none
-    return std::vector<double>{gps.GpsTime,
-                               gps.GpsLatitude,
-                               gps.GpsLongitude,
-                               double{gps.GpsHeight},
-                               double(gps.GpsStatus),
-                               double(gps.GpsSVs),
+    return std::vector<double>{gps.fix.GpsTime,
+                               gps.fix.GpsLatitude,
+                               gps.fix.GpsLongitude,
+                               double{gps.fix.GpsHeight},
+                               double(gps.fix.GpsStatus),
+                               double(gps.fix.GpsSVs),
                                0,
                                double{gps.GpsField8},
                                double(gps.GpsField9),

@@ -39,11 +39,14 @@ TEST_F(StationTest, EveryUnitHasItsTexts) {
     EXPECT_EQ(station.Text(), c.text) << "unit " << c.unit;
     EXPECT_EQ(station.FixedText(), c.fixed) << "unit " << c.unit;
     EXPECT_EQ(station.FileText(), c.fixed) << "unit " << c.unit;
-    const double km = station.Default();
+    const double km = station.Default(), filed = station.FiledValue();
     for (const auto set : {&Station::SetText, &Station::SetFileText}) { // as the text of either side it comes back
       (station.*set)(c.fixed);
       EXPECT_NEAR(station.Default(), km, 0.0005) << c.fixed << " in unit " << c.unit;
     }
+    Station stored{settings};
+    stored.SetFileValue(filed);
+    EXPECT_EQ(stored.Default(), station.Default()) << c.fixed << " in unit " << c.unit << " as a number";
   }
   EXPECT_EQ(At(5, 9).Text(), "");
   EXPECT_EQ(station.FixedText(), "");

@@ -1,0 +1,32 @@
+// A row of the run: made once, shown by the grid, stored as it is.
+#pragma once
+
+#include "platform/Clock.h"
+#include "values/GpsFix.h"
+
+#include <string>
+#include <vector>
+
+namespace trekor {
+
+enum class RowKind {
+  Step,  // a span that ends at the row's station
+  Event, // a point: one observation at the row's station
+};
+
+struct GridRow {
+  RowKind kind = RowKind::Step;
+  int obs = 0;        // of an event row
+  double station = 0; // file units, with the digits that the file keeps
+  // When the step ended or the event was registered, and where. The running step has neither yet.
+  LocalTime time{};
+  GpsFix fix{};
+  // By column: the stretch of road or the point, then a text for each observation. An emptied one is a value too: what
+  // it means is decided by the observation.
+  std::vector<std::string> cells{};
+};
+
+// From here on an event row of a text observation holds that text in every cell; the cell before says whose it is.
+constexpr int MergedTextColumn = 2;
+
+} // namespace trekor
