@@ -19,7 +19,11 @@ namespace {
 // The largest wait of the operator's thread for another program's short write, milliseconds.
 constexpr int busyMilliseconds = 250;
 // Pages that the log may hold before it is folded into the file: folding costs two more syncs, so it is made rare.
-constexpr char logPages[] = "PRAGMA wal_autocheckpoint=4000";
+constexpr int logPages = 1000;
+// What a large transaction may write beyond them before the log is folded.
+constexpr int sparePages = 64;
+// The log: a head, then the pages with a head each. Bytes.
+constexpr std::int64_t logHead = 32, logPageHead = 24;
 
 std::string_view TextOf(sqlite3_value* value) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
@@ -158,7 +162,32 @@ bool Engine::PrepareDurable() {
   if (PragmaText("journal_mode=WAL") != "wal")
     return Fail("log");
   hasLog = true;
-  return Execute("PRAGMA synchronous=FULL") && Execute(logPages) && Execute("BEGIN EXCLUSIVE; COMMIT");
+  if (!Execute("PRAGMA synchronous=FULL") || !Execute("PRAGMA wal_autocheckpoint=" + std::to_string(logPages)) ||
+      !Execute("BEGIN EXCLUSIVE; COMMIT"))
+    return false;
+  ReserveLog();
+  return true;
+}
+
+// A commit that lengthens the log makes the file system write down the new length as well, and the sync takes twice as
+// long. So the whole room is written here once, as noughts, which the library takes for the end of the log; from then
+// on a commit writes over them. A disk that has not the room for it goes on as before.
+void Engine::ReserveLog() {
+  sqlite3_file* log = nullptr;
+  sqlite3_int64 length = 0;
+  if (sqlite3_file_control(db, "main", SQLITE_FCNTL_JOURNAL_POINTER, &log) != SQLITE_OK || !log || !log->pMethods ||
+      log->pMethods->xFileSize(log, &length) != SQLITE_OK)
+    return;
+  const std::int64_t page = FieldValue(PragmaText("page_size")).Integer();
+  const std::int64_t wanted = logHead + (logPages + sparePages) * (logPageHead + page);
+  const std::vector<char> noughts(64 * 1024);
+  bool written = true;
+  for (std::int64_t at = length; written && at < wanted; at += static_cast<std::int64_t>(noughts.size()))
+    written = log->pMethods->xWrite(log, noughts.data(), static_cast<int>(noughts.size()), at) == SQLITE_OK;
+  if (written)
+    log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
+  else
+    log->pMethods->xTruncate(log, length);
 }
 
 bool Engine::PrepareExclusive() {

@@ -108,6 +108,7 @@ private:
   bool Prepare();
   bool PrepareDurable();
   bool PrepareExclusive();
+  void ReserveLog();
   bool FoldLeftLog();
   std::string PragmaText(const std::string& pragma);
 

@@ -2,6 +2,10 @@
 #include "StoreFixture.h"
 
 #include <chrono>
+#include <csignal>
+
+#include <sys/resource.h>
+#include <sys/wait.h>
 
 namespace trekor::tests {
 
@@ -35,6 +39,34 @@ TEST_F(DurabilityTest, ADurableFileIsOnePlainFileAgainAfterTheClose) {
   const auto copy = Database::Open(folder.File("Copy.mdb"), OpenMode::ReadOnly);
   EXPECT_EQ(copy->OpenTable("Registrations")->RecordCount(), 20);
   EXPECT_EQ(BytesOf(path).substr(18, 2), "\1\1") << "the mark of a file without a log";
+}
+
+// A commit that lengthens the log costs as much again as the rows. Without the room for that the log grows as it must,
+// and what the try has taken is given back.
+TEST_F(DurabilityTest, TheLogHasItsRoomBeforeTheFirstRowWhereTheDiskHasIt) {
+  for (const bool room : {true, false}) {
+    SCOPED_TRACE(room);
+    database.reset();
+    const pid_t child = fork(); // for a limit of its own: beyond it writing fails as on a full disk
+    if (child == 0) {
+      signal(SIGXFSZ, SIG_IGN);
+      const rlimit limit{room ? RLIM_INFINITY : 1000000, RLIM_INFINITY};
+      setrlimit(RLIMIT_FSIZE, &limit);
+      database = Database::Open(path, OpenMode::ExclusiveDurable);
+      const auto length = [this] { return std::filesystem::file_size(path + "-wal"); };
+      const auto before = length();
+      bool stored = true;
+      for (int i = 0; i < 20; ++i)
+        stored = stored && StoreRow();
+      const bool asWanted = room ? before > 4000000 && length() == before : before == 0 && length() < 1000000;
+      _exit(stored && asWanted ? 0 : 1);
+    }
+    int status = -1;
+    waitpid(child, &status, 0);
+    EXPECT_EQ(status, 0);
+    Reopen(OpenMode::ReadOnly);
+    EXPECT_EQ(database->OpenTable("Stations")->RecordCount(), room ? 20 : 40);
+  }
 }
 
 // Other programs share some of the databases: their commit must not look like a damaged file at our start.
