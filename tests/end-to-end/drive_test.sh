@@ -37,5 +37,13 @@ is "points in the comma file" "$(grep -c '^5311,' "$comma")" 4
 is "the note in the comma file" "$(grep -c ',291,0,"oak"' "$comma")" 1
 is "the last record" "$(tail -n 1 "$comma" | tr -d '\r')" "5319,     0.0"
 is "lines without a carriage return" "$(grep -vc $'\r$' "$comma" || true)" 0
+# The office makes the same comma file again, and hears of the file that is none though it isn't the last.
+cp "$comma" "$work/driven"
+code=0
+"$build/bin/trekor-export" --operator "A. Lind" --setup "Pavement distress" "$work/none.mdb" "$file" \
+  >"$work/exported" 2>/dev/null || code=$?
+is "the highest exit code" $code 1
+is "what was written" "$(cat "$work/exported")" "$comma"
+cmp "$comma" "$work/driven" || fail "the tool writes another comma file"
 grep -q -- '<- CTRL EXIT' "$work/transcript.txt" || fail "no CTRL EXIT"
 echo "passed"

@@ -68,7 +68,11 @@ protected:
 
 TEST_F(SocketTest, LinesGoBothWaysInTheTurnThatHearsThem) {
   EXPECT_FALSE(socket.Send("too early"));
+  socket.connectLimit = 300; // of an attempt, not of what has become of it
+  bool later = false;
   Connect();
+  QTimer::singleShot(400, [&] { later = true; });
+  ASSERT_TRUE(Until([&] { return later; }));
   EXPECT_EQ(socket.State(), SocketState::Connected);
   heard.onData = [&] {
     EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");

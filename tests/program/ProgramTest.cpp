@@ -99,6 +99,7 @@ class ProgramTest : public testing::Test, protected Vehicle {};
 // ---- coming up
 
 TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
+  fakes.process.decimalChar = ',';
   ASSERT_TRUE(Main());
   const std::string identity = "IDENTITY Trekor 1 " + program->state.folders.AppVersion + " 0 Default";
   EXPECT_EQ(Sent(), (Texts{identity, identity, "HWND Trekor  4711",
@@ -106,6 +107,7 @@ TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
                            "SET SYSTEM TREKOR UNKNOWN 7707-104"}));
   EXPECT_LT(Place("Show Measurements"), Place("Load SocketProp")) << "the window first, then the link";
   EXPECT_TRUE(program->form.IdleTimer.Running());
+  EXPECT_EQ(program->form.Texts8.Text(), "0,000") << "in the operator's own way";
   EXPECT_TRUE(program->state.folders.HardwareCreated);
   for (const Served& each : InOrder())
     EXPECT_TRUE(fakes.drives.FileExists(each.working)) << each.name;

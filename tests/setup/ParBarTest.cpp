@@ -43,6 +43,7 @@ TEST_F(Bar, ShowsItsValueOnItsScaleAndKeepsWhatFits) {
                {5, 5, 5, "BAR:0", 5},
                {0, 10, 11, "BAR:10", 10},
                {2, 10, 0, "BAR:0", 2},
+               {2, 10, 6, "BAR:5", 6},
                {-huge, huge, 0, "BAR:5", 0},
                {-huge, huge, huge, "BAR:10", huge},
                {0, endless, huge, "BAR:0", huge},

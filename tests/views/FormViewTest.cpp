@@ -1,5 +1,6 @@
 #include "ShownFormTest.h"
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QMenu>
 #include <QPlainTextEdit>
@@ -187,6 +188,13 @@ TEST_F(FormViewTest, AControlThatComesLaterIsShownToo) {
   EXPECT_EQ(found->text(), "later");
   EXPECT_EQ(found->geometry(), QRect(10, 200, 100, 20));
   EXPECT_TRUE(found->isVisible());
+  auto* label = static_cast<Label*>(form.LoadElement("Labels", 1));
+  const auto colour = [shown = window->findChild<QLabel*>()] { return shown->palette().windowText().color(); };
+  const QColor plain = colour();
+  label->SetForeColor(0xC00000);
+  EXPECT_EQ(colour(), QColor(0xC00000));
+  label->SetForeColor(-1);
+  EXPECT_EQ(colour(), plain);
 }
 
 TEST_F(FormViewTest, ATimerKeepsItsTurnsButNotInsideItself) {

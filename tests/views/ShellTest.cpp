@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
+#include <QScreen>
 #include <QTimer>
 
 #include <gtest/gtest.h>
@@ -42,6 +43,15 @@ TEST_F(ShellTest, ANoticeIsOnTheScreenWhenTheCallReturns) {
   shell.ShowNotice("");
   for (const QWidget* w : QApplication::topLevelWidgets())
     EXPECT_FALSE(w->isVisible());
+}
+
+TEST_F(ShellTest, AWindowThatLayOnAScreenWhichHasGoneIsSeenOnThisOne) {
+  Form form("Trial");
+  form.Move(-90000, 150000, 6000, 3000);
+  shell.Show(form);
+  for (const QWidget* w : QApplication::topLevelWidgets())
+    EXPECT_TRUE(!w->isVisible() || w->screen()->availableGeometry().contains(w->geometry().center()));
+  shell.Unload(form);
 }
 
 // An order of the link or the end of the program takes the form away while it tells something.
