@@ -73,7 +73,7 @@ TEST_F(SocketTest, LinesGoBothWaysInTheTurnThatHearsThem) {
   Connect();
   QTimer::singleShot(400, [&] { later = true; });
   ASSERT_TRUE(Until([&] { return later; }));
-  EXPECT_EQ(socket.State(), SocketState::Connected);
+  ASSERT_EQ(socket.State(), SocketState::Connected); // else the peer below would wait for ever
   heard.onData = [&] {
     EXPECT_EQ(socket.ReadAll(), "CTRL ARM\r\n");
     EXPECT_TRUE(socket.Send("ACK\r\n"));
