@@ -84,7 +84,7 @@ public:
   std::string ReadAll() override { return std::move(waiting); }
   void Arrive(std::string bytes) {
     waiting = std::move(bytes);
-    events->Socket_DataArrival();
+    events->SocketDataArrived();
   }
 
 private:

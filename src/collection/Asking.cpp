@@ -19,11 +19,11 @@ Asking::Asking(RunContext& context)
       TextPrompt("TextPrompt", context.rooms.platform, context.rooms.texts), ctx(context) {}
 
 bool Asking::Ask_EventStation(int obs) {
-  const auto title = Word_Enter() + " " + ctx.rooms.setup.Observations(obs).ObsNameDisp() + " Station";
-  const auto answer = Ask(NumericPrompt, title, ctx.position().KeyStation.Text(), NoLimit);
+  const auto title = WordEnter() + " " + ctx.rooms.setup.Observations(obs).ObsNameDisp() + " Station";
+  const auto answer = Ask(NumericPrompt, title, ctx.Position().KeyStation.Text(), NoLimit);
   if (Trim(answer).empty())
     return false;
-  ctx.position().KeyStation.SetText(answer);
+  ctx.Position().KeyStation.SetText(answer);
   return true;
 }
 
@@ -35,7 +35,7 @@ std::string Asking::Ask_Text(int obs) {
   return Trim(Ask(TextPrompt, Title(obs), ctx.rooms.setup.Observations(obs).DefaultText(), LongestText));
 }
 
-void Asking::Take_Number(ClassObservation& observation, const std::string& answer) {
+void Asking::TakeNumber(ClassObservation& observation, const std::string& answer) {
   if (observation.DataTypeID != 1)
     return observation.SetDefault(SingleToText(TextToSingle(answer)));
   const auto whole = IsNumeric(answer) ? ToInteger16(TextToDouble(answer)) : std::nullopt;
@@ -45,44 +45,44 @@ void Asking::Take_Number(ClassObservation& observation, const std::string& answe
 
 void Asking::EnterHugeNumber(int index) {
   TextBox& box = TextsBox(ctx.form, index);
-  const auto answer = Ask(NumericPrompt, Word_Enter() + "  " + Label_Caption(index), box.Text(), NoLimit);
+  const auto answer = Ask(NumericPrompt, WordEnter() + "  " + LabelCaption(index), box.Text(), NoLimit);
   if (Trim(answer).empty() || ctx.fields.ending)
     return;
   box.SetText(answer);
   if (index != 6)
     return;
-  ctx.position().DmiStation.SetText(answer);
-  box.SetText(ctx.position().DmiStation.Text());
-  Set_DMI(ctx.state(), ctx.rooms.socket);
+  ctx.Position().DmiStation.SetText(answer);
+  box.SetText(ctx.Position().DmiStation.Text());
+  Set_DMI(ctx.State(), ctx.rooms.socket);
 }
 
 void Asking::EnterHugeText(int index) {
   TextBox& box = TextsBox(ctx.form, index);
-  const auto answer = Ask(TextPrompt, Word_Enter() + "  " + Label_Caption(index), box.Text(), NoLimit);
+  const auto answer = Ask(TextPrompt, WordEnter() + "  " + LabelCaption(index), box.Text(), NoLimit);
   if (!Trim(answer).empty() && !ctx.fields.ending)
     box.SetText(answer);
 }
 
 std::string Asking::Ask(Prompt& prompt, const std::string& title, const std::string& first, int maxLength) {
-  Freeze_NumLock();
+  FreezeNumLock();
   return prompt.Ask(title, first, maxLength);
 }
 
 std::string Asking::Title(int obs) const {
   const auto& o = ctx.rooms.setup.Observations(obs);
-  return Word_Enter() + " " + o.ObsNameDisp() + " " + o.ParNameDisp();
+  return WordEnter() + " " + o.ObsNameDisp() + " " + o.ParNameDisp();
 }
 
-std::string Asking::Word_Enter() const {
+std::string Asking::WordEnter() const {
   return ctx.rooms.texts.GetText("W_Enter");
 }
 
-std::string Asking::Label_Caption(int index) const {
+std::string Asking::LabelCaption(int index) const {
   const auto& f = ctx.form;
   return (index == 6 ? f.labels6 : index == 7 ? f.labels7 : f.labels8).Caption();
 }
 
-void Asking::Freeze_NumLock() {
+void Asking::FreezeNumLock() {
   if (NumLockFrozen())
     Set_NumLock(true);
 }

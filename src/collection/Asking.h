@@ -25,10 +25,10 @@ public:
 
   // The answer for an Integer or a Float becomes the observation's value. An Integer passes a 16-bit conversion: what
   // does not fit or is no number leaves the old value. A Float passes single precision.
-  static void Take_Number(ClassObservation& observation, const std::string& answer);
+  static void TakeNumber(ClassObservation& observation, const std::string& answer);
 
   // With "Freeze NumLock" ticked.
-  void Freeze_NumLock();
+  void FreezeNumLock();
   bool NumLockFrozen() const { return ctx.form.chkNumLockFreeze.Value() != 0; }
   void Set_NumLock(bool on);
 
@@ -36,8 +36,8 @@ public:
 
 private:
   std::string Title(int obs) const;
-  std::string Word_Enter() const;
-  std::string Label_Caption(int index) const;
+  std::string WordEnter() const;
+  std::string LabelCaption(int index) const;
   std::string Ask(Prompt& prompt, const std::string& title, const std::string& first, int maxLength);
 
   RunContext& ctx;

@@ -17,7 +17,7 @@ void Boxes::Wire() {
   Wire(ctx.form.Texts8, 8);
   ctx.form.txtGridDepth.OnLostFocus = [this] {
     if (Settles(ctx.form.txtGridDepth))
-      Validate_GridDepth();
+      ValidateGridDepth();
   };
 }
 
@@ -27,14 +27,14 @@ void Boxes::Wire(TextBox& box, int index) {
     kept = box.Text();
     box.SelectAll();
   };
-  box.OnLostFocus = [this, index] { Lost_Focus(index); };
+  box.OnLostFocus = [this, index] { LostFocus(index); };
   // Opens the list of a box that has one; what the keyboard cannot send is no news to the operator.
   box.OnDblClick = [this] { ctx.rooms.SendKeysObject.SendKeys("%{DOWN}", false); };
-  box.OnKeyDown = [this](int keyCode, int) { return National_Key(keyCode); };
+  box.OnKeyDown = [this](int keyCode, int) { return NationalKey(keyCode); };
   box.OnKeyPress = [this](char32_t typed) { return national != 0 ? std::exchange(national, 0) : typed; };
 }
 
-void Boxes::Lost_Focus(int index) {
+void Boxes::LostFocus(int index) {
   ctx.fields.FocusIndex = -1;
   if (!Settles(TextsBox(ctx.form, index)))
     return;
@@ -45,18 +45,18 @@ void Boxes::Lost_Focus(int index) {
 }
 
 bool Boxes::Settles(const TextBox& box) const {
-  return box.Edited() && ctx.run().RunState == 0 && !ctx.fields.starting;
+  return box.Edited() && ctx.Flags().RunState == 0 && !ctx.fields.starting;
 }
 
 // The keys that a Danish keyboard labels with its own letters give these whatever the layout.
-bool Boxes::National_Key(int keyCode) {
-  const bool danish = Upper(ctx.state().command.Language) == "DANISH";
+bool Boxes::NationalKey(int keyCode) {
+  const bool danish = Upper(ctx.State().command.Language) == "DANISH";
   const char32_t letter = keyCode == 192 ? U'\u00C6' : keyCode == 222 ? U'\u00D8' : keyCode == 221 ? U'\u00C5' : 0;
   national = danish ? letter : 0;
   return false; // the character follows
 }
 
-void Boxes::Validate_GridDepth() {
+void Boxes::ValidateGridDepth() {
   auto depth = static_cast<std::int16_t>(ctx.fields.GridDepth);
   CheckEntry(&depth, ctx.form.txtGridDepth, SmallestDepth, LargestDepth, entryGuard, false, false);
   ctx.fields.GridDepth = depth;

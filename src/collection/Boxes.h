@@ -11,15 +11,15 @@ namespace trekor {
 
 class Boxes {
 public:
-  Boxes(RunContext& context, Stepping& roadSteps) : ctx(context), stepping(roadSteps) {}
+  Boxes(RunContext& context, Stepping& stepping) : ctx(context), stepping(stepping) {}
   void Wire();
-  void Validate_GridDepth();
+  void ValidateGridDepth();
 
 private:
   void Wire(TextBox& box, int index);
-  void Lost_Focus(int index);
+  void LostFocus(int index);
   bool Settles(const TextBox& box) const;
-  bool National_Key(int keyCode);
+  bool NationalKey(int keyCode);
 
   RunContext& ctx;
   Stepping& stepping;

@@ -13,7 +13,7 @@ std::string WaveName(const std::string& name) {
 } // namespace
 
 void Feedback::LoadSounds() {
-  const auto& folders = ctx.state().folders;
+  const auto& folders = ctx.State().folders;
   for (std::size_t d = 0; d < 10; ++d) {
     const std::string name = "D" + std::to_string(d), tone = folders.AudioTonesPath + WaveName(name);
     DigitVoiceFiles[d] = Words(name);
@@ -30,7 +30,7 @@ void Feedback::LoadSounds() {
 
 // The language's own voice or, file by file, the English one.
 Feedback::Places Feedback::Words(const std::string& name) const {
-  const auto& folders = ctx.state().folders;
+  const auto& folders = ctx.State().folders;
   Places places{folders.AudioLanguagePath + WaveName(name)};
   if (folders.AudioEnglishPath != folders.AudioLanguagePath)
     places.push_back(folders.AudioEnglishPath + WaveName(name));
@@ -38,8 +38,8 @@ Feedback::Places Feedback::Words(const std::string& name) const {
 }
 
 bool Feedback::PlayWave(const std::string& name) {
-  const auto& folders = ctx.state().folders;
-  const Places places = ctx.state().options.DataColVoice ? Words(name)
+  const auto& folders = ctx.State().folders;
+  const Places places = ctx.State().options.DataColVoice ? Words(name)
                                                          : Places{folders.AudioTonesPath + WaveName(name),
                                                                   folders.AudioLanguagePath + WaveName(name)};
   for (const std::string& path : places)
@@ -51,7 +51,7 @@ bool Feedback::PlayWave(const std::string& name) {
 }
 
 void Feedback::PlaySystemWave(const std::string& name) {
-  ctx.rooms.platform.sound.Play({ctx.state().folders.AudioSystemPath + WaveName(name)});
+  ctx.rooms.platform.sound.Play({ctx.State().folders.AudioSystemPath + WaveName(name)});
 }
 
 // System sounds heed no option and no language.
@@ -62,7 +62,7 @@ void Feedback::PlaySystemSound(int n) {
 
 // The observation's own word or, when it has none, the digit's.
 void Feedback::PlayObservationSound(int obs, int value) {
-  const auto& options = ctx.state().options;
+  const auto& options = ctx.State().options;
   const bool known = obs > 0 && obs < static_cast<int>(ObsVoiceFiles.size());
   if (!options.AssistanceVoice || !options.DataColVoice || !known)
     return PlayDigitSound(value);
@@ -74,14 +74,14 @@ void Feedback::PlayObservationSound(int obs, int value) {
 }
 
 void Feedback::PlayDigitSound(int value) {
-  const auto& options = ctx.state().options;
+  const auto& options = ctx.State().options;
   if (options.AssistanceVoice && value >= 0 && value < 10)
     ctx.rooms.platform.sound.Play(
         (options.DataColVoice ? DigitVoiceFiles : ToneFiles)[static_cast<std::size_t>(value)]);
 }
 
 void Feedback::Assist(int number) {
-  const auto& options = ctx.state().options;
+  const auto& options = ctx.State().options;
   const bool spoken = options.AssistanceVoice && PlayWave(std::to_string(number));
   if (!spoken && (options.AssistanceVoice || options.AssistanceText))
     ctx.rooms.messages.ShowMessage(number);
@@ -89,9 +89,9 @@ void Feedback::Assist(int number) {
 
 // "Veldmark Trekor - D:\Roads\ROAD09.mdb (1)"
 void Feedback::SetCaption() {
-  const auto& file = ctx.state().file;
+  const auto& file = ctx.State().file;
   std::string caption = "Veldmark Trekor";
-  if (ctx.run().DataFileOpen)
+  if (ctx.Flags().DataFileOpen)
     caption += " - " + file.DataFilePath + " (" + std::to_string(file.SessionID) + ")";
   ctx.form.SetCaption(caption);
 }

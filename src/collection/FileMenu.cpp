@@ -11,92 +11,92 @@ void FileMenu::mnuNew_Click() {
   const auto& f = ctx.fields;
   if (f.asking || f.preparing || f.closing || f.ending)
     return;
-  if (ctx.run().DataFileOpen)
+  if (ctx.Flags().DataFileOpen)
     mnuClose_Click();
-  if (!Name_File())
+  if (!NameFile())
     return;
   // Telling the road pumps. What the link orders in there meets a file that is named, made and told.
   const SocketProp::Hold later(ctx.rooms.socket);
-  ctx.rooms.fileNew.Take_Over();
-  ctx.state().file.DataGuid = NewGuid(false, ctx.rooms.platform.process);
+  ctx.rooms.fileNew.TakeOver();
+  ctx.State().file.DataGuid = NewGuid(false, ctx.rooms.platform.process);
   Prepare_File();
   Announce_File();
 }
 
 // False when the operator has named none, and when the link was quicker: a file that it has opened behind the close or
 // under the form stays.
-bool FileMenu::Name_File() {
-  if (ctx.run().DataFileOpen)
+bool FileMenu::NameFile() {
+  if (ctx.Flags().DataFileOpen)
     return false;
   const WhileSet up(ctx.fields.asking);
-  return ctx.rooms.fileNew.ShowDialog() && !ctx.run().DataFileOpen && !ctx.fields.ending;
+  return ctx.rooms.fileNew.ShowDialog() && !ctx.Flags().DataFileOpen && !ctx.fields.ending;
 }
 
 // Storing a large picture lets events run. A start that came there would find no file yet and ask for one, and an exit
 // would leave it half made: the link and the exit wait, and the operator's own orders are refused.
 void FileMenu::Prepare_File() {
-  if (ctx.state().file.DataName.empty() || ctx.fields.preparing || ctx.fields.ending)
+  if (ctx.State().file.DataName.empty() || ctx.fields.preparing || ctx.fields.ending)
     return;
   const SocketProp::Hold later(ctx.rooms.socket);
   const WhileSet preparing(ctx.fields.preparing);
   const WhileSet rowsWait(ctx.fields.rowOnStack); // of a run: one that left the grid now would find no file
-  setups.Lock_SetupControls();                    // its observations are being stored
-  if (ctx.rooms.files.CreateDataFile(ctx.rooms.setup)) {
+  setupChoice.Lock_SetupControls();               // its observations are being stored
+  if (ctx.rooms.dataFiles.CreateDataFile(ctx.rooms.setup)) {
     ctx.fields.LastStationID = 0;
-    ctx.rooms.fileNew.Give_Way();
+    ctx.rooms.fileNew.GiveWay();
   }
   feedback.SetCaption();
-  if (!ctx.run().DataFileOpen)
-    setups.Unlock_SetupControls();
+  if (!ctx.Flags().DataFileOpen)
+    setupChoice.Unlock_SetupControls();
 }
 
 // "FILE PATH D:\Roads", "FILE BACKUPPATH ", "FILE NAME ROAD09", "FILE EXTENSION MDB", "FILE GUID 00..FF",
 // "FILE SESSION 1", "FILE OPEN", in one send.
 void FileMenu::Announce_File() {
-  if (ctx.run().FromLink || !ctx.run().DataFileOpen)
+  if (ctx.Flags().FromLink || !ctx.Flags().DataFileOpen)
     return;
-  const auto& file = ctx.state().file;
+  const auto& file = ctx.State().file;
   ctx.Send("FILE PATH " + file.DataPath + "\r\nFILE BACKUPPATH " + file.BackupPath + "\r\nFILE NAME " + file.DataName +
            "\r\nFILE EXTENSION MDB\r\nFILE GUID " + file.DataGuid + "\r\nFILE SESSION " +
            std::to_string(file.SessionID) + "\r\nFILE OPEN");
 }
 
 void FileMenu::mnuClose_Click() {
-  if (ctx.run().RunState != 0 || ctx.fields.closing || ctx.fields.preparing)
+  if (ctx.Flags().RunState != 0 || ctx.fields.closing || ctx.fields.preparing)
     return;
   ctx.form.UpDnPicture.SetEnabled(true);
   ctx.form.Texts7.SetEnabled(true);
-  if (!ctx.run().DataFileOpen)
+  if (!ctx.Flags().DataFileOpen)
     return;
   const SocketProp::Hold later(ctx.rooms.socket); // a file opened in here would be closed with the one before it
-  Close_File();
+  CloseFile();
   feedback.SetCaption();
-  setups.Unlock_SetupControls();
-  ctx.state().file.LastCloseTime = ctx.rooms.platform.clock.Now();
+  setupChoice.Unlock_SetupControls();
+  ctx.State().file.LastCloseTime = ctx.rooms.platform.clock.Now();
 }
 
 // The copies are made from the closed file, before it may be deleted.
-void FileMenu::Close_File() {
+void FileMenu::CloseFile() {
   const RunCommand command(ctx.fields); // no start in the pumps in here
   const WhileSet closing(ctx.fields.closing);
-  const auto& options = ctx.state().options;
-  const std::string path = ctx.state().file.DataFilePath;
+  const auto& options = ctx.State().options;
+  const std::string path = ctx.State().file.DataFilePath;
   if (options.WriteAscii)
-    Write_CommaFile();
-  ctx.rooms.files.CloseDataFile();
-  const auto copied = Back_Up();
-  const bool mayGo = options.WriteAscii && !options.KeepMdb && Stands_Elsewhere(copied);
+    WriteSessionComma();
+  ctx.rooms.dataFiles.CloseDataFile();
+  const auto copied = BackUpFile();
+  const bool mayGo = options.WriteAscii && !options.KeepMdb && StandsElsewhere(copied);
   ctx.Send("FILE CLOSE"); // the control program wants to hear it also when it has asked for it
-  ctx.run().DataFileOpen = false;
+  ctx.Flags().DataFileOpen = false;
   if (mayGo)
     ctx.rooms.platform.drives.DeleteFile(path);
 }
 
 // The files whose copies stand whole. A job called like a database of the program must not replace it by its copy.
-std::vector<std::string> FileMenu::Back_Up() {
-  const auto& file = ctx.state().file;
+std::vector<std::string> FileMenu::BackUpFile() {
+  const auto& file = ctx.State().file;
   Drives& drives = ctx.rooms.platform.drives;
-  if (BelongsToProgram(ctx.state(), drives, file.BackupPath + "\\" + file.AsciiName + ".mdb"))
+  if (BelongsToProgram(ctx.State(), drives, file.BackupPath + "\\" + file.AsciiName + ".mdb"))
     return {};
   return CopyFiles(file.DataPath, file.AsciiName, file.BackupPath, drives);
 }
@@ -105,8 +105,8 @@ std::vector<std::string> FileMenu::Back_Up() {
 // registration and is on the disk, not in the system's memory alone; or a copy stands whole on the backup drive. The
 // names are those of this close: the link may have named the next file before it, and later sessions have names of
 // their own.
-bool FileMenu::Stands_Elsewhere(const std::vector<std::string>& copied) {
-  const auto& file = ctx.state().file;
+bool FileMenu::StandsElsewhere(const std::vector<std::string>& copied) {
+  const auto& file = ctx.State().file;
   const std::string own = file.DataPath + "\\" + file.AsciiName;
   if (own + ".mdb" != file.DataFilePath)
     return false;
@@ -116,8 +116,8 @@ bool FileMenu::Stands_Elsewhere(const std::vector<std::string>& copied) {
 }
 
 // The first session's comma file has the data file's name, later ones the session's number behind it: ROAD09-02.
-void FileMenu::Write_CommaFile() {
-  auto& file = ctx.state().file;
+void FileMenu::WriteSessionComma() {
+  auto& file = ctx.State().file;
   file.AsciiName = file.DataName;
   if (file.SessionID > 1)
     file.AsciiName += SessionSuffix(file.SessionID);

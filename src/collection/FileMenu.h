@@ -12,8 +12,8 @@ namespace trekor {
 
 class FileMenu {
 public:
-  FileMenu(RunContext& context, SetupChoice& setupChoice, Feedback& sounds)
-      : ctx(context), setups(setupChoice), feedback(sounds) {}
+  FileMenu(RunContext& context, SetupChoice& setupChoice, Feedback& feedback)
+      : ctx(context), setupChoice(setupChoice), feedback(feedback) {}
   void mnuNew_Click();
   // Builds and opens the file that the state names. Nothing without a name. When it can't be made, a file that is open
   // goes on. A file made under the new-file form takes the form away.
@@ -23,14 +23,14 @@ public:
 
 private:
   void Announce_File();
-  bool Name_File();
-  void Write_CommaFile();
-  std::vector<std::string> Back_Up();
-  bool Stands_Elsewhere(const std::vector<std::string>& copied);
-  void Close_File();
+  bool NameFile();
+  void WriteSessionComma();
+  std::vector<std::string> BackUpFile();
+  bool StandsElsewhere(const std::vector<std::string>& copied);
+  void CloseFile();
 
   RunContext& ctx;
-  SetupChoice& setups;
+  SetupChoice& setupChoice;
   Feedback& feedback;
 };
 

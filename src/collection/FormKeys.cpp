@@ -7,15 +7,15 @@ namespace trekor {
 bool FormKeys::Form_KeyDown(int keyCode, int shift) {
   if (ctx.fields.loading || ctx.fields.ending)
     return false;
-  const bool inRun = ctx.run().RunState != 0;
+  const bool inRun = ctx.Flags().RunState != 0;
   if (keyCode == keys::NumLock)
-    Keep_NumLock();
+    KeepNumLock();
   if (keyCode == keys::F11) {
     ctx.Send("EVENT CLICK");
     return true;
   }
   if (!inRun)
-    return Idle_Key(keyCode, shift);
+    return IdleKey(keyCode, shift);
   ring.Put(keyCode, shift);
   return true;
 }
@@ -23,21 +23,21 @@ bool FormKeys::Form_KeyDown(int keyCode, int shift) {
 // A lock key that is on goes off when it is released, on some systems.
 void FormKeys::Form_KeyUp(int keyCode) {
   if (keyCode == keys::NumLock)
-    Keep_NumLock();
+    KeepNumLock();
 }
 
 // From the moment when a start has saved the key's state.
-void FormKeys::Keep_NumLock() {
-  if (ctx.run().RunState != 0 || ctx.fields.NumLockAtStart)
-    ask.Freeze_NumLock();
+void FormKeys::KeepNumLock() {
+  if (ctx.Flags().RunState != 0 || ctx.fields.NumLockAtStart)
+    asking.FreezeNumLock();
 }
 
-bool FormKeys::Idle_Key(int keyCode, int shift) {
-  const bool increasing = ctx.position().DmiIncreasing;
+bool FormKeys::IdleKey(int keyCode, int shift) {
+  const bool increasing = ctx.Position().DmiIncreasing;
   if (keyCode == keys::F2)
     run.Start_Run();
   if (keyCode == keys::Delete)
-    pictures.Remove_SelectedKey();
+    keyPictures.RemoveSelectedKey();
   const bool turns = shift != 0 && (keyCode == keys::Up ? !increasing : keyCode == keys::Down && increasing);
   if (turns)
     ctx.form.UpDnPicture.Click(); // which does nothing while it is disabled
@@ -45,8 +45,8 @@ bool FormKeys::Idle_Key(int keyCode, int shift) {
   return ctx.rooms.texts.FormKeyDown(ctx.form, keyCode, shift) || keyCode == keys::F2;
 }
 
-void FormKeys::ToolBar_ButtonClick(const std::string& key) {
-  const int state = ctx.run().RunState;
+void FormKeys::tbControlBar_ButtonClick(const std::string& key) {
+  const int state = ctx.Flags().RunState;
   if (key == "play" && (state == 0 || state == 2))
     Form_KeyDown(keys::F2, 0);
   else if (key == "pause" && state == 1)
@@ -58,7 +58,7 @@ void FormKeys::ToolBar_ButtonClick(const std::string& key) {
 }
 
 void FormKeys::Form_Activate() {
-  Keep_NumLock();
+  KeepNumLock();
 }
 
 } // namespace trekor

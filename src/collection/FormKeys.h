@@ -13,23 +13,23 @@ namespace trekor {
 
 class FormKeys {
 public:
-  FormKeys(RunContext& context, KeyRing& keyRing, Run& runStates, Asking& asking, KeyPictures& keyPictures)
-      : ctx(context), ring(keyRing), run(runStates), ask(asking), pictures(keyPictures) {}
+  FormKeys(RunContext& context, KeyRing& ring, Run& run, Asking& asking, KeyPictures& keyPictures)
+      : ctx(context), ring(ring), run(run), asking(asking), keyPictures(keyPictures) {}
   // True: the key is taken. In a run every key goes into the ring and to nobody else.
   bool Form_KeyDown(int keyCode, int shift);
   void Form_KeyUp(int keyCode);
-  void ToolBar_ButtonClick(const std::string& key);
+  void tbControlBar_ButtonClick(const std::string& key);
   void Form_Activate();
 
 private:
-  bool Idle_Key(int keyCode, int shift);
-  void Keep_NumLock();
+  bool IdleKey(int keyCode, int shift);
+  void KeepNumLock();
 
   RunContext& ctx;
   KeyRing& ring;
   Run& run;
-  Asking& ask;
-  KeyPictures& pictures;
+  Asking& asking;
+  KeyPictures& keyPictures;
 };
 
 } // namespace trekor

@@ -11,7 +11,7 @@ constexpr int TypeInteger = 1, TypeFloat = 2, TypeText = 4;
 void Grids::Grid_CellChanged() {
   auto& f = ctx.fields;
   const Grid& grid = ctx.form.Grid;
-  if (f.GridBusy || ctx.run().RunState != 2)
+  if (f.GridBusy || ctx.Flags().RunState != 2)
     return;
   f.GridBusy = true;
   f.CurrentCol = grid.Col();
@@ -21,12 +21,12 @@ void Grids::Grid_CellChanged() {
     f.GridBusy = true;
   }
   const int obs = ctx.buffer.EventAt(f.CurrentRow);
-  if (ctx.rooms.setup.Has(obs) && Edit_EventCell(obs))
-    Write_EventCells(f.CurrentRow, obs);
+  if (ctx.rooms.setup.Has(obs) && EditEventCell(obs))
+    WriteEventCells(f.CurrentRow, obs);
   f.GridBusy = false;
 }
 
-void Grids::Remove_CurrentRow() {
+void Grids::RemoveCurrentRow() {
   const int row = ctx.fields.CurrentRow;
   ctx.buffer.Remove(row);
   if (ctx.buffer.At(row)) // otherwise the selection has moved, which the tick sees
@@ -34,34 +34,34 @@ void Grids::Remove_CurrentRow() {
 }
 
 // False when the row has been removed.
-bool Grids::Edit_EventCell(int obs) {
+bool Grids::EditEventCell(int obs) {
   const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
   const int col = ctx.form.Grid.Col();
   if ((type == TypeInteger || type == TypeFloat) && col == obs)
-    return Edit_Number(obs);
+    return EditNumberCell(obs);
   if (type == TypeText && col >= MergedTextColumn && col <= ctx.rooms.setup.ObsCount())
-    return Edit_Text(obs);
+    return EditTextCell(obs);
   return true;
 }
 
-bool Grids::Edit_Number(int obs) {
-  const auto answer = ask.Ask_Number(obs);
+bool Grids::EditNumberCell(int obs) {
+  const auto answer = asking.Ask_Number(obs);
   if (ctx.fields.ending)
     return false;
   if (answer.empty()) {
-    Remove_CurrentRow();
+    RemoveCurrentRow();
     return false;
   }
-  Asking::Take_Number(ctx.rooms.setup.Observations(obs), answer);
+  Asking::TakeNumber(ctx.rooms.setup.Observations(obs), answer);
   return true;
 }
 
-bool Grids::Edit_Text(int obs) {
-  const auto answer = ask.Ask_Text(obs);
+bool Grids::EditTextCell(int obs) {
+  const auto answer = asking.Ask_Text(obs);
   if (ctx.fields.ending)
     return false;
   if (answer.empty()) {
-    Remove_CurrentRow();
+    RemoveCurrentRow();
     return false;
   }
   ctx.rooms.setup.Observations(obs).SetDefault(answer);
@@ -77,15 +77,15 @@ void Grids::Load_RowValues() {
   const GridRow* row = ctx.buffer.At(f.CurrentRow);
   const int event = ctx.buffer.EventAt(f.CurrentRow);
   if (event > 0)
-    ctx.position().KeyStation.SetFileValue(row->station);
+    ctx.Position().KeyStation.SetFileValue(row->station);
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
-    Load_Value(i, row && event == 0, event == i);
+    LoadValue(i, row && event == 0, event == i);
   grid.SetSelectionMarks(true);
   grid.SetRedraw(true);
   f.GridBusy = false;
 }
 
-void Grids::Load_Value(int obs, bool stepRow, bool own) {
+void Grids::LoadValue(int obs, bool stepRow, bool own) {
   const int row = ctx.fields.CurrentRow;
   auto& o = ctx.rooms.setup.Observations(obs);
   if (o.DataTypeID == 3)
@@ -100,7 +100,7 @@ void Grids::Load_Value(int obs, bool stepRow, bool own) {
   }
   // An empty cell is the number 0, and the observation brings that into its limits.
   o.SetDefault(Val(ctx.buffer.Cell(row, obs)));
-  Show_Bar(obs);
+  ShowBar(obs);
 }
 
 } // namespace trekor

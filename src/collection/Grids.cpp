@@ -23,29 +23,29 @@ void Grids::Setup_Grid() {
   ctx.buffer.Clear();
   grid.SetCols(ctx.rooms.setup.ObsCount() + 1);
   ParBars.clear();
-  Make_Bar(0);
+  MakeBar(0);
   grid.SetText(NameRow, 0, "Stations");
   // A setup without observations ends here, with GridBusy and redraw as they are: Format_GridHeader follows.
   if (ctx.rooms.setup.ObsCount() == 0)
     return;
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i)
-    Make_Column(i);
+    MakeColumn(i);
   f.CurrentRow = grid.FixedRows();
   f.CurrentCol = 0;
   grid.SetRedraw(true);
   f.GridBusy = false;
 }
 
-void Grids::Make_Column(int i) {
+void Grids::MakeColumn(int i) {
   Grid& grid = ctx.form.Grid;
   const auto& o = ctx.rooms.setup.Observations(i);
-  grid.SetText(KeyRow, i, KeyCaption ? KeyCaption(o.KeyCode()) : "");
-  Make_Bar(i);
+  grid.SetText(KeyRow, i, keyCaption ? keyCaption(o.KeyCode()) : "");
+  MakeBar(i);
   grid.SetCellPicture(IconRow, i, o.ObsIcon());
   grid.SetText(NameRow, i, o.ObsAbrvDisp());
 }
 
-void Grids::Make_Bar(int col) {
+void Grids::MakeBar(int col) {
   ParBar& bar = ParBars.emplace_back(ctx.form.Grid, BarRow, col, ctx.fields.CurrentCol);
   if (col == 0) {
     bar.SetMin(0);
@@ -79,19 +79,19 @@ void Grids::Add_StepRow() {
   ctx.fields.CurrentCol = 0;
   grid.SetRedraw(false);
   grid.SetCol(0);
-  const auto& at = ctx.position();
+  const auto& at = ctx.Position();
   pending = PendingRow{.kind = RowKind::Step, .place = ctx.fields.CurrentRow};
   ctx.buffer.Insert(pending->place, {.kind = RowKind::Step, .station = at.NextStation.FiledValue()},
                     at.PreviousStation.Text() + " to " + at.NextStation.Text());
   ctx.Pump();
-  Carry_Values();
+  CarryValues();
   ctx.Pump();
-  Finish_Row();
-  Drop_Oldest();
+  FinishRow();
+  DropOldest();
 }
 
 // What holds until it is changed goes into the new row; what belongs to one step starts afresh.
-void Grids::Carry_Values() {
+void Grids::CarryValues() {
   if (!pending || pending->valuesDone)
     return;
   pending->valuesDone = true;
@@ -103,20 +103,20 @@ void Grids::Carry(int obs, int row) {
   auto& o = ctx.rooms.setup.Observations(obs);
   if (o.IsCarried()) {
     if (HasValue(o))
-      Show_Cell(row, obs);
+      ShowCell(row, obs);
   } else if (o.DataTypeID == TypeText) {
     SetBar(obs, 0); // the text itself stays
   } else {
     o.Reset();
     if (Bar(obs) >= 0) // below 0 it waits for a second key, and goes on waiting
-      Show_Bar(obs);
+      ShowBar(obs);
   }
 }
 
 void Grids::Add_EventRow(int obs) {
   const WhileSet making(ctx.fields.rowOnStack);
   Grid& grid = ctx.form.Grid;
-  const auto& key = ctx.position().KeyStation;
+  const auto& key = ctx.Position().KeyStation;
   ctx.fields.GridBusy = true;
   grid.SetRedraw(false);
   grid.SetCol(0);
@@ -124,55 +124,55 @@ void Grids::Add_EventRow(int obs) {
   ctx.buffer.Insert(pending->place, {.kind = RowKind::Event, .obs = obs, .station = key.FiledValue()}, key.Text());
   if (ctx.rooms.setup.Has(obs))
     ctx.Pump();
-  Finish_Row();
-  Drop_Oldest();
+  FinishRow();
+  DropOldest();
 }
 
-void Grids::Finish_Row() {
+void Grids::FinishRow() {
   if (!pending)
     return;
   if (pending->kind == RowKind::Step)
-    Finish_StepRow(pending->place);
+    FinishStepRow(pending->place);
   else
-    Finish_EventRow(pending->place);
+    FinishEventRow(pending->place);
   pending.reset();
   ctx.form.Grid.SetRedraw(true);
 }
 
 // The row beneath was the running step until now; at the very start there is none.
-void Grids::Finish_StepRow(int place) {
-  Carry_Values();
-  Take_Fix(place + 1);
+void Grids::FinishStepRow(int place) {
+  CarryValues();
+  TakeFix(place + 1);
 }
 
-void Grids::Finish_EventRow(int place) {
-  Write_EventCells(place, ctx.buffer.EventAt(place));
+void Grids::FinishEventRow(int place) {
+  WriteEventCells(place, ctx.buffer.EventAt(place));
   ctx.fields.GridBusy = false;
-  Take_Fix(place);
+  TakeFix(place);
 }
 
 // The present time and position, where there is a row.
-void Grids::Take_Fix(int place) {
+void Grids::TakeFix(int place) {
   GridRow* row = ctx.buffer.At(place);
   if (!row)
     return;
   row->time = ctx.rooms.platform.clock.Now();
-  row->fix = ctx.state().gps.fix;
+  row->fix = ctx.State().gps.fix;
 }
 
-void Grids::Write_EventCells(int row, int obs) {
+void Grids::WriteEventCells(int row, int obs) {
   if (!ctx.rooms.setup.Has(obs))
     return;
   const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
   if (type < 3)
-    Show_Cell(row, obs);
+    ShowCell(row, obs);
   else if (type == TypeText)
-    Write_Text(row, obs);
+    WriteText(row, obs);
 }
 
 // The abbreviation, then the text in every cell of the rest: a merged row shows them as one. Only the row is merged;
 // merged columns would glue equal numbers of different rows together.
-void Grids::Write_Text(int row, int obs) {
+void Grids::WriteText(int row, int obs) {
   Grid& grid = ctx.form.Grid;
   const auto& o = ctx.rooms.setup.Observations(obs);
   ctx.buffer.SetCell(row, MergedTextColumn - 1, o.ObsAbrvDisp());
@@ -185,13 +185,13 @@ void Grids::Write_Text(int row, int obs) {
 
 // Storing waits until a row leaves the buffer: it stays off the road of a key. Without a data file the row just goes.
 // Down to the depth, however many rows that takes: a buffer that has once missed its row would keep the whole run.
-void Grids::Drop_Oldest() {
+void Grids::DropOldest() {
   while (BufferFull()) {
-    if (ctx.run().DataFileOpen) {
+    if (ctx.Flags().DataFileOpen) {
       ctx.Pump();
       if (!BufferFull()) // an exit has stored all rows in that pump
         return;
-      store.Flush_Row(*ctx.buffer.At(ctx.buffer.Bottom()));
+      storing.Flush_Row(*ctx.buffer.At(ctx.buffer.Bottom()));
     }
     ctx.buffer.Remove(ctx.buffer.Bottom());
   }
@@ -201,7 +201,7 @@ bool Grids::BufferFull() const {
   return ctx.buffer.Count() > ctx.fields.GridDepth;
 }
 
-void Grids::Reset_Values() {
+void Grids::ResetValues() {
   ctx.form.Grid.SetRedraw(false);
   for (auto& bar : ParBars)
     bar.SetDefault(0);
@@ -210,11 +210,11 @@ void Grids::Reset_Values() {
   ctx.form.Grid.SetRedraw(true);
 }
 
-void Grids::Show_Cell(int row, int obs) {
+void Grids::ShowCell(int row, int obs) {
   ctx.buffer.SetCell(row, obs, ctx.rooms.setup.Observations(obs).DefaultText());
 }
 
-void Grids::Show_Bar(int obs) {
+void Grids::ShowBar(int obs) {
   SetBar(obs, static_cast<float>(ctx.rooms.setup.Observations(obs).DefaultNumber()));
 }
 

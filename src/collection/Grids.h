@@ -2,7 +2,7 @@
 // it the rows of the buffer. A row that the buffer has no more room for is stored and gone.
 //
 // Making a row pumps messages in its middle. Boundaries and keys that come there wait until the row is complete; an
-// EXIT that comes there finishes the row first (Finish_Row), so that it is stored whole.
+// EXIT that comes there finishes the row first (FinishRow), so that it is stored whole.
 #pragma once
 
 #include "collection/Asking.h"
@@ -18,7 +18,7 @@ namespace trekor {
 
 class Grids {
 public:
-  Grids(RunContext& context, Asking& asking, Storing& storing) : ctx(context), ask(asking), store(storing) {}
+  Grids(RunContext& context, Asking& asking, Storing& storing) : ctx(context), asking(asking), storing(storing) {}
 
   // Both after a change of the setup, in this order: the second brings back what the first leaves set for an empty
   // setup.
@@ -34,20 +34,20 @@ public:
   void Load_RowValues();
 
   // Completes the row that is being made, without pumping; nothing when there is none.
-  void Finish_Row();
+  void FinishRow();
   // In a pause: the row that moves up in its place becomes current with its own values, or those of the row that went
   // would be written into it.
-  void Remove_CurrentRow();
+  void RemoveCurrentRow();
   // Puts all bars to 0 and all observations to their minimum.
-  void Reset_Values();
+  void ResetValues();
   // The observation's value into the cell and, for numbers, the bar.
-  void Show_Bar(int obs);
-  void Show_Cell(int row, int obs);
+  void ShowBar(int obs);
+  void ShowCell(int row, int obs);
   void SetBar(int col, float value);
   float Bar(int col) const;
 
   // Header row 0 of a column; the space bar and no key show "[ ]".
-  std::function<std::string(int code)> KeyCaption;
+  std::function<std::string(int code)> keyCaption;
   static constexpr int KeyRow = 0, BarRow = 1, IconRow = 2, NameRow = 3;
 
 private:
@@ -57,25 +57,25 @@ private:
     int place = 0;
     bool valuesDone = false;
   };
-  void Make_Column(int i);
-  void Make_Bar(int col);
-  void Carry_Values();
+  void MakeColumn(int i);
+  void MakeBar(int col);
+  void CarryValues();
   void Carry(int obs, int row);
-  void Write_EventCells(int row, int obs);
-  void Write_Text(int row, int obs);
-  void Finish_StepRow(int place);
-  void Finish_EventRow(int place);
-  void Take_Fix(int place);
-  void Drop_Oldest();
+  void WriteEventCells(int row, int obs);
+  void WriteText(int row, int obs);
+  void FinishStepRow(int place);
+  void FinishEventRow(int place);
+  void TakeFix(int place);
+  void DropOldest();
   bool BufferFull() const;
-  bool Edit_EventCell(int obs);
-  bool Edit_Number(int obs);
-  bool Edit_Text(int obs);
-  void Load_Value(int obs, bool stepRow, bool own);
+  bool EditEventCell(int obs);
+  bool EditNumberCell(int obs);
+  bool EditTextCell(int obs);
+  void LoadValue(int obs, bool stepRow, bool own);
 
   RunContext& ctx;
-  Asking& ask;
-  Storing& store;
+  Asking& asking;
+  Storing& storing;
   std::deque<ParBar> ParBars; // one a column, the step bar first
   std::optional<PendingRow> pending;
 };

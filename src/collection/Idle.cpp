@@ -24,49 +24,49 @@ void Idle::Tick() {
   ctx.Pump(); // socket messages and keys get in here
   if (f.ending)
     return;
-  if (ctx.run().RunState != 0)
-    keys.Process_Key();
-  if (ctx.run().RunState == 2 && (ctx.form.Grid.Row() != f.CurrentRow || ctx.form.Grid.Col() != f.CurrentCol))
+  if (ctx.Flags().RunState != 0)
+    registrations.Process_Key();
+  if (ctx.Flags().RunState == 2 && (ctx.form.Grid.Row() != f.CurrentRow || ctx.form.Grid.Col() != f.CurrentCol))
     grids.Grid_CellChanged();
   if (f.ending)
     return;
   auto& clock = ctx.rooms.platform.clock;
   if (clock.Milliseconds() >= f.NextBarTime) {
-    stepping.Refresh_StepBar();
+    stepping.RefreshStepBar();
     f.NextBarTime = clock.Milliseconds() + BarMilliseconds;
   }
   if (clock.Milliseconds() >= f.NextSlowTime) {
-    Slow_Work();
+    SlowWork();
     f.NextSlowTime = clock.Milliseconds() + SlowMilliseconds;
   }
 }
 
-void Idle::Slow_Work() {
-  if (ctx.run().Simulator && ctx.run().RunState != 2 && !ctx.run().DmiReceived)
-    Simulate_DMI();
+void Idle::SlowWork() {
+  if (ctx.Flags().Simulator && ctx.Flags().RunState != 2 && !ctx.Flags().DmiReceived)
+    SimulateDMI();
   if (ctx.fields.ending)
     return;
   if (!ctx.fields.closing) // the caption then tells how far the comma file is
     feedback.SetCaption();
-  Watch_Minimise();
+  WatchMinimise();
 }
 
-void Idle::Simulate_DMI() {
-  auto& at = ctx.position();
+void Idle::SimulateDMI() {
+  auto& at = ctx.Position();
   at.DmiStation.SetDefault(at.DmiStation.Default() + (at.DmiIncreasing ? SimulatedMove : -SimulatedMove));
-  SendDmi(ctx.state(), ctx.rooms.socket);
+  SendDmi(ctx.State(), ctx.rooms.socket);
   stepping.Check_DMI();
 }
 
-void Idle::Watch_Minimise() {
+void Idle::WatchMinimise() {
   const bool minimised = ctx.form.WindowState() == Minimised;
   if (minimised == ctx.fields.KeyFormsHidden)
     return;
   ctx.fields.KeyFormsHidden = minimised;
   if (minimised)
-    return pictures.Hide_KeyForms();
+    return keyPictures.Hide_KeyForms();
   ctx.form.SetWindowState(Minimised); // for a moment, or the floating windows would come up behind the form
-  pictures.Show_KeyForms();
+  keyPictures.Show_KeyForms();
   ctx.form.SetWindowState(Normal);
 }
 

@@ -12,24 +12,24 @@ namespace trekor {
 
 class Idle {
 public:
-  Idle(RunContext& context, Registrations& registrations, Grids& collectionGrids, Stepping& roadSteps, Feedback& sounds,
+  Idle(RunContext& context, Registrations& registrations, Grids& grids, Stepping& stepping, Feedback& feedback,
        KeyPictures& keyPictures)
-      : ctx(context), keys(registrations), grids(collectionGrids), stepping(roadSteps), feedback(sounds),
-        pictures(keyPictures) {}
+      : ctx(context), registrations(registrations), grids(grids), stepping(stepping), feedback(feedback),
+        keyPictures(keyPictures) {}
   void Idle_Tick();
 
 private:
   void Tick();
-  void Slow_Work();
-  void Simulate_DMI();
-  void Watch_Minimise();
+  void SlowWork();
+  void SimulateDMI();
+  void WatchMinimise();
 
   RunContext& ctx;
-  Registrations& keys;
+  Registrations& registrations;
   Grids& grids;
   Stepping& stepping;
   Feedback& feedback;
-  KeyPictures& pictures;
+  KeyPictures& keyPictures;
 };
 
 } // namespace trekor

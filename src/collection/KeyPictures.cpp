@@ -13,23 +13,23 @@ constexpr int TabKeyboard = 1, TabKeypad = 2;
 
 KeyPictures::KeyPictures(RunContext& context)
     : ctx(context), KeyBoardClass(tables, context.rooms.setup), KeyPadClass(tables, context.rooms.setup),
-      FloatingKeyBoard(tables, context.rooms.setup), FloatingKeyPad(tables, context.rooms.setup) {}
+      floatingKeyBoard(tables, context.rooms.setup), floatingKeyPad(tables, context.rooms.setup) {}
 
 void KeyPictures::Init_KeyTables() {
   tables = KeyTables();
   KeyBoardClass.MakeKeyBoard(ctx.form.fxgKeyBoard, false);
   KeyPadClass.MakeKeyPad(ctx.form.fxgKeyPad, false);
-  Load_Floating(frmKeyBoard, frmKeyBoard.fxgKeyBoard, ctx.form.mnuViewKeyBoard);
-  FloatingKeyBoard.MakeKeyBoard(frmKeyBoard.fxgKeyBoard, true);
-  Load_Floating(frmKeyPad, frmKeyPad.fxgKeyPad, ctx.form.mnuViewKeyPad);
-  FloatingKeyPad.MakeKeyPad(frmKeyPad.fxgKeyPad, true);
+  LoadFloating(frmKeyBoard, frmKeyBoard.fxgKeyBoard, ctx.form.mnuViewKeyBoard);
+  floatingKeyBoard.MakeKeyBoard(frmKeyBoard.fxgKeyBoard, true);
+  LoadFloating(frmKeyPad, frmKeyPad.fxgKeyPad, ctx.form.mnuViewKeyPad);
+  floatingKeyPad.MakeKeyPad(frmKeyPad.fxgKeyPad, true);
 }
 
-void KeyPictures::Load_Floating(Form& floating, Grid& grid, Menu& entry) {
+void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
   ctx.rooms.texts.LoadFormProperties(floating);
   floating.OnResize = [&floating, &grid] { grid.Move(0, 0, floating.Width, floating.Height); };
   floating.OnQueryUnload = [this, &floating, &entry] {
-    Put_Away(floating, entry);
+    PutAway(floating, entry);
     return false;
   };
   floating.OnKeyDown = [this, &floating, &entry](int key, int shift) {
@@ -37,22 +37,22 @@ void KeyPictures::Load_Floating(Form& floating, Grid& grid, Menu& entry) {
       return true;
     const bool away = key == keys::Esc || key == keys::F4;
     if (away)
-      Put_Away(floating, entry);
+      PutAway(floating, entry);
     return away;
   };
-  grid.OnDblClick = [this, &floating, &entry] { Put_Away(floating, entry); };
+  grid.OnDblClick = [this, &floating, &entry] { PutAway(floating, entry); };
   // The keys are the main form's: it gets the focus back from the picture.
   grid.OnClick = [this](int, int) { ctx.rooms.platform.shell.SetFocus(ctx.form.Grid); };
   floating.OnResize();
   floating.Loaded = true;
 }
 
-void KeyPictures::Load_Views() {
+void KeyPictures::LoadViews() {
   ctx.rooms.platform.shell.Load(frmKeyBoard);
   ctx.rooms.platform.shell.Load(frmKeyPad);
 }
 
-void KeyPictures::Put_Away(Form& floating, Menu& entry) {
+void KeyPictures::PutAway(Form& floating, Menu& entry) {
   ctx.rooms.platform.shell.Hide(floating);
   entry.SetChecked(false);
 }
@@ -60,15 +60,15 @@ void KeyPictures::Put_Away(Form& floating, Menu& entry) {
 void KeyPictures::AddSetup() {
   KeyBoardClass.AddSetup();
   KeyPadClass.AddSetup();
-  FloatingKeyBoard.AddSetup();
-  FloatingKeyPad.AddSetup();
+  floatingKeyBoard.AddSetup();
+  floatingKeyPad.AddSetup();
 }
 
 void KeyPictures::RemoveSetup() {
   KeyBoardClass.RemoveSetup();
   KeyPadClass.RemoveSetup();
-  FloatingKeyBoard.RemoveSetup();
-  FloatingKeyPad.RemoveSetup();
+  floatingKeyBoard.RemoveSetup();
+  floatingKeyPad.RemoveSetup();
 }
 
 std::string KeyPictures::KeyCaption(int code) const {
@@ -78,7 +78,7 @@ std::string KeyPictures::KeyCaption(int code) const {
   return text.empty() ? KeyPadClass.KeyText(code) : text;
 }
 
-void KeyPictures::Remove_SelectedKey() {
+void KeyPictures::RemoveSelectedKey() {
   const int tab = ctx.form.TabStrip1.Selected();
   if (tab != TabKeyboard && tab != TabKeypad)
     return;
@@ -87,13 +87,13 @@ void KeyPictures::Remove_SelectedKey() {
   const int code = tab == TabKeyboard ? KeyBoard_KeyCode(text) : KeyPad_KeyCode(text);
   const int obs = code < 0 ? -1 : ctx.rooms.setup.KeyToObs(code);
   if (ctx.rooms.setup.Has(obs))
-    Remove_Key(obs, code);
+    UnassignKey(obs, code);
 }
 
 // The pictures go first, as they find the key by the observation's own code. The header stays empty until the grid is
 // made anew.
-void KeyPictures::Remove_Key(int obs, int code) {
-  for (ClassKeyBoard* picture : {&KeyBoardClass, &KeyPadClass, &FloatingKeyBoard, &FloatingKeyPad})
+void KeyPictures::UnassignKey(int obs, int code) {
+  for (ClassKeyBoard* picture : {&KeyBoardClass, &KeyPadClass, &floatingKeyBoard, &floatingKeyPad})
     picture->RemoveKey(obs);
   ctx.form.Grid.SetText(Grids::KeyRow, obs, "");
   ctx.rooms.setup.Clear_SetupKey(obs);
@@ -102,11 +102,11 @@ void KeyPictures::Remove_Key(int obs, int code) {
 }
 
 void KeyPictures::mnuViewKeyBoard_Click() {
-  Toggle(frmKeyBoard, ctx.form.mnuViewKeyBoard, FloatingKeyBoard);
+  Toggle(frmKeyBoard, ctx.form.mnuViewKeyBoard, floatingKeyBoard);
 }
 
 void KeyPictures::mnuViewKeyPad_Click() {
-  Toggle(frmKeyPad, ctx.form.mnuViewKeyPad, FloatingKeyPad);
+  Toggle(frmKeyPad, ctx.form.mnuViewKeyPad, floatingKeyPad);
 }
 
 void KeyPictures::Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture) {

@@ -12,16 +12,16 @@ class KeyPictures {
 public:
   explicit KeyPictures(RunContext& context);
   // Lays out all four pictures and dresses the floating windows without showing them. Their views are made by
-  // Load_Views, when the main form can already be seen.
+  // LoadViews, when the main form can already be seen.
   void Init_KeyTables();
-  void Load_Views();
+  void LoadViews();
   // The setup's icons on all four pictures, or away from them.
   void AddSetup();
   void RemoveSetup();
   // The text on the key as a column header shows it; the space bar and no key (-1) read "[ ]".
   std::string KeyCaption(int code) const;
   // Delete in idle, on the tab Keyboard or Keypad: the key under the cursor no longer carries its observation.
-  void Remove_SelectedKey();
+  void RemoveSelectedKey();
 
   void mnuViewKeyBoard_Click();
   void mnuViewKeyPad_Click();
@@ -30,18 +30,18 @@ public:
   void Hide_KeyForms();
   void Unload();
 
-  frmKeyBoardForm frmKeyBoard;
-  frmKeyPadForm frmKeyPad;
+  KeyBoardForm frmKeyBoard;
+  KeyPadForm frmKeyPad;
 
 private:
-  void Load_Floating(Form& floating, Grid& grid, Menu& entry);
+  void LoadFloating(Form& floating, Grid& grid, Menu& entry);
   void Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture);
-  void Put_Away(Form& floating, Menu& entry);
-  void Remove_Key(int obs, int code);
+  void PutAway(Form& floating, Menu& entry);
+  void UnassignKey(int obs, int code);
 
   RunContext& ctx;
   KeyTables tables;
-  ClassKeyBoard KeyBoardClass, KeyPadClass, FloatingKeyBoard, FloatingKeyPad;
+  ClassKeyBoard KeyBoardClass, KeyPadClass, floatingKeyBoard, floatingKeyPad;
 };
 
 } // namespace trekor

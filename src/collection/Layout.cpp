@@ -17,7 +17,7 @@ void Layout::Setup_Tabs() {
   tabs.Add("Keypad", "Keypad");
 }
 
-Frame* Layout::Frame_Of(int tab) const {
+Frame* Layout::FrameOf(int tab) const {
   Frame* const frames[] = {&ctx.form.tabFrames0, &ctx.form.tabFrames1, &ctx.form.tabFrames2};
   return frames[tab];
 }
@@ -25,7 +25,7 @@ Frame* Layout::Frame_Of(int tab) const {
 void Layout::TabStrip1_Click() {
   const int selected = std::max(ctx.form.TabStrip1.Selected(), 0);
   for (int tab = 0; tab < 3; ++tab)
-    Frame_Of(tab)->SetVisible(tab == selected);
+    FrameOf(tab)->SetVisible(tab == selected);
 }
 
 void Layout::Resize() {
@@ -34,42 +34,42 @@ void Layout::Resize() {
     return;
   form.tbControlBar.Move(0, 0, form.Width, form.tbControlBar.Height);
   form.TabStrip1.Move(0, form.tbControlBar.Height, form.Width, form.TabStrip1.Height);
-  Place_Frames();
-  Place_Grid(Grid_Top());
+  PlaceFrames();
+  PlaceGrid(GridTop());
 }
 
-void Layout::Place_Frames() {
+void Layout::PlaceFrames() {
   const TabStrip& tabs = ctx.form.TabStrip1;
   const int width = std::max(tabs.Width - 2 * Margin, 0), height = std::max(tabs.Height - TabHead - Margin, 0);
   for (int tab = 0; tab < 3; ++tab)
-    Frame_Of(tab)->Move(Margin, tabs.Top + TabHead, width, height);
+    FrameOf(tab)->Move(Margin, tabs.Top + TabHead, width, height);
   for (Grid* keys : {&ctx.form.fxgKeyBoard, &ctx.form.fxgKeyPad})
     keys->Move(Margin, Margin, std::max(width - 2 * Margin, 0), std::max(height - 2 * Margin, 0));
 }
 
-int Layout::Grid_Top() const {
+int Layout::GridTop() const {
   const auto& form = ctx.form;
   return ctx.fields.gridCovers ? form.tbControlBar.Height : form.TabStrip1.Top + form.TabStrip1.Height;
 }
 
-void Layout::Place_Grid(int top) {
+void Layout::PlaceGrid(int top) {
   ctx.form.Grid.Move(0, top, ctx.form.Width, std::max(ctx.form.Height - top, 0));
 }
 
-void Layout::Cover_Tabs() {
+void Layout::CoverTabs() {
   ctx.fields.gridCovers = true;
-  Place_Grid(Grid_Top());
+  PlaceGrid(GridTop());
 }
 
-void Layout::Uncover_Tabs() {
+void Layout::UncoverTabs() {
   ctx.fields.gridCovers = false;
-  Place_Grid(Grid_Top());
+  PlaceGrid(GridTop());
 }
 
 void Layout::TimerCurtain_Timer() {
-  const int now = ctx.form.Grid.Top, goal = Grid_Top();
+  const int now = ctx.form.Grid.Top, goal = GridTop();
   const int next = now < goal ? std::min(now + CurtainStep, goal) : std::max(now - CurtainStep, goal);
-  Place_Grid(next);
+  PlaceGrid(next);
   if (next == goal)
     ctx.form.TimerCurtain.SetRunning(false);
 }

@@ -13,17 +13,17 @@ public:
   void TabStrip1_Click();
   // Lays out everything to the inside of the form.
   void Resize();
-  void Cover_Tabs();
-  void Uncover_Tabs();
+  void CoverTabs();
+  void UncoverTabs();
   // One firing of the curtain: the grid slides towards its place. Nothing turns the timer on; the places are taken at
   // once.
   void TimerCurtain_Timer();
 
 private:
-  int Grid_Top() const;
-  void Place_Grid(int top);
-  void Place_Frames();
-  Frame* Frame_Of(int tab) const;
+  int GridTop() const;
+  void PlaceGrid(int top);
+  void PlaceFrames();
+  Frame* FrameOf(int tab) const;
 
   RunContext& ctx;
 };

@@ -9,27 +9,27 @@ namespace {
 constexpr int Minimised = 1, Normal = 0;
 } // namespace
 
-void Measurements::Wire_Events() {
+void Measurements::WireEvents() {
   form.OnKeyDown = [this](int keyCode, int shift) { return Form_KeyDown(keyCode, shift); };
   form.OnKeyElsewhere = [this](int keyCode, int shift) {
     return rooms.state.run.RunState != 0 && Form_KeyDown(keyCode, shift);
   };
-  form.OnKeyUp = [this](int keyCode) { p->keys.Form_KeyUp(keyCode); };
+  form.OnKeyUp = [this](int keyCode) { p->formKeys.Form_KeyUp(keyCode); };
   form.OnKeyPress = [this](char32_t typed) { return Form_KeyPress(typed); };
-  form.OnActivate = [this] { p->keys.Form_Activate(); };
+  form.OnActivate = [this] { p->formKeys.Form_Activate(); };
   form.OnResize = [this] { p->layout.Resize(); };
   form.OnQueryUnload = [this] {
     p->ctx.fields.leaveLater = p->ctx.fields.preparing;
     if (!p->ctx.fields.preparing)
-      Close_Form();
+      CloseForm();
     return !p->ctx.fields.preparing;
   };
   form.IdleTimer.OnTimer = [this] { Idle_Tick(); };
   form.TimerCurtain.OnTimer = [this] { p->layout.TimerCurtain_Timer(); };
-  form.tbControlBar.OnButtonClick = [this](const std::string& key) { p->keys.ToolBar_ButtonClick(key); };
+  form.tbControlBar.OnButtonClick = [this](const std::string& key) { p->formKeys.tbControlBar_ButtonClick(key); };
   form.TabStrip1.OnClick = [this] { p->layout.TabStrip1_Click(); };
   form.UpDnPicture.OnClick = [this] { p->stepping.UpDnPicture_Click(); };
-  form.cboTestSetupNames.OnClick = [this] { p->setups.cboTestSetupNames_Click(); };
+  form.cboTestSetupNames.OnClick = [this] { p->setupChoice.cboTestSetupNames_Click(); };
   form.mnuNew.OnClick = [this] { mnuNew_Click(); };
   form.mnuClose.OnClick = [this] { mnuClose_Click(); };
   form.mnuExit.OnClick = [this] { mnuExit_Click(); };
@@ -39,17 +39,17 @@ void Measurements::Wire_Events() {
   p->boxes.Wire();
 }
 
-void Measurements::Load_Form() {
+void Measurements::LoadForm() {
   p->ctx.fields.loading = true;
   rooms.platform.shell.Hourglass(true);
   Load_Icons(form, rooms.state.folders.GraphicsPath, rooms.platform.drives);
   p->frmBars.Loaded = true; // the pictures of the bars are the views' own
   p->layout.Setup_Tabs();
   rooms.texts.LoadFormProperties(form);
-  Load_Controls();
-  Load_Direction();
+  LoadControls();
+  LoadDirection();
   rooms.state.run.RunState = 0;
-  Show_Form();
+  ShowForm();
   p->ctx.fields.loading = false; // the link may command a start as soon as it stands
   if (!p->ctx.fields.ending) {
     Send_SystemInfo();
@@ -61,7 +61,7 @@ void Measurements::Load_Form() {
     form.IdleTimer.SetRunning(true);
 }
 
-void Measurements::Load_Controls() {
+void Measurements::LoadControls() {
   p->layout.Resize(); // the grid comes to stand under the tabs
   p->layout.TabStrip1_Click();
   for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's row has no place for the tips of its buttons
@@ -76,20 +76,20 @@ void Measurements::Load_Controls() {
   form.Texts8.SetText(previous.Text());
   p->stepping.Validate_Step();
   p->stepping.Validate_Station();
-  p->boxes.Validate_GridDepth();
+  p->boxes.ValidateGridDepth();
   p->keyPictures.Init_KeyTables();
-  p->setups.Load_TestSetupNames();
-  p->stepping.Show_UnitLabel();
+  p->setupChoice.Load_TestSetupNames();
+  p->stepping.ShowUnitLabel();
 }
 
 // The opposite of what the label says, then the click that turns it: so picture, label and direction agree, and the
 // label "1" starts with stations increasing.
-void Measurements::Load_Direction() {
+void Measurements::LoadDirection() {
   rooms.state.position.DmiIncreasing = form.DmiDirLabel.Caption() != "1";
   p->stepping.UpDnPicture_Click();
 }
 
-void Measurements::Show_Form() {
+void Measurements::ShowForm() {
   auto& shell = rooms.platform.shell;
   SetCaption();
   shell.Load(form);
@@ -101,11 +101,11 @@ void Measurements::Show_Form() {
   if (p->ctx.fields.ending) // closed in the wait: nothing else may come up, the link least of all
     return;
   rooms.platform.sound.Open_SoundDevice();
-  rooms.messages.Load_Form();
+  rooms.messages.LoadForm();
   p->asking.NumericPrompt.Load();
   p->asking.TextPrompt.Load();
   rooms.socket.Load();
-  p->keyPictures.Load_Views();
+  p->keyPictures.LoadViews();
   p->keyPictures.Show_KeyForms();
   form.tbControlBar.SetButtonEnabled("play", true);
   form.tbControlBar.SetButtonEnabled("pause", false);
@@ -121,13 +121,13 @@ void Measurements::Send_SystemInfo() {
 }
 
 // The close box: the windows come back first, then a run is stopped and a file closed.
-void Measurements::Close_Form() {
+void Measurements::CloseForm() {
   if (form.WindowState() == Minimised) {
     p->keyPictures.Show_KeyForms();
     form.SetWindowState(Normal);
     form.Refresh();
   }
-  Stop_AndClose();
+  StopAndClose();
 }
 
 } // namespace trekor

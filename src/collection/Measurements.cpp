@@ -6,16 +6,16 @@ namespace trekor {
 
 Measurements::Measurements(MeasurementsForm& mainForm, RunRooms runRooms)
     : form(mainForm), rooms(runRooms), p(std::make_unique<Parts>(mainForm, runRooms)) {
-  p->grids.KeyCaption = [this](int code) { return p->keyPictures.KeyCaption(code); };
+  p->grids.keyCaption = [this](int code) { return p->keyPictures.KeyCaption(code); };
   rooms.comma.AsciiFileProgress = [this](int percent) { AsciiFileProgress(percent); };
   rooms.fileNew.Assist = [this](int number) { p->feedback.Assist(number); };
-  Wire_Events();
+  WireEvents();
 }
 
 Measurements::~Measurements() = default;
 
 bool Measurements::Form_KeyDown(int keyCode, int shift) {
-  return p->keys.Form_KeyDown(keyCode, shift);
+  return p->formKeys.Form_KeyDown(keyCode, shift);
 }
 
 // No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
@@ -33,21 +33,21 @@ void Measurements::Set_UpDnIcon() {
 }
 
 void Measurements::Prepare_File() {
-  p->files.Prepare_File();
+  p->fileMenu.Prepare_File();
 }
 
 void Measurements::mnuNew_Click() {
-  p->files.mnuNew_Click();
+  p->fileMenu.mnuNew_Click();
 }
 
 void Measurements::mnuClose_Click() {
-  p->files.mnuClose_Click();
+  p->fileMenu.mnuClose_Click();
 }
 
 void Measurements::mnuExit_Click() {
   p->ctx.fields.leaveLater = p->ctx.fields.preparing;
-  if (UnloadMainForm && !p->ctx.fields.preparing)
-    UnloadMainForm();
+  if (unloadMainForm && !p->ctx.fields.preparing)
+    unloadMainForm();
 }
 
 void Measurements::SetUnitLabels() {
@@ -76,21 +76,21 @@ void Measurements::AsciiFileProgress(int percent) {
   p->feedback.AsciiFileProgress(percent);
 }
 
-void Measurements::Prepare_Station(double km) {
+void Measurements::PrepareStation(double km) {
   rooms.state.position.KeyStation.SetDefault(km);
   form.Texts6.SetText(rooms.state.position.KeyStation.Text());
 }
 
-void Measurements::Stop_AndClose() {
-  p->run.Stop_AndClose();
+void Measurements::StopAndClose() {
+  p->run.StopAndClose();
 }
 
-void Measurements::Unload_Forms() {
+void Measurements::UnloadForms() {
   p->frmBars.Loaded = false;
   p->asking.TextPrompt.Unload();
   p->asking.NumericPrompt.Unload();
-  rooms.fileNew.Give_Way();
-  rooms.messages.Unload_Form();
+  rooms.fileNew.GiveWay();
+  rooms.messages.UnloadForm();
   rooms.fileNew.Unload();
   rooms.platform.sound.Close_SoundDevice();
   p->keyPictures.Unload();

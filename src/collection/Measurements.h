@@ -18,7 +18,7 @@ public:
   Measurements(MeasurementsForm& form, RunRooms rooms);
   ~Measurements();
 
-  void Load_Form(); // the whole form load, to the enabled IdleTimer
+  void LoadForm(); // the whole form load, to the enabled IdleTimer
 
   // What the link and the window call.
   bool Form_KeyDown(int keyCode, int shift); // true: the key is taken
@@ -36,26 +36,26 @@ public:
   void Idle_Tick();
   void AsciiFileProgress(int percent);
   // PREPARE of the link: the station of the start, in kilometres.
-  void Prepare_Station(double km);
+  void PrepareStation(double km);
 
   // Stop a run and close a file, as every way out does first. May be called from the middle of a run operation (an EXIT
   // that came in at a pump): what stands in the grids is stored whole, and the operation below ends at its pump.
-  void Stop_AndClose();
+  void StopAndClose();
   // Unloads the forms that belong to the run and closes the sound device: the second to fourth step of the unload.
-  void Unload_Forms();
+  void UnloadForms();
   // The unload of the main form is the program's business (program/Shutdown); this asks for it.
-  std::function<void()> UnloadMainForm;
+  std::function<void()> unloadMainForm;
 
   struct Parts;
-  Parts& parts() { return *p; }
+  Parts& Subjects() { return *p; }
 
 private:
-  void Wire_Events();
-  void Load_Controls();
-  void Load_Direction();
-  void Show_Form();
+  void WireEvents();
+  void LoadControls();
+  void LoadDirection();
+  void ShowForm();
   void Send_SystemInfo();
-  void Close_Form();
+  void CloseForm();
 
   MeasurementsForm& form;
   RunRooms rooms;

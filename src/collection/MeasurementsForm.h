@@ -57,17 +57,17 @@ struct MeasurementsForm : Form {
 };
 
 // The floating pictures of keyboard and keypad.
-struct frmKeyBoardForm : Form {
-  frmKeyBoardForm() : Form("frmKeyBoard") { ToolWindow = true; }
+struct KeyBoardForm : Form {
+  KeyBoardForm() : Form("frmKeyBoard") { ToolWindow = true; }
   trekor::Grid fxgKeyBoard{*this, "fxgKeyBoard"};
 };
-struct frmKeyPadForm : Form {
-  frmKeyPadForm() : Form("frmKeyPad") { ToolWindow = true; }
+struct KeyPadForm : Form {
+  KeyPadForm() : Form("frmKeyPad") { ToolWindow = true; }
   trekor::Grid fxgKeyPad{*this, "fxgKeyPad"};
 };
 // The store of the value-bar pictures; never shown, the views draw the bars themselves.
-struct frmBarsForm : Form {
-  frmBarsForm() : Form("frmBars") {}
+struct BarsForm : Form {
+  BarsForm() : Form("frmBars") {}
 };
 
 } // namespace trekor

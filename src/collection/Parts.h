@@ -26,20 +26,20 @@ struct Measurements::Parts {
 
   RunContext ctx;
   KeyRing ring;
-  frmBarsForm frmBars;
+  BarsForm frmBars;
   Feedback feedback{ctx};
   Asking asking{ctx};
   Storing storing{ctx};
   Grids grids{ctx, asking, storing};
   Stepping stepping{ctx, grids, feedback};
   KeyPictures keyPictures{ctx};
-  SetupChoice setups{ctx, keyPictures, grids, feedback};
-  FileMenu files{ctx, setups, feedback};
+  SetupChoice setupChoice{ctx, keyPictures, grids, feedback};
+  FileMenu fileMenu{ctx, setupChoice, feedback};
   Layout layout{ctx};
   Boxes boxes{ctx, stepping};
-  Run run{ctx, ring, asking, boxes, grids, storing, stepping, layout, files};
+  Run run{ctx, ring, asking, boxes, grids, storing, stepping, layout, fileMenu};
   Registrations registrations{ctx, ring, run, asking, grids, stepping, feedback};
-  FormKeys keys{ctx, ring, run, asking, keyPictures};
+  FormKeys formKeys{ctx, ring, run, asking, keyPictures};
   Idle idle{ctx, registrations, grids, stepping, feedback, keyPictures};
 };
 

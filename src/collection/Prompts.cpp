@@ -14,7 +14,7 @@ Prompt::Prompt(const std::string& formName, Platform& machine, TextDatabase& tex
   };
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
-    Give_Up();
+    GiveUp();
     return false; // the form lives on for the next question
   };
 }
@@ -23,7 +23,7 @@ bool Prompt::Key(int keyCode, int shift) {
   if (texts.FormKeyDown(form, keyCode, shift))
     return true;
   if (keyCode == KeyEsc || keyCode == KeyF4)
-    Give_Up();
+    GiveUp();
   else if (keyCode == KeyEnter || keyCode == KeyTab)
     platform.shell.Hide(form);
   else
@@ -31,7 +31,7 @@ bool Prompt::Key(int keyCode, int shift) {
   return true;
 }
 
-void Prompt::Give_Up() {
+void Prompt::GiveUp() {
   form.txtBox.SetText(before);
   platform.shell.Hide(form);
 }

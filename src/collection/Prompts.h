@@ -26,7 +26,7 @@ public:
 
 private:
   bool Key(int keyCode, int shift);
-  void Give_Up(); // the old text, and away
+  void GiveUp(); // the old text, and away
   Platform& platform;
   TextDatabase& texts;
   std::string before; // what the box held when it got the focus

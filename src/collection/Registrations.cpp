@@ -32,26 +32,26 @@ void Registrations::Process_Key() {
   // A key that comes while a row is being made waits for the next tick.
   if (ring.Empty() || ctx.fields.rowOnStack)
     return;
-  auto& at = ctx.position();
-  if (ctx.run().RunState != 0)
+  auto& at = ctx.Position();
+  if (ctx.Flags().RunState != 0)
     at.KeyStation.SetDefault(at.DmiStation.Default());
   const int key = ring.Front();
   ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
-  Carry_Out(key);
-  stepping.Release_HeldDmi();
+  CarryOut(key);
+  stepping.ReleaseHeldDmi();
 }
 
-void Registrations::Carry_Out(int key) {
+void Registrations::CarryOut(int key) {
   switch (key) {
   case keys::F2:
-    return ctx.run().RunState != 0 ? run.Resume_Run() : run.Start_Run();
+    return ctx.Flags().RunState != 0 ? run.Resume_Run() : run.Start_Run();
   case keys::F3:
     return run.Pause_Run();
   case keys::Esc:
   case keys::F4:
     return Paused() ? run.Stop_FromPause() : run.Stop_Run();
   case keys::Delete:
-    return Delete_Key();
+    return DeleteKey();
   default:
     return Register(key);
   }
@@ -61,23 +61,23 @@ void Registrations::Register(int key) {
   auto& f = ctx.fields;
   if (Paused()) {
     if (const GridRow* row = ctx.buffer.At(f.CurrentRow))
-      ctx.position().KeyStation.SetFileValue(row->station);
+      ctx.Position().KeyStation.SetFileValue(row->station);
     if (ctx.buffer.EventAt(f.CurrentRow) > 0)
       return; // an event row keeps its one value
   }
   if (f.AwaitValue)
-    return Take_SecondKey(key);
-  if (!Find_Observation(key))
+    return TakeSecondKey(key);
+  if (!FindObservation(key))
     return feedback.PlaySystemSound(1);
   if (Current().KeyingCode == KeyingTwoKeys)
     return Arm();
-  if (Paused() && Current().MakesOwnRow() && !ask.Ask_EventStation(f.CurrentObs))
+  if (Paused() && Current().MakesOwnRow() && !asking.Ask_EventStation(f.CurrentObs))
     return;
-  if (!f.ending && Change_Value() && !f.ending)
+  if (!f.ending && ChangeValue() && !f.ending)
     Show();
 }
 
-bool Registrations::Find_Observation(int key) {
+bool Registrations::FindObservation(int key) {
   // A code beyond the table finds nothing and leaves the observation of the key before: that acts once more.
   if (key <= TestSetup::LastKeyCode)
     ctx.fields.CurrentObs = ctx.rooms.setup.KeyToObs(key);
@@ -90,7 +90,7 @@ void Registrations::Arm() {
   grids.SetBar(ctx.fields.CurrentObs, WaitingPicture);
 }
 
-void Registrations::Take_SecondKey(int key) {
+void Registrations::TakeSecondKey(int key) {
   auto& f = ctx.fields;
   f.AwaitValue = false;
   if (!ctx.rooms.setup.Has(f.CurrentObs)) // armed under a larger setup
@@ -107,7 +107,7 @@ void Registrations::Take_SecondKey(int key) {
 }
 
 // False ends the key with nothing changed.
-bool Registrations::Change_Value() {
+bool Registrations::ChangeValue() {
   const int obs = ctx.fields.CurrentObs;
   switch (Current().DataTypeID) {
   case TypeBoolean:
@@ -115,17 +115,17 @@ bool Registrations::Change_Value() {
     feedback.PlayObservationSound(obs, CurrentInt());
     return true;
   case TypeInteger:
-    return Change_Whole();
+    return ChangeWhole();
   case TypeFloat:
-    return Ask_Float();
+    return AskFloat();
   case TypeText:
-    return Ask_TextValue();
+    return AskTextValue();
   default:
     return true;
   }
 }
 
-bool Registrations::Change_Whole() {
+bool Registrations::ChangeWhole() {
   const int obs = ctx.fields.CurrentObs;
   ClassObservation& o = Current();
   if (!o.MakesOwnRow()) {
@@ -138,10 +138,10 @@ bool Registrations::Change_Whole() {
   }
   feedback.PlayObservationSound(obs, NoDigit);
   if (o.Max() - o.Min() > 1) {
-    const auto answer = ask.Ask_Number(obs);
+    const auto answer = asking.Ask_Number(obs);
     if (answer.empty() || ctx.fields.ending)
       return false;
-    Asking::Take_Number(o, answer);
+    Asking::TakeNumber(o, answer);
   } else {
     const bool toMinimum = o.RegModeCode != 0 && o.DefaultNumber() == o.Max();
     o.SetDefault(toMinimum ? o.Min() : o.Max());
@@ -150,18 +150,18 @@ bool Registrations::Change_Whole() {
   return true;
 }
 
-bool Registrations::Ask_Float() {
+bool Registrations::AskFloat() {
   feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
-  const auto answer = ask.Ask_Number(ctx.fields.CurrentObs);
+  const auto answer = asking.Ask_Number(ctx.fields.CurrentObs);
   if (answer.empty() || ctx.fields.ending)
     return false;
-  Asking::Take_Number(Current(), answer);
+  Asking::TakeNumber(Current(), answer);
   return true;
 }
 
-bool Registrations::Ask_TextValue() {
+bool Registrations::AskTextValue() {
   feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
-  const auto answer = ask.Ask_Text(ctx.fields.CurrentObs);
+  const auto answer = asking.Ask_Text(ctx.fields.CurrentObs);
   if (answer.empty() || ctx.fields.ending)
     return false;
   Current().SetDefault(answer);
@@ -174,8 +174,8 @@ void Registrations::Show() {
   f.GridBusy = true;
   const int type = Current().DataTypeID;
   if (HasBar(type))
-    grids.Show_Bar(f.CurrentObs);
-  grids.Show_Cell(f.CurrentRow, f.CurrentObs);
+    grids.ShowBar(f.CurrentObs);
+  grids.ShowCell(f.CurrentRow, f.CurrentObs);
   if (type == TypeText) {
     grid.SetRow(f.CurrentRow);
     grid.SetCol(f.CurrentObs);
@@ -188,28 +188,28 @@ void Registrations::Show() {
   f.GridBusy = false;
 }
 
-void Registrations::Delete_Key() {
+void Registrations::DeleteKey() {
   auto& f = ctx.fields;
   if (f.AwaitValue) { // the first key of the pair is withdrawn
     f.AwaitValue = false;
     grids.SetBar(f.CurrentObs, 0);
     f.CurrentObs = 0;
   } else if (Paused() && ctx.buffer.EventAt(f.CurrentRow) > 0) {
-    grids.Remove_CurrentRow();
+    grids.RemoveCurrentRow();
   } else if (Paused()) {
-    Delete_Cell();
+    DeleteCell();
   }
 }
 
-void Registrations::Delete_Cell() {
+void Registrations::DeleteCell() {
   const int row = ctx.fields.CurrentRow, col = ctx.form.Grid.Col();
   if (!ctx.rooms.setup.Has(col) || TrimView(ctx.buffer.Cell(row, col)).empty())
     return;
   ClassObservation& o = ctx.rooms.setup.Observations(col);
   if (HasBar(o.DataTypeID)) {
     o.Reset();
-    grids.Show_Bar(col);
-    grids.Show_Cell(row, col);
+    grids.ShowBar(col);
+    grids.ShowCell(row, col);
   } else {
     o.SetDefault(std::string());
     ctx.buffer.SetCell(row, col, "");

@@ -14,36 +14,35 @@ namespace trekor {
 
 class Registrations {
 public:
-  Registrations(RunContext& context, KeyRing& keyRing, Run& runStates, Asking& asking, Grids& collectionGrids,
-                Stepping& roadSteps, Feedback& sounds)
-      : ctx(context), ring(keyRing), run(runStates), ask(asking), grids(collectionGrids), stepping(roadSteps),
-        feedback(sounds) {}
+  Registrations(RunContext& context, KeyRing& ring, Run& run, Asking& asking, Grids& grids, Stepping& stepping,
+                Feedback& feedback)
+      : ctx(context), ring(ring), run(run), asking(asking), grids(grids), stepping(stepping), feedback(feedback) {}
 
   // Takes one key from the ring, if there is one. The key is stamped with the live position now, not when it was
   // pressed.
   void Process_Key();
 
 private:
-  void Carry_Out(int key);
+  void CarryOut(int key);
   void Register(int key);
-  bool Find_Observation(int key);
-  void Take_SecondKey(int key);
+  bool FindObservation(int key);
+  void TakeSecondKey(int key);
   void Arm();
-  bool Change_Value();
-  bool Change_Whole();
-  bool Ask_Float();
-  bool Ask_TextValue();
+  bool ChangeValue();
+  bool ChangeWhole();
+  bool AskFloat();
+  bool AskTextValue();
   void Show();
-  void Delete_Key();
-  void Delete_Cell();
+  void DeleteKey();
+  void DeleteCell();
   ClassObservation& Current() const { return ctx.rooms.setup.Observations(ctx.fields.CurrentObs); }
   int CurrentInt() const;
-  bool Paused() const { return ctx.run().RunState == 2; }
+  bool Paused() const { return ctx.Flags().RunState == 2; }
 
   RunContext& ctx;
   KeyRing& ring;
   Run& run;
-  Asking& ask;
+  Asking& asking;
   Grids& grids;
   Stepping& stepping;
   Feedback& feedback;

@@ -28,7 +28,7 @@ struct RunRooms {
   Sections& sections;
   SetupDatabase& setupDatabase;
   TestSetup& setup;
-  DataFiles& files;
+  DataFiles& dataFiles;
   CommaFile& comma;
   SocketProp& socket;
   FileNewDialog2& fileNew;

@@ -15,68 +15,68 @@ constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind
 void Run::Start_Run() {
   if (!ctx.fields.BusyGuard || ctx.fields.preparing)
     return;
-  if (ctx.fields.asking && !ctx.run().DataFileOpen) // the operator is naming the file of his own start
+  if (ctx.fields.asking && !ctx.Flags().DataFileOpen) // the operator is naming the file of his own start
     return;
   const RunCommand command(ctx.fields);
   const WhileSet starting(ctx.fields.starting);
-  if (!Prepare_Start())
-    return Restore_NumLock();
-  stepping.Set_FirstBoundary();
-  ask.Freeze_NumLock();
+  if (!PrepareStart())
+    return RestoreNumLock();
+  stepping.SetFirstBoundary();
+  asking.FreezeNumLock();
   grids.Add_StepRow();
   if (ctx.fields.ending)
     return;
-  if (ctx.run().DataFileOpen) {
-    if (!Announce_Start())
+  if (ctx.Flags().DataFileOpen) {
+    if (!AnnounceStart())
       return;
-    Begin_File();
+    BeginInFile();
   }
-  Show_Running();
+  ShowRunning();
   ring.Clear();
   ctx.fields.AwaitValue = false; // the run before may have ended between the two keys of a pair
   ctx.fields.heldDmi = 0;
-  ctx.run().RunState = 1;
+  ctx.Flags().RunState = 1;
 }
 
 // File, step and station of the start. False: no run, silently.
-bool Run::Prepare_Start() {
-  auto& at = ctx.position();
-  if (!ctx.run().DataFileOpen)
-    files.mnuNew_Click(); // left without a file, the run goes on: it stores nothing
+bool Run::PrepareStart() {
+  auto& at = ctx.Position();
+  if (!ctx.Flags().DataFileOpen)
+    fileMenu.mnuNew_Click(); // left without a file, the run goes on: it stores nothing
   if (ctx.fields.ending)
     return false;
-  const bool stored = ctx.run().DataFileOpen;
-  if (ask.NumLockFrozen())
+  const bool stored = ctx.Flags().DataFileOpen;
+  if (asking.NumLockFrozen())
     ctx.fields.NumLockAtStart = ctx.rooms.platform.keyboard.NumLock();
   if (ctx.form.txtGridDepth.Edited()) // typed, and the box not left yet
-    boxes.Validate_GridDepth();
+    boxes.ValidateGridDepth();
   at.DmiAtStart = at.DmiStation.Default();
   // Asked also when the link has commanded the start. A box that was just set to 0 is not seen here, only below.
   if (at.StepSize.Default() == 0)
-    ask.EnterHugeNumber(7);
-  if (ctx.fields.ending || !Read_Step())
+    asking.EnterHugeNumber(7);
+  if (ctx.fields.ending || !ReadStep())
     return false;
-  Settle_Station();
+  SettleStation();
   // The link may have closed the file under a prompt: a run that nobody stores is not begun for that.
-  return !ctx.fields.ending && ctx.run().DataFileOpen == stored;
+  return !ctx.fields.ending && ctx.Flags().DataFileOpen == stored;
 }
 
-bool Run::Read_Step() {
-  auto& at = ctx.position();
+bool Run::ReadStep() {
+  auto& at = ctx.Position();
   at.StepSize.SetText(ctx.form.Texts7.Text());
   at.StepKm = stepping.StationTextToKm(ctx.form.Texts7.Text());
   return at.StepKm > 0;
 }
 
-void Run::Settle_Station() {
-  auto& key = ctx.position().KeyStation;
+void Run::SettleStation() {
+  auto& key = ctx.Position().KeyStation;
   const double station = TextToDouble(ctx.form.Texts6.Text()), step = TextToDouble(ctx.form.Texts7.Text());
   if (step != 0) {
     key.SetValue(station);
     ctx.form.Texts6.SetText(key.Text());
   }
-  if (!ctx.run().FromLink)
-    ask.EnterHugeNumber(6);
+  if (!ctx.Flags().FromLink)
+    asking.EnterHugeNumber(6);
   key.SetText(ctx.form.Texts6.Text());
   ctx.form.Texts6.SetText(key.Text());
 }
@@ -84,9 +84,9 @@ void Run::Settle_Station() {
 // "CTRL PREPARE  12.3", "STATUS PREPARE  12.3", a second, "CTRL START  12.3", "STATUS START  12.3  0 1", a second.
 // A start from the link is silent, unless a message that came in a pump before has ended that. False when an exit came
 // in the waits.
-bool Run::Announce_Start() {
-  auto& at = ctx.position();
-  if (ctx.run().FromLink)
+bool Run::AnnounceStart() {
+  auto& at = ctx.Position();
+  if (ctx.Flags().FromLink)
     return true;
   ctx.Send("CTRL PREPARE " + WireNumber(at.KeyStation.Default()));
   ctx.Send("STATUS PREPARE " + WireNumber(at.KeyStation.Default()));
@@ -102,25 +102,25 @@ bool Run::Announce_Start() {
 }
 
 // Step and direction are fixed from here until the file is closed.
-void Run::Begin_File() {
-  if (!ctx.run().DataFileOpen) // closed by the link within the waits
+void Run::BeginInFile() {
+  if (!ctx.Flags().DataFileOpen) // closed by the link within the waits
     return;
   ctx.form.UpDnPicture.SetEnabled(false);
   ctx.form.Texts7.SetEnabled(false);
   ctx.fields.CurrentRow = ctx.form.Grid.FixedRows();
   ctx.fields.CurrentCol = 0;
-  store.Store_StartStation();
+  storing.StoreStartStation();
 }
 
-void Run::Show_Running() {
+void Run::ShowRunning() {
   Grid& grid = ctx.form.Grid;
   grid.SetSelectionMarks(false);
   ctx.rooms.platform.shell.SetFocus(grid);
   ctx.rooms.platform.shell.BringToFront(grid);
-  place.Cover_Tabs();
-  Set_Buttons(false, true, true);
-  Set_MenusEnabled(false);
-  place.Resize();
+  layout.CoverTabs();
+  SetButtons(false, true, true);
+  SetMenusEnabled(false);
+  layout.Resize();
 }
 
 void Run::Pause_Run() {
@@ -133,9 +133,9 @@ void Run::Pause_Run() {
   grid.SetColSel(ctx.rooms.setup.ObsCount());
   grid.SetSelectionMarks(true);
   ctx.rooms.platform.shell.SetFocus(grid);
-  Set_Buttons(true, false, true);
-  ctx.run().RunState = 2;
-  if (!ctx.run().FromLink)
+  SetButtons(true, false, true);
+  ctx.Flags().RunState = 2;
+  if (!ctx.Flags().FromLink)
     ctx.Send("CTRL PAUSE");
 }
 
@@ -146,21 +146,21 @@ void Run::Resume_Run() {
   grids.Load_RowValues();
   ctx.form.Grid.SetCol(0);
   ctx.form.Grid.SetSelectionMarks(false);
-  Set_Buttons(false, true, true);
-  if (!ctx.run().FromLink) {
+  SetButtons(false, true, true);
+  if (!ctx.Flags().FromLink) {
     ctx.Send("CTRL START");
     ctx.Send("STATUS START");
   }
   if (!ctx.fields.ending) // an exit in these sends has ended the run
-    ctx.run().RunState = 1;
+    ctx.Flags().RunState = 1;
 }
 
 // Tests the guard and leaves it: a cleared one would keep its own Stop_Run out.
 void Run::Stop_FromPause() {
   if (!ctx.fields.BusyGuard)
     return;
-  place.Uncover_Tabs();
-  place.Resize();
+  layout.UncoverTabs();
+  layout.Resize();
   ctx.fields.CurrentRow = ctx.form.Grid.FixedRows();
   ctx.fields.CurrentCol = 0;
   grids.Load_RowValues();
@@ -174,75 +174,75 @@ void Run::Stop_Run() {
     return;
   const SocketProp::Hold later(ctx.rooms.socket);
   const RunCommand command(ctx.fields);
-  if (!ctx.run().FromLink) {
-    ctx.Send("CTRL STOP " + WireNumber(ctx.position().KeyStation.Default()));
-    ctx.Send("STATUS STOP " + WireNumber(ctx.position().KeyStation.Default()));
-    if (ctx.run().RunState == 0) // the close box in these sends has done all that follows
+  if (!ctx.Flags().FromLink) {
+    ctx.Send("CTRL STOP " + WireNumber(ctx.Position().KeyStation.Default()));
+    ctx.Send("STATUS STOP " + WireNumber(ctx.Position().KeyStation.Default()));
+    if (ctx.Flags().RunState == 0) // the close box in these sends has done all that follows
       return;
   }
-  place.Uncover_Tabs();
-  place.Resize();
+  layout.UncoverTabs();
+  layout.Resize();
   ctx.form.Grid.SetSelectionMarks(false);
-  Set_Buttons(true, false, false);
-  if (ctx.run().DataFileOpen)
-    Store_Rows();
-  ctx.form.Texts8.SetText(ctx.position().DmiStation.Text());
+  SetButtons(true, false, false);
+  if (ctx.Flags().DataFileOpen)
+    StoreRows();
+  ctx.form.Texts8.SetText(ctx.Position().DmiStation.Text());
   ctx.buffer.Clear();
-  Set_MenusEnabled(true);
-  grids.Reset_Values();
-  Restore_NumLock();
+  SetMenusEnabled(true);
+  grids.ResetValues();
+  RestoreNumLock();
   ctx.fields.heldDmi = 0;
-  ctx.run().RunState = 0;
+  ctx.Flags().RunState = 0;
 }
 
 // The running step ends here and now. Bottom row first, so that the oldest is stored first.
-void Run::Store_Rows() {
+void Run::StoreRows() {
   const RowBuffer& rows = ctx.buffer;
   if (GridRow* running = ctx.buffer.At(rows.Top())) {
-    running->station = ctx.position().KeyStation.FiledValue();
+    running->station = ctx.Position().KeyStation.FiledValue();
     running->time = ctx.rooms.platform.clock.Now();
-    running->fix = ctx.state().gps.fix;
+    running->fix = ctx.State().gps.fix;
   }
-  for (int place = rows.Bottom(); place >= rows.Top(); --place)
-    store.Flush_Row(*rows.At(place));
-  ctx.rooms.files.EditSession();
+  for (int layout = rows.Bottom(); layout >= rows.Top(); --layout)
+    storing.Flush_Row(*rows.At(layout));
+  ctx.rooms.dataFiles.EditSession();
 }
 
-void Run::Stop_AndClose() {
+void Run::StopAndClose() {
   ctx.fields.ending = true;
   ctx.form.IdleTimer.SetRunning(false);
-  grids.Finish_Row();
-  if (ctx.run().RunState != 0) {
+  grids.FinishRow();
+  if (ctx.Flags().RunState != 0) {
     ctx.fields.BusyGuard = true; // also from inside a command: it lets go when it comes back from its pump
     Stop_Run();
   } else if (ctx.fields.starting) {
-    Cancel_Start();
+    CancelStart();
   }
-  if (ctx.run().DataFileOpen)
-    files.mnuClose_Click();
+  if (ctx.Flags().DataFileOpen)
+    fileMenu.mnuClose_Click();
 }
 
 // A start that has not come to its end has stored nothing.
-void Run::Cancel_Start() {
+void Run::CancelStart() {
   ctx.buffer.Clear();
-  Restore_NumLock();
+  RestoreNumLock();
 }
 
 // Whatever way the start or the run has come to its end. A start that had not looked at the key yet has not moved it.
-void Run::Restore_NumLock() {
+void Run::RestoreNumLock() {
   const auto before = std::exchange(ctx.fields.NumLockAtStart, std::nullopt);
-  if (before && ask.NumLockFrozen())
-    ask.Set_NumLock(*before);
+  if (before && asking.NumLockFrozen())
+    asking.Set_NumLock(*before);
 }
 
-void Run::Set_Buttons(bool play, bool pause, bool stop) {
+void Run::SetButtons(bool play, bool pause, bool stop) {
   ToolBar& bar = ctx.form.tbControlBar;
   bar.SetButtonEnabled("play", play);
   bar.SetButtonEnabled("pause", pause);
   bar.SetButtonEnabled("stop", stop);
 }
 
-void Run::Set_MenusEnabled(bool on) {
+void Run::SetMenusEnabled(bool on) {
   ctx.form.mnuFile.SetEnabled(on);
   ctx.form.mnuSetup.SetEnabled(on);
 }

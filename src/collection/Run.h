@@ -18,10 +18,10 @@ namespace trekor {
 
 class Run {
 public:
-  Run(RunContext& context, KeyRing& keyRing, Asking& asking, Boxes& formBoxes, Grids& collectionGrids, Storing& storing,
-      Stepping& roadSteps, Layout& layout, FileMenu& fileMenu)
-      : ctx(context), ring(keyRing), ask(asking), boxes(formBoxes), grids(collectionGrids), store(storing),
-        stepping(roadSteps), place(layout), files(fileMenu) {}
+  Run(RunContext& context, KeyRing& ring, Asking& asking, Boxes& boxes, Grids& grids, Storing& storing,
+      Stepping& stepping, Layout& layout, FileMenu& fileMenu)
+      : ctx(context), ring(ring), asking(asking), boxes(boxes), grids(grids), storing(storing), stepping(stepping),
+        layout(layout), fileMenu(fileMenu) {}
 
   void Start_Run();
   void Pause_Run();
@@ -29,30 +29,30 @@ public:
   void Stop_Run();
   void Stop_FromPause();
   // Ends the run and closes the file on the way out, even from the middle of another run command.
-  void Stop_AndClose();
+  void StopAndClose();
 
 private:
-  bool Prepare_Start();
-  bool Read_Step();
-  void Settle_Station();
-  bool Announce_Start();
-  void Begin_File();
-  void Show_Running();
-  void Cancel_Start();
-  void Restore_NumLock();
-  void Store_Rows();
-  void Set_Buttons(bool play, bool pause, bool stop);
-  void Set_MenusEnabled(bool on);
+  bool PrepareStart();
+  bool ReadStep();
+  void SettleStation();
+  bool AnnounceStart();
+  void BeginInFile();
+  void ShowRunning();
+  void CancelStart();
+  void RestoreNumLock();
+  void StoreRows();
+  void SetButtons(bool play, bool pause, bool stop);
+  void SetMenusEnabled(bool on);
 
   RunContext& ctx;
   KeyRing& ring;
-  Asking& ask;
+  Asking& asking;
   Boxes& boxes;
   Grids& grids;
-  Storing& store;
+  Storing& storing;
   Stepping& stepping;
-  Layout& place;
-  FileMenu& files;
+  Layout& layout;
+  FileMenu& fileMenu;
 };
 
 } // namespace trekor

@@ -46,9 +46,9 @@ struct RunContext {
   RunFields fields{};
   RowBuffer buffer{form.Grid};
 
-  ProgramState& state() const { return rooms.state; }
-  RunFlags& run() const { return rooms.state.run; }
-  Positions& position() const { return rooms.state.position; }
+  ProgramState& State() const { return rooms.state; }
+  RunFlags& Flags() const { return rooms.state.run; }
+  Positions& Position() const { return rooms.state.position; }
   void Pump() const { rooms.platform.pump.ProcessEvents(); }
   void Send(const std::string& line) const { rooms.socket.SendData(line); }
   void PumpAndWait(double seconds) const { rooms.socket.WaitSeconds(seconds); }

@@ -13,19 +13,19 @@ constexpr const char* NoSetupID = "-1";
 
 void SetupChoice::Load_TestSetupNames() {
   auto& form = ctx.form;
-  if (!Fill_Lists())
-    return ctx.rooms.setupDatabase.Tell_CannotOpen();
+  if (!FillLists())
+    return ctx.rooms.setupDatabase.TellCannotOpen();
   if (form.cboSetupID.ListCount() == 0)
-    return Choose_None();
+    return ChooseNone();
   form.cboTestSetupNames.SetEnabled(true);
   const int running = Listed(form.lblSetupID.Caption());
   Select(running < 0 ? 0 : running);
   // The hidden label is kept with the form's looks, so at a start it names a setup that is not loaded yet.
-  if (running < 0 || !chosen || std::to_string(ctx.state().TestSetupID) != form.lblSetupID.Caption())
+  if (running < 0 || !chosen || std::to_string(ctx.State().TestSetupID) != form.lblSetupID.Caption())
     Choose();
 }
 
-bool SetupChoice::Fill_Lists() {
+bool SetupChoice::FillLists() {
   Recordset* names = ctx.rooms.setupDatabase.rsSetupNames.get();
   std::vector<std::pair<std::string, std::int64_t>> setups;
   if (names != nullptr)
@@ -56,7 +56,7 @@ void SetupChoice::Select(int index) {
   ctx.form.cboSetupID.SetListIndex(index);
 }
 
-void SetupChoice::Choose_None() {
+void SetupChoice::ChooseNone() {
   ctx.form.cboTestSetupNames.AddItem("n/a");
   ctx.form.cboSetupID.AddItem(NoSetupID);
   ctx.form.cboTestSetupNames.SetEnabled(false);
@@ -73,36 +73,36 @@ void SetupChoice::cboTestSetupNames_Click() {
 // A setup that can't be read is not one without columns: the one before goes on.
 void SetupChoice::Choose() {
   auto& form = ctx.form;
-  const std::int32_t before = ctx.state().TestSetupID;
-  keys.RemoveSetup();
+  const std::int32_t before = ctx.State().TestSetupID;
+  keyPictures.RemoveSetup();
   Select(form.cboTestSetupNames.ListIndex());
-  ctx.state().TestSetupID = static_cast<std::int32_t>(Val(form.cboSetupID.Text()));
+  ctx.State().TestSetupID = static_cast<std::int32_t>(Val(form.cboSetupID.Text()));
   const bool read = ctx.rooms.setup.Load_TestSetup();
   if (read) {
     chosen = true;
     form.lblSetupID.SetCaption(form.cboSetupID.Text());
-    ctx.state().TestSetupName = form.cboTestSetupNames.Text();
+    ctx.State().TestSetupName = form.cboTestSetupNames.Text();
   } else {
-    ctx.state().TestSetupID = before;
+    ctx.State().TestSetupID = before;
     Select(chosen ? Listed(std::to_string(before)) : -1);
   }
   grids.Setup_Grid();
   grids.Format_GridHeader();
   feedback.LoadSounds();
-  keys.AddSetup();
+  keyPictures.AddSetup();
   if (!read)
-    ctx.rooms.setupDatabase.Tell_CannotOpen();
+    ctx.rooms.setupDatabase.TellCannotOpen();
 }
 
 void SetupChoice::Lock_SetupControls() {
-  Enable_Controls(false);
+  EnableControls(false);
 }
 
 void SetupChoice::Unlock_SetupControls() {
-  Enable_Controls(true);
+  EnableControls(true);
 }
 
-void SetupChoice::Enable_Controls(bool on) {
+void SetupChoice::EnableControls(bool on) {
   ctx.form.cboTestSetupNames.SetEnabled(on);
   ctx.form.labels9.SetEnabled(on);
   ctx.form.mnuExport.SetEnabled(on && ctx.form.mnuExport.OnClick); // not before it does something

@@ -10,8 +10,8 @@ namespace trekor {
 
 class SetupChoice {
 public:
-  SetupChoice(RunContext& context, KeyPictures& keyPictures, Grids& collectionGrids, Feedback& sounds)
-      : ctx(context), keys(keyPictures), grids(collectionGrids), feedback(sounds) {}
+  SetupChoice(RunContext& context, KeyPictures& keyPictures, Grids& grids, Feedback& feedback)
+      : ctx(context), keyPictures(keyPictures), grids(grids), feedback(feedback) {}
   // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen. A list that
   // can't be read is told and changes nothing, and so it is with a setup.
   void Load_TestSetupNames();
@@ -21,15 +21,15 @@ public:
   void Unlock_SetupControls();
 
 private:
-  bool Fill_Lists();
+  bool FillLists();
   int Listed(const std::string& id) const;
   void Select(int index);
   void Choose();
-  void Choose_None();
-  void Enable_Controls(bool on);
+  void ChooseNone();
+  void EnableControls(bool on);
 
   RunContext& ctx;
-  KeyPictures& keys;
+  KeyPictures& keyPictures;
   Grids& grids;
   Feedback& feedback;
   bool filling = false; // the list is moved by the program

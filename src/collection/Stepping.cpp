@@ -24,28 +24,28 @@ double MileFeetToKm(double v) {
 } // namespace
 
 void Stepping::Check_DMI() {
-  if (ctx.run().RunState != 1)
+  if (ctx.Flags().RunState != 1)
     return;
   if (ctx.fields.rowOnStack) {
     ++ctx.fields.heldDmi;
     return;
   }
-  Cross_Boundary();
-  Release_HeldDmi();
+  CrossBoundary();
+  ReleaseHeldDmi();
 }
 
 // One boundary for each message that was held. Making its row may pump and hold further ones, so this loops and never
 // nests.
-void Stepping::Release_HeldDmi() {
+void Stepping::ReleaseHeldDmi() {
   while (ctx.fields.heldDmi > 0 && !ctx.fields.rowOnStack) {
     --ctx.fields.heldDmi;
-    if (ctx.run().RunState == 1)
-      Cross_Boundary();
+    if (ctx.Flags().RunState == 1)
+      CrossBoundary();
   }
 }
 
-void Stepping::Cross_Boundary() {
-  auto& at = ctx.position();
+void Stepping::CrossBoundary() {
+  auto& at = ctx.Position();
   const double boundary = at.NextStation.Default();
   const double here = at.DmiStation.Default();
   if (at.DmiIncreasing ? here < boundary : here > boundary)
@@ -57,13 +57,13 @@ void Stepping::Cross_Boundary() {
 }
 
 void Stepping::New_Segment() {
-  ctx.form.Texts8.SetText(ctx.position().PreviousStation.Text());
+  ctx.form.Texts8.SetText(ctx.Position().PreviousStation.Text());
   grids.Add_StepRow();
   feedback.PlaySystemSound(0);
 }
 
-void Stepping::Set_FirstBoundary() {
-  auto& at = ctx.position();
+void Stepping::SetFirstBoundary() {
+  auto& at = ctx.Position();
   double s = StationTextToKm(ctx.form.Texts6.Text());
   // The whole steps before the start, also left of zero; the small addend forgives a start that is a hair short.
   s = std::floor(s / at.StepKm + 0.00001) * at.StepKm;
@@ -80,7 +80,7 @@ double Stepping::StationTextToKm(const std::string& text) const {
   if (TrimView(text).empty())
     return 0;
   const double v = TextToDouble(text);
-  switch (ctx.state().units.StationUnit) {
+  switch (ctx.State().units.StationUnit) {
   case 0:
     return v;
   case 1:
@@ -99,8 +99,8 @@ double Stepping::StationTextToKm(const std::string& text) const {
 }
 
 // The limits are kilometres, the box is in the operator's unit. An empty box counts as 0.
-void Stepping::Check_Box(Station& value, TextBox& box) {
-  const int unit = ctx.state().units.StationUnit;
+void Stepping::ValidateBox(Station& value, TextBox& box) {
+  const int unit = ctx.State().units.StationUnit;
   double number = value.Value();
   CheckEntry(&number, box, Station::KmToStation(value.Min(), unit), Station::KmToStation(value.Max(), unit), entryGuard,
              false, false);
@@ -108,13 +108,13 @@ void Stepping::Check_Box(Station& value, TextBox& box) {
 }
 
 void Stepping::Validate_Station() {
-  Check_Box(ctx.position().DmiStation, ctx.form.Texts6);
-  Set_DMI(ctx.state(), ctx.rooms.socket);
+  ValidateBox(ctx.Position().DmiStation, ctx.form.Texts6);
+  Set_DMI(ctx.State(), ctx.rooms.socket);
 }
 
 void Stepping::Validate_Step() {
-  Station& step = ctx.position().StepSize;
-  Check_Box(step, ctx.form.Texts7);
+  Station& step = ctx.Position().StepSize;
+  ValidateBox(step, ctx.form.Texts7);
   step.SetText(ctx.form.Texts7.Text());
   step.SetDefault(std::abs(step.Default()));
   if (step.Default() == 0)
@@ -122,38 +122,38 @@ void Stepping::Validate_Step() {
   ctx.form.Texts7.SetText(step.Text());
 }
 
-void Stepping::Show_UnitLabel() {
-  ctx.form.StationUnitLabel.SetCaption(UnitName(ctx.state().units.StationUnit));
+void Stepping::ShowUnitLabel() {
+  ctx.form.StationUnitLabel.SetCaption(UnitName(ctx.State().units.StationUnit));
 }
 
 void Stepping::SetUnitLabels() {
-  Show_UnitLabel();
-  SendUnits(ctx.state(), ctx.rooms.socket);
+  ShowUnitLabel();
+  SendUnits(ctx.State(), ctx.rooms.socket);
 }
 
 void Stepping::Set_UpDnIcon() {
-  const bool up = ctx.position().DmiIncreasing;
+  const bool up = ctx.Position().DmiIncreasing;
   ctx.form.UpDnPicture.SetPicture(up ? "UPICON" : "DNICON");
   ctx.form.DmiDirLabel.SetCaption(up ? "1" : "0");
-  if (!ctx.run().FromLink)
-    Set_DMI(ctx.state(), ctx.rooms.socket);
+  if (!ctx.Flags().FromLink)
+    Set_DMI(ctx.State(), ctx.rooms.socket);
 }
 
 void Stepping::UpDnPicture_Click() {
-  if (ctx.run().RunState != 0 || ctx.fields.starting) // the first boundary lies ahead already
+  if (ctx.Flags().RunState != 0 || ctx.fields.starting) // the first boundary lies ahead already
     return;
-  ctx.position().DmiIncreasing = !ctx.position().DmiIncreasing;
+  ctx.Position().DmiIncreasing = !ctx.Position().DmiIncreasing;
   Set_UpDnIcon();
 }
 
 double Stepping::StepPercent() const {
-  const auto& at = ctx.position();
+  const auto& at = ctx.Position();
   const double gone = at.DmiStation.Default() - at.PreviousStation.Default();
   return (at.DmiIncreasing ? gone : -gone) / at.StepSize.Default() * 100;
 }
 
-void Stepping::Refresh_StepBar() {
-  if (ctx.run().RunState != 1 || ctx.position().StepSize.Default() == 0)
+void Stepping::RefreshStepBar() {
+  if (ctx.Flags().RunState != 1 || ctx.Position().StepSize.Default() == 0)
     return;
   // A vehicle that has backed up behind the boundary gives a negative number, which the bar takes for that of a
   // picture.

@@ -16,28 +16,28 @@ public:
   // Called for each position; one boundary at most each time, so after a jump the following positions catch up.
   void Check_DMI();
   // The boundaries of a start at the station in box 6.
-  void Set_FirstBoundary();
+  void SetFirstBoundary();
   void New_Segment();
   // Runs the boundary tests that came while a row was being made.
-  void Release_HeldDmi();
+  void ReleaseHeldDmi();
 
   // Kilometres of a text in the operator's unit; 0 for blank text and for units that step and start are not offered in.
   double StationTextToKm(const std::string& text) const;
   void Validate_Station(); // box 6 has lost the focus
   void Validate_Step();    // box 7
   void SetUnitLabels();
-  void Show_UnitLabel();
+  void ShowUnitLabel();
 
   void Set_UpDnIcon();
   void UpDnPicture_Click();
 
-  void Refresh_StepBar();
+  void RefreshStepBar();
   // Would sound "slowdown" at the end of a step; nothing calls it.
   void Check_SlowDown(int col);
 
 private:
-  void Cross_Boundary();
-  void Check_Box(Station& value, TextBox& box);
+  void CrossBoundary();
+  void ValidateBox(Station& value, TextBox& box);
   double StepPercent() const;
 
   RunContext& ctx;

@@ -12,12 +12,12 @@ public:
   // What becomes of one row reaches the disk together. What fails is missing in the file and told to nobody.
   void Flush_Row(const GridRow& row);
   // The station from which the first span of a run goes out.
-  void Store_StartStation();
+  void StoreStartStation();
 
 private:
-  void Store_Point(const GridRow& row, std::int32_t station);
-  void Store_Span(const GridRow& row, std::int32_t station);
-  void Add_Registration(std::int32_t from, std::int32_t to, int obs, const std::string& data);
+  void StorePoint(const GridRow& row, std::int32_t station);
+  void StoreSpan(const GridRow& row, std::int32_t station);
+  void StoreRegistration(std::int32_t from, std::int32_t to, int obs, const std::string& data);
 
   RunContext& ctx;
 };

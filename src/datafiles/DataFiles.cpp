@@ -31,7 +31,7 @@ DataFiles::~DataFiles() {
   CloseDataFile();
 }
 
-bool DataFiles::Init_DataFiles() {
+bool DataFiles::InitDataFiles() {
   const UpdateResult update = UpdateDatabase(state.folders, platform, "DataFile", state.folders.MdbFolder, "");
   state.versions.DataFile = update.version;
   return !update.programEnds;

@@ -69,7 +69,7 @@ public:
   DataFiles(ProgramState& state, Platform& platform);
   ~DataFiles();
   // At the start: brings the layout template up to date. False: the program ends.
-  bool Init_DataFiles();
+  bool InitDataFiles();
 
   // The form's Prepare_File without its view: a new file from the template, its session and its observations. An
   // existing file of the name is replaced, but never the one that is open and never a database of the program. The

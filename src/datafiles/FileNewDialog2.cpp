@@ -43,7 +43,7 @@ FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, Text
   Assist = [this](int number) { messages.ShowMessage(number); };
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
-    Give_Way();
+    GiveWay();
     return false; // hidden only, the next file asks again
   };
   form.Texts2.OnKeyPress = [](char32_t c) {
@@ -53,7 +53,7 @@ FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, Text
   form.DirectorySelect.OnDblClick = [this] { OpenFolder(); };
   form.FileSelect.OnClick = [this] { ProposeName(); };
   form.CmdOK.OnClick = [this] { CmdOK_Click(); };
-  form.CmdCancel.OnClick = [this] { Give_Way(); };
+  form.CmdCancel.OnClick = [this] { GiveWay(); };
   form.BlinkTimer.OnTimer = [this] { Blink(); };
 }
 
@@ -88,7 +88,7 @@ bool FileNewDialog2::Key(int keyCode, int shift) {
   if (keyCode == KeyEnter)
     CmdOK_Click();
   else if (keyCode == KeyEsc || keyCode == KeyF4)
-    Give_Way();
+    GiveWay();
   else
     return false;
   return true;
@@ -187,13 +187,13 @@ void FileNewDialog2::Blink() {
 void FileNewDialog2::CmdOK_Click() {
   answer = {Trim(form.Texts2.Text()), WithoutBackslash(folder), ""};
   if (answer.name.empty())
-    return Give_Way();
+    return GiveWay();
   const std::string path = answer.folder + "\\" + answer.name + ".MDB";
   if (platform.drives.FileExists(path) || BelongsToProgram(state, platform.drives, path))
     return Assist(MessageFileExists);
   accepted = ChooseBackup();
   if (accepted)
-    Give_Way();
+    GiveWay();
 }
 
 // The same folder on the other drive; one level of it is made. False: the user has been told why not.
@@ -211,7 +211,7 @@ bool FileNewDialog2::ChooseBackup() {
   return false;
 }
 
-void FileNewDialog2::Give_Way() {
+void FileNewDialog2::GiveWay() {
   if (!form.Shown)
     return;
   if (messages.form.Shown)
@@ -219,7 +219,7 @@ void FileNewDialog2::Give_Way() {
   platform.shell.Hide(form);
 }
 
-void FileNewDialog2::Take_Over() {
+void FileNewDialog2::TakeOver() {
   state.file.BackupPath = answer.backup;
   state.file.DataName = answer.name;
   state.file.DataPath = answer.folder;

@@ -35,13 +35,13 @@ public:
   FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
                  Sections& sections);
   // Shows the form modally. False when the user cancelled: state.file.DataName is empty then, unless the link has named
-  // a file meanwhile. True when he named one: Take_Over makes it the program's.
+  // a file meanwhile. True when he named one: TakeOver makes it the program's.
   bool ShowDialog();
   // The accepted answer becomes that of the program state, and the link is told the road. DataPath has no trailing
   // backslash, BackupPath is empty or an existing folder, and neither holds a file of that name.
-  void Take_Over();
+  void TakeOver();
   // Takes the form away as by a cancel, with a message that stands above it: it is no longer needed.
-  void Give_Way();
+  void GiveWay();
   void Unload(); // keeps the look
   // Tells the user by a message's number why a name was refused. Whoever collects sets it to speak or show.
   std::function<void(int number)> Assist;

@@ -14,7 +14,7 @@ namespace trekor {
 namespace {
 
 constexpr char locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
-constexpr double copyPauseSeconds = 0.5; // time for a scanner or a slow share to let go of the file
+constexpr double CopyPauseSeconds = 0.5; // time for a scanner or a slow share to let go of the file
 
 // The files of one update, as paths of the program.
 struct Files {
@@ -39,7 +39,7 @@ private:
   bool Install();
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
-  void Box(const std::string& text) { platform.shell.MsgBox(text, folders.ProgramName, BoxIcon::None); }
+  void Box(const std::string& text) { platform.shell.MsgBox(text, folders.programName, BoxIcon::None); }
   UpdateResult End();
 
   const FolderPaths& folders;
@@ -101,7 +101,7 @@ bool Update::BackUp() {
   const std::string copy = Drives::WorkPath(names.backup);
   drives.MakeFolder(folders.RootFolder + "\\BAK");
   if (!drives.CopyFile(names.working, copy)) {
-    WaitSeconds(copyPauseSeconds, platform.clock, platform.pump);
+    WaitSeconds(CopyPauseSeconds, platform.clock, platform.pump);
     if (!drives.CopyFile(names.working, copy))
       return Cancel(names.working, " could not be backed up!");
   }

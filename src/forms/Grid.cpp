@@ -96,8 +96,8 @@ void Grid::SetFormatString(std::string text) {
 }
 
 void Grid::HeadColumn(int c, std::string_view part) {
-  constexpr std::string_view Marks = "<^>";
-  const std::size_t mark = part.empty() ? std::string_view::npos : Marks.find(part.front());
+  constexpr std::string_view marks = "<^>";
+  const std::size_t mark = part.empty() ? std::string_view::npos : marks.find(part.front());
   if (mark != std::string_view::npos) {
     SetColAlignment(c, static_cast<Align>(mark)); // the marks stand in the order of the alignments
     part.remove_prefix(1);

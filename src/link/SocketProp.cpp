@@ -136,7 +136,7 @@ void SocketProp::WaitSeconds(double seconds) {
 }
 
 void SocketProp::WaitForFirstConnection() {
-  trekor::WaitSeconds(FirstConnectionLimit, platform.clock, platform.pump, [this] { return FirstAttemptSettled; });
+  trekor::WaitSeconds(FirstConnectionLimit, platform.clock, platform.pump, [this] { return firstAttemptSettled; });
 }
 
 void SocketProp::cmdConnect_Click() {
@@ -159,23 +159,23 @@ void SocketProp::CloseRoutine() {
   platform.pump.ProcessEvents();
 }
 
-void SocketProp::Socket_Close() {
-  FirstAttemptSettled = true;
+void SocketProp::SocketClosed() {
+  firstAttemptSettled = true;
   CloseRoutine();
 }
 
-void SocketProp::Socket_Error(int number) {
-  FirstAttemptSettled = true;
+void SocketProp::SocketFailed(int number) {
+  firstAttemptSettled = true;
   form.txtError.SetText(std::to_string(number));
   platform.socket.Close();
 }
 
-void SocketProp::Socket_Connect() {
+void SocketProp::SocketConnected() {
   platform.socket.SetNoDelay();
   form.cmdConnect.SetEnabled(false);
   form.cmdDisConnect.SetEnabled(true);
   Greeting();
-  FirstAttemptSettled = true;
+  firstAttemptSettled = true;
 }
 
 // IDENTITY Trekor 1 1.0.0 0 Default
@@ -217,7 +217,7 @@ void SocketProp::WDT_Timer() {
   form.txtState.SetText(StateWord(found));
 }
 
-void SocketProp::Socket_DataArrival() {
+void SocketProp::SocketDataArrived() {
   std::string bytes = platform.socket.ReadAll();
   if (!Active)
     return;
@@ -275,16 +275,16 @@ bool SocketProp::NextLine(std::string_view& line) {
 }
 
 void SocketProp::DispatchLine(std::string_view line) {
-  if (!Dispatch)
+  if (!dispatch)
     return;
   line = TrimView(line);
   if (plain || IsPlain(line))
-    Dispatch(line);
+    dispatch(line);
   else
-    Dispatch(FromWindows1252(line));
+    dispatch(FromWindows1252(line));
 }
 
-SocketProp::WordViews SocketProp::Split_Views(std::string_view message) {
+SocketProp::WordViews SocketProp::SplitViews(std::string_view message) {
   WordViews list;
   const std::size_t room = list.Words.size() - 1;
   for (std::size_t at = 0; at < message.size();) {
@@ -311,7 +311,7 @@ SocketProp::WordViews SocketProp::Split_Views(std::string_view message) {
 }
 
 SocketProp::WordList SocketProp::Split_Message(std::string_view message) {
-  const WordViews views = Split_Views(message);
+  const WordViews views = SplitViews(message);
   WordList list;
   list.WordCount = views.WordCount;
   std::copy(views.Words.begin(), views.Words.end(), list.Words.begin());

@@ -31,7 +31,7 @@ public:
   ~SocketProp() override;
 
   // Called with each whole line, trimmed, its code page already turned into UTF-8. Set before Load.
-  std::function<void(std::string_view line)> Dispatch;
+  std::function<void(std::string_view line)> dispatch;
 
   void Load();   // dresses the form, begins to connect, starts the watchdog
   void Unload(); // "CTRL EXIT", one second for it to go out, close, save the look
@@ -68,15 +68,15 @@ public:
     std::array<std::string_view, 33> Words;
     int WordCount = 0;
   };
-  static WordViews Split_Views(std::string_view message);
+  static WordViews SplitViews(std::string_view message);
 
   SocketPropForm form;
 
 private:
-  void Socket_Connect() override;
-  void Socket_DataArrival() override;
-  void Socket_Close() override;
-  void Socket_Error(int number) override;
+  void SocketConnected() override;
+  void SocketDataArrived() override;
+  void SocketClosed() override;
+  void SocketFailed(int number) override;
   void cmdConnect_Click();
   void cmdDisConnect_Click();
   void CloseRoutine();
@@ -97,7 +97,7 @@ private:
   Form& mainForm;
   bool Active = false;
   std::string DefaultHost = "127.0.0.1";
-  bool FirstAttemptSettled = false;
+  bool firstAttemptSettled = false;
   // Raw bytes: `consumed` of them are done with, the line end was sought in the first `searched`. One buffer with two
   // moving marks, compacted by halves, so that a flood of lines and a line without an end both cost linear time.
   std::string ReceiveBuffer;

@@ -21,25 +21,21 @@ public:
   explicit FieldReader(const Recordset& recordset) : row(recordset) {}
 
   void Read(const char* field, std::string& into) const {
-    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+    if (const FieldValue v = row.Get(field); !v.IsNull())
       into = v.Text();
-    }
   }
   void Read(const char* field, int& into, std::int64_t least, std::int64_t most) const {
-    if (const FieldValue v = row.Get(field); !v.IsNull() && v.Integer() >= least && v.Integer() <= most) {
+    if (const FieldValue v = row.Get(field); !v.IsNull() && v.Integer() >= least && v.Integer() <= most)
       into = static_cast<int>(v.Integer());
-    }
   }
   // Any number but 0 counts as on.
   void Read(const char* field, bool& into) const {
-    if (const FieldValue v = row.Get(field); !v.IsNull()) {
+    if (const FieldValue v = row.Get(field); !v.IsNull())
       into = v.Flag();
-    }
   }
   void Read(const char* field, LocalTime& into) const {
-    if (const LocalTime date = ReadDate(row.Get(field).Text()); date != LocalTime{}) {
+    if (const LocalTime date = ReadDate(row.Get(field).Text()); date != LocalTime{})
       into = date;
-    }
   }
 
 private:
@@ -61,9 +57,8 @@ void ReadUnits(const FieldReader& row, OptionState& options, UnitSettings& units
 }
 
 void ReadOptions(const FieldReader& row, OptionState& options) {
-  if (int side = 0; row.Read("DrivingSide", side, -1, 1), side != 0) {
+  if (int side = 0; row.Read("DrivingSide", side, -1, 1), side != 0)
     options.DrivingSide = side;
-  }
   row.Read("GeographicFormat", options.GeographicFormat, 0, LastGeographicFormat);
   row.Read("MDB", options.KeepMdb);
   row.Read("TKR", options.WriteAscii);
@@ -112,20 +107,18 @@ OptionsDatabase::OptionsDatabase(ProgramState& programState, Platform& seams, Me
 bool OptionsDatabase::LoadSoftwareDatabases() {
   const std::string& folder = state.folders.MdbFolder;
   const UpdateResult software = UpdateDatabase(state.folders, platform, "Software", folder, "");
-  if (software.programEnds) {
+  if (software.programEnds)
     return false;
-  }
   state.versions.Software = software.version;
   database = Database::Open(platform.drives.NativePath(software.path), OpenMode::Shared);
   LoadOptions();
   if (platform.drives.FileExists(software.path) && (!database || database->Failed())) {
-    platform.shell.MsgBox("Cannot open " + software.path, state.folders.ProgramName, BoxIcon::Stop);
+    platform.shell.MsgBox("Cannot open " + software.path, state.folders.programName, BoxIcon::Stop);
     return false;
   }
   const UpdateResult catalogue = UpdateDatabase(state.folders, platform, "Messages", folder, "");
-  if (catalogue.programEnds) {
+  if (catalogue.programEnds)
     return false;
-  }
   state.versions.Messages = catalogue.version;
   messages.Open(catalogue.path);
   return true;
@@ -133,14 +126,12 @@ bool OptionsDatabase::LoadSoftwareDatabases() {
 
 void OptionsDatabase::LoadOptions() {
   const std::unique_ptr<Recordset> rsOptions = database ? database->OpenTable("Options") : nullptr;
-  if (!rsOptions) {
+  if (!rsOptions)
     return;
-  }
   rsOptions->SetIndex("ID");
   rsOptions->MoveFirst();
-  if (rsOptions->Eof()) {
+  if (rsOptions->Eof())
     return;
-  }
   const FieldReader row(*rsOptions);
   row.Read("Datum", state.options.OptionsDate);
   row.Read("User", state.options.OptionsUser);
@@ -151,13 +142,11 @@ void OptionsDatabase::LoadOptions() {
 
 void OptionsDatabase::SaveOptions() {
   const std::unique_ptr<Recordset> rsOptions = database ? database->OpenTable("Options") : nullptr;
-  if (!rsOptions) {
+  if (!rsOptions)
     return;
-  }
   rsOptions->SetIndex("ID");
-  if (!rsOptions->AddNew()) {
+  if (!rsOptions->AddNew())
     return;
-  }
   rsOptions->Set("Datum", DateText(state.options.OptionsDate));
   rsOptions->Set("User", CutText(state.options.OptionsUser, LongestUser));
   WriteUnits(*rsOptions, state.options, state.units);

@@ -22,9 +22,8 @@ constexpr NumberedField FieldsInUse[] = {
 
 std::array<std::string, 101> NumberedNames() {
   std::array<std::string, 101> names;
-  for (const NumberedField& field : FieldsInUse) {
+  for (const NumberedField& field : FieldsInUse)
     names.at(field.number) = field.name;
-  }
   return names;
 }
 
@@ -55,9 +54,8 @@ Sections::Sections(ProgramState& programState, Platform& seams, SocketProp& link
 
 bool Sections::LoadSections() {
   const UpdateResult update = UpdateDatabase(state.folders, platform, "Sections", state.folders.SharedMdbFolder, "");
-  if (update.programEnds) {
+  if (update.programEnds)
     return false;
-  }
   state.versions.Sections = update.version;
   state.facility.SectionsPath = state.folders.SharedMdbFolder + "\\Sections.mdb";
   ReopenSections();
@@ -67,15 +65,14 @@ bool Sections::LoadSections() {
 // No operation reads a row: facility and section come from the link and the operator. The table is kept at hand.
 void Sections::ReopenSections() {
   CloseSections();
-  NetworkDatabase = Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared);
-  if (NetworkDatabase) {
-    rsSections = NetworkDatabase->OpenTable("Sections");
-  }
+  networkDatabase = Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared);
+  if (networkDatabase)
+    rsSections = networkDatabase->OpenTable("Sections");
 }
 
 void Sections::CloseSections() {
   rsSections.reset();
-  NetworkDatabase.reset();
+  networkDatabase.reset();
 }
 
 void Sections::SetFacilityName(const std::string& text) {

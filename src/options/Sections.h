@@ -35,7 +35,7 @@ private:
   ProgramState& state;
   Platform& platform;
   SocketProp& socket;
-  std::unique_ptr<Database> NetworkDatabase;
+  std::unique_ptr<Database> networkDatabase;
   std::unique_ptr<Recordset> rsSections;
 };
 

@@ -24,14 +24,14 @@ enum class SocketState : int {
 class SocketEvents {
 public:
   virtual ~SocketEvents() = default;
-  virtual void Socket_Connect() = 0;
+  virtual void SocketConnected() = 0;
   // Bytes wait to be read with ReadAll.
-  virtual void Socket_DataArrival() = 0;
+  virtual void SocketDataArrived() = 0;
   // The peer has ended the stream in good order, and all bytes before the end have been told; the state is PeerClosing.
-  virtual void Socket_Close() = 0;
+  virtual void SocketClosed() = 0;
   // An attempt has failed or the connection is lost, a reset included; the bytes that came before it have been told.
   // The state is Error, the number Winsock's.
-  virtual void Socket_Error(int number) = 0;
+  virtual void SocketFailed(int number) = 0;
 };
 
 class Socket {

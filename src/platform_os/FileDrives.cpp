@@ -60,7 +60,7 @@ fs::path CopyBeside(const fs::path& source, const fs::path& target) {
 // "*" stands for any characters, "?" for one, whatever its bytes. Both texts in one case.
 bool Matches(std::string_view n, std::string_view p) {
   std::size_t i = 0, j = 0, star = std::string::npos, resume = 0;
-  while (i < n.size()) {
+  while (i < n.size())
     if (j < p.size() && p[j] == '*') {
       star = j++;
       resume = i;
@@ -72,7 +72,6 @@ bool Matches(std::string_view n, std::string_view p) {
       i = ++resume;
     } else
       return false;
-  }
   return p.find_first_not_of('*', j) == std::string::npos;
 }
 

@@ -97,7 +97,7 @@ void QtSocket::OnWritable() {
     readable.setEnabled(true);
     state = SocketState::Connected;
     if (events)
-      events->Socket_Connect();
+      events->SocketConnected();
     return;
   }
   const auto [bytes, error] = native.Send(waiting);
@@ -147,7 +147,7 @@ bool QtSocket::Hear() {
   if (bytes > 0) {
     received.append(room.data(), bytes);
     if (events)
-      events->Socket_DataArrival();
+      events->SocketDataArrived();
     return true;
   }
   if (error != NativeSocket::WouldBlock)
@@ -183,9 +183,9 @@ void QtSocket::End(int number) {
   if (!events)
     return;
   if (number == NativeSocket::None)
-    events->Socket_Close();
+    events->SocketClosed();
   else
-    events->Socket_Error(number);
+    events->SocketFailed(number);
 }
 
 } // namespace trekor

@@ -51,7 +51,7 @@ void TakeSingle(float& field, std::string_view word) {
 // 1 time, 2 latitude, 3 longitude, 4 height, 5 status, 6 satellites, 7 skipped, 8 to 10 kept for nobody. From 4 on a
 // word that is missing leaves the old value; of the first three it gives 0.
 void TakeGps(GpsMessage& gps, std::string_view message) {
-  const auto [words, count] = SocketProp::Split_Views(message);
+  const auto [words, count] = SocketProp::SplitViews(message);
   GpsFix& fix = gps.fix;
   fix.GpsTime = Val(words[1]);
   fix.GpsLatitude = Val(words[2]);
@@ -186,7 +186,7 @@ void Dispatcher::Ctrl(std::string_view message) {
 void Dispatcher::CtrlWord(const std::string& word, std::string_view rest) {
   if (word == "PREPARE") {
     if (!rest.empty())
-      measurements.Prepare_Station(Val(rest));
+      measurements.PrepareStation(Val(rest));
   } else if (word == "START" || word == "RESUME") { // the same key: RESUME in idle starts a run
     measurements.Form_KeyDown(StartKey, 0);
   } else if (word == "SUSPEND") {
@@ -223,7 +223,7 @@ void Dispatcher::Set(std::string_view message) {
 void Dispatcher::SetDmi(std::string_view message) {
   if (state.run.RunState != 0)
     return;
-  const auto words = SocketProp::Split_Views(message).Words;
+  const auto words = SocketProp::SplitViews(message).Words;
   Positions& position = state.position;
   TakeInteger(position.DmiSetValue, words[1]);
   position.DmiIncreasing = words[2] == "I" || words[2] == "1"; // a value: its case counts
@@ -258,7 +258,7 @@ void Dispatcher::File(std::string_view message) {
 
 // FILE UNITS SI KM: the first word is not looked at
 void Dispatcher::FileUnits(std::string_view message) {
-  const std::string word = Upper(SocketProp::Split_Views(message).Words[2]);
+  const std::string word = Upper(SocketProp::SplitViews(message).Words[2]);
   state.units.FileStationUnit = UnitCode(word).value_or(state.units.FileStationUnit);
 }
 

@@ -27,9 +27,9 @@ bool Program::Main() {
   if (!options.LoadSoftwareDatabases())
     return false;
   LanguageAudioFolder(state.folders, state.command.Language, platform.drives);
-  if (!InitHardware() || !files.Init_DataFiles() || !setupDatabase.LoadDatabase() || !sections.LoadSections())
+  if (!InitHardware() || !dataFiles.InitDataFiles() || !setupDatabase.LoadDatabase() || !sections.LoadSections())
     return false;
-  measurements.Load_Form();
+  measurements.LoadForm();
   return true;
 }
 

@@ -9,16 +9,16 @@ namespace trekor {
 
 Program::Program(Platform& p)
     : platform(p), SendKeysObject(p), texts(state, p), messages(state, p, texts), options(state, p, messages),
-      setupDatabase(state, p), setup(state, setupDatabase, form.imlObsPicsUCaseKeys), files(state, p),
-      comma(state, p, files), socket(state, p, texts, form), sections(state, p, socket),
+      setupDatabase(state, p), setup(state, setupDatabase, form.imlObsPicsUCaseKeys), dataFiles(state, p),
+      comma(state, p, dataFiles), socket(state, p, texts, form), sections(state, p, socket),
       fileNew(state, p, texts, messages, sections),
-      measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, files, comma,
+      measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, dataFiles, comma,
                                   socket, fileNew, SendKeysObject}),
       dispatcher(state, p, socket, sections, measurements) {
   // Sending is low in the house, dispatching is high: here the circle of run and link is closed.
-  socket.Dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
-  measurements.UnloadMainForm = [this] { Unload_MainForm(); };
-  form.OnUnload = [this] { Unload_MainForm(); };
+  socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
+  measurements.unloadMainForm = [this] { UnloadMainForm(); };
+  form.OnUnload = [this] { UnloadMainForm(); };
 }
 
 Program::~Program() = default;

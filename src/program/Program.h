@@ -14,7 +14,7 @@ public:
   // that cannot be opened); whatever had to be said has been said.
   bool Main();
   // The unload of the main form, which ends the program. Runs once.
-  void Unload_MainForm();
+  void UnloadMainForm();
 
   ProgramState state;
   Platform& platform;
@@ -25,7 +25,7 @@ public:
   OptionsDatabase options;
   SetupDatabase setupDatabase;
   TestSetup setup;
-  DataFiles files;
+  DataFiles dataFiles;
   CommaFile comma;
   SocketProp socket;
   Sections sections;

@@ -3,12 +3,12 @@
 
 namespace trekor {
 
-void Program::Unload_MainForm() {
+void Program::UnloadMainForm() {
   if (unloaded)
     return; // the window's own close follows the unload that a command has begun
   unloaded = true;
-  measurements.Stop_AndClose();
-  measurements.Unload_Forms();
+  measurements.StopAndClose();
+  measurements.UnloadForms();
   texts.SaveFormProperties(form);
   socket.Unload();
   platform.shell.Unload(form);

@@ -8,16 +8,16 @@ namespace trekor {
 
 namespace {
 
-constexpr std::size_t blockSize = 8192;
+constexpr std::size_t BlockSize = 8192;
 
 struct Failure {
   const char* description;
   int number;
 };
-constexpr Failure noFailure = {"", 0};
-constexpr Failure cantWrite = {"Work file can't be written", 75};
-constexpr Failure cantRead = {"Work file not found", 53};
-constexpr Failure noField = {"The field takes no picture", 3265};
+constexpr Failure NoFailure = {"", 0};
+constexpr Failure CantWrite = {"Work file can't be written", 75};
+constexpr Failure CantRead = {"Work file not found", 53};
+constexpr Failure NoField = {"The field takes no picture", 3265};
 
 struct FileCloser {
   void operator()(std::FILE* file) const { std::fclose(file); }
@@ -37,8 +37,8 @@ Failure AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, 
   std::vector<unsigned char> buffer(highestSubscript + 1);
   const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), file);
   if (read < buffer.size() && std::ferror(file) != 0)
-    return cantRead;
-  return row.AppendChunk(field, buffer.data(), buffer.size()) ? noFailure : noField;
+    return CantRead;
+  return row.AppendChunk(field, buffer.data(), buffer.size()) ? NoFailure : NoField;
 }
 
 // The remainder goes first, then the whole blocks, each with one byte more than its name says: files in the field hold
@@ -46,11 +46,11 @@ Failure AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, 
 Failure AppendFile(Recordset& row, const std::string& field, const std::string& nativePath, Pump& pump) {
   const OpenFile file(std::fopen(nativePath.c_str(), "rb"));
   if (!file)
-    return cantRead;
+    return CantRead;
   const std::size_t length = LengthOf(file.get());
-  Failure failure = AppendBuffer(row, field, file.get(), length % blockSize);
-  for (std::size_t block = 0; failure.number == 0 && block < length / blockSize; ++block) {
-    failure = AppendBuffer(row, field, file.get(), blockSize);
+  Failure failure = AppendBuffer(row, field, file.get(), length % BlockSize);
+  for (std::size_t block = 0; failure.number == 0 && block < length / BlockSize; ++block) {
+    failure = AppendBuffer(row, field, file.get(), BlockSize);
     if (failure.number == 0)
       pump.ProcessEvents();
   }
@@ -67,11 +67,11 @@ void dbSaveImage(Recordset* row, const std::string& field, const std::string& pi
   const PictureFile saved = platform.shell.SavePicture(picture, workFile);
   if (saved == PictureFile::NoPicture)
     return;
-  const Failure failure = saved == PictureFile::Written ? AppendFile(*row, field, workFile, platform.pump) : cantWrite;
+  const Failure failure = saved == PictureFile::Written ? AppendFile(*row, field, workFile, platform.pump) : CantWrite;
   if (failure.number != 0)
     platform.shell.MsgBox(std::string("dbSaveImage: ") + failure.description + " (" + std::to_string(failure.number) +
                               ")",
-                          folders.ProgramName, BoxIcon::None);
+                          folders.programName, BoxIcon::None);
 }
 
 } // namespace trekor

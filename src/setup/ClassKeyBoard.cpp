@@ -21,11 +21,9 @@ constexpr NamedKey BoardNames[] = {{"F5", 116}, {"F6", 117},  {"F7", 118},      
 constexpr NamedKey PadNames[] = {{"/", 111}, {"*", 106}, {"+", PadPlus}, {"-", 109}, {",", 110}};
 
 template <std::size_t N> int NamedCode(const NamedKey (&names)[N], const std::string& text) {
-  for (const NamedKey& key : names) {
-    if (text == key.text) {
+  for (const NamedKey& key : names)
+    if (text == key.text)
       return key.code;
-    }
-  }
   return -1;
 }
 
@@ -40,23 +38,20 @@ std::size_t TableIndex(int code) {
 } // namespace
 
 int KeyBoard_KeyCode(const std::string& text) {
-  if (OneOf(text, '0', '9') || OneOf(text, 'A', 'Z')) {
+  if (OneOf(text, '0', '9') || OneOf(text, 'A', 'Z'))
     return text[0]; // the code is the character
-  }
   return NamedCode(BoardNames, text);
 }
 
 int KeyPad_KeyCode(const std::string& text) {
-  if (OneOf(text, '0', '9')) {
+  if (OneOf(text, '0', '9'))
     return PadZero + text[0] - '0';
-  }
   return NamedCode(PadNames, text);
 }
 
 KeyTables::KeyTables() {
-  for (auto* table : {&KeyBoardRow, &KeyBoardCol, &KeyPadRow, &KeyPadCol}) {
+  for (auto* table : {&KeyBoardRow, &KeyBoardCol, &KeyPadRow, &KeyPadCol})
     table->fill(-1);
-  }
 }
 
 ClassKeyBoard::ClassKeyBoard(KeyTables& keyTables, const TestSetup& testSetup) : tables(keyTables), setup(testSetup) {}
@@ -70,9 +65,8 @@ void ClassKeyBoard::Attach(Grid& target, bool onKeyPad, bool onFloating, int row
   grid->SetRows(rows);
   grid->SetCols(columns);
   grid->SetFont({"Times New Roman", 9.75, true});
-  for (int c = 0; c < columns; ++c) {
+  for (int c = 0; c < columns; ++c)
     grid->SetColAlignment(c, Align::Centre);
-  }
 }
 
 // A blank key is one blank and its neighbour two, or the equal texts would show as one key.
@@ -102,43 +96,36 @@ void ClassKeyBoard::MakeKeyPad(Grid& target, bool onFloating) {
 }
 
 void ClassKeyBoard::Make_KeyRow(const std::vector<std::string>& keys, int row, double start, double end) {
-  if (grid == nullptr || keys.empty()) {
+  if (grid == nullptr || keys.empty())
     return;
-  }
-  if (end == std::floor(end)) {
+  if (end == std::floor(end))
     end += 1;
-  }
   const double first = start * columnsPerUnit, beyond = end * columnsPerUnit;
   const double columnsPerKey = std::nearbyint((beyond - first) / static_cast<double>(keys.size()));
   grid->SetMergeRow(row, true);
   std::string before;
   bool inKey = false;
   for (int c = 0; c < grid->Cols(); ++c) {
-    if (first > c || c >= beyond) {
+    if (first > c || c >= beyond)
       continue;
-    }
     const auto k = static_cast<std::size_t>((c - first) / columnsPerKey);
-    if (k >= keys.size()) {
+    if (k >= keys.size())
       continue;
-    }
     grid->SetText(row, c, keys[k]);
-    if (!inKey || keys[k] != before) {
-      Enter_Key(keys[k], row, c);
-    }
+    if (!inKey || keys[k] != before)
+      EnterKey(keys[k], row, c);
     before = keys[k];
     inKey = true;
   }
 }
 
 // Floating pictures have the same shape and leave the tables alone. A key on two rows ("+") keeps the lower one.
-void ClassKeyBoard::Enter_Key(const std::string& text, int row, int column) {
-  if (floating) {
+void ClassKeyBoard::EnterKey(const std::string& text, int row, int column) {
+  if (floating)
     return;
-  }
   const int code = keypad ? KeyPad_KeyCode(text) : KeyBoard_KeyCode(text);
-  if (code == -1) {
+  if (code == -1)
     return;
-  }
   (keypad ? tables.KeyPadRow : tables.KeyBoardRow).at(TableIndex(code)) = static_cast<std::int16_t>(row);
   (keypad ? tables.KeyPadCol : tables.KeyBoardCol).at(TableIndex(code)) = static_cast<std::int16_t>(column);
 }
@@ -158,30 +145,26 @@ std::string ClassKeyBoard::KeyText(int code) const {
 }
 
 void ClassKeyBoard::Paint_Setup(bool show) {
-  for (int i = 1; i <= setup.ObsCount(); ++i) {
+  for (int i = 1; i <= setup.ObsCount(); ++i)
     Paint_Key(show, i);
-  }
 }
 
 void ClassKeyBoard::Paint_Key(bool show, int i) {
-  if (grid == nullptr || !setup.Has(i)) {
+  if (grid == nullptr || !setup.Has(i))
     return;
-  }
   const ClassObservation& obs = setup.Observations(i);
   const int row = KeyRow(obs.KeyCode()), col = KeyCol(obs.KeyCode());
-  if (row == -1 || col == -1) {
+  if (row == -1 || col == -1)
     return;
-  }
   const std::string picture = show ? obs.ObsIcon() : std::string();
-  if (keypad) {
-    Paint_PadKey(picture, obs.KeyCode(), row, col);
-  } else {
-    Paint_BoardKey(picture, obs.KeyCode(), row, col);
-  }
+  if (keypad)
+    PaintPadKey(picture, obs.KeyCode(), row, col);
+  else
+    PaintBoardKey(picture, obs.KeyCode(), row, col);
 }
 
 // Three keys of the pad are two cells large.
-void ClassKeyBoard::Paint_PadKey(const std::string& picture, int code, int row, int col) {
+void ClassKeyBoard::PaintPadKey(const std::string& picture, int code, int row, int col) {
   grid->SetCellPicture(row, col, picture);
   if (code == PadPlus) {
     grid->SetCellPicture(1, 3, picture);
@@ -196,15 +179,14 @@ void ClassKeyBoard::Paint_PadKey(const std::string& picture, int code, int row, 
 }
 
 // On a floating picture the cells of a key merge into one, so its first cell is enough.
-void ClassKeyBoard::Paint_BoardKey(const std::string& picture, int code, int row, int col) {
+void ClassKeyBoard::PaintBoardKey(const std::string& picture, int code, int row, int col) {
   int first = col, last = floating ? col : col + columnsPerUnit - 1;
   if (code == SpaceCode && !floating) {
     first = SpaceFirstColumn;
     last = SpaceLastColumn;
   }
-  for (int c = first; c <= last; ++c) {
+  for (int c = first; c <= last; ++c)
     grid->SetCellPicture(row, c, picture);
-  }
 }
 
 } // namespace trekor

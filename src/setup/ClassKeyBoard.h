@@ -38,13 +38,13 @@ public:
 
 private:
   void Attach(Grid& target, bool onKeyPad, bool onFloating, int rows, int columns);
-  void Enter_Key(const std::string& text, int row, int column);
+  void EnterKey(const std::string& text, int row, int column);
   int KeyRow(int code) const;
   int KeyCol(int code) const;
   void Paint_Key(bool show, int i);
   void Paint_Setup(bool show);
-  void Paint_PadKey(const std::string& picture, int code, int row, int col);
-  void Paint_BoardKey(const std::string& picture, int code, int row, int col);
+  void PaintPadKey(const std::string& picture, int code, int row, int col);
+  void PaintBoardKey(const std::string& picture, int code, int row, int col);
   KeyTables& tables;
   const TestSetup& setup;
   Grid* grid = nullptr;

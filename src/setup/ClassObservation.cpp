@@ -26,52 +26,42 @@ bool EqualsLimit(const ObsValue& v, const ObsValue& limit) {
 // Keeps the kind, so that a single counts in singles: 0.1 and 1 are 1.1, not 1.10000000149.
 // A text that is no number cannot be counted up and stays.
 ObsValue PlusOne(const ObsValue& v) {
-  if (const auto* text = std::get_if<std::string>(&v)) {
+  if (const auto* text = std::get_if<std::string>(&v))
     return IsNumeric(*text) ? ObsValue(TextToDouble(*text) + 1) : v;
-  }
-  if (const auto* single = std::get_if<float>(&v)) {
+  if (const auto* single = std::get_if<float>(&v))
     return *single + 1.0F;
-  }
   const auto* whole = std::get_if<std::int32_t>(&v);
-  if (whole != nullptr && *whole < std::numeric_limits<std::int32_t>::max()) {
+  if (whole != nullptr && *whole < std::numeric_limits<std::int32_t>::max())
     return *whole + 1;
-  }
   return ObsValueNumber(v) + 1;
 }
 
 std::string FirstName(const std::string& wanted, const std::string& other) {
   std::string name = Trim(wanted);
-  if (name.empty()) {
+  if (name.empty())
     name = Trim(other);
-  }
   return name.empty() ? BlankName : name;
 }
 
 } // namespace
 
 std::string ObsValueText(const ObsValue& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) {
+  if (const auto* text = std::get_if<std::string>(&value))
     return *text;
-  }
-  if (const auto* whole = std::get_if<std::int32_t>(&value)) {
+  if (const auto* whole = std::get_if<std::int32_t>(&value))
     return std::to_string(*whole);
-  }
-  if (const auto* single = std::get_if<float>(&value)) {
+  if (const auto* single = std::get_if<float>(&value))
     return SingleToText(*single);
-  }
   return NumberToText(std::get<double>(value));
 }
 
 double ObsValueNumber(const ObsValue& value) {
-  if (const auto* text = std::get_if<std::string>(&value)) {
+  if (const auto* text = std::get_if<std::string>(&value))
     return Val(*text);
-  }
-  if (const auto* whole = std::get_if<std::int32_t>(&value)) {
+  if (const auto* whole = std::get_if<std::int32_t>(&value))
     return *whole;
-  }
-  if (const auto* single = std::get_if<float>(&value)) {
+  if (const auto* single = std::get_if<float>(&value))
     return static_cast<double>(*single);
-  }
   return std::get<double>(value);
 }
 
@@ -99,9 +89,8 @@ void ClassObservation::IncValue() {
 }
 
 void ClassObservation::Reset() {
-  if (DataTypeID != 4) {
+  if (DataTypeID != 4)
     present = Lowest();
-  }
 }
 
 void ClassObservation::SetDefault(const ObsValue& v) {
@@ -111,17 +100,14 @@ void ClassObservation::SetDefault(const ObsValue& v) {
     return;
   }
   present = Val(NormalizeDecimal(text));
-  if (ObsValueNumber(present) < Min()) {
+  if (ObsValueNumber(present) < Min())
     present = Lowest();
-  }
-  if (ObsValueNumber(present) > Max()) {
+  if (ObsValueNumber(present) > Max())
     present = Highest();
-  }
   if (DataTypeID == 1) {
     // A number beyond 32 bits cannot be converted and stays a real one.
-    if (const std::optional<std::int32_t> whole = ToInteger32(ObsValueNumber(present))) {
+    if (const std::optional<std::int32_t> whole = ToInteger32(ObsValueNumber(present)))
       present = *whole;
-    }
   }
 }
 
@@ -142,9 +128,8 @@ void ClassObservation::SetKeyCode(int code) {
 bool ClassObservation::KeyIsTaken(int code) const {
   for (int i = 1; i <= setup.ObsCount(); ++i) {
     const ClassObservation& other = setup.Observations(i);
-    if (other.keyCode == code && other.ObsParID != ObsParID) {
+    if (other.keyCode == code && other.ObsParID != ObsParID)
       return true;
-    }
   }
   return false;
 }

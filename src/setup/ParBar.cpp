@@ -46,9 +46,8 @@ void ParBar::SetMax(float v) {
 
 // Singles all the way: 0.225 of 0.5 then is 4.5 tenths, as a person reckons, and not a hair less.
 int ParBar::BarPicture() const {
-  if (twoState) {
+  if (twoState)
     return member != 0 ? PictureOn : PictureOff;
-  }
   float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
   if (!std::isfinite(highest - lowest)) // an item "without limits" has a scale that is longer than any single
     fraction = (member / 2 - lowest / 2) / (highest / 2 - lowest / 2);
@@ -59,9 +58,8 @@ int ParBar::BarPicture() const {
 // is there until the next value. That difference between the columns is meant.
 void ParBar::Draw(int picture) {
   const int last = col == 0 || col == selectedColumn ? PictureFull : PictureLast;
-  if (picture >= 0 && picture <= last) {
+  if (picture >= 0 && picture <= last)
     grid.SetCellPicture(row, col, PictureKey(picture));
-  }
 }
 
 std::string ParBar::PictureKey(int number) {

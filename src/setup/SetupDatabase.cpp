@@ -13,18 +13,16 @@ SetupDatabase::~SetupDatabase() {
 bool SetupDatabase::LoadDatabase() {
   CloseDatabase();
   const UpdateResult update = UpdateDatabase(state.folders, platform, "Observations", state.folders.MdbFolder, "");
-  if (update.programEnds) {
+  if (update.programEnds)
     return false;
-  }
   state.versions.Observations = update.version;
   ObsDB = Database::Open(platform.drives.NativePath(update.path), OpenMode::Shared);
   const bool hasTables = ObsDB && !ObsDB->TableNames().empty();
-  if (hasTables) {
+  if (hasTables)
     OpenRecordsets();
-  }
   if (platform.drives.FileExists(update.path) && (!ObsDB || ObsDB->Failed())) {
     CloseDatabase();
-    Tell_CannotOpen();
+    TellCannotOpen();
     return false;
   }
   if (!hasTables) {
@@ -34,8 +32,8 @@ bool SetupDatabase::LoadDatabase() {
   return true;
 }
 
-void SetupDatabase::Tell_CannotOpen() {
-  platform.shell.MsgBox("Cannot open " + state.folders.MdbFolder + "\\Observations.mdb", state.folders.ProgramName,
+void SetupDatabase::TellCannotOpen() {
+  platform.shell.MsgBox("Cannot open " + state.folders.MdbFolder + "\\Observations.mdb", state.folders.programName,
                         BoxIcon::Stop);
 }
 
@@ -52,9 +50,8 @@ void SetupDatabase::OpenRecordsets() {
 
 void SetupDatabase::CloseDatabase() {
   for (std::unique_ptr<Recordset>* recordset : {&rsObservations, &rsLanguages, &rsObsLinguistic, &rsSetups,
-                                                &rsSetupNames, &rsDataTypes, &rsKeyingCodes, &rsRegModes}) {
+                                                &rsSetupNames, &rsDataTypes, &rsKeyingCodes, &rsRegModes})
     recordset->reset();
-  }
   ObsDB.reset();
 }
 

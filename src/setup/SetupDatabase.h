@@ -23,7 +23,7 @@ public:
   void CloseDatabase();
 
   // Tells the operator that the vocabulary can't be read.
-  void Tell_CannotOpen();
+  void TellCannotOpen();
 
   std::unique_ptr<Database> ObsDB;
   std::unique_ptr<Recordset> rsObservations, rsLanguages, rsObsLinguistic, rsSetups, rsSetupNames, rsDataTypes,

@@ -31,9 +31,8 @@ std::string TextOf(const Recordset& row, const char* field) {
 // An empty field, or a number that is too large for its width, leaves the member as it was made.
 template <class Width, class Member> void Take(Member& member, const FieldValue& field) {
   const std::int64_t number = field.Integer();
-  if (!field.IsNull() && std::in_range<Width>(number)) {
+  if (!field.IsNull() && std::in_range<Width>(number))
     member = static_cast<Member>(number);
-  }
 }
 
 // The limits are singles; held as that, their text has the digits that were entered and a comparison with them is
@@ -49,7 +48,7 @@ int KeyCodeOf(const FieldValue& field) {
   return field.IsNull() ? -1 : static_cast<int>(std::clamp<std::int64_t>(field.Integer(), LeastCode, LargestCode));
 }
 
-void Fill_Names(ClassObservation& obs, const Recordset& row) {
+void FillNames(ClassObservation& obs, const Recordset& row) {
   Take<std::int16_t>(obs.ObsCode, row.Get("Observations.ObsCode"));
   obs.SetObsNames(TextOf(row, "ObsNameDisp"), TextOf(row, "ObsNameFile"), TextOf(row, "ObsAbrvDisp"),
                   TextOf(row, "ObsAbrvFile"));
@@ -60,7 +59,7 @@ void Fill_Names(ClassObservation& obs, const Recordset& row) {
              TextOf(row, "ParAbrvFile"), TextOf(row, "ParIcon"));
 }
 
-void Fill_Values(ClassObservation& obs, const Recordset& row) {
+void FillValues(ClassObservation& obs, const Recordset& row) {
   obs.SetMin(LimitOf(row.Get("Min")));
   obs.SetMax(LimitOf(row.Get("Max")));
   obs.SetDispText(TextOf(row, "TextDisp"));
@@ -86,21 +85,18 @@ TestSetup::TestSetup(ProgramState& programState, SetupDatabase& setupDatabase, c
 bool TestSetup::Load_TestSetup() {
   const std::unique_ptr<Recordset> rows =
       database.ObsDB ? database.ObsDB->OpenQuery(LoadQuery(state.TestSetupID)) : nullptr;
-  if (database.ObsDB && !rows) {
+  if (database.ObsDB && !rows)
     return false;
-  }
   ReleaseSetup();
-  for (; rows && !rows->Eof(); rows->MoveNext()) {
+  for (; rows && !rows->Eof(); rows->MoveNext())
     AddRow(*rows);
-  }
   obsCount = static_cast<int>(observations.size()) - 1;
   return true;
 }
 
 void TestSetup::ReleaseSetup() {
-  for (int i = 1; i <= obsCount; ++i) {
+  for (int i = 1; i <= obsCount; ++i)
     SetKeyToObs(Observations(i).KeyCode(), -1);
-  }
   obsCount = 0;
   observations.resize(1);
 }
@@ -111,14 +107,13 @@ void TestSetup::AddRow(const Recordset& row) {
   const int i = static_cast<int>(observations.size());
   observations.push_back(std::make_unique<ClassObservation>(pictures, *this));
   ClassObservation& obs = *observations.back();
-  Fill_Names(obs, row);
-  Fill_Values(obs, row);
+  FillNames(obs, row);
+  FillValues(obs, row);
   const int storedKey = KeyCodeOf(row.Get("KeyCode"));
   obs.SetKeyCode(storedKey);
   SetKeyToObs(obs.KeyCode(), i);
-  if (obs.KeyCode() != storedKey) {
+  if (obs.KeyCode() != storedKey)
     Clear_SetupKey(i); // an invalid key is erased for good
-  }
   Take<std::int16_t>(obs.RegModeCode, row.Get("RegModeCode"));
   Take<std::int16_t>(obs.KeyingCode, row.Get("KeyingCode"));
   obs.Reset(); // last, as the type decides what the limits are
@@ -136,15 +131,13 @@ int TestSetup::KeyToObs(int code) const {
 
 // Entry 0, of code -1, would be where observations without a key meet; nothing reads it and nothing writes it.
 void TestSetup::SetKeyToObs(int code, int obs) {
-  if (Between(code, 0, LastKeyCode)) {
+  if (Between(code, 0, LastKeyCode))
     keyToObs.at(static_cast<std::size_t>(code) + 1) = static_cast<std::int16_t>(obs);
-  }
 }
 
 void TestSetup::Store_SetupKey(int code, int i) {
-  if (i < 1 || static_cast<std::size_t>(i) >= observations.size() || !database.ObsDB) {
+  if (i < 1 || static_cast<std::size_t>(i) >= observations.size() || !database.ObsDB)
     return;
-  }
   const std::unique_ptr<Recordset> row =
       database.ObsDB->OpenQuery("SELECT * FROM Setups WHERE SetupID=" + std::to_string(state.TestSetupID) +
                                 " AND ObsParID=" + std::to_string(Observations(i).ObsParID));

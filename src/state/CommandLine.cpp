@@ -39,28 +39,24 @@ void ReadUserLevel(std::string_view line, RunFlags& run) {
     const char* name;
     int level;
   };
-  for (const Level& l : {Level{"/UO", -1}, Level{"/US", 0}, Level{"/UA", 1}, Level{"/UD", 9}}) {
-    if (HasSwitch(line, l.name)) {
+  for (const Level& l : {Level{"/UO", -1}, Level{"/US", 0}, Level{"/UA", 1}, Level{"/UD", 9}})
+    if (HasSwitch(line, l.name))
       run.UserLevel = l.level;
-    }
-  }
 }
 
 // The number must be followed by a blank, or it stays unread.
 void ReadBValue(std::string_view line, CommandLineFlags& flags) {
   const std::string_view rest = Behind(line, "/B:");
   const std::size_t blank = rest.find(' ');
-  if (blank != std::string_view::npos && blank > 0) {
+  if (blank != std::string_view::npos && blank > 0)
     flags.CmdBValue = TextToSingle(rest.substr(0, blank));
-  }
 }
 
 // All the rest of the line, blanks and other switches included.
 void ReadLanguage(std::string_view line, CommandLineFlags& flags) {
   flags.Language = Behind(line, "/L:");
-  if (flags.Language.empty()) {
+  if (flags.Language.empty())
     flags.Language = "English";
-  }
 }
 
 void SetDefaults(CommandLineFlags& flags, RunFlags& run) {
@@ -78,9 +74,8 @@ void SetDefaults(CommandLineFlags& flags, RunFlags& run) {
 bool ReadCommandLine(std::string_view whole, CommandLineFlags& flags, RunFlags& run) {
   SetDefaults(flags, run);
   const std::string_view line = TrimView(whole);
-  if (line.empty()) {
+  if (line.empty())
     return false;
-  }
   flags.HardwareName = FirstWord(line);
   ReadUserLevel(line, run);
   flags.CmdDrive = CutText(Behind(line, "/D:"), 1);

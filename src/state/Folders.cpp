@@ -10,17 +10,15 @@ namespace {
 constexpr float FirstServedWindows = 2006;
 
 std::string WithoutTrailingBackslash(std::string path) {
-  if (!path.empty() && path.back() == '\\') {
+  if (!path.empty() && path.back() == '\\')
     path.pop_back();
-  }
   return path;
 }
 
 // The path without its last folder; a path of one part stays whole.
 std::string ParentOf(const std::string& path) {
-  if (path.size() < 2) {
+  if (path.size() < 2)
     return path;
-  }
   const std::size_t at = path.rfind('\\', path.size() - 2);
   return at == std::string::npos || at == 0 ? path : path.substr(0, at);
 }
@@ -34,12 +32,10 @@ void RootTheTree(FolderPaths& folders) {
 }
 
 void MakeMdbFolder(const std::string& folder, Drives& drives) {
-  if (drives.FolderExists(folder) || drives.MakeFolder(folder)) {
+  if (drives.FolderExists(folder) || drives.MakeFolder(folder))
     return;
-  }
-  if (!SameText(folder.substr(0, 1), "C")) {
+  if (!SameText(folder.substr(0, 1), "C"))
     drives.MakeFolder("C" + folder.substr(1)); // only made, MdbFolder keeps its drive
-  }
 }
 
 } // namespace
@@ -49,11 +45,11 @@ void FolderRoots(FolderPaths& folders, Platform& platform) {
   folders.AppVersion =
       std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
   folders.ComputerName = CutText(platform.process.ComputerName(), 15); // the machine's buffer holds 15 and an end mark
-  folders.ProgramName = platform.process.ProgramName();
+  folders.programName = platform.process.ProgramName();
   folders.AppPath = WithoutTrailingBackslash(platform.process.ProgramFolder());
   folders.ParentPath = ParentOf(folders.AppPath);
   RootTheTree(folders);
-  folders.HardwareCreated = !platform.drives.FileExists(folders.MdbFolder + "\\" + folders.ProgramName + ".mdb");
+  folders.HardwareCreated = !platform.drives.FileExists(folders.MdbFolder + "\\" + folders.programName + ".mdb");
   if (folders.WinVersion >= FirstServedWindows) {
     MakeMdbFolder(folders.MdbFolder, platform.drives);
     // Anew at every start, whether or not it is there; without a template nothing happens.

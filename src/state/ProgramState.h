@@ -22,7 +22,7 @@ struct FolderPaths {
   std::string GraphicsPath, VideoPath; // these and the Audio ones end with "\"
   std::string AudioLanguagePath, AudioTonesPath, AudioSystemPath, AudioEnglishPath;
   bool HardwareCreated = false; // the program's own database was missing at the start
-  std::string ComputerName, AppVersion, ProgramName;
+  std::string ComputerName, AppVersion, programName;
   float WinVersion = 0; // compared with 2006 only
 };
 

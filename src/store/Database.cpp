@@ -11,7 +11,7 @@ namespace trekor {
 namespace {
 
 // Tables with this beginning are the engine's own notes.
-constexpr std::string_view ownPrefix = "_engine";
+constexpr std::string_view OwnPrefix = "_engine";
 
 } // namespace
 
@@ -61,7 +61,7 @@ std::vector<std::string> Database::TableNames() const {
   rows.Prepare(*parts->engine, "SELECT name FROM sqlite_master WHERE type='table' ORDER BY rowid");
   while (rows.Step()) {
     const std::string name = rows.Column(0).Text();
-    if (!name.starts_with("sqlite_") && !name.starts_with(ownPrefix))
+    if (!name.starts_with("sqlite_") && !name.starts_with(OwnPrefix))
       names.push_back(name);
   }
   return names;

@@ -17,7 +17,7 @@ namespace trekor {
 namespace {
 
 // The largest wait of the operator's thread for another program's short write, milliseconds.
-constexpr int busyMilliseconds = 250;
+constexpr int BusyMilliseconds = 250;
 // Pages that the log may hold before it is folded into the file: folding costs two more syncs, so it is made rare.
 constexpr int logPages = 1000;
 // What a large transaction may write beyond them before the log is folded.
@@ -145,7 +145,7 @@ bool Engine::Prepare() {
   if (exclusive && !Execute("PRAGMA locking_mode=EXCLUSIVE"))
     return false;
   if (!exclusive) // before the first look, which another program's commit can meet as well as any later one
-    sqlite3_busy_timeout(db, busyMilliseconds);
+    sqlite3_busy_timeout(db, BusyMilliseconds);
   if (!Execute("SELECT count(*) FROM sqlite_master"))
     return false;
   if (exclusive && !(mode == OpenMode::ExclusiveDurable ? PrepareDurable() : PrepareExclusive()))

@@ -99,7 +99,7 @@ struct TypeName {
   FieldType type;
 };
 
-constexpr std::array<TypeName, 8> typeNames = {{{"smallint", FieldType::SmallInt},
+constexpr std::array<TypeName, 8> TypeNames = {{{"smallint", FieldType::SmallInt},
                                                 {"integer", FieldType::Integer},
                                                 {"real", FieldType::Real},
                                                 {"single", FieldType::Single},
@@ -109,7 +109,7 @@ constexpr std::array<TypeName, 8> typeNames = {{{"smallint", FieldType::SmallInt
                                                 {"longbinary", FieldType::LongBinary}}};
 
 // Words of other makers' files, in the order in which they are looked for.
-constexpr std::array<TypeName, 10> partNames = {{{"int", FieldType::Integer},
+constexpr std::array<TypeName, 10> PartNames = {{{"int", FieldType::Integer},
                                                  {"char", FieldType::Text},
                                                  {"text", FieldType::Text},
                                                  {"date", FieldType::DateTime},
@@ -161,10 +161,10 @@ bool FitToField(const FieldDefinition& field, const FieldValue& value, FieldValu
 FieldType TypeOfDeclaration(std::string_view declaration) {
   const std::string lower = LowerName(declaration);
   const std::string word = lower.substr(0, lower.find_first_of(" ("));
-  for (const TypeName& each : typeNames)
+  for (const TypeName& each : TypeNames)
     if (word == each.name)
       return each.type;
-  for (const TypeName& each : partNames)
+  for (const TypeName& each : PartNames)
     if (lower.find(each.name) != std::string::npos)
       return each.type;
   return lower.empty() ? FieldType::Text : FieldType::Real;
@@ -180,7 +180,7 @@ int SizeOfDeclaration(std::string_view declaration) {
 
 std::string DeclarationOf(const FieldDefinition& field) {
   std::string text;
-  for (const TypeName& each : typeNames)
+  for (const TypeName& each : TypeNames)
     if (each.type == field.type)
       text = Upper(each.name);
   if (field.type != FieldType::Text)

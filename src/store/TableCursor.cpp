@@ -8,7 +8,7 @@ namespace trekor {
 
 namespace {
 
-constexpr int largestWindow = 256;
+constexpr int LargestWindow = 256;
 
 std::string Parameter(std::size_t place) {
   return "?" + FieldValue(static_cast<std::int64_t>(place)).Text();
@@ -127,7 +127,7 @@ void TableCursor::MoveNext() {
     state = State::OnRow;
     return;
   }
-  windowSize = version == Version() ? std::min(windowSize * 4, largestWindow) : 1;
+  windowSize = version == Version() ? std::min(windowSize * 4, LargestWindow) : 1;
   state = State::End;
   if (!Prepare(after, After(), false))
     return;

@@ -34,11 +34,11 @@ void MessageCatalogue::Close() {
   database.reset();
 }
 
-void MessageCatalogue::Load_Form() {
+void MessageCatalogue::LoadForm() {
   if (form.Loaded)
     return;
   texts.LoadFormProperties(form);
-  form.SetCaption(state.folders.ProgramName + " Message");
+  form.SetCaption(state.folders.programName + " Message");
   form.MessageText.ReadOnly = true;
   const auto close = [this] { platform.shell.Hide(form); };
   const auto key = [this, close](int keyCode, int shift) {
@@ -66,7 +66,7 @@ void MessageCatalogue::Load_Form() {
   platform.shell.Load(form);
 }
 
-void MessageCatalogue::Unload_Form() {
+void MessageCatalogue::UnloadForm() {
   if (!form.Loaded)
     return;
   texts.SaveFormProperties(form);
@@ -82,7 +82,7 @@ void MessageCatalogue::ShowMessage(int number) {
   if (TrimView(text).empty()) // a blank translation keeps a message quiet, whatever the English says
     return;
   const std::string id = rsMessages->Get("ID").Text();
-  Load_Form();
+  LoadForm();
   form.MessageText.SetText(text);
   form.MessageNo.SetCaption(id);
   // A message that comes while another is shown takes its place; the one caller waits for both.

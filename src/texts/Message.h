@@ -17,8 +17,8 @@ public:
   // Opens the table Messages of the file, a path of the program, with the index ID.
   void Open(const std::string& path);
   void Close();
-  void Load_Form(); // makes and dresses the form
-  void Unload_Form();
+  void LoadForm(); // makes and dresses the form
+  void UnloadForm();
   // Shows the text of a number and returns when the user has closed it; silent when there is no such text.
   void ShowMessage(int number);
   MessageForm form;

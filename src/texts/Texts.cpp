@@ -13,7 +13,7 @@ TextDatabase::~TextDatabase() {
 
 bool TextDatabase::Open() {
   const FolderPaths& folders = state.folders;
-  const UpdateResult update = UpdateDatabase(folders, platform, folders.ProgramName, folders.MdbFolder, "");
+  const UpdateResult update = UpdateDatabase(folders, platform, folders.programName, folders.MdbFolder, "");
   state.versions.Program = update.version;
   if (update.programEnds)
     return false;
@@ -23,7 +23,7 @@ bool TextDatabase::Open() {
   if (TextTable && TextTable->SetIndex("TextID"))
     return true;
   Close();
-  platform.shell.MsgBox("Cannot open " + update.path, folders.ProgramName, BoxIcon::Stop);
+  platform.shell.MsgBox("Cannot open " + update.path, folders.programName, BoxIcon::Stop);
   return false;
 }
 

@@ -305,7 +305,7 @@ bool FormView::PressButton(bool CommandButton::*which) {
 }
 
 bool FormView::OfferKey(int keyCode, int shift) {
-  constexpr int Enter = 13, Escape = 27;
+  constexpr int enter = 13, escape = 27;
   const QPointer<FormView> alive = this;
   if (detached || (form.OnKeyDown && form.OnKeyDown(keyCode, shift)) || !alive || detached)
     return true;
@@ -318,12 +318,12 @@ bool FormView::OfferKey(int keyCode, int shift) {
     return true;
   if (!alive || detached)
     return true;
-  if (keyCode == Enter && kind == Kind::CommandButton) {
+  if (keyCode == enter && kind == Kind::CommandButton) {
     static_cast<CommandButton*>(focused)->Click();
     return true;
   }
-  return (keyCode == Enter && PressButton(&CommandButton::Default)) ||
-         (keyCode == Escape && PressButton(&CommandButton::Cancel));
+  return (keyCode == enter && PressButton(&CommandButton::Default)) ||
+         (keyCode == escape && PressButton(&CommandButton::Cancel));
 }
 
 char32_t FormView::OfferCharacter(char32_t typed) {

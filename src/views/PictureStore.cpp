@@ -23,9 +23,9 @@ std::string PictureStore::FileOf(const std::string& key) const {
 }
 
 const QImage& PictureStore::Original(const std::string& key) {
-  static const QImage None;
+  static const QImage none;
   if (key.empty())
-    return None;
+    return none;
   const QString file = Q(drives.NativePath(FileOf(key)));
   auto place = originals.find(file);
   if (place == originals.end())

@@ -157,13 +157,13 @@ void QtShell::ShowNotice(const std::string& text) {
   const QRect area = over ? over->frameGeometry() : QGuiApplication::primaryScreen()->availableGeometry();
   notice->move(area.center() - notice->rect().center());
   notice->show();
-  Await_Exposure();
+  AwaitExposure();
   notice->repaint();
 }
 
 // A window is painted from the moment when the window system has brought it up, which takes some turns of the loop, and
 // who shows a notice doesn't pump. Keys and the link wait meanwhile.
-void QtShell::Await_Exposure() {
+void QtShell::AwaitExposure() {
   constexpr int longest = 500; // milliseconds
   const auto what = QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers;
   for (const QDeadlineTimer limit(longest); !notice->windowHandle()->isExposed() && !limit.hasExpired();)

@@ -46,7 +46,7 @@ private:
   };
   FormView* ViewOf(Form& form); // loads the form when that was forgotten
   QWidget* MainWindow() const;
-  void Await_Exposure();
+  void AwaitExposure();
 
   PictureStore pictures;
   KeyFilter keys{[this] { return MainWindow() ? mainForm : nullptr; }};

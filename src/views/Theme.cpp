@@ -16,9 +16,9 @@ constexpr int BasePixels = 14;
 
 // Families of the databases' own time; the system's plain face is drawn for today's screens and stands in for them.
 bool IsOldFamily(const std::string& name) {
-  constexpr std::array<const char*, 5> Old{"MS Sans Serif", "Microsoft Sans Serif", "Times New Roman", "Tahoma",
+  constexpr std::array<const char*, 5> old{"MS Sans Serif", "Microsoft Sans Serif", "Times New Roman", "Tahoma",
                                            "Arial"};
-  return name.empty() || std::find(Old.begin(), Old.end(), name) != Old.end();
+  return name.empty() || std::find(old.begin(), old.end(), name) != old.end();
 }
 
 QPalette Colours() {

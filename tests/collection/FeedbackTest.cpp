@@ -20,7 +20,7 @@ protected:
     fakes.drives.Write("C:\\Trekor\\Audio\\" + folder + "\\" + name + ".wav", "wave");
   }
   Texts Played() { return fakes.sound.TakePlayed(); }
-  Feedback& feedback() { return run.parts().feedback; }
+  Feedback& feedback() { return run.Subjects().feedback; }
 };
 
 TEST_F(Sound, TonesAreTheDigitsOfTheValue) {
@@ -107,10 +107,10 @@ TEST_F(Sound, AssistanceIsSpokenOrShown) {
 
 TEST_F(Sound, SlowDownSoundsAtTheEndOfAStepAndIsCalledByNobody) {
   Dmi(10.05);
-  run.parts().stepping.Check_SlowDown(0);
+  run.Subjects().stepping.Check_SlowDown(0);
   EXPECT_TRUE(Played().empty());
   state.position.DmiStation.SetDefault(10.2); // past the end: the bar stands at its full length
-  run.parts().stepping.Check_SlowDown(0);
+  run.Subjects().stepping.Check_SlowDown(0);
   EXPECT_EQ(Sounds(), Texts{"slowdown.WAV"});
 }
 

@@ -289,11 +289,11 @@ TEST_F(FileMenuStories, WhateverRowsAFullDiskLosesEverySpanNamesStationsOfTheFil
 TEST_F(FileMenuStories, TheRunningSetupStaysWhenTheListIsFilledAgain) {
   form.cboTestSetupNames.Select(1);
   setup.Observations(1).SetDefault(std::string("kept"));
-  run.parts().setups.Load_TestSetupNames();
+  run.Subjects().setupChoice.Load_TestSetupNames();
   EXPECT_EQ(setup.Observations(1).DefaultText(), "kept");
   EXPECT_EQ(form.cboTestSetupNames.ListIndex(), 1);
   state.TestSetupID = 0; // as at a start, where the label alone was kept
-  run.parts().setups.Load_TestSetupNames();
+  run.Subjects().setupChoice.Load_TestSetupNames();
   EXPECT_EQ(state.TestSetupID, 2);
   EXPECT_EQ(setup.Observations(1).DefaultText(), "");
 }
@@ -309,7 +309,7 @@ TEST_F(FileMenuStories, ASetupThatCannotBeReadLeavesTheOneBefore) {
   EXPECT_EQ(form.Grid.Cols(), 12);
   EXPECT_EQ(setup.KeyToObs('B'), Hole);
   EXPECT_NE(form.fxgKeyBoard.CellPicture(3, 3), "") << "the letter A";
-  run.parts().setups.Load_TestSetupNames();
+  run.Subjects().setupChoice.Load_TestSetupNames();
   EXPECT_EQ(form.cboTestSetupNames.ListCount(), 3) << "nor is the list without setups";
   ASSERT_TRUE(other->Execute("ROLLBACK"));
   form.cboTestSetupNames.Select(1);
@@ -332,7 +332,7 @@ TEST_F(FirstStart, LoadsTheSetupOfNumberZero) {
 
 TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
   ASSERT_TRUE(vocabulary.ObsDB->Execute("DELETE FROM SetupNames"));
-  run.parts().setups.Load_TestSetupNames();
+  run.Subjects().setupChoice.Load_TestSetupNames();
   EXPECT_EQ(form.cboTestSetupNames.Text(), "n/a");
   EXPECT_FALSE(form.cboTestSetupNames.Enabled());
   EXPECT_EQ(form.lblSetupID.Caption(), "-1");

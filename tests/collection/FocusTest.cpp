@@ -104,7 +104,7 @@ TEST_F(Focus, TheBufferComesDownToItsDepthWhateverHappenedToTheDepth) {
 }
 
 TEST_F(Focus, InARunTheKeysOfEveryWindowAreTheRuns) {
-  Form& keypad = run.parts().keyPictures.frmKeyPad;
+  Form& keypad = run.Subjects().keyPictures.frmKeyPad;
   form.mnuViewKeyPad.Click();
   EXPECT_FALSE(form.OnKeyElsewhere(F2, 0)) << "in idle a window has its own keys";
   OpenFile();
@@ -195,7 +195,7 @@ TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   EXPECT_EQ(Sounds(), Texts{"401.WAV"});
   const auto& acts = fakes.shell.acts;
   EXPECT_EQ(std::count(acts.begin(), acts.end(), "Modal Message"), 0);
-  run.Unload_Forms();
+  run.UnloadForms();
   FileNewDialog2 next{state, fakes.platform, texts, messages, sections}; // of the next start
   fakes.shell.scripts["FileNewDialog2"] = [](Form& asking) {
     EXPECT_EQ(asking.Left, 300);

@@ -68,21 +68,21 @@ constexpr ItemRow Items[] = {
 
 RunFixture::RunFixture() {
   Install();
-  socket.Dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
-  run.UnloadMainForm = [this] {
+  socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
+  run.unloadMainForm = [this] {
     ++unloads;
-    run.Stop_AndClose();
-    run.Unload_Forms();
+    run.StopAndClose();
+    run.UnloadForms();
     socket.Unload();
   };
   for (const char* name : {"NumericPrompt", "TextPrompt"})
-    fakes.shell.scripts[name] = [this](Form& prompt) { Answer_Prompt(prompt); };
+    fakes.shell.scripts[name] = [this](Form& prompt) { AnswerPrompt(prompt); };
 }
 
 void RunFixture::Install() {
   auto& f = state.folders;
   f.AppPath = "C:\\Trekor";
-  f.ProgramName = "Trekor";
+  f.programName = "Trekor";
   f.RootFolder = "C:\\Veldmark\\Trekor";
   f.MdbFolder = f.RootFolder + "\\MDB";
   f.VdbFolder = f.RootFolder + "\\VDB";
@@ -101,11 +101,11 @@ void RunFixture::Install() {
     fakes.drives.Write(f.AudioSystemPath + sound + ".wav", "sound");
   state.command.HardwareName = "7707-104";
   state.options.AssistanceVoice = state.options.KeepMdb = state.options.WriteAscii = true;
-  Fill_Vocabulary();
+  FillVocabulary();
 }
 
 // Setup 1 "Road" with all items; setup 2 "Short" with a single text item; setup 3 "Empty".
-void RunFixture::Fill_Vocabulary() {
+void RunFixture::FillVocabulary() {
   std::ostringstream sql;
   sql << "INSERT INTO Languages(LanguageID, Language) VALUES (1, 'Roads');"
          "INSERT INTO SetupNames(SetupID, SetupName) VALUES (1, 'Road'), (2, 'Short'), (3, 'Empty');"
@@ -130,8 +130,8 @@ void RunFixture::Fill_Vocabulary() {
 void RunFixture::Load(const std::string& direction) {
   ASSERT_TRUE(texts.Open());
   ASSERT_TRUE(vocabulary.LoadDatabase());
-  ASSERT_TRUE(files.Init_DataFiles());
-  run.Load_Form();
+  ASSERT_TRUE(files.InitDataFiles());
+  run.LoadForm();
   if (form.DmiDirLabel.Caption() != direction)
     form.UpDnPicture.Click();
   Tick();
@@ -193,7 +193,7 @@ void RunFixture::Tick(int times) {
   }
 }
 
-void RunFixture::Answer_Prompt(Form& prompt) {
+void RunFixture::AnswerPrompt(Form& prompt) {
   prompts.push_back(prompt.Caption());
   auto& box = dynamic_cast<PromptForm&>(prompt).txtBox;
   if (answers.empty())

@@ -63,7 +63,7 @@ protected:
   Texts Roads() const; // column 0 of all rows, newest first
   Texts Sounds();      // file names played since the last call
   int State() const { return state.run.RunState; }
-  RunFields& Fields() { return run.parts().ctx.fields; }
+  RunFields& Fields() { return run.Subjects().ctx.fields; }
 
   // What is stored: a row each, fields joined by a blank.
   Texts Query(const std::string& sql);
@@ -95,8 +95,8 @@ protected:
 
 private:
   void Install();
-  void Fill_Vocabulary();
-  void Answer_Prompt(Form& prompt);
+  void FillVocabulary();
+  void AnswerPrompt(Form& prompt);
   std::deque<std::string> answers;
 };
 

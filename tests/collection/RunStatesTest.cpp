@@ -43,7 +43,7 @@ TEST_F(RunStates, FirstBoundaryLiesOnTheStepsOfTheRoad) {
     state.position.DmiIncreasing = c.increasing;
     form.Texts6.SetText(c.start);
     state.position.KeyStation.SetText(c.start);
-    run.parts().stepping.Set_FirstBoundary();
+    run.Subjects().stepping.SetFirstBoundary();
     EXPECT_NEAR(state.position.NextStepKm, c.next, 1e-9);
     EXPECT_EQ(state.position.NextStation.Default(), state.position.NextStepKm);
   }
@@ -51,13 +51,13 @@ TEST_F(RunStates, FirstBoundaryLiesOnTheStepsOfTheRoad) {
 
 TEST_F(RunStates, KeyFormsHideWithTheMinimisedForm) {
   form.mnuViewKeyPad.Click();
-  EXPECT_TRUE(run.parts().keyPictures.frmKeyPad.Shown);
+  EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
   form.SetWindowState(1);
   Tick(40);
-  EXPECT_FALSE(run.parts().keyPictures.frmKeyPad.Shown);
+  EXPECT_FALSE(run.Subjects().keyPictures.frmKeyPad.Shown);
   form.SetWindowState(0);
   Tick(40);
-  EXPECT_TRUE(run.parts().keyPictures.frmKeyPad.Shown);
+  EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
 }
 
 } // namespace trekor::tests

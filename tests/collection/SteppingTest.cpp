@@ -20,7 +20,7 @@ TEST_F(RoadSteps, StepTextsBecomeKilometresByTheShortFactor) {
         Case{3, "-1.2640", -(1 / 0.6213712 + 2640.0 / 5280 / 0.6213712)}, Case{4, "5280", 1 / 0.6213712},
         Case{5, "1760", 1 / 0.6213712}, Case{6, "100", 0}, Case{8, "1", 0}}) {
     state.units.StationUnit = c.unit;
-    EXPECT_NEAR(run.parts().stepping.StationTextToKm(c.text), c.km, 1e-9) << c.unit << " " << c.text;
+    EXPECT_NEAR(run.Subjects().stepping.StationTextToKm(c.text), c.km, 1e-9) << c.unit << " " << c.text;
   }
 }
 
@@ -84,7 +84,7 @@ TEST_F(RoadSteps, StepBarFollowsThePositionEvery400MillisecondsInBothDirections)
     EXPECT_EQ(Bar(0), "BAR:3");
     Dmi(10 + way * 0.35); // one boundary crossed, far ahead of the row
     Tick(17);
-    EXPECT_EQ(run.parts().grids.Bar(0), 100);
+    EXPECT_EQ(run.Subjects().grids.Bar(0), 100);
     Press(F4);
   }
 }

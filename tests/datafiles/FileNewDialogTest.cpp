@@ -15,7 +15,7 @@ struct Dialog {
     drives.currentFolder = "D:\\Data";
     MakeTemplate(drives, "Messages", "C:\\Trekor\\Messages.mdb");
     messages.Open("C:\\Trekor\\Messages.mdb");
-    messages.Load_Form();
+    messages.LoadForm();
   }
   FakePlatform machine;
   FakeDrives& drives = machine.drives;
@@ -31,7 +31,7 @@ struct Dialog {
   void Ask(const std::function<void()>& user) {
     machine.shell.scripts["FileNewDialog2"] = [user](Form&) { user(); };
     if (dialog.ShowDialog())
-      dialog.Take_Over();
+      dialog.TakeOver();
   }
   auto Messages() { return std::count(machine.shell.acts.begin(), machine.shell.acts.end(), "Modal Message"); }
   // The file of that name is asked for.

@@ -70,14 +70,14 @@ DriveRunner::DriveRunner(const std::string& shared) {
   fakes.drives.currentFolder = "C:\\Roads";
   for (const char* name : {"NumericPrompt", "TextPrompt", "FileNewDialog2", "Message"})
     fakes.shell.scripts[name] = [this](Form& form) { Asked(form); };
-  Add_Verbs();
+  AddVerbs();
 }
 
 DriveRunner::~DriveRunner() = default;
 
 void DriveRunner::Start() {
   if (program)
-    program->Unload_MainForm();
+    program->UnloadMainForm();
   program = std::make_unique<Program>(fakes.platform);
   if (!program->Main())
     told += "the program did not start\n";
@@ -108,7 +108,7 @@ void DriveRunner::TellLines() {
 
 void DriveRunner::TellRows() {
   const auto& grid = program->form.Grid;
-  const RowBuffer& buffer = program->measurements.parts().ctx.buffer;
+  const RowBuffer& buffer = program->measurements.Subjects().ctx.buffer;
   if (buffer.Bottom() + 1 != grid.Rows())
     told += "the buffer has other rows than the grid\n";
   std::string bars;
@@ -151,7 +151,7 @@ void DriveRunner::TellForm() {
 
 void DriveRunner::TellStored(const std::string& path) {
   std::unique_ptr<Database> closed;
-  Database* database = program->files.database.get();
+  Database* database = program->dataFiles.database.get();
   if (!path.empty() || database == nullptr) {
     closed = Database::Open(fakes.drives.NativePath(path), OpenMode::ReadOnly);
     database = closed.get();
@@ -206,7 +206,7 @@ void DriveRunner::Click(const std::string& what) {
     program->form.tbControlBar.ClickButton(words[0]);
 }
 
-void DriveRunner::Add_Verbs() {
+void DriveRunner::AddVerbs() {
   using Text = const std::string&;
   verbs[">"] = [this](Text line) { inside ? fakes.socket.DeliverNow(line + "\r\n") : fakes.socket.Line(line); };
   verbs["say"] = [this](Text text) { told += "-- " + text + "\n"; };
@@ -257,7 +257,7 @@ void DriveRunner::Add_Verbs() {
   };
   verbs["files"] = [this](Text) { TellFiles(); };
   verbs["damage"] = [this](Text sql) {
-    if (!program->files.database->Execute(sql))
+    if (!program->dataFiles.database->Execute(sql))
       told += "not done: " + sql + "\n";
   };
   verbs["want"] = [this](Text text) {
@@ -284,7 +284,7 @@ void DriveRunner::Do(const std::string& line) {
 }
 
 // With the lines between "each" and "end" written out.
-void DriveRunner::Play_Lines(const Words& lines) {
+void DriveRunner::PlayLines(const Words& lines) {
   for (auto line = lines.begin(); line != lines.end(); ++line) {
     if (!line->starts_with("each ")) {
       Do(*line);
@@ -309,8 +309,8 @@ std::string DriveRunner::Play(const std::string& drive) {
   for (std::string line; std::getline(in, line);)
     if (!line.empty() && line[0] != '#' && !line.starts_with("args "))
       lines.push_back(line);
-  Play_Lines(lines);
-  program->Unload_MainForm();
+  PlayLines(lines);
+  program->UnloadMainForm();
   TellLines();
   for (const auto& box : fakes.shell.boxes)
     told += "box " + box + "\n";

@@ -58,9 +58,9 @@ public:
 
 private:
   using Words = std::vector<std::string>;
-  void Add_Verbs();
+  void AddVerbs();
   void Start();
-  void Play_Lines(const Words& lines);
+  void PlayLines(const Words& lines);
   void Do(const std::string& line);
   void Key(const std::string& name);
   void Tick(int n);

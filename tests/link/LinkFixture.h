@@ -15,7 +15,7 @@ class LinkFixture : public testing::Test {
 protected:
   LinkFixture() {
     state.folders.AppVersion = "1.2.3";
-    socket.Dispatch = [this](std::string_view line) { Heard(line); };
+    socket.dispatch = [this](std::string_view line) { Heard(line); };
   }
   virtual void Heard(std::string_view line) { heard.emplace_back(line); }
 

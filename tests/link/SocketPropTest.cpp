@@ -85,7 +85,7 @@ TEST_F(SocketPropTest, SpeaksWindows1252) {
 
 TEST_F(SocketPropTest, AnArrivalInsideAHandlerKeepsTheOrder) {
   Connect();
-  socket.Dispatch = [this](std::string_view line) {
+  socket.dispatch = [this](std::string_view line) {
     const std::string mine(line);
     heard.push_back("<" + mine);
     Pump();
@@ -103,7 +103,7 @@ TEST_F(SocketPropTest, AFloodThatNestsInEachAnswerIsServedInOrder) {
   Connect();
   constexpr int flood = 100000;
   int expected = 0, deepest = 0, depth = 0;
-  socket.Dispatch = [&](std::string_view line) {
+  socket.dispatch = [&](std::string_view line) {
     ASSERT_EQ(line, "CTRL " + std::to_string(expected));
     deepest = std::max(deepest, ++depth);
     if (++expected < flood)
@@ -120,7 +120,7 @@ TEST_F(SocketPropTest, AFloodThatNestsInEachAnswerIsServedInOrder) {
 TEST_F(SocketPropTest, APeerThatTalksFasterThanItIsAnsweredDoesNotSlowTheLink) {
   Connect();
   int served = 0;
-  socket.Dispatch = [&](std::string_view) {
+  socket.dispatch = [&](std::string_view) {
     if (++served < 2500) // two lines for each that is answered
       fake.socket.Deliver(std::string(20000, 'x') + "\r\n" + std::string(20000, 'x') + "\r\n");
     socket.SendData("ACK");
@@ -219,7 +219,7 @@ TEST_F(SocketPropTest, TheWindowOnlyHides) {
 
 TEST_F(SocketPropTest, UnloadingSaysExitWaitsAndHearsNothingMore) {
   Connect();
-  socket.Dispatch = [this](std::string_view line) {
+  socket.dispatch = [this](std::string_view line) {
     heard.emplace_back(line);
     if (line == "CTRL EXIT")
       socket.Unload();

@@ -10,14 +10,14 @@ namespace trekor::tests {
 namespace {
 
 struct Listener : SocketEvents {
-  void Socket_Connect() override { story += "connect "; }
-  void Socket_DataArrival() override {
+  void SocketConnected() override { story += "connect "; }
+  void SocketDataArrived() override {
     story += "data ";
     if (onData)
       onData();
   }
-  void Socket_Close() override { story += "close "; }
-  void Socket_Error(int number) override { story += "error " + std::to_string(number) + " "; }
+  void SocketClosed() override { story += "close "; }
+  void SocketFailed(int number) override { story += "error " + std::to_string(number) + " "; }
   std::string story;
   std::function<void()> onData;
 };

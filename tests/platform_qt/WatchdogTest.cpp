@@ -12,7 +12,7 @@ namespace {
 class WatchdogTest : public testing::Test {
 protected:
   WatchdogTest() {
-    link.Dispatch = [this](std::string_view line) { heard.emplace_back(line); };
+    link.dispatch = [this](std::string_view line) { heard.emplace_back(line); };
     link.form.RemotePort.SetText(std::to_string(peer.Port()));
   }
   ~WatchdogTest() override { socket.SetEvents(nullptr); }

@@ -41,7 +41,7 @@ inline std::string RowsOf(Database& database, const std::string& what) {
 }
 
 inline void FillFolders(FakePlatform& fakes, FolderPaths& folders) {
-  folders.ProgramName = "Trekor";
+  folders.programName = "Trekor";
   folders.AppPath = "C:\\Trekor";
   folders.RootFolder = "C:\\Veldmark\\Trekor";
   folders.VdbFolder = folders.RootFolder + "\\VDB";

@@ -66,7 +66,7 @@ void FakeSocket::Connect(const std::string& h, int p) {
       return Fail(10061);
     state = SocketState::Connected;
     if (events)
-      events->Socket_Connect();
+      events->SocketConnected();
   });
 }
 
@@ -94,19 +94,19 @@ void FakeSocket::DeliverNow(std::string bytes) {
     return; // nobody hears it
   incoming += bytes;
   if (events)
-    events->Socket_DataArrival();
+    events->SocketDataArrived();
 }
 
 void FakeSocket::PeerClose() {
   state = SocketState::PeerClosing;
   if (events)
-    events->Socket_Close();
+    events->SocketClosed();
 }
 
 void FakeSocket::Fail(int number) {
   state = SocketState::Error;
   if (events)
-    events->Socket_Error(number);
+    events->SocketFailed(number);
 }
 
 std::vector<std::string> FakeSocket::TakeLines() {

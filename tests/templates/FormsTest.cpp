@@ -59,9 +59,9 @@ protected:
 
   std::unique_ptr<Database> database = OpenShared("Trekor.vdb");
   MeasurementsForm measurements;
-  frmKeyBoardForm keyBoard;
-  frmKeyPadForm keyPad;
-  frmBarsForm bars;
+  KeyBoardForm keyBoard;
+  KeyPadForm keyPad;
+  BarsForm bars;
   PromptForm number{"NumericPrompt"}, text{"TextPrompt"};
   SocketPropForm socket;
   MessageForm message;

@@ -70,7 +70,7 @@ TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
 }
 
 TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {
-  messages.Load_Form();
+  messages.LoadForm();
   messages.form.Move(0, 0, 5000, 3000);
   messages.form.OnResize();
   const TextBox& box = messages.form.MessageText;
@@ -80,7 +80,7 @@ TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {
     EXPECT_LE(c->Left + c->Width, 5000) << c->Name();
     EXPECT_LE(c->Top + c->Height, 3000) << c->Name();
   }
-  messages.Unload_Form();
+  messages.UnloadForm();
   EXPECT_EQ(Ask("SELECT Width, Height FROM Message WHERE Name = 'MessageText'"), "4860,2860\n");
 }
 

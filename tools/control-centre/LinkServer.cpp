@@ -72,7 +72,7 @@ void LinkServer::Read() {
 void LinkServer::Send(const QString& line) {
   if (!peer)
     return;
-  if (TellsPositions || !(line.startsWith("DMI ") || line.startsWith("GPS ")))
+  if (tellsPositions || !(line.startsWith("DMI ") || line.startsWith("GPS ")))
     Tell("->", line);
   peer->write(ToWire(line) + "\r\n");
 }

@@ -23,7 +23,7 @@ public:
   // Seconds since the server was made, as the transcript shows them.
   double Seconds() const { return static_cast<double>(clock.nsecsElapsed()) / 1e9; }
   // Off: positions that are sent stay out of the transcript, some thirty lines a second that would push all else away.
-  bool TellsPositions = true;
+  bool tellsPositions = true;
   void Tell(const QString& mark, const QString& line); // one line of the transcript, on standard output
 
 signals:

@@ -36,14 +36,13 @@ TrackPoint GpxPoint(QXmlStreamReader& xml, std::optional<double>& time, bool* va
   bool latOk = false, lonOk = false;
   p.latitude = xml.attributes().value("lat").toDouble(&latOk);
   p.longitude = xml.attributes().value("lon").toDouble(&lonOk);
-  while (xml.readNextStartElement()) {
+  while (xml.readNextStartElement())
     if (xml.name() == u"ele")
       p.height = xml.readElementText().toDouble();
     else if (xml.name() == u"time")
       time = GpxTime(xml.readElementText());
     else
       xml.skipCurrentElement();
-  }
   *valid = latOk && lonOk && std::abs(p.latitude) <= 90 && std::abs(p.longitude) <= 180;
   return p;
 }

@@ -72,7 +72,7 @@ int Run(QCoreApplication& app, const QCommandLineParser& options) {
     return 1;
   }
   LinkServer link;
-  link.TellsPositions = !options.isSet("brief");
+  link.tellsPositions = !options.isSet("brief");
   bool portOk = false;
   const uint port = options.value("port").toUInt(&portOk);
   if (!portOk || port > 65535 || !link.Listen(static_cast<quint16>(port))) {

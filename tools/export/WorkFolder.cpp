@@ -11,13 +11,13 @@ namespace fs = std::filesystem;
 namespace {
 
 constexpr char nameBegin[] = ".trekor-export-";
-constexpr std::chrono::hours longestUse(24); // for one data file, on whatever machine
+constexpr std::chrono::hours LongestUse(24); // for one data file, on whatever machine
 
 } // namespace
 
 void ClearLeftWorkFolders(const fs::path& in) {
   std::error_code failed;
-  const auto left = fs::file_time_type::clock::now() - longestUse;
+  const auto left = fs::file_time_type::clock::now() - LongestUse;
   for (fs::directory_iterator i(in, failed), end; !failed && i != end; i.increment(failed)) {
     std::error_code stays;
     const bool ours = i->path().filename().u8string().starts_with(fs::path(nameBegin).u8string());
