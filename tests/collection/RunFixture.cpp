@@ -1,6 +1,7 @@
 #include "collection/RunFixture.h"
 
 #include "store/Recordset.h"
+#include "support/Places.h"
 #include "values/NumberText.h"
 
 #include <algorithm>
@@ -35,7 +36,7 @@ const fs::path& Released() {
     Folder() {
       std::string pattern = (fs::temp_directory_path() / "trekor-release-XXXXXX").string();
       path = mkdtemp(pattern.data());
-      const fs::path source = fs::path(TREKOR_SOURCE_DIR) / "templates";
+      const fs::path source = SourcePlace("/templates");
       for (const char* name : {"Observations", "DataFile"})
         Build((path / (std::string(name) + ".vdb")).string(), SqlOf(source / (std::string(name) + ".sql")));
       std::string words = SqlOf(source / "Trekor.sql");

@@ -2,6 +2,7 @@
 
 #include "datafiles/ExportSessions.h"
 #include "state/Version.h"
+#include "support/Places.h"
 
 namespace trekor::tests {
 namespace {
@@ -18,7 +19,7 @@ void MakeTemplate(FakeDrives& drives, const std::string& name, const std::string
 }
 
 std::string Expected(const std::string& name) {
-  std::string text = BytesOf(TREKOR_SOURCE_DIR "/tests/datafiles/expected/" + name);
+  std::string text = BytesOf(SourcePlace("/tests/datafiles/expected/") + name);
   Replace(text, "@VERSION@", FileFormat(50 + VersionMajor + VersionMinor / 100.0, "#0.00"));
   Replace(text, "@REVISION@", std::to_string(VersionRevision));
   return text;

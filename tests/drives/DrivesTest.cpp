@@ -1,6 +1,7 @@
 // Whole recorded drives. An expected file is rebuilt only by TREKOR_REBUILD_EXPECTED=1, and the commit says why.
 #include "drives/DriveRunner.h"
 #include "support/Databases.h"
+#include "support/Places.h"
 
 #include <gtest/gtest.h>
 
@@ -17,7 +18,7 @@ namespace fs = std::filesystem;
 
 std::vector<std::string> Recorded() {
   std::vector<std::string> names;
-  for (const auto& entry : fs::directory_iterator(TREKOR_SOURCE_DIR "/tests/drives"))
+  for (const auto& entry : fs::directory_iterator(SourcePlace("/tests/drives")))
     if (entry.path().extension() == ".drive")
       names.push_back(entry.path().stem().string());
   std::sort(names.begin(), names.end());
@@ -27,9 +28,9 @@ std::vector<std::string> Recorded() {
 class RecordedDrive : public testing::TestWithParam<std::string> {};
 
 TEST_P(RecordedDrive, LeavesExactlyWhatItLeftBefore) {
-  const fs::path base = fs::path(TREKOR_SOURCE_DIR "/tests/drives") / GetParam();
+  const fs::path base = fs::path(SourcePlace("/tests/drives")) / GetParam();
   const fs::path expectedPath = base.string() + ".expected";
-  DriveRunner runner(TREKOR_BINARY_DIR "/share/trekor");
+  DriveRunner runner(BuildPlace("/share/trekor"));
   const std::string actual = runner.Play(BytesOf(base.string() + ".drive"));
   if (std::getenv("TREKOR_REBUILD_EXPECTED"))
     std::ofstream(expectedPath, std::ios::binary) << actual;

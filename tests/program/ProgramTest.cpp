@@ -2,6 +2,7 @@
 #include "program/Program.h"
 
 #include "support/FakePlatform.h"
+#include "support/Places.h"
 #include "support/ReleasedTree.h"
 
 #include <gtest/gtest.h>
@@ -33,7 +34,7 @@ const std::vector<Served>& InOrder() {
 }
 
 struct Vehicle {
-  Vehicle() { InstallRelease(fakes.drives, TREKOR_BINARY_DIR "/share/trekor"); }
+  Vehicle() { InstallRelease(fakes.drives, BuildPlace("/share/trekor")); }
 
   bool Main() {
     program = std::make_unique<Program>(fakes.platform);

@@ -6,6 +6,7 @@
 #include "store/Database.h"
 #include "store/Recordset.h"
 #include "support/FakePlatform.h"
+#include "support/Places.h"
 
 #include <stdexcept>
 #include <string>
@@ -13,7 +14,7 @@
 namespace trekor::tests {
 
 inline std::string TemplateText(const std::string& name) {
-  return BytesOf(TREKOR_SOURCE_DIR "/templates/" + name + ".sql");
+  return BytesOf(SourcePlace("/templates/") + name + ".sql");
 }
 
 // In the place of what stood there.

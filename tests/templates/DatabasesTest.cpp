@@ -1,3 +1,4 @@
+#include "support/Places.h"
 #include "templates/Share.h"
 
 #include <cstdlib>
@@ -7,7 +8,7 @@ namespace trekor::tests {
 using Names = std::vector<std::string>;
 
 int MakeTemplate(const std::string& out, const std::string& texts) {
-  return std::system((TREKOR_BINARY_DIR "/templates/make_template " + out + " " + texts).c_str());
+  return std::system((BuildPlace("/templates/make_template ") + out + " " + texts).c_str());
 }
 
 const Names Files = {"Trekor.vdb",   "Software.vdb", "Messages.vdb", "Observations.vdb",
@@ -23,7 +24,7 @@ TEST(Templates, ArePlainFilesOfOnePageSizeAndOfOneVersionThatIsNeverTheOneForNoU
 
 TEST(MakeTemplate, GivesTheSameBytesAgain) {
   const TestFolder folder;
-  ASSERT_EQ(MakeTemplate(folder.File("again.vdb"), TREKOR_SOURCE_DIR "/templates/DataFile.sql"), 0);
+  ASSERT_EQ(MakeTemplate(folder.File("again.vdb"), SourcePlace("/templates/DataFile.sql")), 0);
   EXPECT_EQ(BytesOf(folder.File("again.vdb")), BytesOf(Share("DataFile.vdb")));
 }
 

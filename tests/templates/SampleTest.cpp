@@ -2,6 +2,7 @@
 #include "templates/Share.h"
 
 #include "setup/TestSetup.h"
+#include "support/Places.h"
 
 #include <algorithm>
 
@@ -52,7 +53,7 @@ TEST(SampleVocabulary, LoadsEachSetupWithAValidKeyOfItsOwnForEachItem) {
 TEST(SampleVocabulary, HasAnIconOfItsOwnForEachItemAndNamesThatFitTheirColumn) {
   const auto database = OpenShared("sample/Observations.mdb");
   ASSERT_TRUE(database);
-  const std::filesystem::path drawings = TREKOR_SOURCE_DIR "/resources/icons/items";
+  const std::filesystem::path drawings = SourcePlace("/resources/icons/items");
   std::set<std::string> icons;
   const auto names = database->OpenTable("ObsLinguistic");
   for (names->MoveFirst(); !names->Eof(); names->MoveNext()) {

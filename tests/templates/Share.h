@@ -2,13 +2,14 @@
 #pragma once
 
 #include "support/Databases.h"
+#include "support/Places.h"
 
 #include <gtest/gtest.h>
 
 namespace trekor::tests {
 
 inline std::string Share(const std::string& file) {
-  return TREKOR_BINARY_DIR "/share/trekor/" + file;
+  return BuildPlace("/share/trekor/") + file;
 }
 
 inline std::unique_ptr<Database> OpenShared(const std::string& file) {
