@@ -1,9 +1,9 @@
-// The base of all control models. A form is a list of named controls; a database dresses it, a view shows it, the logic
-// listens. Models know no pixels: geometry is in twips, 1440 to the inch, 15 to a pixel at 96 dots an inch.
+// The base of all control models. A form is a list of named controls: a database sets their looks, a view shows them,
+// the logic listens to them. Geometry is in twips, 1440 to the inch, 15 to a pixel at 96 dots an inch.
 //
-// Two ways to write: Set... is code writing the model, the view follows. The operator's act comes in through verbs
-// (Type, Click, Select, Press ...), which store it and raise the control's own handler. Whether a write by code raises
-// the handler too is decided once a kind and said at its head.
+// There are two ways to write. Set... is the program writing: the model changes and the view follows. The operator's
+// acts come in through verbs (Type, Click, Select, Press ...), which store them and raise the control's handler.
+// Whether a write by the program raises the handler too is the same for a whole kind and said above it.
 #pragma once
 
 #include <string>
@@ -13,7 +13,7 @@ namespace trekor {
 class Form;
 class Control;
 
-// What has changed, told to the one listener.
+// What has changed, as the listener is told.
 enum class Change {
   Caption,
   Text,
@@ -38,7 +38,7 @@ public:
   virtual void ControlChanged(Control& control, Change what) = 0;
 };
 
-// The type names of the property store, see the table of kinds in texts/.
+// The kinds of control; texts/KindTable has their names in the databases and how each is stored.
 enum class Kind {
   Form,
   Label,
@@ -74,8 +74,8 @@ struct Font {
 
 class Control {
 public:
-  // Registers itself with the form, in the order of declaration. `index` is -1 for a control that is no element of an
-  // array.
+  // Registers itself with the form, which must outlive it, in the order of declaration. `index` is -1 for a control
+  // that is no element of an array.
   Control(Form& owner, Kind kind, std::string name, int index = -1);
   virtual ~Control();
   Control(const Control&) = delete;
@@ -90,12 +90,13 @@ public:
 
   int Left = 0, Top = 0, Width = 0, Height = 0; // twips within the container; write through Move
   void Move(int left, int top, int width, int height);
-  // The frame that holds this control, or nothing for the form itself. Write through SetContainer once a view may
-  // listen, which hears of it as Geometry.
+  // The frame that holds this control; null for the form itself. Once a view may listen, write through SetContainer,
+  // which is told as Geometry.
   Control* Container = nullptr;
   void SetContainer(Control* frame);
 
-  // A control that is hidden or disabled while it, or a control in it, has the focus hands it to the form's FocusHome.
+  // When a control that has the focus, or holds one that has, is hidden or disabled, the focus goes to the form's
+  // FocusHome.
   bool Visible() const { return visible; }
   void SetVisible(bool on);
   bool Enabled() const { return enabled; }
@@ -107,7 +108,7 @@ public:
   const Font& FontOf() const { return font; }
   void SetFont(Font f);
 
-  // One listener, the view; nothing is told while there is none.
+  // One listener, the view, borrowed; null for none.
   void SetListener(ControlListener* l) { listener = l; }
   ControlListener* Listener() const { return listener; }
 

@@ -1,4 +1,4 @@
-// The plain kinds of control. Each says what its handlers hear of.
+// The kinds of control except the grid. Above each stands what its handlers hear of.
 #pragma once
 
 #include "forms/Control.h"
@@ -12,7 +12,7 @@ using Handler = std::function<void()>;
 // A key goes to the handler as a Windows key code and shift state (1 Shift, 2 Ctrl, 4 Alt); true: the key is taken.
 using KeyHandler = std::function<bool(int keyCode, int shift)>;
 
-// A text or picture; a click is the operator's only act.
+// A line of text. Its handlers hear clicks of the operator.
 class Label : public Control {
 public:
   Label(Form& owner, std::string name, int index = -1) : Control(owner, Kind::Label, std::move(name), index) {}
@@ -96,7 +96,7 @@ private:
   bool value = false;
 };
 
-// A drop-down list, a list of drives among them. Click is raised by the operator's choice and by code that sets another
+// A drop-down list; the list of drives is one. Click is raised by the operator's choice and by code that sets another
 // ListIndex.
 class ComboBox : public Control {
 public:
@@ -110,7 +110,7 @@ public:
   int ListIndex() const { return selected; } // -1: none
   void SetListIndex(int i);
   const std::string& Text() const;
-  void SetText(std::string t); // for a box that can be typed
+  void SetText(std::string t); // any text when it can be typed, else chooses the entry of that text, if any
   void Select(int i);          // the operator's choice
   Handler OnClick, OnChange;
 
@@ -122,8 +122,8 @@ private:
 };
 
 // A list with one or several selected entries. Click is raised by the operator and by code that sets another ListIndex;
-// the marks of a list with several (SetSelected) raise nothing. An operator's click there turns the mark of its entry.
-// Folder and file lists are lists too: their kind tells the store what they take, their logic fills them.
+// marking entries of a list with several (SetSelected) raises nothing. A click there toggles the mark of its entry.
+// Folder and file lists are lists too: their kind tells how they are stored, the logic fills them.
 class ListBox : public Control {
 public:
   ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}
@@ -186,8 +186,8 @@ private:
   std::string picture;
 };
 
-// The tabs above a place that shows one frame at a time. Click is raised by the operator and by code that selects
-// another.
+// The tabs above an area that shows one frame at a time. Click is raised by the operator and by code that selects
+// another tab.
 class TabStrip : public Control {
 public:
   TabStrip(Form& owner, std::string name) : Control(owner, Kind::TabStrip, std::move(name)) {}
@@ -260,7 +260,7 @@ private:
   bool checked = false;
 };
 
-// Fires every Interval milliseconds while enabled. The view's timer calls Fire; a test calls it itself.
+// Fires every Interval milliseconds while running; the view's timer calls Fire, and tests call it themselves.
 class Timer : public Control {
 public:
   Timer(Form& owner, std::string name) : Control(owner, Kind::Timer, std::move(name)) {}
@@ -276,8 +276,8 @@ private:
   bool running = false;
 };
 
-// Pictures by key, not shown itself. A key is the file name in upper case; Tag is the file name as it stands; File is
-// the path of drive letter and backslashes, empty for a picture built into the views.
+// Pictures by key; not shown itself. A key is the file name in upper case; Tag is the file name as it stands; File is
+// the path of drive letter and backslashes, empty for a picture built into the program.
 class ImageList : public Control {
 public:
   ImageList(Form& owner, std::string name) : Control(owner, Kind::ImageList, std::move(name)) {}
@@ -285,11 +285,11 @@ public:
     std::string Key, Tag, File;
   };
   void Clear();
-  // A second picture of the same key is refused, as the first one stays.
+  // False, and nothing changes, when there is a picture of that key already.
   bool Add(Picture picture);
   int Count() const { return static_cast<int>(pictures.size()); }
   const Picture& At(int i) const { return pictures.at(static_cast<std::size_t>(i)); }
-  // Nothing when the list has no such key; keys compare without case.
+  // Null when the list has no such key; keys compare without case.
   const Picture* Find(const std::string& key) const;
 
 private:

@@ -84,7 +84,7 @@ constexpr std::array<GenericArray, 6> GenericArrays{{{"Labels", Make<Label>},
                                                      {"Checks", Make<CheckBox>},
                                                      {"Options", Make<OptionButton>}}};
 
-// A new element begins as a copy of the array's lowest one in what is not told by its row in the database.
+// A new element copies from the lowest one of its array what its row in the database need not say.
 void TakeAfter(Control& element, const std::vector<Control*>& controls) {
   const Control* lowest = nullptr;
   for (const Control* c : controls)
@@ -152,7 +152,7 @@ void Form::HandOverFocus(const Control& from) {
   FocusHome->Tell(Change::Focus);
 }
 
-// Controls go in the reverse order of their coming, so the search begins at the end.
+// Controls are destroyed in reverse order, so the search begins at the end.
 void Form::Forget(Control& control) {
   const auto place = std::find(controls.rbegin(), controls.rend(), &control);
   if (place != controls.rend())

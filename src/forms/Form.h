@@ -1,5 +1,5 @@
-// A window as data: its controls in order, its own properties, and what it hears. Whether it is shown is asked of the
-// Shell; Shown tells what is so.
+// A window as data: its controls in order, its own properties, and its handlers. Shell shows and hides it; Shown tells
+// whether it is shown.
 #pragma once
 
 #include "forms/Control.h"
@@ -18,13 +18,13 @@ public:
 
   const std::string& Name() const { return name; }
   const std::vector<Control*>& Controls() const { return controls; }
-  // By name and index, compared without case; nothing when there is none.
+  // By name and index, compared without case; null when there is none.
   Control* Find(const std::string& controlName, int index = -1) const;
 
   const std::string& Caption() const { return caption; }
   void SetCaption(std::string text);
-  int Left = 0, Top = 0, Width = 0,
-      Height = 0; // twips; Height is the inside, without the title bar; write through Move
+  // Twips; Height is the inside, without the title bar. Write through Move.
+  int Left = 0, Top = 0, Width = 0, Height = 0;
   void Move(int left, int top, int width, int height);
   std::string Tag;
   Font FontOf; // write through SetFont
@@ -39,19 +39,18 @@ public:
   // Brings the picture up to date at once.
   void Refresh();
 
-  // The control that has the focus, or nothing. The view tells of each move within the window; a text box hears that it
-  // has lost or got the focus. Nothing: the next showing gives its control the focus anew.
+  // The control that has the focus, or null: the next showing then sets the focus anew. The view calls FocusMoved for
+  // each move within the window; a text box is told that it has lost or got the focus.
   Control* ActiveControl = nullptr;
   void FocusMoved(Control* to);
-  // Gets the focus when the control that has it is hidden or disabled; without one the window system chooses.
+  // Gets the focus when the control that has it is hidden or disabled. Null: the window system chooses.
   Control* FocusHome = nullptr;
 
-  // What the form hears. KeyDown comes before any control: true takes the key. KeyPress true throws a typed character
-  // away.
+  // The form's handlers. KeyDown comes before any control: true takes the key. KeyPress: true drops a typed character.
   KeyHandler OnKeyDown;
   std::function<bool(char32_t)> OnKeyPress;
-  // Of the main form alone: a key on its way into another window of the program that is not modal, before that window's
-  // own form hears it; and the release of a key in whatever window.
+  // Only on the main form. A key on its way into another window of the program that is not modal, before that window's
+  // own form hears it; and the release of a key in any window.
   KeyHandler OnKeyElsewhere;
   std::function<void(int keyCode)> OnKeyUp;
   Handler OnActivate, OnResize;
@@ -59,12 +58,12 @@ public:
   std::function<bool()> OnQueryUnload;
   Handler OnUnload;
 
-  // An element of a control array that the property store asks for and that does not exist yet. The form makes the
-  // usual kinds for the generic names Labels, Texts, Commands, Frames, Checks, Options and owns them; it stands where
-  // the lowest element of its array stands. Nothing for other names.
+  // The element of a control array that a table row names; made when it does not exist yet. The form makes and owns
+  // elements of the arrays Labels, Texts, Commands, Frames, Checks and Options, placed like the lowest element of their
+  // array. Null for other names.
   virtual Control* LoadElement(const std::string& arrayName, int index);
 
-  // The view's ear for the form itself and for controls that come later.
+  // How the view follows the form itself and controls that are added later.
   class Listener {
   public:
     virtual ~Listener() = default;

@@ -99,7 +99,7 @@ void Grid::HeadColumn(int c, std::string_view part) {
   constexpr std::string_view marks = "<^>";
   const std::size_t mark = part.empty() ? std::string_view::npos : marks.find(part.front());
   if (mark != std::string_view::npos) {
-    SetColAlignment(c, static_cast<Align>(mark)); // the marks stand in the order of the alignments
+    SetColAlignment(c, static_cast<Align>(mark)); // the characters are in the order of the alignments
     part.remove_prefix(1);
   }
   SetText(0, c, std::string(part));
@@ -168,7 +168,7 @@ bool Grid::MergeRow(int r) const {
   return Has(rows, r) && At(rows, r).merged;
 }
 
-// A row that is merged as it comes changes no more than its own picture.
+// Merging a row changes the picture of that row only.
 void Grid::SetMergeRow(int r, bool on) {
   if (!Has(rows, r) || At(rows, r).merged == on)
     return;

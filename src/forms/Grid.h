@@ -1,8 +1,8 @@
-// A table of cells with fixed rows, a current cell, merged cells and pictures. Newest rows are inserted at the top, so
-// rows are kept in a deque and a shift costs nothing of the cells' own.
+// A table of cells with fixed rows, a current cell, merged cells and pictures. New rows are inserted at the top, so
+// rows are kept in a deque and an insertion moves no cells.
 //
-// While redraw is off nothing is told; what was done is kept and told once, when it goes on again. A view asks
-// TakeChanges and repaints no more than that.
+// While redraw is off changes are collected and told once, when it goes on again. A view asks TakeChanges and repaints
+// only those.
 #pragma once
 
 #include "forms/Control.h"
@@ -29,15 +29,14 @@ public:
   // Rows are added at the end or cut there.
   void SetRows(int n);
 
-  // The current cell keeps its numbers when rows are inserted or removed; a removal at the end keeps it inside.
-  // A row at `row` with the text in its first column; rows below move down. Out of range (below 0 or beyond the end):
-  // skipped.
+  // Inserts a row at `row` with the text in its first column; rows below move down, and the current cell keeps its row
+  // number. Skipped when `row` is below 0 or beyond the end.
   void AddItem(const std::string& text, int row);
-  // Skipped when there is no such row.
+  // Skipped when there is no such row. The current cell keeps its row number, or moves to the last row.
   void RemoveItem(int row);
 
-  // Heads the columns: parts by "|" go into the top row, a leading "<", "^" or ">" aligns its column to the left,
-  // centre or right; columns are added when there are more parts. The empty text changes nothing. The format is kept as
+  // Column heads: parts separated by "|" go into the top row, and a leading "<", "^" or ">" aligns the column left,
+  // centre or right. Columns are added when there are more parts. The empty text changes nothing. Read back as it was
   // given.
   const std::string& FormatString() const { return format; }
   void SetFormatString(std::string text);
@@ -72,7 +71,7 @@ public:
   void SetSelectionMarks(bool on);
   bool Redraw() const { return redraw; }
   void SetRedraw(bool on);
-  // Back to the fixed rows; contents of those stay.
+  // Removes all rows but the fixed ones.
   void ClearToFixedRows();
 
   // The operator moves the current cell with mouse or arrow keys; EnterCell is raised when it is another cell. Skipped
@@ -95,7 +94,7 @@ public:
     std::vector<Step> steps; // in the order in which they happened, at most MostSteps; empty when all is set
   };
   Changes TakeChanges();
-  // With more steps than this a view is faster with painting everything, and a grid that no view asks stays small.
+  // With more steps a view paints everything faster. It also bounds the list of a grid that no view asks.
   static constexpr std::size_t MostSteps = 256;
 
 private:

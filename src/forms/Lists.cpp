@@ -57,7 +57,7 @@ const std::string& ComboBox::Text() const {
   return text;
 }
 
-// A box that cannot be typed takes only a text that stands in its list.
+// A box without typing takes only a text of its list.
 void ComboBox::SetText(std::string t) {
   if (DropDownList) {
     const auto place = std::find(items.begin(), items.end(), t);

@@ -33,7 +33,7 @@ void TextBox::CaretToStart() {
   Tell(Change::Selection);
 }
 
-// The view is told although it typed the text itself: what the box did not take must vanish from the screen.
+// The view is told although it sent the text: what the box did not take must be removed from the screen.
 void TextBox::Type(std::string t) {
   if (!Enabled() || ReadOnly)
     return Tell(Change::Text);

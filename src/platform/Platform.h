@@ -1,4 +1,4 @@
-// All seams to the machine in one hand. Whoever needs one takes that one; whoever builds the rooms takes this.
+// All seams to the machine together, borrowed. A class that needs one of them takes that one; Program takes this.
 #pragma once
 
 #include "platform/Clock.h"

@@ -1,5 +1,5 @@
-// The one message pump. Everything that must "let pending events run" calls it: socket lines are dispatched here,
-// keys arrive here, timers fire here.
+// The one message pump: socket lines are dispatched, keys delivered and timers fired in its calls. Whoever pumps in the
+// middle of an operation must expect any of them there.
 #pragma once
 
 namespace trekor {
@@ -9,8 +9,8 @@ public:
   virtual ~Pump() = default;
   // Runs what is pending and returns; it never waits.
   virtual void ProcessEvents() = 0;
-  // For whoever waits: runs what is pending, and when nothing is lets the processor sleep until an event comes, that
-  // many milliseconds at most. May return early.
+  // Runs what is pending. When nothing is, sleeps until an event comes, that many milliseconds at most. May return
+  // early.
   virtual void WaitForEvents(double milliseconds) = 0;
 };
 

@@ -1,4 +1,5 @@
-// What the windowing system does for the logic: showing forms, boxes, focus, pictures. Forms are told by their models.
+// What the windowing system does for the logic: showing forms, message boxes, focus, pictures. Forms and controls are
+// named by their models, which outlive their views.
 #pragma once
 
 #include <string>
@@ -12,30 +13,33 @@ enum class BoxIcon { None, Stop, Exclamation, Information };
 
 enum class PictureFile {
   Written,
-  NoPicture,
-  Failed
-}; // NoPicture: the key has none; Failed: a full disk, no such folder
+  NoPicture, // there is no picture under this key
+  Failed     // no such folder, a full disk
+};
 
 class Shell {
 public:
   virtual ~Shell() = default;
-  // Makes the view of a form, hidden. Called once in a form's life, when the form is loaded.
+  // Makes the view of a form, hidden, unless it has one already. Showing a form or giving focus to its controls loads
+  // it too.
   virtual void Load(Form& form) = 0;
+  // Takes the view away; the form can be loaded again.
   virtual void Unload(Form& form) = 0;
   virtual void Show(Form& form) = 0;
   virtual void Hide(Form& form) = 0;
-  // Shows the form and returns when it has been hidden again; timers and the socket keep their turns.
+  // Shows the form and returns when it has been hidden again or the program ends; timers fire and lines of the link are
+  // carried out meanwhile.
   virtual void ShowModal(Form& form) = 0;
   virtual void SetFocus(Control& control) = 0;
   virtual void BringToFront(Control& control) = 0;
-  // The window's handle as a number; 0 when there is none.
+  // The window's handle as a number, as the link announces it; 0 when there is none.
   virtual long long WindowHandle(Form& form) = 0;
   virtual void Hourglass(bool on) = 0;
-  // A plain message box with an OK button.
+  // A message box with an OK button; returns when it is closed. Timers and the link go on meanwhile.
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
-  // A small text over the screen while something long runs; the empty text takes it away.
+  // A small text over the main window while something long runs without pumping; the empty text takes it away.
   virtual void ShowNotice(const std::string& text) = 0;
-  // Writes the picture of an image-list key as a file in the platform's picture format (PNG) to a native path.
+  // Writes the picture of an image-list key as a PNG file at a native path.
   virtual PictureFile SavePicture(const std::string& key, const std::string& nativePath) = 0;
 };
 

@@ -1,5 +1,5 @@
-// Plays wave files. One device; the newest sound replaces the one before; without a device there is silence. Nothing
-// here makes its caller wait for a device or a disk.
+// Plays wave files on one device. The newest sound replaces the one before; without a device there is silence. No call
+// waits for a device or a disk.
 #pragma once
 
 #include <string>
@@ -13,10 +13,10 @@ public:
   // Begins to open the device. What is played before it is open is not heard.
   virtual void Open_SoundDevice() = 0;
   virtual void Close_SoundDevice() = 0;
-  // Number of output devices of the machine; 0 as long as the device was not asked for or its library still looks.
+  // Number of output devices of the machine; 0 until the device has been opened.
   virtual int Devices() = 0;
-  // Plays the first of these wave files (paths of the program, "C:\...\D1.WAV") that is there when its turn comes, as
-  // it is then. When none is there, the sound before goes on.
+  // Plays the first of these wave files (paths like "C:\...\D1.WAV") that exists when its turn comes. When none exists,
+  // the sound before goes on.
   virtual void Play(const std::vector<std::string>& paths) = 0;
 };
 

@@ -1,4 +1,4 @@
-// The one way to wait: events run meanwhile, and between them the processor sleeps.
+// The one way to wait: events run meanwhile, and the processor sleeps between them.
 #pragma once
 
 #include "platform/Clock.h"

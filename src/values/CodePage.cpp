@@ -1,4 +1,4 @@
-// Windows-1252, the code page of the link and of the comma file. It is Latin-1 but for the 32 places from 0x80 on.
+// Windows-1252, the code page of the link and of the comma file. It is Latin-1 except for the 32 codes from 0x80 on.
 #include "values/Text.h"
 #include "values/Utf8.h"
 

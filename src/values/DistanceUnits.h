@@ -11,17 +11,18 @@ constexpr double MilesPerKm = 0.621371192237334;
 
 // Short name for people; "" outside the table.
 std::string UnitName(int code);
-// Word on the link, "KM" ...; "" outside the table. And back, upper case; nothing for another word.
+// Word on the link, "KM" ...; "" outside the table. UnitCode is the way back, for words in capitals; nothing for
+// another word.
 std::string UnitWord(int code);
 std::optional<int> UnitCode(std::string_view word);
 
-// The unit as the comma file writes it: long name and one digit.
+// The unit as the comma file writes it: long name ("kilometers") and one digit.
 struct FileUnit {
   std::string FileUnitName, FileUnitCode;
 };
-// For codes 0 to 5 sets both; for any other the name keeps its old content and the digit becomes "0".
+// For codes 0 to 5 sets both. For any other code the digit becomes "0" and the name keeps what was in it.
 void FileUnitWord(int fileStationUnit, FileUnit& unit);
-// The pattern of a station in the comma file; "" for codes above 5.
+// The digit pattern of a station in the comma file; "" for codes other than 0 to 5.
 std::string FileStationPattern(int fileStationUnit);
 
 } // namespace trekor

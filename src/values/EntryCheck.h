@@ -7,20 +7,24 @@
 
 namespace trekor {
 
-// The variable behind a field. Any other kind of variable ends the check with false.
+// The variable behind a field; borrowed for the call. With std::monostate, a variable of any other kind, the check does
+// nothing and is false.
 using EntryVariable = std::variant<std::monostate, std::int16_t*, std::int32_t*, float*, double*>;
 
 struct EntryResult {
   bool ok = false;         // nothing was out of range
-  bool guardStays = false; // the allow-empty path leaves the guard cleared
+  bool guardStays = false; // after an emptied field the guard is left false
   bool rewrite = false;    // the field takes `text`
   std::string text;
 };
-// The check without the field: reads `text`, writes the variable.
+// The check without the field: reads `text` and writes the variable. A number beyond a limit becomes that limit and ok
+// is false; a text that holds no number counts as 0. An empty text stores the "no value" of the variable's width when
+// `allowEmpty`. A number that the variable cannot hold leaves it as it was.
 EntryResult CheckEntryText(EntryVariable variable, const std::string& text, double lowest, double highest,
                            bool allowEmpty);
 
-// `Field` has Text, SetText and CaretToStart. `guard` quiets the field's own change handler meanwhile.
+// `Field` has Text, SetText and CaretToStart. `guard` is false while the field is rewritten, so that its change handler
+// skips that; it is put back afterwards, except after an emptied field. True when nothing was out of range.
 template <class Field>
 bool CheckEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
                 bool select) {
@@ -37,8 +41,9 @@ bool CheckEntry(EntryVariable variable, Field& field, double lowest, double high
   return result.ok;
 }
 
-// When the operator leaves the field: with a wrong entry he is sent back to it by `returnFocus`, which also lets events
-// run. The guard is off meanwhile, as the field that loses the focus again must not be checked again.
+// When the operator leaves the field; does nothing while `guard` is false. With a wrong entry `returnFocus` sends him
+// back to it, which also lets events run. The guard is false meanwhile: the field that loses the focus again must not
+// be checked again.
 template <class Field, class ReturnFocus>
 void ValidateEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
                    ReturnFocus returnFocus) {

@@ -13,7 +13,7 @@ namespace {
 
 constexpr double LargestDouble = std::numeric_limits<double>::max();
 
-// The powers of ten that stand here once: as locals they would be laid out anew at each call.
+// Powers of ten in static storage: as a local array they would be built at each call.
 constexpr std::array<double, 16> Tens = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
 

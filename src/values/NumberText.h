@@ -1,5 +1,5 @@
-// Numbers as text and back: reading what people, files and the link write, writing by digit patterns. No locale but the
-// decimal mark that is handed in.
+// Numbers as text and back: reading what people, files and the link write, and writing by digit patterns. Nothing here
+// asks the locale; its decimal mark is passed in.
 #pragma once
 
 #include <cstdint>
@@ -34,10 +34,10 @@ float ToSingle(double number);
 std::string FormatNumber(double number, std::string_view pattern, char mark = '.');
 // Blanks of the pattern's width for NaN; otherwise FormatNumber, right-aligned to that width, longer texts whole.
 std::string FixedFormat(double number, std::string_view pattern, char mark = '.');
-// FixedFormat with the locale's mark turned into ".".
+// FixedFormat with ".", whatever the locale's mark.
 std::string FileFormat(double number, std::string_view pattern);
 
-// A parsed pattern, for walks that write the same one a million times; appends to a buffer.
+// A parsed pattern, for code that writes the same one a million times. Its calls append to a buffer.
 class NumberPattern {
 public:
   explicit NumberPattern(std::string_view pattern);
@@ -62,7 +62,8 @@ private:
 std::string NumberToText(double number);
 std::string SingleToText(float number);
 
-// Rounded to nearest, ties to even; nothing when the result does not fit or the number is NaN-like.
+// Rounded to nearest, ties to even; nothing when the result does not fit, an infinity and an IEEE not-a-number
+// included.
 std::optional<std::int16_t> ToInteger16(double number);
 std::optional<std::int32_t> ToInteger32(double number);
 // True when the trimmed text as a whole is a number ("12", "-3.5", "1E3"), comma or point as mark.

@@ -60,7 +60,7 @@ void Numeric::SetUserFormat(std::string pattern) {
 }
 void Numeric::SetAlternateUnit(bool /*on*/) {} // only MeterFeet has one
 
-// A Numeric without a unit is the same in every dialect.
+// A Numeric without a unit is the same number in all units.
 double Numeric::ToInternal(double x) const {
   return x;
 }
@@ -96,7 +96,7 @@ double Numeric::ParseFile(std::string_view text) const {
 double Numeric::Clamp(double x) const {
   if (x == NaN)
     return x;
-  if (x > Upper) // first: it also decides when the limits stand the wrong way round
+  if (x > Upper) // first, so that the upper limit wins when the two are reversed
     return Upper;
   return x < Lower ? Lower : x;
 }

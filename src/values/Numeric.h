@@ -1,6 +1,7 @@
-// A value object: one number in a fixed internal unit with limits and patterns, answered raw, in the user's units and
-// in the file's units. Numeric itself has no unit; Deflection, Length, Velocity, MeterFeet (UnitValues.h) and Station
-// give theirs by overriding the private conversions. "No value" is the number NaN of NumberText.h.
+// A value object: one number in a fixed internal unit with limits and patterns, read and written raw, in the user's
+// units and in the file's units. Numeric itself has no unit; Deflection, Length, Velocity, MeterFeet (UnitValues.h) and
+// Station add theirs by overriding the private conversions. "No value" is the number NaN of NumberText.h. The settings
+// are borrowed and must outlive the object; they are read at each call.
 #pragma once
 
 #include "values/UnitSettings.h"
@@ -15,17 +16,18 @@ public:
   explicit Numeric(const UnitSettings& settings);
   virtual ~Numeric() = default;
 
-  // Raw: internal unit, no limit. The link delivers through this door.
+  // Raw: internal unit, not limited. Positions of the link come in here.
   double Default() const { return Number; }
   void SetDefault(double x) { Number = x; }
   // True when the number lies within the limits; in the unit classes also when it is NaN.
   virtual bool Test() const;
-  // The user's units; a set is brought to the nearer limit. The same for the file's units.
+  // Value is in the user's units, FileValue in the file's. Setting brings a number beyond the limits to the nearer one;
+  // NaN stays NaN.
   double Value() const;
   void SetValue(double x);
   double FileValue() const;
   void SetFileValue(double x);
-  // Text in the user's units ("" for NaN); FixedText is right-aligned to the width of its pattern.
+  // Text in the user's units, "" for NaN. FixedText is right-aligned to the width of its pattern, blanks for NaN.
   std::string Text() const;
   virtual std::string FixedText() const;
   void SetText(std::string_view text);
@@ -44,6 +46,7 @@ public:
   void SetSIFormat(std::string pattern) { PatternSI = std::move(pattern); }
   const std::string& USFormat() const { return PatternUS; }
   void SetUSFormat(std::string pattern) { PatternUS = std::move(pattern); }
+  // The pattern of the units in use, SI or US.
   const std::string& UserFormat() const;
   void SetUserFormat(std::string pattern);
   virtual bool AlternateUnit() const { return false; }
@@ -54,7 +57,7 @@ protected:
   double Number = 0, Lower = 0, Upper = 10000;
   std::string PatternSI = "#####0", PatternUS = "##0.00";
 
-  // A class that overrides one of these falls back on them for its ordinary case.
+  // In the internal unit. An override calls these for its ordinary case.
   virtual std::string FormatText(double number) const;
   virtual std::string FormatFixed(double number) const;
   virtual double ParseText(std::string_view text) const;

@@ -45,7 +45,8 @@ std::string MarkFixed(std::string text, std::size_t fromEnd) {
   return text.insert(at, 1, mark);
 }
 
-// Where a mark stands inside the trimmed text. One at the very start is a sign, and so is its twin directly behind it.
+// Where a mark stands inside the trimmed text. A mark at the very start is a sign, and so is the same mark directly
+// behind it.
 std::size_t InnerMark(std::string_view text, char mark) {
   const std::size_t at = text.find(mark);
   return at == 0 ? text.find(mark, 2) : at;
@@ -101,7 +102,7 @@ double Station::StationToKm(double v, int unit) {
   }
 }
 
-// The products are taken from left to right: files hold their last digits.
+// Multiplied from left to right: another order changes the last digits, which data files hold.
 double Station::KmToStation(double v, int unit) {
   if (v == NaN)
     return v;
@@ -177,7 +178,8 @@ std::string Station::Fixed(double x, int unit, char decimal) const {
   std::string text = FixedFormat(x, *pattern, decimal);
   if (unit == StnFeet)
     return MarkFixed(std::move(text), 4);
-  // Thousands stand before the mark here and hundreds in Text; both are meant.
+  // The mark of a metre station splits thousands here ("01+234.5") and hundreds in Text ("012+34.5"). Kept as it is:
+  // texts of both forms exist, and StationDigits reads either.
   return unit == StnMetre ? MarkFixed(std::move(text), 5) : text;
 }
 

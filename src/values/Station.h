@@ -1,5 +1,5 @@
-// A position along the road: kilometres inside, nine units outside (the unit codes of UnitSettings.h), plus notation
-// ("12+34.5") for the station units, miles and feet in one number for mile.feet ("12.3456": 12 miles, 3456 feet).
+// A position along the road: kilometres inside, nine units outside (the codes of UnitSettings.h). The two station units
+// have plus notation ("12+34.5"); mile.feet holds miles and feet in one number ("12.3456": 12 miles, 3456 feet).
 #pragma once
 
 #include "values/Numeric.h"
@@ -13,6 +13,7 @@ public:
   std::string FixedText() const override; // eight blanks for NaN
   // The number that FileText shows: file units, with the digits that a file keeps of it.
   double FiledValue() const;
+  // NaN stays NaN; an unknown unit code gives 0.
   static double StationToKm(double value, int unit);
   static double KmToStation(double km, int unit);
 
@@ -30,7 +31,7 @@ private:
   const std::string* PatternOf(int unit) const; // nothing for a code outside 0 to 8
   std::string Fixed(double x, int unit, char decimal) const;
 
-  // Nobody can change these four. A metre station always has five whole digits: 1234.5 m reads "012+34.5".
+  // Fixed, unlike the two of Numeric. A metre station always has five whole digits: 1234.5 m is "012+34.5" in Text.
   std::string PatternInch = "#######0", PatternMileFeet = "##0.0000", PatternStnFeet = "##000.0",
               PatternStnMeter = "00000.0";
 };

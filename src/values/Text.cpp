@@ -123,7 +123,7 @@ std::string Lower(std::string_view text) {
   return Turned(text, LowerOf);
 }
 
-// By capitals: the two small sigmas have the same one.
+// Compares capitals, as both small sigmas have the same one.
 bool SameText(std::string_view a, std::string_view b) {
   std::size_t i = 0, k = 0;
   while (i < a.size() && k < b.size()) {

@@ -1,4 +1,4 @@
-// Text helpers. Text is UTF-8 inside; widths and cuts count characters. Blanks are the character 32 alone.
+// Text helpers. Text is UTF-8; widths and cuts count characters. A blank is the character 32 only.
 #pragma once
 
 #include <cstddef>

@@ -13,7 +13,7 @@ ScaledNumeric::ScaledNumeric(const UnitSettings& settings, double perUnit, bool 
 
 bool ScaledNumeric::Test() const {
   return Number == NaN || Numeric::Test();
-} // an absent value passes here
+}
 
 double ScaledNumeric::Scale(double internal) const {
   if (internal == NaN)

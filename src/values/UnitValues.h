@@ -11,9 +11,9 @@ public:
   bool Test() const override;
 
 protected:
-  // `factor` is how many internal units make one US unit when the internal one is the smaller (25.4 mm to the inch: in
-  // by multiplication, out by division), else how many US units make an internal one (0.62 miles to the kilometre).
-  // Never its reciprocal, so that the digits are those of one multiplication or division.
+  // `factor` is how many internal units make one US unit when the internal one is the smaller (25.4 mm to the inch),
+  // else how many US units make one internal unit (0.62 miles to the kilometre). Never its reciprocal, so that a
+  // conversion is one multiplication or one division and its digits are those of the exact factor.
   ScaledNumeric(const UnitSettings& settings, double factor, bool internalIsSmaller);
   double Scale(double internal) const;
   double Unscale(double outside) const;

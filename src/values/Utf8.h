@@ -1,4 +1,4 @@
-// Walking UTF-8 a character at a time; private to this room.
+// Reading and writing UTF-8 a character at a time. Private to this room.
 #pragma once
 
 #include <cstddef>
