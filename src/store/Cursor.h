@@ -1,8 +1,8 @@
-// A bare forward walk over the result of a query, for the writing of large files: fields are read by place straight out
-// of the library, nothing is copied and nothing converted. Everywhere else a Recordset is the right thing.
+// A bare forward walk over the result of a query, for writing large files: fields are read by place straight from the
+// library, without a copy or a conversion. Everything else uses a Recordset.
 //
-// Before the first Step, and once it has given false, there is no row and nothing may be read. A cursor must be gone
-// before its database is closed.
+// There is no row before the first Step and after one that was false; fields may not be read then. A cursor must be
+// destroyed before its database is closed.
 #pragma once
 
 #include "store/Database.h"
@@ -24,9 +24,9 @@ public:
 
   // Parameter n of the query, from 1; before the first Step or after Restart.
   void Bind(int n, std::int64_t value);
-  // To the next row. False at the end, and for good after a failure.
+  // To the next row. False at the end or after a failure, and from then on until Restart.
   bool Step();
-  void Restart();
+  void Restart(); // before the first row again; parameters stay bound
   bool Eof() const { return ended; }
   // The query was wrong, or the file could not be read to its end.
   bool Failed() const { return failed; }

@@ -10,7 +10,7 @@ namespace trekor {
 
 namespace {
 
-// Tables with this beginning are the engine's own notes.
+// Tables whose names begin so are the engine's own.
 constexpr std::string_view OwnPrefix = "_engine";
 
 } // namespace
@@ -35,7 +35,7 @@ std::unique_ptr<Database> Database::Open(const std::string& nativePath, OpenMode
   return nullptr;
 }
 
-// The file is made first, in the way that fails when there is one; the library then fills it.
+// Made first in the mode that fails when the file exists; the library then fills it.
 bool Database::Create(const std::string& nativePath, const std::string& locale) {
   std::FILE* file = std::fopen(nativePath.c_str(), "wbx");
   if (!file)

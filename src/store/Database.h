@@ -1,11 +1,11 @@
-// The database engine of the house: SQLite files behind the few operations that the program asks of an engine. This
-// room is the only one that knows sqlite3.
+// The program's database engine: SQLite files behind the few operations that the program needs. This room is the only
+// one that knows sqlite3.
 //
 // Paths are native. Field types are those declared in a table (SMALLINT, INTEGER, REAL, SINGLE, TEXT(n), DATETIME,
 // BOOLEAN, LONGBINARY), and a recordset keeps what a type means: 16-bit range, single precision, text length, -1 and 0
 // for a boolean. Text is UTF-8; text keys compare without case (NOCASE, so that any SQLite tool can open the file).
-// Nothing throws; what fails gives false or an empty pointer, and LastError tells why (on standard error too when
-// TREKOR_TRACE is set). A read that fails is never an empty answer: Failed tells it from "there is none".
+// Nothing throws: a failure is false or an empty pointer, and LastError says why (on standard error too when
+// TREKOR_TRACE is set). A failed read is never an empty answer: Failed tells it from "there is none".
 #pragma once
 
 #include "store/FieldValue.h"
@@ -49,7 +49,9 @@ enum class OpenMode {
 
 class Database {
 public:
-  // Opens an existing file; empty when it is missing, no database, damaged, locked or not readable. Never creates.
+  // Opens an existing file and reads its list of tables. Empty when the file is missing, empty, no database, damaged,
+  // locked or not readable; `error` says which. Never creates one. An exclusive opening of a file that is read-only or
+  // in use fails.
   static std::unique_ptr<Database> Open(const std::string& nativePath, OpenMode mode, std::string* error = nullptr);
   // Makes a new empty database; false when the file exists or cannot be made. `locale` is kept as a note in the file.
   static bool Create(const std::string& nativePath, const std::string& locale);
@@ -57,11 +59,12 @@ public:
   Database(const Database&) = delete;
   Database& operator=(const Database&) = delete;
 
-  // Folds a durable file back into one plain file and closes it. Recordsets must be gone before.
+  // Folds the log of a durable file back into it and closes. An open transaction is taken back. Recordsets must be
+  // destroyed before.
   void Close();
 
-  // Whether the file has failed since it was opened: locked, unreadable, damaged, full. What was only asked wrongly, or
-  // a row that breaks a rule of its table, doesn't count.
+  // Whether the file has failed since it was opened: locked, unreadable, damaged, full. A wrong query, or a row that
+  // breaks a rule of its table, does not count.
   bool Failed() const;
 
   // Tables of users, without the engine's own, in the order of creation.
@@ -69,7 +72,7 @@ public:
   bool HasTable(const std::string& name) const;
   std::vector<FieldDefinition> Fields(const std::string& table) const;
   std::vector<IndexDefinition> Indexes(const std::string& table) const;
-  // Adds a column to an existing table.
+  // Adds a column to an existing table. It is only made "required" when it has a default for the rows that are there.
   bool AppendField(const std::string& table, const FieldDefinition& field);
 
   // Empty when the table is missing, the query is wrong or can't be read. A recordset must not outlive its database.
@@ -81,9 +84,9 @@ public:
   // Runs statements without a result (template building, tests).
   bool Execute(const std::string& sql);
 
-  // One transaction around several updates; nested pairs count as one. Without them every Update stands alone. When the
-  // file fails in its middle the rest is refused, and Commit takes all of it back and is false. A row that breaks a
-  // rule of its table is merely missing.
+  // One transaction around several updates; nested pairs count as one. Without it every Update is a transaction of its
+  // own. When the file fails within it, later writes are refused and Commit takes everything back and is false. A row
+  // that breaks a rule of its table is missing, and the rest is stored. Rollback ends all levels.
   bool Begin();
   bool Commit();
   void Rollback();

@@ -20,9 +20,9 @@ namespace {
 constexpr int BusyMilliseconds = 250;
 // Pages that the log may hold before it is folded into the file: folding costs two more syncs, so it is made rare.
 constexpr int logPages = 1000;
-// What a large transaction may write beyond them before the log is folded.
+// Pages that a large transaction may write beyond them before the log is folded.
 constexpr int sparePages = 64;
-// The log: a head, then the pages with a head each. Bytes.
+// Bytes of the log: its head, then a head for each page.
 constexpr std::int64_t logHead = 32, logPageHead = 24;
 
 std::string_view TextOf(sqlite3_value* value) {
@@ -37,7 +37,7 @@ void LikeFunction(sqlite3_context* context, int, sqlite3_value** values) {
   sqlite3_result_int(context, LikeMatches(TextOf(values[0]), TextOf(values[1])) ? 1 : 0);
 }
 
-// Trouble of the file itself; everything else is a fault of the question or of the row.
+// Failures of the file itself; all others are faults of the query or of the row.
 bool IsOfTheFile(int code) {
   constexpr int ofTheFile[] = {SQLITE_BUSY,     SQLITE_LOCKED,  SQLITE_NOMEM, SQLITE_READONLY,
                                SQLITE_IOERR,    SQLITE_CORRUPT, SQLITE_FULL,  SQLITE_CANTOPEN,
@@ -93,7 +93,7 @@ bool Engine::FailWith(const std::string& message) {
   return false;
 }
 
-// A file without a byte is an empty database to the library; to us it is a copy that never came about.
+// The library takes a file without a byte for an empty database; here it is a copy that was never finished.
 bool Engine::Open() {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error) || !HasBytes(path))
@@ -104,8 +104,8 @@ bool Engine::Open() {
     failures = 0; // a log that could not be folded is no harm to a reader
     return true;
   }
-  // A file that was closed in a folder where nothing can be written may still be marked as one with a log. Without a
-  // log beside it all that it holds stands in it, and it can be read as it is.
+  // A file that was closed in a read-only folder may still be marked as one with a log. Without a log beside it the
+  // file is complete and can be read as it is.
   const int why = db ? sqlite3_errcode(db) & 0xFF : SQLITE_OK;
   const bool readAsItIs =
       mode == OpenMode::ReadOnly && !HasLeftovers(path) && (why == SQLITE_CANTOPEN || why == SQLITE_READONLY);
@@ -116,7 +116,7 @@ bool Engine::Fill(const std::string& sql) {
   return Connect(false) && Execute("BEGIN EXCLUSIVE; " + sql + "; COMMIT");
 }
 
-// Rows that a killed program had stored still lie in the log; a reader alone can't bring them home.
+// Rows that a killed program had stored are still in the log; a read-only connection cannot fold them in.
 bool Engine::FoldLeftLog() {
   Engine writer(path, OpenMode::Shared);
   const bool folded = writer.Open();
@@ -169,9 +169,9 @@ bool Engine::PrepareDurable() {
   return true;
 }
 
-// A commit that lengthens the log makes the file system write down the new length as well, and the sync takes twice as
-// long. So the whole room is written here once, as noughts, which the library takes for the end of the log; from then
-// on a commit writes over them. A disk that has not the room for it goes on as before.
+// A commit that lengthens the log makes the file system write the new length as well, and the sync takes twice as long.
+// So all of its room is written here once, as zeros, which the library takes for the end of the log; commits then write
+// over them. When the disk has no room for it, the log grows as it is written.
 void Engine::ReserveLog() {
   sqlite3_file* log = nullptr;
   sqlite3_int64 length = 0;
@@ -180,10 +180,10 @@ void Engine::ReserveLog() {
     return;
   const std::int64_t page = FieldValue(PragmaText("page_size")).Integer();
   const std::int64_t wanted = logHead + (logPages + sparePages) * (logPageHead + page);
-  const std::vector<char> noughts(64 * 1024);
+  const std::vector<char> zeros(64 * 1024);
   bool written = true;
-  for (std::int64_t at = length; written && at < wanted; at += static_cast<std::int64_t>(noughts.size()))
-    written = log->pMethods->xWrite(log, noughts.data(), static_cast<int>(noughts.size()), at) == SQLITE_OK;
+  for (std::int64_t at = length; written && at < wanted; at += static_cast<std::int64_t>(zeros.size()))
+    written = log->pMethods->xWrite(log, zeros.data(), static_cast<int>(zeros.size()), at) == SQLITE_OK;
   if (written)
     log->pMethods->xSync(log, SQLITE_SYNC_NORMAL);
   else

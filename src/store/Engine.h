@@ -1,4 +1,4 @@
-// What stands behind a Database: the connection, the layouts of its tables, the counters of their automatic keys, the
+// The inside of a Database: the connection, the layouts of its tables, the counters of their automatic keys, the
 // transaction. Private to this room.
 #pragma once
 
@@ -17,7 +17,7 @@ namespace trekor {
 
 class Engine;
 
-// A prepared statement. Closing the engine finalises it; from then on it steps to no row and runs to false.
+// A prepared statement. Closing the engine finalises it; after that Step and Run are false.
 class Statement {
 public:
   Statement() = default;
@@ -25,13 +25,13 @@ public:
   Statement(const Statement&) = delete;
   Statement& operator=(const Statement&) = delete;
 
-  // `kept`: it will be run many times.
+  // `kept` tells the library that the statement will run many times.
   bool Prepare(Engine& onEngine, const std::string& sql, bool kept = false);
   bool Ready() const { return handle != nullptr; }
-  // Places count from 1. A text or bytes are borrowed: the value must stand until the statement has run.
+  // Places count from 1. A text or bytes are borrowed: the value must live until the statement has run.
   void Bind(int place, const FieldValue& value);
   void Bind(int place, std::int64_t number);
-  // True: stands on a row. At the end and after a failure it is reset, and the locks are given back.
+  // True: there is a row to read. At the end and after a failure the statement is reset, which gives its locks back.
   bool Step();
   // Whether the last Step gave false for another reason than the end of the rows.
   bool Failed() const { return failed; }
@@ -54,11 +54,11 @@ private:
 
 // What all recordsets of one table share.
 struct TableState {
-  std::uint64_t changes = 0;  // moves on with each change of a row
+  std::uint64_t changes = 0;  // rises with each change of a row
   std::int64_t counter = 0;   // highest number that an automatic key was given
-  std::int64_t stored = 0;    // highest number that the file knows of, while nobody else can have moved it
-  bool counterKnown = false;  // nobody else can have moved it
-  std::int64_t lastAdded = 0; // key of the row that is certainly the last one; 0 when it isn't known
+  std::int64_t stored = 0;    // highest number that the file has given; true while counterKnown
+  bool counterKnown = false;  // counter and stored are read, and the file is locked for us alone
+  std::int64_t lastAdded = 0; // key of the last row of the table; 0 when not known
 };
 
 class Engine {
@@ -78,18 +78,17 @@ public:
   void ForgetLayouts(); // after statements that may have changed tables or rows
   std::uint64_t AllChanges() const { return allChanges; }
 
-  // The next automatic key of a table, `atLeast` or above. It is used up by being asked for. 0: the file could not be
-  // asked.
+  // The next automatic key of a table, `atLeast` or above. Each call uses one up. 0 when the file could not be read.
   std::int64_t NextNumber(const TableLayout& layout, TableState& state, std::int64_t atLeast);
 
   bool Begin();
   bool Commit();
   void Rollback();
-  // False when the transaction can no longer come about whole: the library has already taken it back, and a row stored
-  // now would stand alone, or the file failed within it.
+  // False when the transaction can no longer be stored whole: the file failed within it, or the library has taken it
+  // back already, so that a row stored now would be a transaction of its own.
   bool MayWrite() const;
-  // How often the file has failed since it was opened: a lock, a full disk, an unreadable page. Trouble of the file and
-  // not of what was asked of it.
+  // How often the file has failed since it was opened: a lock, a full disk, an unreadable page. Wrong queries do not
+  // count.
   int Failures() const { return failures; }
 
   bool Execute(const std::string& sql);
@@ -119,11 +118,11 @@ private:
   int depth = 0; // of Begin and Commit
   int failures = 0;
   bool broken = false; // the file failed within the transaction
-  bool hasLog = false; // until the close folds it back
+  bool hasLog = false; // written through a log; Close folds it back
   Statement begin, commit, sequence;
 };
 
-// The path of the log and of the rollback journal that may lie beside a database after a kill.
+// Whether a log or a rollback journal with content lies beside the database, as after a kill.
 bool HasLeftovers(const std::string& nativePath);
 
 } // namespace trekor

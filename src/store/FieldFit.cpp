@@ -108,7 +108,7 @@ constexpr std::array<TypeName, 8> TypeNames = {{{"smallint", FieldType::SmallInt
                                                 {"boolean", FieldType::Boolean},
                                                 {"longbinary", FieldType::LongBinary}}};
 
-// Words of other makers' files, in the order in which they are looked for.
+// Parts of type names in files from other programs, in the order in which they are looked for.
 constexpr std::array<TypeName, 10> PartNames = {{{"int", FieldType::Integer},
                                                  {"char", FieldType::Text},
                                                  {"text", FieldType::Text},

@@ -30,8 +30,9 @@ public:
   bool IsText() const { return held.index() == 3; }
   bool IsBytes() const { return held.index() == 4; }
 
-  // The value as each kind; null reads as 0, "" or no bytes. A text reads as the number that it begins with; a number
-  // reads as its shortest text with "." as decimal mark; a real reads as an integer rounded to nearest, ties to even.
+  // The value as each kind; null reads as 0, "" or no bytes. A text reads as the number that it begins with, 0 when
+  // there is none; a number reads as its shortest text with "." as mark; a real reads as an integer rounded to nearest,
+  // ties to even.
   std::int64_t Integer() const;
   double Number() const;
   std::string Text() const;
@@ -49,8 +50,8 @@ private:
   std::variant<std::monostate, std::int64_t, double, std::string, Bytes> held;
 };
 
-// The number that a value is as a whole: a number, or a text that holds nothing else (blanks around it are passed
-// over). False for null, bytes and any other text.
+// The number of a value that is one as a whole: a number, or a text that holds nothing else but blanks around it. False
+// for null, bytes and any other text.
 bool NumberIn(const FieldValue& value, double& number);
 
 } // namespace trekor

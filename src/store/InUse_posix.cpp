@@ -12,7 +12,8 @@ bool OpenForWriting(const std::string& nativePath) {
   const int file = ::open(nativePath.c_str(), O_RDONLY | O_CLOEXEC);
   if (file < 0)
     return false;
-  // Whoever opens it while we hold the lease has a signal sent to us, and the usual one would end the program.
+  // When another program opens the file while we hold the lease, the system signals us; the usual signal would end the
+  // program.
   const bool quiet = ::fcntl(file, F_SETSIG, SIGURG) == 0;
   const bool refused = quiet && ::fcntl(file, F_SETLEASE, F_RDLCK) != 0 && errno == EAGAIN;
   ::close(file); // which gives the lease back

@@ -24,7 +24,8 @@ bool InSet(std::string_view set, char c) {
   return found != exclude;
 }
 
-// One element of a pattern that is no "*" against the beginning of the text. `taken` counts the bytes of each.
+// Matches one element of a pattern, not a "*", with the beginning of the text. The last two are the bytes that each
+// used up.
 bool OneMatches(std::string_view pattern, std::string_view text, std::size_t& patternTaken, std::size_t& textTaken) {
   patternTaken = textTaken = 1;
   if (pattern.empty() || text.empty())

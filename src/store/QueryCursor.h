@@ -1,5 +1,5 @@
-// Walks the rows of a query. The result is read whole at once: the file is free again, however long the recordset
-// rests, and the rows stay what they were while others are written. Who has a million rows to pass takes a Cursor.
+// Walks the rows of a query. The result is read whole at once: the file is free again afterwards, and the rows stay
+// what they were while others write. For a million rows use Cursor. Private to this room.
 #pragma once
 
 #include "store/RowCursor.h"
@@ -11,7 +11,7 @@ namespace trekor {
 
 class QueryCursor : public RowCursor {
 public:
-  // `sql` is prepared as it stands; its first columns are those of the shape, behind them stand the own numbers of the
+  // `sql` is prepared as it stands; its first columns are those of the shape, followed by the row numbers of the
   // shape's tables.
   QueryCursor(Engine& onEngine, const Shape& ofShape, const std::string& sql);
 

@@ -12,7 +12,7 @@ namespace trekor {
 namespace {
 
 struct Word {
-  std::string text; // small letters; a single sign stands for itself
+  std::string text; // in small letters; any other character is a word by itself
   std::size_t begin = 0;
 };
 

@@ -6,8 +6,8 @@
 
 namespace trekor {
 
-// "SELECT * FROM ..." with the own numbers of its tables behind the fields, so that its rows can be written, and with
-// the order of insertion as the last order. Empty when the text is of another kind: such a query can only be read.
+// "SELECT * FROM ..." with the row numbers of its tables added behind the fields, so that its rows can be written, and
+// with the order of insertion as the last order. Empty for any other query: it can only be read.
 std::string WithRowNumbers(const std::string& sql, const std::vector<std::string>& tables);
 
 } // namespace trekor

@@ -174,7 +174,7 @@ bool Recordset::Delete() {
   const Row* row = parts->shape.tables.empty() ? nullptr : parts->cursor->Hold();
   if (!row)
     return parts->engine->FailWith("no row to delete");
-  // Of a join the row of the first table goes, as it stands first in the query.
+  // In a join, the row of the table that is first in the query.
   if (!parts->Writer(0).Erase(row->numbers[0]))
     return false;
   parts->cursor->Deleted();

@@ -1,13 +1,13 @@
-// A cursor over the rows of a table or a query, with a row buffer for adding and editing.
+// A cursor over the rows of a table or a query, with a buffer for adding and editing a row. Any move drops the buffer.
 //
 // Fields are addressed by name or by place (0-based). A name without a table finds the first field of that name,
 // without regard to case; in a join "Observations.ObsCode" names the table too. Reading a missing field, or any field
-// where there is no current row, gives null and HasField false.
+// where there is no current row, gives null.
 //
-// A recordset that rests holds no lock on the file, whatever its size. The rows of a query are read at once and kept,
-// those of a table a few at a time.
+// Between calls a recordset holds no lock on the file. The rows of a query are read at once and kept, those of a table
+// a few at a time.
 //
-// Lifetime: belongs to its Database. Nothing throws.
+// It belongs to its Database and must be destroyed before that is closed. Nothing throws.
 #pragma once
 
 #include "store/FieldValue.h"
@@ -30,8 +30,8 @@ public:
   // The index that orders a table-type recordset and that Seek uses ("SessionID", "NameIndex", ...). A primary key may
   // be named by its first field. False when the table has no such index.
   bool SetIndex(const std::string& name);
-  // "=" on the current index; on no match the position stays where it was and false comes back. Text compares without
-  // case.
+  // Finds a row whose first field of the current index equals the key; text compares without case. False when there is
+  // none or no index was set; the position then stays.
   bool Seek(const FieldValue& key);
 
   bool Bof() const;
@@ -41,11 +41,11 @@ public:
   void MoveLast();
   // All rows of the recordset, exact also for a sorted join.
   int RecordCount();
-  // Runs the query again (a table: looks again) and stands on the first row. False when that can't be read; a query
-  // then keeps the rows that it had.
+  // Runs the query again (a table is read again) and goes to the first row. False when that fails; a query then keeps
+  // the rows that it had.
   bool Requery();
   // Whether something could not be read (a lock, a damaged page) since the last MoveFirst, MoveLast, Requery or Seek.
-  // An end of the rows, a Seek without a match and a null then tell nothing about what the file holds.
+  // When true, an end of the rows, a Seek without a match or a null says nothing about the file.
   bool Failed() const;
 
   int FieldCount() const;
@@ -57,11 +57,11 @@ public:
   FieldValue Get(std::string_view name) const;
   FieldValue Get(int place) const;
 
-  // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable. Its number is used
-  // up even when the row is never stored. It is `atLeast` or above. False for a join, and when the file can't be asked
-  // for the number.
+  // Begins a new row in the buffer: defaults filled in, an automatic key already known and readable, `atLeast` or
+  // above. The key is used up even when the row is never stored. False for a join, for a query that can only be read,
+  // and when the key can't be had from the file.
   bool AddNew(std::int64_t atLeast = 0);
-  // Copies the current row into the buffer.
+  // Copies the current row into the buffer. False when there is none, or the query can only be read.
   bool Edit();
   // Writes into the buffer; false (buffer unchanged) when the field is missing, not of this table, or the value does
   // not fit its type (a SMALLINT outside 16 bits, a text that is no number). A text longer than its field is cut,
@@ -70,13 +70,13 @@ public:
   bool Set(int place, const FieldValue& value);
   // Adds bytes behind those that a LONGBINARY field of the buffer already holds.
   bool AppendChunk(std::string_view name, const unsigned char* bytes, std::size_t count);
-  // Stores the buffer; of a join each field goes into its own table. After a failure the buffer stays. The current
-  // position does not move to an added row (MoveLast does).
+  // Stores the buffer; in a join each field goes into its own table. After a failure the buffer is kept. An added row
+  // does not become the current one (MoveLast goes to it).
   bool Update();
   // Drops the buffer.
   void CancelUpdate();
-  // Deletes the current row, of a join that of the first table; the position then stands before the next row, so that
-  // MoveNext goes on naturally.
+  // Deletes the current row, in a join that of the first table. There is no current row then until MoveNext goes to the
+  // next one.
   bool Delete();
 
 private:

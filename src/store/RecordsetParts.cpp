@@ -77,7 +77,7 @@ void Recordset::Parts::Describe(const Statement& statement) {
   }
 }
 
-// An automatic key is the engine's own business: it can be read, never written.
+// An automatic key can be read, never written.
 bool Recordset::Parts::CanSet(int place) const {
   if (buffering == Buffer::None || place < 0 || place >= static_cast<int>(shape.columns.size()))
     return false;

@@ -24,7 +24,7 @@ struct Recordset::Parts {
   bool StoreNew();
   bool StoreChanges();
 
-  std::shared_ptr<Engine> engine; // stands first: everything below ends before it
+  std::shared_ptr<Engine> engine; // first: everything below is destroyed before it
   Shape shape;
   std::unique_ptr<RowCursor> cursor;
   std::vector<std::unique_ptr<RowWriter>> writers; // one a table, made when first needed

@@ -1,4 +1,4 @@
-// The place of a recordset among its rows. One kind walks a table along an index, the other the result of a query.
+// The position of a recordset among its rows. One kind walks a table along an index, the other the result of a query.
 // Private to this room.
 #pragma once
 
@@ -57,9 +57,10 @@ public:
   // Whether the position is on a row that can be read.
   virtual bool HasRow() = 0;
   virtual FieldValue Value(int place) = 0;
-  // Holds the current row apart from any running statement, so that it can be written. Empty when there is none.
+  // The current row, independent of any running statement, so that it can be written. Null when there is none; valid
+  // until the next call.
   virtual Row* Hold() = 0;
-  // The row that Hold gave has got new values, or is gone.
+  // The row of Hold was stored with these values; was deleted.
   virtual void Changed(const Row& row) = 0;
   virtual void Deleted() = 0;
   // A row was stored; the position stays.
@@ -68,7 +69,7 @@ public:
   bool Failed() const { return failed; }
 
 protected:
-  bool failed = false; // a reading since the last move to a place that doesn't depend on the one before
+  bool failed = false; // some read, since the last move that does not start from the position
 };
 
 } // namespace trekor

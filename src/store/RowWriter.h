@@ -1,5 +1,5 @@
-// Stores, changes and deletes rows of one table for a recordset. The insert is prepared once and serves for the whole
-// life of the recordset. Private to this room.
+// Stores, changes and deletes rows of one table for a recordset. The insert is prepared once for the life of the
+// recordset. Private to this room.
 #pragma once
 
 #include "store/RowCursor.h"
@@ -14,10 +14,10 @@ public:
   // Writes the columns of `shape` that come from its table number `source`.
   RowWriter(Engine& onEngine, const Shape& shape, int source);
 
-  // `values` holds a value for each column of the shape. The new row's own number comes back in `number`.
+  // `values` holds a value for each column of the shape. `number` becomes the new row's number.
   bool Insert(const std::vector<FieldValue>& values, std::int64_t& number);
-  // Writes the columns marked in `touched` alone, so that what others wrote meanwhile into the rest stands. True when
-  // none is marked. `number` follows when the key itself was changed.
+  // Writes only the columns marked in `touched`, so that what others wrote into the rest is kept. True when none is
+  // marked. `number` follows when the key itself was changed.
   bool Change(const std::vector<FieldValue>& values, const std::vector<char>& touched, std::int64_t& number);
   bool Erase(std::int64_t number);
 

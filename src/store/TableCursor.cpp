@@ -42,7 +42,7 @@ std::string TableCursor::Order(bool backwards) const {
 
 namespace {
 
-// Nulls stand first, so in an order that runs downwards they come behind every value.
+// Nulls sort first, so in a descending order they come after every value.
 std::string Beyond(const std::string& name, const std::string& value, bool descending) {
   std::string text = "(" + name;
   text += (descending ? " < " : " > ") + value;
@@ -93,8 +93,8 @@ Row TableCursor::ReadRow(const Statement& rows) const {
   return row;
 }
 
-// Reads the next rows of a prepared and bound statement; the position is the first of them. When the reading breaks off
-// those that it has got are good: it begins behind them again, and fails when there is none.
+// Reads the next rows of a prepared and bound statement; the position is the first of them. When reading breaks off,
+// the rows read so far are good: the next read begins behind them, and only one without any row fails.
 void TableCursor::StandOn(Statement& rows, int wanted) {
   constexpr int limit = 99;
   rows.Bind(limit, static_cast<std::int64_t>(wanted));
@@ -144,7 +144,7 @@ void TableCursor::BindPosition(Statement& statement) {
   statement.Bind(place, row.numbers[0]);
 }
 
-// A row that was just added stands last: its key is known, and nothing is read before it is asked for.
+// A row that was just added is the last one: its key is known, and its fields are read only when asked for.
 void TableCursor::MoveLast() {
   failed = false;
   windowSize = 1;
@@ -249,7 +249,7 @@ Row* TableCursor::Hold() {
   return HasRow() ? &window[at] : nullptr;
 }
 
-// The position goes with the row when its key was changed: the next row is the one behind the new place.
+// The position follows the row when its key was changed: the next row is the one behind its new place.
 void TableCursor::Changed(const Row& row) {
   window.assign(1, Row(row));
   at = 0;

@@ -1,6 +1,6 @@
-// Walks a table along one of its indexes, or in the order of insertion. A window of a few rows is read at a time and
-// the statement is given back at once, so a recordset that rests on a row holds no lock. Whatever this database writes
-// into the table is seen at the next reading.
+// Walks a table along one of its indexes, or in the order of insertion. A few rows are read at a time and the statement
+// is reset at once, so that no lock is held between calls. What this database writes into the table is seen at the next
+// read. Private to this room.
 #pragma once
 
 #include "store/RowCursor.h"
