@@ -1,4 +1,4 @@
-// Puts the house together: the machine's adapters, the program, its windows.
+// Builds the program: the machine's adapters, the logic, its windows.
 #include "platform_os/FileDrives.h"
 #include "platform_os/InstanceLock.h"
 #include "platform_os/ProgramFolder.h"
@@ -30,7 +30,7 @@ int Run(int argc, char** argv) {
   using namespace trekor;
   FileDrives drives;
   const InstanceLock lock(PathFromText(drives.Root()));
-  // Before the toolkit takes its arguments away.
+  // Before the toolkit removes its own arguments.
   QtProcess process(argc, argv, lock.HeldByAnother(), drives.CurrentFolder());
   if (process.PreviousInstance()) { // nothing on the screen, which is the other one's
     std::fprintf(stderr, "Trekor already runs%s%s\n", drives.Root().empty() ? "" : " over ", drives.Root().c_str());

@@ -31,8 +31,8 @@ bool IsWorkName(std::string_view name) {
   return name.starts_with(WorkBegin) && end != std::string_view::npos && name.substr(end).starts_with(WorkEnd);
 }
 
-// Each copy has a work name of its own: another vehicle may be writing into the same folder of a share. Those that are
-// there already were left by a killed program; taking away one that is alive only makes that copy fail.
+// Each copy has a work name of its own: another vehicle may be writing into the same folder of a share. Work files that
+// are there already are removed as left by killed programs; when one was alive, that copy fails.
 fs::path NewWorkFile(const fs::path& folder) {
   std::error_code failed;
   for (fs::directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed)) {
@@ -127,8 +127,9 @@ bool FileDrives::FolderExists(const std::string& path) {
 bool FileDrives::MakeFolder(const std::string& path) {
   std::error_code failed;
   const fs::path folder = Path(path);
-  // What lies in the folder of the drives itself is a drive: a medium that is not in is not replaced by a folder.
-  const bool drive = fs::equivalent(folder.parent_path(), root, failed); // however the root is spelled
+  // What lies directly in the folder of the drives is a drive: a medium that is not in the machine must not become a
+  // folder.
+  const bool drive = fs::equivalent(folder.parent_path(), root, failed); // however the root is written
   if (!folder.empty() && !drive && fs::create_directory(folder, failed))
     OnDisk(folder.parent_path());
   return fs::is_directory(folder, failed);

@@ -1,9 +1,9 @@
-// Drives of letters and backslashes on this machine's file system. On Windows a path is what it says. Elsewhere one
-// folder holds a subfolder for each drive ("C", "D", ...), and names below it are found without regard to case.
+// Drives on this machine's file system. On Windows a path stands for itself. Elsewhere one folder holds a subfolder for
+// each drive ("C", "D", ...), and names below it are found without regard to case.
 //
 // A path without a drive letter begins at the root of the program's drive, or in the program's folder when it has no
-// leading backslash. "..", however often, never leads out of its drive. What stands for no file ("1:\\a", a NUL) has an
-// empty native path, which every operation refuses.
+// leading backslash. "..", however often, never leads out of its drive. A path that can name no file ("1:\a", a NUL, a
+// share where drives are folders) has an empty native path, and every operation on it fails.
 #pragma once
 
 #include "platform/Drives.h"
@@ -12,17 +12,18 @@
 
 namespace trekor {
 
-// What the operating system must do its own way.
+// What each operating system does its own way.
 namespace native {
 // The folder of the drives: the variable TREKOR_DRIVES, else below the user's data home. Empty where drives are real.
 std::filesystem::path DrivesRoot();
+// The native path; one without a drive letter begins in `current`. Empty when it can name no file.
 std::filesystem::path PathOf(const std::filesystem::path& root, const std::string& path, const std::string& current);
 bool DriveExists(const std::filesystem::path& root, char letter);
 std::string RemoteName(char letter);
-// Brings a file, or the names of a folder, onto the disk.
+// Writes a file, or the names in a folder, through to the disk.
 bool SyncFile(const std::filesystem::path& file);
 bool SyncFolder(const std::filesystem::path& folder);
-// Brings everything of the file system of this path onto the disk.
+// Writes everything of the file system of this path through to the disk.
 void SyncAll(const std::filesystem::path& path);
 // Puts a file in the place of another in one step.
 bool Replace(const std::filesystem::path& from, const std::filesystem::path& to);
@@ -52,13 +53,13 @@ public:
   std::vector<std::string> Folders(const std::string& folder) override;
   std::string CurrentFolder() override { return programFolder; }
 
-  // A copy of a native file, writable, whole at every instant, but not yet synced. The levels above it are made.
+  // A writable copy of a native file, whole at every moment but not yet synced; the folders above it are made.
   bool Install(const std::filesystem::path& source, const std::string& to);
-  // The folder of the drives as the system knows it; empty where drives are real.
+  // The native folder of the drives; empty where drives are real.
   std::string Root() const { return TextFromPath(root); }
 
 protected:
-  // Brings a file or the names of a folder onto the disk.
+  // Writes a file or the names in a folder through to the disk. Tests let it fail.
   virtual bool OnDisk(const std::filesystem::path& path);
 
 private:

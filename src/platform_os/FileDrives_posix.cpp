@@ -1,4 +1,4 @@
-// Drives as folders: where drives have no letters.
+// Drives as folders, on systems without drive letters.
 #include "platform_os/FileDrives.h"
 
 #include "values/Text.h"

@@ -1,4 +1,4 @@
-// Drives of their own letters: a path is what it says.
+// Real drives: a path stands for itself.
 #include "platform_os/FileDrives.h"
 
 #include <array>

@@ -1,5 +1,5 @@
-// Whether this program already runs. The lock is the operating system's own and dies with its process, however that
-// ends: no file that was left behind says anything.
+// Whether this program is running already. The lock belongs to the operating system and goes with the process, however
+// that ends, so no left-over file can lock the program out.
 #pragma once
 
 #include <cstdint>
@@ -9,14 +9,14 @@ namespace trekor {
 
 class InstanceLock {
 public:
-  // Takes the lock for as long as the object lives. Where drives are folders, `folder` holds them all, and programs
-  // over two different ones may run side by side; where drives are real, there is one lock for the machine.
+  // Takes the lock for the life of the object. Where drives are folders, `folder` holds them all, and programs over two
+  // different ones may run side by side; where drives are real, there is one lock for the machine.
   explicit InstanceLock(const std::filesystem::path& folder);
   ~InstanceLock();
   InstanceLock(const InstanceLock&) = delete;
   InstanceLock& operator=(const InstanceLock&) = delete;
 
-  // True when another process held the lock. A lock that could not even be asked is no sign of another process.
+  // True when another process held the lock. When the lock could not be tried at all, false.
   bool HeldByAnother() const { return another; }
 
 private:

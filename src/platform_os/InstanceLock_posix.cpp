@@ -1,5 +1,5 @@
-// The folder of the drives is itself what is locked: there is no file to be left behind, and none to be deleted under a
-// running program. Whoever names the folder by another path locks the same one.
+// Locks the folder of the drives itself: no file is left behind, and none can be deleted under a running program.
+// Another path of the same folder gives the same lock.
 #include "platform_os/InstanceLock.h"
 
 #include <cerrno>

@@ -1,4 +1,5 @@
-// A named mutex of the machine, as its drives are one for all users. That it exists says enough: nobody waits for it.
+// A named mutex of the machine, as its drives are the same for all users. Only its existence counts; nobody waits for
+// it.
 #include "platform_os/InstanceLock.h"
 
 #include <windows.h>

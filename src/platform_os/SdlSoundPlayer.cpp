@@ -94,7 +94,7 @@ void SdlSoundPlayer::OpenDevice() {
   device = opened;
 }
 
-// Nobody finds the device once the mutex was held, so that it can be closed outside of it.
+// After the mutex no other thread uses the device, so it is closed without holding it.
 void SdlSoundPlayer::CloseDevice() {
   std::unique_lock lock(mutex);
   const bool started = std::exchange(audioStarted, false);

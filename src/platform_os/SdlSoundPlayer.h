@@ -1,6 +1,6 @@
-// Wave files through SDL, on a thread of its own: a sound server may take seconds to answer and a disk may sleep, and
-// the caller, who has a key in hand, waits for neither. The thread looks for a file when it is to be played and reads
-// it afresh, so that whatever happened to the folders is heard; a key's tone costs it a quarter of a millisecond.
+// Wave files through SDL, on a thread of its own: a sound server may take seconds to answer and a disk may have to spin
+// up, and the caller, who handles a key, waits for neither. The thread looks for a file when it is due and reads it
+// each time, so that changed files are heard; a key's tone takes it a quarter of a millisecond.
 #pragma once
 
 #include "platform/Drives.h"
@@ -16,23 +16,24 @@ namespace trekor {
 
 class SdlSoundPlayer : public SoundPlayer {
 public:
-  // The drives are asked for files on the player's thread too.
+  // The drives are used on the player's thread too, and must outlive the player.
   explicit SdlSoundPlayer(Drives& drives) : drives(drives) {}
-  // Waits until the library lets go of the device: for ever, when LetsGo says so.
+  // Waits until the library has released the device: for ever when LetsGo was false.
   ~SdlSoundPlayer() override = default;
   SdlSoundPlayer(const SdlSoundPlayer&) = delete;
   SdlSoundPlayer& operator=(const SdlSoundPlayer&) = delete;
 
-  // The device is opened when the program has shown its first picture, which must not wait for it, or after two seconds
-  // when nothing can be seen of the program. One that can't be opened is not tried again.
+  // The device is opened after PictureShown, as the first picture must not wait for it, or after two seconds without
+  // that call. A device that can't be opened is not tried again.
   void Open_SoundDevice() override;
   void Close_SoundDevice() override { worker.request_stop(); }
   int Devices() override;
   void Play(const std::vector<std::string>& paths) override;
 
+  // The program's first picture is on the screen.
   void PictureShown();
-  // Ends the thread. False when it does not come back within a second: a sound server that hangs may hold it for good,
-  // and must not hold the process, which nothing else keeps by then and which would keep the next start out.
+  // Ends the thread. False when it has not ended within a second: a sound server that hangs can hold it for good. The
+  // caller then ends the process without waiting, or it would keep the next start out.
   bool LetsGo();
 
 private:
@@ -48,13 +49,13 @@ private:
   static void Feed(void* self, std::uint8_t* out, int length);
 
   Drives& drives;
-  // Between the callers and the worker, under the mutex, which nobody holds for long.
+  // Shared by the callers and the worker, under the mutex, which is held for moments only.
   std::mutex mutex;
   std::condition_variable_any changed;
   bool pictureShown = false, audioStarted = false, ended = false;
   unsigned device = 0;
   std::vector<Paths> asked; // oldest first
-  // Between the worker and the library's own thread, under the device's lock.
+  // Shared by the worker and the library's own thread, under the device's lock.
   Samples sound;
   std::size_t next = 0;
 

@@ -2,8 +2,8 @@
 
 namespace trekor {
 
-// Keeps off standard error what the libraries behind the sound device write there by themselves: a dozen lines on a
-// machine without a card. To be called before they are first used.
+// Stops the libraries behind the sound device from writing to standard error: a dozen lines on a machine without a
+// card. To be called before they are first used.
 void SilenceSoundLibrary();
 
 } // namespace trekor

@@ -9,8 +9,8 @@ namespace {
 void WriteNothing(const char*, int, const char*, int, const char*, ...) {}
 } // namespace
 
-// Asked for by name, so that the program neither needs ALSA nor its headers. The library stays loaded: its writer is
-// set for the rest of the process.
+// Loaded by name, so that the program needs neither ALSA nor its headers. The library stays loaded, as its error
+// handler is set for the rest of the process.
 void SilenceSoundLibrary() {
   void* alsa = ::dlopen("libasound.so.2", RTLD_LAZY);
   void* set = alsa ? ::dlsym(alsa, "snd_lib_error_set_handler") : nullptr;

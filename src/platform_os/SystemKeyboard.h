@@ -1,4 +1,4 @@
-// The keyboard of the system that this was built for.
+// The keyboard class of the system that this is built for.
 #pragma once
 
 #ifdef _WIN32

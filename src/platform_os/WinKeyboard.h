@@ -7,6 +7,7 @@ namespace trekor {
 
 class WinKeyboard : public Keyboard {
 public:
+  // Whether there is an X11 display, as X11Keyboard is asked; nothing depends on it here.
   explicit WinKeyboard(bool) {}
   bool NumLock() override;
   void PressNumLock() override;

@@ -1,5 +1,5 @@
-// The keyboard of an X11 display. The display is asked only when somebody asks this class, which nobody does in an idle
-// tick; without X11 NumLock reads as off, no character has a key, and pressing does nothing.
+// The keyboard of an X11 display, which is opened at the first call. Without X11 NumLock reads as off, no character has
+// a key, and pressing does nothing. Every call asks the display, so the idle tick makes none.
 #pragma once
 
 #include "platform/Keyboard.h"
@@ -8,8 +8,8 @@ namespace trekor {
 
 class X11Keyboard : public Keyboard {
 public:
-  // `haveX11`: whether the program's windows stand on an X11 display. Without, no display is ever opened, even when one
-  // could be reached: the keys of another desktop are none of our business.
+  // `haveX11`: whether the program's own windows are on an X11 display. When not, none is opened even if one can be
+  // reached, so that keys never go to another desktop.
   explicit X11Keyboard(bool haveX11) : haveX11(haveX11) {}
   ~X11Keyboard() override;
   X11Keyboard(const X11Keyboard&) = delete;

@@ -15,8 +15,8 @@ Display* Of(void* display) {
   return static_cast<Display*>(display);
 }
 
-// Virtual-key codes without a run of their own. A code with several signs is the key on which the layout has one of
-// them plain: 187 writes "=" in America and "+" in Denmark.
+// Virtual-key codes outside the runs of letters, digits and F keys. A code with several symbols is the key on which the
+// layout has one of them unshifted: 187 writes "=" in America and "+" in Denmark.
 constexpr struct {
   int code;
   KeySym sym;
@@ -61,8 +61,8 @@ KeyCode KeyOf(Display* display, int code) {
   return 0;
 }
 
-// Symbols of Latin-1 have the character's own number, the others one that holds it. Of the controls only those have a
-// symbol that have a key; a line feed is Enter as well.
+// A symbol of Latin-1 has the character's own number, any other a number that contains it. Of the control characters
+// only those with a key have a symbol; a line feed is Enter as well.
 KeySym SymbolOf(char32_t character) {
   if (character == '\b' || character == '\t' || character == '\r' || character == 27)
     return 0xFF00 | character;
@@ -114,8 +114,9 @@ void X11Keyboard::Fake(int code, bool down) {
   XFlush(Of(display));
 }
 
-// Among the keys that have a code, so that what is scanned can be pressed: a keyboard map gives some signs a special
-// key besides, which no code leads to. With Shift before what needs the third and fourth level.
+// Looks only at keys that have a code, so that what is scanned can be pressed: a keyboard map may give a symbol a
+// special key besides, which has none. Keys that write it plain or with Shift come before those that need the third or
+// fourth level.
 int X11Keyboard::ScanKey(char32_t character) {
   const KeySym sym = SymbolOf(character);
   if (sym == NoSymbol || !Open())

@@ -1,5 +1,5 @@
-// A TCP socket of the system that never blocks: what the link's adapter stands on. Twins by suffix, POSIX and Winsock;
-// no toolkit in here. Errors carry Winsock's numbers on every system, as the window of the link shows them; 0 is none.
+// A TCP socket of the system that never blocks; QtSocket is built on it. One file for POSIX, one for Winsock; no
+// toolkit. Errors carry Winsock's numbers on every system, as the link's window shows them; 0 is none.
 #pragma once
 
 #include <cstddef>
@@ -23,18 +23,18 @@ public:
   NativeSocket(const NativeSocket&) = delete;
   NativeSocket& operator=(const NativeSocket&) = delete;
 
-  // Begins to connect to an address in figures, "127.0.0.1" or "::1". Without an error it is under way: the socket
-  // turns writable when Outcome can tell how it went. A connection that stood before is closed.
+  // Begins to connect to a numeric address, "127.0.0.1" or "::1". Without an error the attempt is under way: the socket
+  // becomes writable when Outcome can tell its result. An earlier connection is closed.
   int Connect(const std::string& address, int port);
   int Outcome() const;
   void SetNoDelay();
   // As much as the system takes at once; WouldBlock when that is nothing.
   Moved Send(std::string_view bytes);
-  // What has come, as much as there is room for; WouldBlock when nothing has. Neither bytes nor an error: the peer has
-  // ended the stream.
+  // What has arrived, as much as `room` holds; WouldBlock when nothing has. No bytes and no error: the peer has ended
+  // the stream.
   Moved Receive(std::span<char> room);
   void Close();
-  // For the loop's notifier. It must be disabled before the socket closes.
+  // For the notifier of the event loop, which must be disabled before the socket closes.
   std::intptr_t Handle() const { return handle; }
 
 private:

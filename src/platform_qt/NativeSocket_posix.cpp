@@ -16,7 +16,7 @@ int Descriptor(std::intptr_t handle) {
   return static_cast<int>(handle);
 }
 
-// The system's error by its Winsock number. What has none of its own is the one of a connection that was lost here.
+// The Winsock number of a system error; an error without one counts as 10053, a connection that was lost here.
 int Number(int error) {
   constexpr struct {
     int error, number;

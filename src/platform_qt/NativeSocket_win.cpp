@@ -25,7 +25,7 @@ NativeSocket::Moved Result(int moved) {
   return {static_cast<std::size_t>(moved), NativeSocket::None};
 }
 
-// The library wants to be woken before its first use.
+// Winsock must be initialised before its first use.
 struct Library {
   Library() {
     WSADATA data;

@@ -1,4 +1,4 @@
-// The process and the machine, as Qt knows them.
+// The process and the machine, as the toolkit knows them.
 #pragma once
 
 #include "platform/Process.h"
@@ -19,6 +19,7 @@ public:
   char DecimalChar() override;
   bool NewGuidBytes(unsigned char (&bytes)[16]) override;
   void End() override;
+  // Whether End was called; before the main loop runs it has no loop to end.
   bool Ended() const { return ended; }
 
 private:

@@ -12,7 +12,7 @@ void QtPump::ProcessEvents() {
 }
 
 void QtPump::WaitForEvents(double milliseconds) {
-  QTimer wake; // a timer of this call alone, as a wait can stand inside another
+  QTimer wake; // one for each call, as waits nest
   wake.setTimerType(Qt::PreciseTimer);
   wake.setSingleShot(true);
   wake.start(static_cast<int>(std::ceil(milliseconds)));

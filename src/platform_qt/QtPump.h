@@ -1,4 +1,4 @@
-// The toolkit's event loop, one helping at a time. The socket's events are raised in here too.
+// The toolkit's event loop, run for the events that are pending. The socket raises its events in here.
 #pragma once
 
 #include "platform/Pump.h"

@@ -9,7 +9,7 @@ namespace trekor {
 
 namespace {
 
-// A peer that no longer reads must not fill the memory: hours of lines at the link's rate.
+// A peer that no longer reads must not fill the memory. At the rate of the link this is hours of lines.
 constexpr std::size_t MostWaiting = 16 << 20;
 
 } // namespace
@@ -120,7 +120,7 @@ bool QtSocket::Send(std::string_view bytes) {
       return false;
     }
   }
-  if (waiting.size() + bytes.size() > MostWaiting) { // a line that is lost is an error, and not lost in silence
+  if (waiting.size() + bytes.size() > MostWaiting) { // lines are never dropped in silence
     Fail(NativeSocket::NoBuffers);
     return false;
   }
@@ -140,7 +140,7 @@ std::string QtSocket::ReadAll() {
   return std::exchange(received, {});
 }
 
-// Takes one helping and hands it over. False when nothing more can be had: for now, or for good, which ends the
+// Reads once and tells the owner. False when there is nothing more to read: for now, or for good, which ends the
 // connection.
 bool QtSocket::Hear() {
   const auto [bytes, error] = native.Receive(room);
@@ -155,7 +155,7 @@ bool QtSocket::Hear() {
   return false;
 }
 
-// Told from the loop, as the owner may stand in a call of his own just now.
+// Told from the event loop, as the owner may be inside a call of its own now.
 void QtSocket::Fail(int number) {
   failure = number;
   writable.setEnabled(false);
@@ -163,8 +163,8 @@ void QtSocket::Fail(int number) {
       this, [this, of = connection] { Settle(of); }, Qt::QueuedConnection);
 }
 
-// The bytes that came before the error go first: as many helpings as the system's buffer can hold, since a peer that
-// only does not read may go on talking.
+// The bytes that came before the error are told first. At most as many reads as empty the system's buffer, since a peer
+// that does not read may go on sending.
 void QtSocket::Settle(unsigned of) {
   const auto unsettled = [&] { return of == connection && failure != NativeSocket::None; };
   for (int helpings = 0; helpings < 256 && unsettled() && Hear(); ++helpings) {

@@ -1,6 +1,6 @@
-// The link's TCP client: a socket of the system over the toolkit's notifier. The owner hears of everything straight
-// from the loop's turn that finds it, so an answer leaves in that same turn; and as nothing here is closed to a second
-// entry, a handler may pump, send, close or connect again, and hears what comes meanwhile.
+// The link's TCP client: a socket of the system with the toolkit's notifier. Events reach the owner in the turn of the
+// event loop that finds them, so an answer leaves in that turn too. A handler may pump, send, close or connect again,
+// and is told what arrives meanwhile: the toolkit's own socket can't do that.
 #pragma once
 
 #include "platform/Socket.h"
@@ -27,11 +27,11 @@ public:
   bool Send(std::string_view bytes) override;
   std::string ReadAll() override;
 
-  // Of each address of the host, in milliseconds; the error is then that of a connection that timed out.
+  // How long each address of the host is tried, milliseconds. The error is then TimedOut.
   int connectLimit = 21000;
 
 protected:
-  // Ends in Found, at once or later. None is needed for an address in figures.
+  // Calls Found, at once or later. Not called for a numeric address. Tests override it.
   virtual void LookUp(const std::string& host);
   void Found(std::deque<std::string> addressesOfHost);
 
@@ -49,14 +49,14 @@ private:
   QSocketNotifier readable{QSocketNotifier::Read}, writable{QSocketNotifier::Write};
   QTimer limit;
   SocketState state = SocketState::Closed;
-  unsigned connection = 0; // number of the present connection, so that news of older ones can be told
+  unsigned connection = 0; // counts connections: events of an older one are dropped
   int port = 0;
   std::deque<std::string> addresses; // of the host, not yet tried
   int lastError = 0;                 // of the address that was tried last
   int failure = 0;                   // an error that waits until the bytes before it were handed over
   std::string received;              // not yet read by the owner
   std::string waiting;               // sent, not yet taken by the system
-  std::array<char, 1 << 16> room{};  // one helping
+  std::array<char, 1 << 16> room{};  // for one read
 };
 
 } // namespace trekor

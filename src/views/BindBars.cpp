@@ -1,4 +1,4 @@
-// What stands around the controls or is not seen: tabs, tool bar, status bar, menus, timers, image lists.
+// Bindings of what lies around the controls or is not seen: tabs, tool bar, status bar, menus, timers, image lists.
 #include "views/Binding.h"
 #include "views/Theme.h"
 #include "views/Twips.h"
@@ -192,7 +192,7 @@ class MenuBinding : public Binding {
 public:
   MenuBinding(Menu& c, BindingPlace& p) : Binding(c, p), menu(c) {}
 
-  // An entry becomes a menu of its own when the first of its children comes.
+  // An entry becomes a menu when its first child is bound.
   QMenu* Children() {
     if (!children && action) {
       children = new QMenu(place.MenuBar());
@@ -235,9 +235,8 @@ private:
   QMenu* children = nullptr;
 };
 
-// The model's handler may switch its timer off and on again, as a tick does with its own; the toolkit's timer hears
-// only of what remains, so that the beat stays even. A timer does not fire inside its own handler, however much that
-// pumps.
+// The handler may switch its timer off and on again, as the tick does; the toolkit's timer is set only from what
+// results, so that the interval stays even. A timer does not fire inside its own handler, even when that pumps.
 class TimerBinding : public Binding {
 public:
   TimerBinding(Timer& c, BindingPlace& p) : Binding(c, p), timer(c) {

@@ -1,4 +1,4 @@
-// Lists with entries, and what shows or holds others: combo and list boxes, frames, pictures, grids.
+// Bindings of combo and list boxes, frames, pictures and grids.
 #include "views/Binding.h"
 #include "views/KeyGridView.h"
 #include "views/Theme.h"
@@ -55,8 +55,8 @@ private:
   QComboBox* box = nullptr;
 };
 
-// Tells each choice of the operator's mouse and keys, that of the chosen entry too, and chooses nothing by itself: the
-// toolkit's own list takes its first entry with the focus.
+// Reports each choice by mouse and keys, also of the entry that is chosen already, and chooses nothing by itself: the
+// toolkit's list would take its first entry with the focus.
 class ListWidget : public QListWidget {
 public:
   using QListWidget::QListWidget;
@@ -202,7 +202,7 @@ private:
   Image& image;
 };
 
-// The two pictures of keys are grids by their data and keyboards by their looks.
+// The two key pictures are grids that are drawn as keyboards.
 bool IsKeyGrid(const Grid& grid) {
   return grid.Name().starts_with("fxgKey");
 }

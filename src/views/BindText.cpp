@@ -1,4 +1,4 @@
-// Labels, text boxes and buttons.
+// Bindings of labels, text boxes and buttons.
 #include "views/Binding.h"
 #include "views/Theme.h"
 
@@ -15,7 +15,7 @@ namespace trekor {
 
 namespace {
 
-// A widget that tells of the operator's mouse.
+// A widget that reports the operator's clicks.
 template <class Base> class Clickable : public Base {
 public:
   using Base::Base;
@@ -34,7 +34,7 @@ protected:
   }
 };
 
-// A mark of the shortcut letter means nothing in a label: it has no shortcut.
+// A label has no shortcut, so the mark of its letter is left out.
 QString WithoutMnemonic(const std::string& caption) {
   return Q(caption).remove('&');
 }

@@ -1,7 +1,7 @@
-// Ties one control of a form to its widget. The model's changes go to the widget with its signals blocked; the
+// Ties one control of a form to its widget. Changes of the model go to the widget with its signals blocked; the
 // operator's acts come back through the model's verbs. One Bind overload for each kind of control.
 //
-// The widget is made when the control is shown for the first time, as most forms of a session are never opened.
+// The widget is made when the control is shown for the first time, as most forms are never opened in a session.
 #pragma once
 
 #include "forms/Controls.h"
@@ -20,7 +20,7 @@ namespace trekor {
 
 class Binding;
 
-// Where a form's widgets live, and what they need of their window.
+// What a binding needs of the window: parents for the widgets, fonts, pictures.
 class BindingPlace {
 public:
   virtual ~BindingPlace() = default;
@@ -38,19 +38,19 @@ public:
   ~Binding() override;
 
   Control& Model() const { return control; }
-  // Null as long as the control was never shown, and for kinds that show nothing.
+  // Null until the control is first shown, and for kinds that show nothing. Owned by its parent widget.
   QWidget* Widget() const { return widget; }
-  // Makes and dresses the widget when it isn't there yet.
+  // Makes the widget, when there is none yet, and sets all its properties.
   QWidget* Ensure();
-  // The window has been made: what belongs to it and is no widget of its own can be made now.
+  // The window was made: parts that belong to it without being widgets (menus) can be made now.
   virtual void WindowMade() {}
-  // The form goes: the model is not listened to, and not told, any more.
+  // The form goes away: from now on the model is neither listened to nor written.
   virtual void Detach();
   void ControlChanged(Control& control, Change what) override;
 
 protected:
   virtual QWidget* Make(QWidget* parent) = 0;
-  // A change that only this kind knows.
+  // A change that is particular to this kind of control.
   virtual void Follow(Change what) = 0;
   // All of them, for a new widget.
   virtual void FollowAll() = 0;

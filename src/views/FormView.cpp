@@ -23,7 +23,7 @@ Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
   return modal ? Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::Window;
 }
 
-// A window of a stored place must not lie where nobody sees it.
+// A stored place may lie outside of today's screen: moved and cut to fit.
 QRect Visible(QRect place, const QRect& screen) {
   place.setSize(place.size().boundedTo(screen.size()));
   place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
@@ -55,7 +55,7 @@ void FormView::Detach() {
   if (!window)
     return;
   window->Forsake();
-  window->deleteLater(); // one of its handlers may stand further up the stack
+  window->deleteLater(); // one of its handlers may be on the stack
 }
 
 Binding* FormView::BindingOf(const Control& control) {
@@ -110,8 +110,7 @@ QMenuBar* FormView::MenuBar() {
   return window ? window->MenuBar() : nullptr;
 }
 
-// Values are read at a glance from arm's length; a box much higher than a line of text is meant to be read from there
-// too.
+// Values are read from arm's length, so a box much higher than a line of text has a font to match.
 QFont FormView::FontOf(const Control& control) {
   QFont base = QApplication::font();
   const bool sized = control.FontOf().Size > 0 || form.FontOf.Size > 0;
@@ -189,15 +188,15 @@ void FormView::Hide() {
   form.ActiveControl = nullptr; // the next showing gives its control the focus anew
   const QWidget* front = QApplication::activeWindow();
   const bool active = window && front && (front == window || front->parentWidget() == window);
-  // Not every window manager gives the keyboard back, and without one nobody does. Before the window goes, or the
-  // manager chooses on its own and a key typed meanwhile is lost; a modal window keeps the opener from it until it has
-  // gone.
+  // Not every window manager gives the keyboard back to the opener, and without one nothing does. It is done before the
+  // window is hidden: the manager would choose a window itself, and a key typed meanwhile would be lost. A modal window
+  // keeps the keyboard from the opener until it is hidden.
   const bool handOver = active && opener;
   if (handOver && !modal)
     opener->activateWindow();
   if (window) {
     for (QMessageBox* box : window->findChildren<QMessageBox*>(Qt::FindDirectChildrenOnly))
-      box->reject(); // what it tells on top of it goes too, or it would keep the keys of a run
+      box->reject(); // its message boxes too, or they would keep the keys of a run
     window->hide();
   }
   if (handOver && modal)
@@ -223,7 +222,7 @@ void FormView::ShowModal(QWidget* above) {
   Hide();
 }
 
-// ---- what the window tells
+// ---- events of the window
 
 void FormView::WindowResized(QSize inside) {
   if (following || detached)
@@ -266,7 +265,7 @@ void FormView::CloseAsked() {
   if (alive && !detached && form.OnUnload)
     form.OnUnload();
   if (alive && !detached)
-    Hide(); // a form without an unload of its own
+    Hide(); // a form without an OnUnload
 }
 
 // ---- focus and keys

@@ -1,6 +1,5 @@
-// One form on the screen: a window with a menu bar, when the form has menus, and the controls below it on a plain
-// sheet, each where its twips put it. Timers and image lists live from the load on; the window is made at the first
-// showing.
+// One form on the screen: a window with a menu bar, when the form has menus, and below it the controls, each placed by
+// its twips. Timers and image lists work from the load on; the window is made when the form is first shown.
 #pragma once
 
 #include "forms/Form.h"
@@ -21,7 +20,7 @@ class FormView : public QObject, public Form::Listener, public BindingPlace {
 public:
   FormView(Form& form, PictureStore& pictures);
   ~FormView() override;
-  // Lets go of the model and takes the window away; the view itself may die later.
+  // Leaves the model and removes the window; the view itself may be deleted later.
   void Detach();
 
   void Show(QWidget* above);
@@ -30,11 +29,11 @@ public:
   void ShowModal(QWidget* above);
   bool IsModal() const { return modal != nullptr; }
   QWidget* Window();  // makes it
-  QWidget* Focused(); // the window's widget that has, or would have, the focus
-  // The key of a pressed key, offered to the form, then to the control with the focus, then to the buttons that Enter
-  // and Esc press. True: taken.
+  QWidget* Focused(); // the widget that has the focus when the window has the keyboard
+  // A key press, offered to the form, then to the control with the focus, then to the buttons that Enter and Esc press.
+  // True: taken.
   bool OfferKey(int keyCode, int shift);
-  // A typed character on its way into a control. 0: it is thrown away; another one may stand for it.
+  // A typed character on its way into a control: the character to enter instead, 0 for none.
   char32_t OfferCharacter(char32_t typed);
 
   // BindingPlace
@@ -46,7 +45,7 @@ public:
   const Form& Model() const override { return form; }
   Form& Model() { return form; }
 
-  // What the window tells.
+  // Called by the window.
   void WindowResized(QSize inside);
   void WindowMoved(QPoint corner);
   void WindowStateChanged(Qt::WindowStates state);
@@ -70,13 +69,13 @@ private:
   PictureStore& pictures;
   std::vector<std::unique_ptr<Binding>> bindings;
   QPointer<FormWindow> window;
-  QPointer<QWidget> opener; // the window above which this one was shown: gets the keyboard back
+  QPointer<QWidget> opener; // the window above which this one was shown; gets the keyboard back
   QEventLoop* modal = nullptr;
-  bool following = false; // the window follows the model: what it tells is no news
+  bool following = false; // the window is being set from the model: its events are not sent back
   bool detached = false;
 };
 
-// The window itself passes on what happens to it.
+// The window; it passes on what happens to it.
 class FormWindow : public QWidget {
 public:
   FormWindow(FormView& view, Qt::WindowFlags flags);

@@ -31,7 +31,7 @@ int GridLayout::HeightOfFixedRow(const Grid& grid, int row) const {
   return rowHeight;
 }
 
-// A width of the model's own counts, except that the positions of a step must be readable whatever it says.
+// The model's width, if it has one; but column 0 is never too narrow for the positions of a step.
 int GridLayout::ColumnWidth(const Grid& grid, int col, int share) const {
   const int wanted = grid.ColWidth(col) < 0 ? share : Pixels(grid.ColWidth(col));
   return col == 0 ? std::max(grid.ColWidth(0) < 0 ? 0 : wanted, stationWidth) : wanted;

@@ -1,5 +1,5 @@
-// Where the cells of a grid lie in its view: fixed rows on top, the first column at the left, both staying when the
-// rest is scrolled. All in logical pixels of the view.
+// Where the cells of a grid lie in its view: fixed rows on top, the first column at the left; both stay when the rest
+// is scrolled. In logical pixels of the view.
 #pragma once
 
 #include "forms/Grid.h"
@@ -14,7 +14,7 @@ namespace trekor {
 
 class GridLayout {
 public:
-  // Lays the grid out anew for a view of this size.
+  // Computes the layout for a view of this size.
   void Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view);
   void ScrollTo(int x, int y) { scrolled = {x, y}; }
 
@@ -23,12 +23,12 @@ public:
   int FixedHeight() const { return tops.back(); }
   int RowHeight() const { return rowHeight; }
   int FirstColumnWidth() const { return edges.size() > 1 ? edges[1] : 0; }
-  // The columns `first` to `last` of a row. Cells under the fixed parts are not cut off here.
+  // Columns `first` to `last` of a row, also where fixed parts cover them.
   QRect CellRect(int row, int first, int last) const;
   QRect RowRect(int row, int width) const;
   int RowAt(int y) const;    // may lie beyond the grid's last row
   int ColumnAt(int x) const; // -1 beyond the last column
-  // The row's height in this grid as its pictures ask for it; data rows are all alike.
+  // The height of a fixed row, by its pictures. Data rows all have RowHeight.
   int HeightOfFixedRow(const Grid& grid, int row) const;
 
 private:

@@ -72,7 +72,7 @@ void GridView::Absorb() {
     ShowSelection();
 }
 
-// The rows move first; a changed cell is drawn where its row has come to lie.
+// Rows are moved first; a changed cell is then painted where its row is now.
 void GridView::Follow(const Grid::Changes& changes) {
   using Step = Grid::Changes::Step;
   std::vector<Step> cells;
@@ -105,7 +105,7 @@ void GridView::MoveRows(int row, int distance) {
   moved.setBottom(viewport()->height() - 1);
   if (!moved.isValid())
     return;
-  viewport()->scroll(0, distance, moved); // what comes free is drawn by itself
+  viewport()->scroll(0, distance, moved); // the toolkit repaints the part that is uncovered
 }
 
 void GridView::Rearrange() {
@@ -125,7 +125,7 @@ void GridView::SetScrollRanges() {
   layout.ScrollTo(horizontalScrollBar()->value(), verticalScrollBar()->value());
 }
 
-// The mark of the selection costs a whole picture, so it is drawn only when there is, or was, one to be seen.
+// Drawing the selection repaints everything, so it is done only when one is, or was, visible.
 void GridView::ShowSelection() {
   if (marked || grid.SelectionMarks())
     viewport()->update();
@@ -194,8 +194,8 @@ void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
   }
 }
 
-// Merged cells: neighbours of equal text along a merged row. The first column stays apart, as it doesn't scroll. Merged
-// columns are for the key pictures; here two equal values one above the other are two values.
+// Merged cells: adjacent ones of equal text along a merged row. The first column is never merged, as it doesn't scroll.
+// Merged columns are for the key pictures; here two equal values one above the other are two values.
 int GridView::LastEqual(int row, int first) const {
   int last = first;
   if (grid.MergeRow(row) && !grid.Text(row, first).empty())

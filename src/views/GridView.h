@@ -1,6 +1,6 @@
-// The collection grid on the screen. It draws the cells itself and no more of them than have changed: a new row moves
-// the picture down and draws one row. Changes are taken from the model once for each turn of the event loop, so that a
-// tick makes one picture.
+// The collection grid on the screen. It paints the cells itself, and only those that have changed: a new row moves the
+// picture down and paints one row. Changes are taken from the model once in a turn of the event loop, so that a tick
+// makes one picture.
 #pragma once
 
 #include "forms/Grid.h"
@@ -51,8 +51,8 @@ private:
   Grid& grid;
   PictureStore& pictures;
   GridLayout layout;
-  bool awaited = false;   // an Absorb is on its way
-  bool overtaken = false; // something was painted before it came: the pixels can't be moved any more
+  bool awaited = false;   // an Absorb is queued
+  bool overtaken = false; // something was painted meanwhile, so the pixels can't be moved
   bool marked = false;    // selection marks as last painted
 };
 

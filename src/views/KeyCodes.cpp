@@ -15,7 +15,7 @@ struct KeyPair {
 
 constexpr unsigned EuropeanKey = 86; // number of the machine
 
-// Keys that say the same wherever they lie.
+// Keys with the same code wherever they lie.
 constexpr KeyPair NamedKeys[] = {
     {Qt::Key_Backspace, 8},    {Qt::Key_Tab, 9},       {Qt::Key_Backtab, 9},
     {Qt::Key_Clear, 12}, // the pad's 5 with NumLock off

@@ -81,7 +81,7 @@ void KeyFilter::Release(const QKeyEvent& key) const {
     first->OnKeyUp(CodeOf(key));
 }
 
-// What the form does with the key may let further keys in: their answers must not stand for this one's.
+// The form's work may pump and let further keys in: their answers must not be taken for this one's.
 bool KeyFilter::Question(FormView* view, QKeyEvent& key) {
   const bool answer = Offer(view, key);
   asked = true;

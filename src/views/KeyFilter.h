@@ -1,12 +1,12 @@
 // Sees every key press of the program before menus, shortcuts and controls do, and offers it to the form of the window
-// that it was meant for. What the form takes goes no further; so F10, Alt, Tab and Space are ordinary keys during a
-// run.
+// that it was meant for. A key that the form takes goes no further, so F10, Alt, Tab and Space are ordinary keys during
+// a run.
 //
-// Before the form of another window, and before an open menu or list, the main form may take it: in a run every key is
-// the run's. A modal form asks something, and its keys are the answer.
+// The main form may take a key before the form of another window, an open menu or a list gets it: in a run every key
+// belongs to the run. Keys of a modal form stay with it, as they answer its question.
 //
-// The toolkit tells of one press twice: first as a question whether a shortcut may have it, then as the press. The form
-// hears of it once, at the question.
+// The toolkit reports a press twice: first as a question whether a shortcut may have it, then as the press. The form is
+// offered it once, at the question.
 #pragma once
 
 #include <QObject>
@@ -22,7 +22,7 @@ class FormView;
 
 class KeyFilter : public QObject {
 public:
-  // Installs itself. `mainForm` gives nothing as long as none was shown.
+  // Installs itself. `mainForm` answers null while the main form is not shown.
   explicit KeyFilter(std::function<Form*()> mainForm);
   bool eventFilter(QObject* watched, QEvent* event) override;
 
@@ -34,7 +34,7 @@ private:
   void Release(const QKeyEvent& key) const;
   std::function<Form*()> mainForm;
   bool machineNumbers;               // the platform reports evdev key numbers, eight higher
-  bool asked = false, taken = false; // the answer to the last question
+  bool asked = false, taken = false; // the answer to the last question, until its press comes
 };
 
 } // namespace trekor

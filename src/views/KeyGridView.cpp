@@ -87,7 +87,7 @@ void KeyGridView::mousePressEvent(QMouseEvent* e) {
   update();
 }
 
-// By now the window has got the keyboard for its click, and can give it away.
+// On the release, when the window has got the keyboard for its click and can give it away again.
 void KeyGridView::mouseReleaseEvent(QMouseEvent*) {
   grid.Click(grid.Row(), grid.Col());
 }

@@ -1,4 +1,4 @@
-// The on-screen picture of the keyboard or the keypad: merged cells drawn as keys that fill the view evenly.
+// The on-screen picture of the keyboard or the keypad: a grid whose merged cells are drawn as keys filling the view.
 #pragma once
 
 #include "views/GridView.h"

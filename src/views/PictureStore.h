@@ -1,5 +1,6 @@
-// Pictures by key, for every view. A key is looked up in the image lists of the loaded forms; what they do not hold as
-// a file is a picture of the program's own, builtin\KEY.png in its folder. Read once, scaled once for each size.
+// Pictures by key, for all views. A key is looked up in the image lists of the loaded forms; one without a file there
+// is a picture of the program's own, builtin\KEY.png in its folder. Each file is read once and scaled once for each
+// size.
 #pragma once
 
 #include "forms/Controls.h"
@@ -18,7 +19,7 @@ class PictureStore {
 public:
   explicit PictureStore(Drives& drives) : drives(drives) {}
 
-  // Lists are asked in the order of their coming. A list must be forgotten before it dies.
+  // Lists are searched in the order of their registration. A list must be forgotten before it is destroyed.
   void Use(const ImageList& list);
   void Forget(const ImageList& list);
 
@@ -31,8 +32,8 @@ private:
   std::string FileOf(const std::string& key) const;
   Drives& drives;
   std::vector<const ImageList*> lists;
-  QHash<QString, QImage> originals; // by native path; null images too, so that a missing file is looked for once
-  QHash<QString, QPixmap> scaled;   // by key, side and ratio
+  QHash<QString, QImage> originals; // by native path; null for a missing file, which is looked for once
+  QHash<QString, QPixmap> scaled;   // by key and side in pixels of the device
 };
 
 } // namespace trekor

@@ -103,7 +103,7 @@ void QtShell::SetFocus(Control& control) {
   if (!w || !control.Enabled())
     return;
   w->setFocus();
-  control.Owner().FocusMoved(&control); // a window without the keyboard would tell of it when it gets that
+  control.Owner().FocusMoved(&control); // a window without the keyboard reports it only when it gets that
   // From another window of this program, not from another program's.
   const QWidget* asking = QApplication::activeModalWidget();
   if (w->window()->isVisible() && QGuiApplication::focusWindow() && (!asking || asking == w->window()))
@@ -161,8 +161,8 @@ void QtShell::ShowNotice(const std::string& text) {
   notice->repaint();
 }
 
-// A window is painted from the moment when the window system has brought it up, which takes some turns of the loop, and
-// who shows a notice doesn't pump. Keys and the link wait meanwhile.
+// A window is painted once the window system has exposed it, which takes some turns of the loop, and whoever shows a
+// notice does not pump. Keys and the link wait meanwhile.
 void QtShell::AwaitExposure() {
   constexpr int longest = 500; // milliseconds
   const auto what = QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers;
@@ -170,7 +170,7 @@ void QtShell::AwaitExposure() {
     QCoreApplication::processEvents(what, static_cast<int>(limit.remainingTime()));
 }
 
-// Without a buffer, which would meet a full disk only when the file is closed and nobody asks any more.
+// Unbuffered: with a buffer a full disk would show only when the file is closed, where no error is reported.
 PictureFile QtShell::SavePicture(const std::string& key, const std::string& nativePath) {
   const QImage& image = pictures.Original(key);
   if (image.isNull())

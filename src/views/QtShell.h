@@ -1,4 +1,4 @@
-// What the windowing system does for the logic, with a view for each loaded form.
+// The Shell of the toolkit: a view for each loaded form.
 #pragma once
 
 #include "platform/Shell.h"
@@ -35,7 +35,7 @@ public:
   void ShowNotice(const std::string& text) override;
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
 
-  // Lets go of all forms. To be called while they still live.
+  // Removes all views. To be called while the forms still exist.
   void UnloadAll();
   // Raised once, when the first window has shown its first picture.
   std::function<void()> OnFirstPicture;
@@ -44,7 +44,7 @@ private:
   struct DeleteLater {
     void operator()(FormView* view) const { view->deleteLater(); }
   };
-  FormView* ViewOf(Form& form); // loads the form when that was forgotten
+  FormView* ViewOf(Form& form); // loads the form when it isn't yet
   QWidget* MainWindow() const;
   void AwaitExposure();
 

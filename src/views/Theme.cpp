@@ -14,7 +14,7 @@ namespace {
 
 constexpr int BasePixels = 14;
 
-// Families of the databases' own time; the system's plain face is drawn for today's screens and stands in for them.
+// Families that the databases name and this system may lack; the system's plain face replaces them.
 bool IsOldFamily(const std::string& name) {
   constexpr std::array<const char*, 5> old{"MS Sans Serif", "Microsoft Sans Serif", "Times New Roman", "Tahoma",
                                            "Arial"};

@@ -1,5 +1,5 @@
-// From the models' geometry to the toolkit's: 15 twips to a pixel of 96 to the inch. The toolkit scales those pixels to
-// the screen itself.
+// Between the models' twips and the toolkit's pixels: 15 twips to a pixel of 96 to the inch. The toolkit scales those
+// to the screen itself.
 #pragma once
 
 #include "forms/Control.h"
