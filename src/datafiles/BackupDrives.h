@@ -7,11 +7,12 @@
 
 namespace trekor {
 
-// Shares of the control centre's machine begin with these characters; with /R no backup goes there.
+// Shares of the control program's machine begin with these characters; with /R they are no backup drives.
 constexpr const char* ControlCentreShare = "\\\\VCC";
 
-// "No Backup" and a row "E:" for each drive but the one of the data. The former choice stays when it is still there;
-// otherwise the next drive behind the data's is chosen, or the last one before it, unless "No Backup" had been chosen.
+// Fills the list: "No Backup", and "E:" and so on for each drive that may be used, never that of the data. The earlier
+// choice stays when it is still there. Otherwise the next drive after the data's is chosen, or the last one before it;
+// but "No Backup" stays chosen.
 void FillBackupDrives(ComboBox& list, char dataDrive, const CommandLineFlags& command, Drives& drives);
 
 } // namespace trekor

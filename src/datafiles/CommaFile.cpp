@@ -1,9 +1,8 @@
-// The walk: the session's stations once through for the limits that stand in the head, then once more side by side with
-// the registrations. Both queries only step forward and nothing is asked a row, so that memory and speed stay flat.
+// Walks the session's stations once for the limits in the head, then once more side by side with the registrations.
+// Both queries only step forward and no query is made for a row, so memory and speed stay flat.
 //
-// Registrations are taken in the order in which they were made, as far as they fit the station on which the walk
-// stands. One that never finds its station stops all that come behind it. That is meant: see the cases in
-// docs/comma-file.md.
+// Registrations are taken in the order in which they were made, as long as they belong to the present station. One that
+// never finds its station stops all that follow. Programs of offices rely on that; see the cases in docs/comma-file.md.
 #include "datafiles/CommaFile.h"
 
 #include <algorithm>
@@ -11,7 +10,7 @@
 namespace trekor {
 namespace {
 
-// Start values of the limits in the head: a road beyond them keeps them.
+// Start values of the limits in the head: a road beyond them leaves them as they are.
 constexpr double FirstMinimum = 999.999, FirstMaximum = -999.999;
 
 // Fields of the two walks over the stations, by place. Every field of a query costs at every row, so each asks its own.
@@ -31,8 +30,8 @@ struct CommaFile::Walk {
   Walk(const Database& database, std::int32_t sessionID, int loaded)
       : stations(database, StationQuery(PositionFields, sessionID)), registrations(database, RegistrationQuery),
         loadedObservations(loaded) {}
-  // To the next registration between two stations of the walk. Sifted here and not by the query: that is cheaper, as
-  // both numbers are read anyway. False at the end.
+  // To the next registration whose stations are in this walk; false at the end. Filtered here and not by the query, as
+  // both numbers are read anyway.
   bool NextRegistration();
 
   Cursor stations, registrations;
@@ -44,7 +43,7 @@ struct CommaFile::Walk {
   int StationsDone = 0, percent = -1;
   CommaPosition here, prior; // the station of the walk, and the start of the stretch that comes next
   bool failed = false;
-  bool all = true; // every registration passed so far stands in a record of its own place
+  bool all = true; // every registration so far is in a record of its own place
 };
 
 bool CommaFile::Walk::NextRegistration() {
@@ -84,7 +83,7 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
   return outcome == CommaOutcome::Written;
 }
 
-// With no match the recordset stays on its first row; whoever walks the sessions goes on from there.
+// With no match the recordset stays on its first row, and a walk over the sessions goes on from there.
 bool CommaFile::ChooseSession(std::int32_t sessionID) {
   if (!files.rsSessions)
     return false;
@@ -102,9 +101,8 @@ bool CommaFile::ChooseSession(std::int32_t sessionID) {
   return found && outcome != CommaOutcome::Unreadable;
 }
 
-// The limits and the last two step stations, into the run's own objects: no run needs them now, and they keep what they
-// get here after the file is closed. Each takes the file value of the other, so limits hold and mile.feet rounds.
-// False when there are no stations.
+// Writes the limits and the last two step stations into the run's own Positions, which keep them after the file is
+// closed. Each goes through file units, so limits hold and mile.feet rounds. False when there are no stations.
 bool CommaFile::PassStations(Walk& w, std::int32_t sessionID) {
   Cursor row(*files.database, StationQuery(LimitFields, sessionID));
   if (!row.Step()) {
@@ -157,7 +155,7 @@ void Take(const Cursor& row, int place, int& into) {
 
 } // namespace
 
-// Its number becomes the program's own StationID, where the number of the last stored station stood.
+// Sets state.file.StationID to the station's number, too.
 void CommaFile::ReadStation(Walk& w) {
   const Cursor& row = w.stations;
   CommaPosition& into = w.here;
@@ -191,8 +189,8 @@ void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
   w.failed = w.failed || w.stations.Failed() || w.registrations.Failed();
 }
 
-// All registrations that are due at the present station. False at the end of them. A stretch ends the station's turn: a
-// point that follows it waits for a station of its own number, and none comes.
+// Writes all registrations of the present station; false when there are no more. A stretch ends the station's turn: a
+// point after it waits for a station of its own number, which never comes. Readers rely on it.
 bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
   const std::int64_t ThisID = state.file.StationID;
   bool more = !w.registrations.Eof();
@@ -211,8 +209,8 @@ bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
 }
 
 // The values of one stretch. Its first registration is taken whatever its start; the others only when they start where
-// the last written stretch ended. Only the values of the running setup are cleared first: with a smaller one loaded,
-// the places above it keep their digits from the stretch before.
+// the last written stretch ended. Only as many values are cleared as the running setup has: with a smaller one loaded,
+// the places above keep their digits from the stretch before. Readers rely on it.
 void CommaFile::ReadSegment(Walk& w) {
   const auto loaded = static_cast<std::size_t>(std::max(w.loadedObservations, 0));
   const std::size_t cleared = std::min(loaded + 1, table.ObsValues.size());

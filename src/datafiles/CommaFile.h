@@ -1,5 +1,5 @@
-// The comma-delimited output ".TKR": numbered records derived from an open data file, in a layout of fixed columns that
-// offices have read for years. Every blank counts. See docs/comma-file.md.
+// The comma-delimited output ".TKR": numbered records made from an open data file, in fixed columns that programs of
+// offices read. Every blank counts. See docs/comma-file.md.
 #pragma once
 
 #include "datafiles/CommaRecords.h"
@@ -9,7 +9,7 @@
 
 namespace trekor {
 
-// What a writing came to.
+// The result of writing a file.
 enum class CommaOutcome {
   Nothing, // not wanted, no such session, or no stations: no file
   Written,
@@ -20,18 +20,18 @@ enum class CommaOutcome {
 class CommaFile {
 public:
   CommaFile(ProgramState& state, Platform& platform, DataFiles& files);
-  // Told whole percents while a file is written, each once.
+  // Called with whole percents while a file is written, once for each.
   std::function<void(int percent)> AsciiFileProgress;
-  // `loadedObservations` is ObsCount of the running setup: only so many values are cleared between segments.
-  // The caller has set state.file.AsciiName. Session 0: all stations of the file under the last session's head.
-  // Writes DataPath\AsciiName.TKR, over an existing one. Nothing when `write` is false, no such session, or no
-  // stations. True when the file was written whole.
+  // Writes DataPath\AsciiName.TKR, over an existing one; the caller has set state.file.AsciiName. Session 0: all
+  // stations of the file under the head of the last session. `loadedObservations` is ObsCount of the running setup:
+  // only so many values are cleared between segments. Nothing is written when `write` is false, or without such a
+  // session or stations. True when the file was written whole.
   bool WriteCommaFile(std::int32_t sessionID, bool write, int loadedObservations);
   CommaOutcome Outcome() const { return outcome; } // of the last call
-  // True when that call has used up every registration of the data file, of whichever session: each stands in a record
-  // of its own place and in a column of its own. False when the walk has left one behind or out.
+  // True when the last call has written every registration of the data file, of all sessions: each in a record of its
+  // own place and in a column of its own.
   bool HoldsAll() const { return outcome == CommaOutcome::Written && holdsAll; }
-  int WriteError() const { return writeError; } // the system's number of what made it unwritable
+  int WriteError() const { return writeError; } // of an Unwritable: the error number of the system
 
 private:
   struct Walk;
@@ -46,9 +46,9 @@ private:
   ProgramState& state;
   Platform& platform;
   DataFiles& files;
-  // Outlives a writing: the header of a second file counts the first one's observations.
+  // Kept between files: the head of the second counts the observations of the first. Readers rely on it.
   CommaTable table;
-  Station RecordStation; // through it stored positions become kilometres within the limits of a station
+  Station RecordStation; // converts stored positions to kilometres, within the limits of a station
   CommaOutcome outcome = CommaOutcome::Nothing;
   bool holdsAll = false;
   int writeError = 0;

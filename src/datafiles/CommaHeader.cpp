@@ -1,4 +1,4 @@
-// The head of the comma file: who, where, which units, the observations and the template records.
+// The head of the comma file: program, people, units, the road, the observations, and the template records.
 #include "datafiles/CommaRecords.h"
 #include "state/Version.h"
 #include "values/Text.h"
@@ -9,7 +9,7 @@ namespace trekor {
 namespace {
 
 constexpr const char* ProductName = "Trekor";
-constexpr int LeastObservations = 16; // readers want the numbers 5231 to 5246, used or not
+constexpr int LeastObservations = 16; // readers rely on records 5231 to 5246, used or not
 
 } // namespace
 
@@ -27,8 +27,9 @@ bool CommaRecords::WriteCommaHeader(const SessionRow& session, const Database& d
 }
 
 // 5001,51.00,1,30,"Trekor          ",0,"0123456789ABCDEF0123456789ABCDEF"
-// version + 50, 1, header count, product, revision, GUID. The 50 tells this program's files from its elders'. The count
-// is that of the writing before, as the observations of this one are counted further down.
+// version + 50, 1, header count, product, revision, GUID. The 50 tells readers that the file is from this program and
+// not from an older one. The header count is that of the file written before, as the observations of this one are
+// counted further down; readers rely on it.
 void CommaRecords::WriteVersion(const SessionRow& session) {
   const double version = VersionMajor + VersionMinor / 100.0 + 50;
   out.Raw("5001,").Fixed(version, NumberPattern("#0.00")).Raw(",1,").Whole(std::max(table.CommaObsCount + 14, 30));
@@ -103,7 +104,7 @@ bool CommaRecords::WriteObservations(const SessionRow& session, const Database& 
 }
 
 // 5301,  12.400,  12.500,,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0
-// The empty field before the digits belongs here and not into the data records of the same number.
+// Only these template records have the empty field before the digits; data records of the same number do not.
 void CommaRecords::WriteTemplates() {
   for (const char* number : {"5301,", "5302,", "5303,", "5304,"}) {
     out.Raw(number).Fixed(state.position.PreviousStation.FileValue(), StationFormat).Comma();

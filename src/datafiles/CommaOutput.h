@@ -1,7 +1,7 @@
-// The comma file on its way to the disk: records are put together in one buffer of 256 KB, in the code page of the
-// file, and go out a buffer at a time. A record is a chain of calls that ends with End.
+// Writes the comma file: records are put together in one buffer of 256 KB, in the file's code page, and written a
+// buffer at a time. A record is a chain of calls that ends with End.
 //
-// Nothing stops a writing: when the file cannot be made or the disk is full the records are dropped, and Close says so.
+// A failure stops nothing: when the file can't be made or the disk is full, records are dropped and Close is false.
 #pragma once
 
 #include "values/NumberText.h"
@@ -21,14 +21,14 @@ public:
   CommaOutput(const CommaOutput&) = delete;
   CommaOutput& operator=(const CommaOutput&) = delete;
 
-  // Over an existing file. False when it cannot be made; the calls below may follow all the same.
+  // Over an existing file. False when it can't be made; the other calls may follow all the same.
   bool Open(const std::string& nativePath);
   // True when every byte reached the file.
   bool Close();
-  // The system's number of the first failure, 0 when there was none.
+  // The error number of the first failure, 0 when there was none.
   int Error() const { return error; }
 
-  // As it stands.
+  // Without a change.
   CommaOutput& Raw(std::string_view ascii) {
     buffer.append(ascii);
     return *this;
@@ -51,9 +51,9 @@ public:
     pattern.AppendBare(buffer, number);
     return *this;
   }
-  // In quotes. A quote inside goes out as it is: readers of these files take the fields by place.
+  // In quotes. A quote inside is not escaped: readers of these files take the fields by place.
   CommaOutput& Quoted(std::string_view utf8);
-  // In quotes, exactly so many characters: cut, or padded with blanks.
+  // In quotes, exactly that many characters: cut, or padded with blanks.
   CommaOutput& Quoted(std::string_view utf8, int characters);
   // CR LF.
   void End();

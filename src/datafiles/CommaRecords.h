@@ -14,27 +14,28 @@
 
 namespace trekor {
 
-// What one writing leaves to the next in the same run of the program.
+// What is kept from one comma file to the next in the same run of the program.
 struct CommaTable {
   int CommaObsCount = 0; // observations of the session that was written last
-  // By place, from 1; entry 0 stands for a registration without an observation.
+  // By place, from 1; entry 0 is for registrations without an observation.
   std::vector<std::int16_t> ObsCodes = std::vector<std::int16_t>(71);
   std::vector<std::string> ObsNames = std::vector<std::string>(71);
-  // The digit that each value of the present stretch shows, 0 to 9.
+  // The digit of each value of the present stretch, 0 to 9.
   std::vector<char> ObsValues = std::vector<char>(71);
   FileUnit unit;
-  void Hold(std::size_t place); // makes room for it
+  void Hold(std::size_t place); // makes room for that place
 };
 
-// A position as the walk carries it: the station in kilometres and the fix.
+// A station of the walk: kilometres and the fix.
 struct CommaPosition {
   double km = 0;
   GpsFix fix;
 };
 
-// The digit of a registration in a point record: a number as a whole one, brought to 0 to 9; 0 for any other text.
+// The digit of a registration in a point record: its number rounded and brought to 0 to 9; 0 for a text that is no
+// 16-bit number.
 int PointDigit(std::string_view regData);
-// The same in a stretch, where a text that is neither empty nor "0" and says no number shows as 1.
+// The same in a stretch, but what comes to 0 without being empty or "0" (a word, "0.0", 40000) gives 1.
 int SegmentDigit(std::string_view regData);
 
 // Writes records with the patterns of one file.

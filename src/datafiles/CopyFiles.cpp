@@ -12,7 +12,7 @@ auto Count(const std::vector<std::string>& names, const std::string& name) {
   return std::count_if(names.begin(), names.end(), [&](const std::string& n) { return SameText(n, name); });
 }
 
-// NAME and NAME.*: the name is taken as it stands, since one from the link may hold "*" or "?".
+// NAME and NAME.*, compared as text: a name from the link may hold "*" or "?".
 std::vector<std::string> FilesOf(const std::string& folder, const std::string& name, Drives& drives) {
   std::vector<std::string> names;
   for (const std::string& file : drives.Files(folder, "*.*"))
@@ -30,7 +30,8 @@ std::vector<std::string> CopyFiles(const std::string& folder, const std::string&
   const std::vector<std::string> names = FilesOf(folder, name, drives);
   std::vector<std::string> whole;
   for (const std::string& file : names)
-    if (drives.CopyFile(folder + "\\" + file, target + "\\" + file)) // a drive that was pulled out says nothing
+    if (drives.CopyFile(folder + "\\" + file,
+                        target + "\\" + file)) // skipped when it fails: a drive that was pulled out is not reported
       whole.push_back(file);
   const std::vector<std::string> copied = whole;
   std::erase_if(whole, [&](const std::string& file) {

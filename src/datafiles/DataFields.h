@@ -1,5 +1,4 @@
-// Stored names of the fields that a row sets, in the order in which the rows write them. Fixed: files in the field have
-// them.
+// Stored names of the fields that a row sets, in the order in which the rows write them. Fixed by files in the field.
 #pragma once
 
 #include "store/Recordset.h"
@@ -14,7 +13,7 @@ constexpr std::array<const char*, 14> StationFields = {
     "Time",      "GPSStatus", "GPSTime",     "Latitude",         "Longitude",   "Height", "GPSSVs"};
 constexpr std::array<const char*, 5> RegistrationFields = {"FromID", "ToID", "ObsCode", "ParCode", "RegData"};
 
-// -1 where a table lacks the field; setting that place does nothing.
+// Places in the recordset; -1 where the table lacks the field, and Set does nothing there.
 template <std::size_t N> std::vector<int> FieldPlaces(const Recordset& rows, const std::array<const char*, N>& names) {
   std::vector<int> places;
   for (const char* name : names)

@@ -51,7 +51,7 @@ bool DataFiles::CreateDataFile(const TestSetup& setup) {
   return begun;
 }
 
-// The open file waits aside until the new one holds its session: a disk can be full for the pictures alone.
+// The open file is kept until the new one has its session: a disk can be too full for the pictures alone.
 bool DataFiles::BeginFile(const std::string& path, const TestSetup& setup) {
   DataFileHandles before = std::exchange(static_cast<DataFileHandles&>(*this), {});
   const SessionRow sessionBefore = session;
@@ -68,7 +68,7 @@ bool DataFiles::BeginFile(const std::string& path, const TestSetup& setup) {
     return state.run.DataFileOpen = true;
   }
   CloseDataFile();
-  platform.drives.DeleteFile(path); // a layout without a session; the room it takes is wanted
+  platform.drives.DeleteFile(path); // a file without a session only takes room
   static_cast<DataFileHandles&>(*this) = std::move(before);
   session = sessionBefore;
   state.file = fileBefore;
@@ -123,8 +123,8 @@ bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::stri
   return same(own + ".mdb") || same(state.facility.SectionsPath); // both are named from outside, and may lie anywhere
 }
 
-// The template is the layout of the file. What another program is writing is never replaced under its hands, though
-// some file systems would let us.
+// A new data file is a copy of the template. A file that another program has open for writing is never replaced, though
+// some file systems would allow it.
 bool DataFiles::InstallTemplate(const std::string& path) {
   return !BelongsToProgram(state, platform.drives, path) && !InUse(platform.drives.NativePath(path)) &&
          platform.drives.CopyFile(state.folders.MdbFolder + TemplateFile, path);
@@ -152,7 +152,7 @@ bool DataFiles::OpenDataFile(OpenMode mode) {
   rsStations = OpenIndexed(*database, "Stations", "StationID");
   rsRegistrations = OpenIndexed(*database, "Registrations", "RegID");
   if (!rsSessions || !rsObservations || !rsStations || !rsRegistrations) {
-    CloseDataFile(); // some other program's database
+    CloseDataFile(); // another program's database
     return false;
   }
   stationPlaces = FieldPlaces(*rsStations, StationFields);

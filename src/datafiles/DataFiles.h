@@ -2,7 +2,7 @@
 //
 // Durability: while a file is open for collection it is locked exclusively and written through a log with full
 // synchronisation, one transaction for each grid row that is flushed. Killing the program at any moment leaves a file
-// that holds every row that had left the buffer, and no half row.
+// with every row that had left the buffer, and no half row.
 #pragma once
 
 #include "platform/Platform.h"
@@ -19,18 +19,17 @@
 
 namespace trekor {
 
-// GUID as 32 capital hexadecimal digits, or with dashes between the four parts (8-4-4-16); "" when the system gives
-// none.
+// A GUID as 32 capital hexadecimal digits, with dashes in four parts (8-4-4-16); "" when the system gives none.
 std::string NewGuid(bool withDashes, Process& process);
-// The next name of a series that is free: ROAD09 with ROAD10 beside it gives ROAD11, ROAD gives ROAD1.
+// The path itself when it is free, else the next free one of its series: ROAD09.MDB with ROAD10.MDB beside it gives
+// ROAD11.MDB, ROAD.MDB gives ROAD1.MDB.
 std::string NextFreeName(const std::string& path, Drives& drives);
 // Copies NAME and NAME.* of a folder into another folder, over existing ones; what fails is skipped. Without a name
-// nothing is copied. Returns the files whose copies now stand there whole and on the disk: what isn't named (in
-// whatever case) must not be deleted for the copy's sake. A database that has a log beside it counts with the log's
-// copy only.
+// nothing is copied. Returns the files whose copies are whole and on the disk; only those may be deleted because they
+// were copied. A database with a log beside it is among them only when the log was copied too.
 std::vector<std::string> CopyFiles(const std::string& folder, const std::string& name, const std::string& target,
                                    Drives& drives);
-// True when a data file of this path would replace a database of the program itself, or lie among them.
+// True when a data file of this path would replace one of the program's own databases, or lie in their folders.
 bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::string& path);
 
 // One row of Sessions, as read or as written.
@@ -68,18 +67,19 @@ class DataFiles : public DataFileHandles {
 public:
   DataFiles(ProgramState& state, Platform& platform);
   ~DataFiles();
-  // At the start: brings the layout template up to date. False: the program ends.
+  // At the start: updates the template of data files. False: the program ends.
   bool InitDataFiles();
 
-  // The form's Prepare_File without its view: a new file from the template, its session and its observations. An
-  // existing file of the name is replaced, but never the one that is open and never a database of the program. The
-  // open file is let go when the new one has begun, and not before: whatever fails, it stays open and the state names
-  // it again. True when the new file is open. Storing pictures lets events run: until it returns nobody may store or
-  // close.
+  // Makes DataPath\DataName.mdb from the template, with a session and its observations. An existing file of the name is
+  // replaced, but never the open one and never a database of the program. The file that was open is closed when the new
+  // one has its session; on failure it stays open and the state names it again. True when the new file is open. Storing
+  // pictures lets events run: until it returns nothing may be stored or closed.
   bool CreateDataFile(const TestSetup& setup);
-  // An existing file for more collection: a new session in it. True when the file is open.
+  // Opens the existing file DataPath\DataName.mdb for more collection, with a new session. True when it is open. When
+  // false, either the name was refused and the open file is still open, or the opening failed and none is.
   bool ReopenDataFile(const TestSetup& setup);
-  // The file DataFilePath with its four tables. A reader of closed files opens read-only and changes nothing.
+  // Opens DataFilePath with its four tables; false when it has not all of them. Readers of closed files open read-only
+  // and change nothing.
   bool OpenDataFile(OpenMode mode = OpenMode::ExclusiveDurable);
   void CloseDataFile();
 
@@ -109,11 +109,12 @@ private:
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
   std::string openPath, openName; // DataPath and DataName of the open file; the link names the next one over them
+  // StationID and the session's limits when the row began.
   struct {
     std::int32_t station = 0;
     double lowest = 0, highest = 0; // km
-  } before;                         // StationID and the session's limits when the row began
-  // Places of the fields that every row of a run sets, found once when the file is opened.
+  } before;
+  // Places of the fields that every row sets, looked up when the file is opened.
   std::vector<int> stationPlaces, registrationPlaces;
 };
 

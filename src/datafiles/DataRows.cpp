@@ -1,5 +1,5 @@
-// Stations, registrations and observations. Whatever fails here is skipped and the next statement runs: a full disk
-// shows as missing rows and never stops a run.
+// Stations, registrations and observations. A write that fails is skipped and the next one is made: a full disk shows
+// as missing rows and never stops a run.
 #include "datafiles/DataFields.h"
 #include "datafiles/DataFiles.h"
 #include "services/Pictures.h"
@@ -24,8 +24,7 @@ int StationDirection(const Positions& position) {
 
 } // namespace
 
-// | StationID | SessionID | Station | StationUnit | StationDirection | StationType | ... |: 7 | 1 | 12.3 | 0 | 1 | 0 |
-// ...
+// StationID, SessionID, Station, StationUnit, StationDirection, StationType, ...: 7, 1, 12.3, 0, 1, 0, ...
 std::int32_t DataFiles::AddStation(const NewStation& station) {
   if (!rsStations)
     return state.file.StationID;
@@ -48,7 +47,7 @@ std::int32_t DataFiles::AddStation(const NewStation& station) {
   return state.file.StationID;
 }
 
-// | RegID | FromID | ToID | ObsCode | ParCode | RegData |: 31 | 6 | 7 | 12 | 0 | 3
+// RegID, FromID, ToID, ObsCode, ParCode, RegData: 31, 6, 7, 12, 0, "3"
 void DataFiles::AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode,
                                 const std::string& regData) {
   if (!rsRegistrations)

@@ -23,8 +23,8 @@ void DataFiles::EditSession() {
   SaveSession();
 }
 
-// All but SectionDirection, which keeps what the last reading of a session left. District and Class come from two texts
-// of their own that nothing sets: they stay empty though the road's district and class are known.
+// All but SectionDirection, which keeps what was last read, and District and Class, whose texts nothing sets: they stay
+// empty though the road's are known. Offices rely on it.
 void DataFiles::RefillSession() {
   const FacilityRecord& road = state.facility;
   session.GUID = state.file.DataGuid;
@@ -82,7 +82,7 @@ void DataFiles::SaveSession() {
   row.Set("SegmentSize", session.SegmentSize);
   const FieldValue id = row.Get("SessionID");
   if (!row.Update())
-    return; // the number of another row, or none, would go into every station from now on
+    return; // another row's number would go into every station from now on
   row.MoveLast();
   session.SessionID = static_cast<std::int32_t>(id.Integer());
   state.file.SessionID = session.SessionID;

@@ -26,7 +26,7 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
     return result;
   }
   // The first number is 1, whatever the first row says: a file that begins with session 2 never gives that one, as the
-  // failed search stays on the first row and the walk goes on behind it.
+  // failed search stays on the first row and the walk goes on behind it. Kept: offices know these files so.
   for (std::int32_t number = 1; !sessions.Eof();) {
     write(number, state.file.DataName + SessionSuffix(number));
     sessions.MoveNext();

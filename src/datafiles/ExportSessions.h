@@ -1,4 +1,4 @@
-// Turning an open data file into comma files: all sessions as one, or a file for each.
+// Makes comma files from an open data file: one of all sessions, or one for each.
 #pragma once
 
 #include "datafiles/CommaFile.h"
@@ -9,7 +9,7 @@
 
 namespace trekor {
 
-// "-02" for session 2; what stands behind DataName in the name of a session's own comma file.
+// "-02" for session 2: follows DataName in the name of a comma file of one session.
 std::string SessionSuffix(std::int32_t sessionID);
 
 struct ExportWish {
@@ -27,6 +27,7 @@ struct ExportResult {
 };
 
 // The data file is open and state.file.DataName is its name without extension. A file without sessions gives nothing.
+// Failures of a file are in the result and the others are written all the same.
 ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& comma, const ExportWish& wish);
 
 } // namespace trekor

@@ -63,7 +63,7 @@ bool FileNewDialog2::ShowDialog() {
     platform.shell.Load(form);
     form.Loaded = true;
   }
-  state.file.DataName.clear(); // whatever way the form goes away, only CmdOK and the link give a name
+  state.file.DataName.clear(); // however the form is closed, only CmdOK and the link set a name
   accepted = false;
   Fill();
   form.BlinkTimer.SetInterval(BlinkInterval);
@@ -183,7 +183,7 @@ void FileNewDialog2::Blink() {
   form.FiledStationsLabel.SetForeColor(bright && blinkStations ? BlinkColour : PlainColour);
 }
 
-// The answer waits until the showing has ended: the link may be quicker with a file of its own.
+// Stored in the state only after the form has closed: the link may have named a file of its own by then.
 void FileNewDialog2::CmdOK_Click() {
   answer = {Trim(form.Texts2.Text()), WithoutBackslash(folder), ""};
   if (answer.name.empty())
@@ -227,7 +227,7 @@ void FileNewDialog2::TakeOver() {
   SendFacilityAndSection();
 }
 
-// What the link tells of the road while the form is up goes into the boxes that nobody has typed in.
+// What the link says of the road while the form is shown goes into the boxes that the user has not typed in.
 void FileNewDialog2::FollowRoad() {
   const FacilityRecord& now = state.facility;
   const std::array<const std::string*, 4> told = {&now.FacilityName, &now.SectionName, &now.SectionStart,

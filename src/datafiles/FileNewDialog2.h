@@ -34,16 +34,17 @@ class FileNewDialog2 {
 public:
   FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
                  Sections& sections);
-  // Shows the form modally. False when the user cancelled: state.file.DataName is empty then, unless the link has named
-  // a file meanwhile. True when he named one: TakeOver makes it the program's.
+  // Shows the form modally. False when the user cancelled: state.file.DataName is then empty, unless the link has named
+  // a file meanwhile. True when he named one; TakeOver then stores it in the state.
   bool ShowDialog();
-  // The accepted answer becomes that of the program state, and the link is told the road. DataPath has no trailing
-  // backslash, BackupPath is empty or an existing folder, and neither holds a file of that name.
+  // Stores the accepted answer in the state and sends the road on the link. DataPath has no trailing backslash,
+  // BackupPath is empty or an existing folder, and neither has a file of that name.
   void TakeOver();
-  // Takes the form away as by a cancel, with a message that stands above it: it is no longer needed.
+  // Hides the form, as a cancel does, with a message that is shown above it.
   void GiveWay();
-  void Unload(); // keeps the look
-  // Tells the user by a message's number why a name was refused. Whoever collects sets it to speak or show.
+  void Unload(); // and stores the look
+  // Tells the user, by a message's number, why a name was refused. Shows the message unless the run sets it to speak as
+  // well.
   std::function<void(int number)> Assist;
   FileNewForm form;
 
@@ -72,7 +73,7 @@ private:
   struct Answer {
     std::string name, folder, backup;
   } answer;
-  std::array<std::string, 4> road; // as the boxes were last told it
+  std::array<std::string, 4> road; // as last written to the boxes
   std::string folder;              // chosen; "C:\\" for a root, otherwise without trailing backslash
   bool blinkUnits = false, blinkStations = false, bright = false;
 };

@@ -9,7 +9,7 @@ std::string NewGuid(bool withDashes, Process& process) {
   std::string text;
   int count = 0;
   for (const unsigned char b : bytes) {
-    // Three dashes, not the four of other programs: the last eight bytes have always stayed together.
+    // Three dashes, not the usual four: data files in the field have the last eight bytes together.
     if (withDashes && (count == 4 || count == 6 || count == 8))
       text += '-';
     text += "0123456789ABCDEF"[b >> 4U];

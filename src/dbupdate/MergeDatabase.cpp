@@ -44,8 +44,8 @@ KeyOfTable FindKey(const Database& fresh, const std::string& table) {
   return key;
 }
 
-// The counter can't go back: a row whose number it has passed takes the next but one, as a second try shows that the
-// gap grows.
+// The counter can't go back: a row whose number is already passed takes the next number but one, as the refused one is
+// used up too.
 void AddNumbered(Recordset& fresh, const std::string& field, std::int64_t wanted) {
   if (fresh.AddNew(wanted) && fresh.Get(field).Integer() != wanted)
     fresh.AddNew();
@@ -88,9 +88,9 @@ void MergeRows(Database& old, Database& fresh, const std::string& table) {
     MergeRow(*oldRows, *freshRows, key, fields);
 }
 
-// A control that the release no longer has is not added; one that only the release has stays as it is. Of a row that
-// both have all columns are the site's (where the control stands, its flags, its words in every language) but one:
-// which controls are shown is the release's business.
+// A control that the release no longer has is not added; one that only the release has stays as it is. A row in both
+// takes all columns of the site (place, flags, words in every language) except Visible: which controls are shown is for
+// the release to say.
 void MergeForm(Database& old, Database& fresh, const std::string& table) {
   const auto oldRows = old.OpenTable(table), freshRows = fresh.OpenTable(table);
   if (!oldRows || !freshRows || !freshRows->SetIndex("NameIndex"))

@@ -14,7 +14,7 @@ namespace trekor {
 namespace {
 
 constexpr char locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
-constexpr double CopyPauseSeconds = 0.5; // time for a scanner or a slow share to let go of the file
+constexpr double CopyPauseSeconds = 0.5; // until a virus scanner or a slow share has closed the file
 
 // The files of one update, as paths of the program.
 struct Files {
@@ -65,7 +65,7 @@ std::optional<DbVersion> Update::VersionOf(const std::string& path, OpenMode mod
                    static_cast<int>(version->Get("Minor").Integer())};
 }
 
-// Only a missing file: one that is there and can't be read may hold a site's only copy of its work.
+// Only when the file is missing: one that can't be read may be the only copy of a site's work.
 void Update::InstallMissing() {
   if (platform.drives.FileExists(names.working))
     return;
@@ -80,7 +80,7 @@ void Update::Refuse(const std::string& text, const std::string& path) {
   result.programEnds = platform.drives.FileExists(path);
 }
 
-// The notice goes first, as it lies above every window: it would hide the end of these words and their button.
+// The notice is removed first: it lies above every window and would hide this box and its button.
 bool Update::Cancel(const std::string& path, const std::string& why) {
   platform.shell.ShowNotice("");
   Box(path + why + " Update cancelled");
@@ -95,7 +95,7 @@ void Update::Replace(int oldMajor) {
   platform.drives.DeleteFile(names.successor);
 }
 
-// The backup before, the only one, goes when the new one is whole.
+// The one older backup is replaced only when the new one is whole.
 bool Update::BackUp() {
   Drives& drives = platform.drives;
   const std::string copy = Drives::WorkPath(names.backup);
@@ -112,8 +112,8 @@ bool Update::BackUp() {
                                          : Cancel(names.working, " could not be backed up!");
 }
 
-// The old file is held meanwhile, so that nobody can change what is merged. A new major version replaces the database;
-// the old content then stays in the backup only.
+// The old file is locked meanwhile, so that nothing can change it while it is merged. A new major version replaces the
+// database; the old content is then in the backup only.
 bool Update::Build(int oldMajor) {
   const bool inUse = InUse(platform.drives.NativePath(names.working));
   auto old = inUse ? nullptr : Open(names.working, OpenMode::Exclusive);
@@ -142,7 +142,8 @@ UpdateResult Update::End() {
   return result;
 }
 
-// The two numbers are compared one by one and not as a pair, so that 2.1 over 3.0 does update.
+// Major and minor are compared separately, so 2.1 over 3.0 updates too. Kept: it lets a site go back to an older major
+// release.
 bool IsCurrent(const DbVersion& released, const DbVersion& working) {
   return released.Major <= working.Major && released.Minor <= working.Minor;
 }

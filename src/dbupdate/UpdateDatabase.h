@@ -1,10 +1,10 @@
-// Brings one working database up to its released template without losing what the site has put into it. Every database
-// goes through here each time before it is first opened.
+// Brings one working database up to its released template and keeps what the site has put into it. Every database is
+// updated here each time before it is first opened.
 //
 // The new database is made and filled beside the old one, which it replaces in one step when all of it is on the disk.
-// Until then the old file stands with its old version, whatever fails and wherever the program is killed: the operator
-// is told, the program goes on with the old file, and the next start tries again. A template of version 1.1 updates
-// nothing; the version after 1.0 is therefore 1.2.
+// Until then the old file is there with its old version, whatever fails and wherever the program is killed: the
+// operator is told, the program goes on with the old file, and the next start tries again. A template of version 1.1
+// updates nothing; the version after 1.0 is therefore 1.2.
 #pragma once
 
 #include "platform/Platform.h"

@@ -18,7 +18,7 @@ std::string UnitWords(bool us, int stationUnit) {
 
 } // namespace
 
-// Whatever is not greater than the sentinel is no value, an IEEE not-a-number included.
+// Numbers up to the sentinel, and an IEEE not-a-number, are no value.
 std::string WireNumber(double number) {
   return number > NaN ? Signed(NumberToText(number)) : "NaN";
 }

@@ -1,4 +1,4 @@
-// The words that this program says on the link: numbers in wire form and the messages that more than one room sends.
+// What this program says on the link: numbers in wire form and the messages that more than one room sends.
 #pragma once
 
 #include "link/SocketProp.h"

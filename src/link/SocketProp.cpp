@@ -17,7 +17,7 @@ constexpr int KeyEscape = 27;
 constexpr int WatchdogPeriod = 5000;       // ms
 constexpr double FirstConnectionLimit = 2; // s
 constexpr char Quote = '"';
-// No line of the protocol comes near this. What has no end by then is garbage and must not fill the memory.
+// Far longer than any line of the protocol. More without an end is garbage and must not fill the memory.
 constexpr std::size_t LongestLine = std::size_t{1} << 20;
 // A peer that floods could nest an arrival in each answer's pump until the stack is full; deeper arrivals only add to
 // the buffer, which the innermost dispatch empties when its line is done.
@@ -84,7 +84,7 @@ void SocketProp::Load() {
       Hide();
     return key == KeyEscape;
   };
-  form.OnQueryUnload = [this] { // the window only hides itself: the link lives to the end
+  form.OnQueryUnload = [this] { // only hidden: the link lives to the end of the program
     Hide();
     return false;
   };
@@ -103,7 +103,7 @@ void SocketProp::Hide() {
 }
 
 void SocketProp::Unload() {
-  if (!form.Loaded) // the program was closed before it came to the link: there is no look to keep
+  if (!form.Loaded) // the program was closed before the link was loaded: there is no look to store
     return;
   Active = false;
   SendData("CTRL EXIT");
@@ -146,12 +146,12 @@ void SocketProp::cmdConnect_Click() {
   if (host.empty())
     host = DefaultHost.empty() ? "127.0.0.1" : DefaultHost;
   const std::string port = Entered(form.RemotePort);
-  // A state that the close routine has left alone, "Peer Closing" above all, ends here: the attempt is a fresh one.
+  // Connect ends every state that the close routine leaves alone, "Peer Closing" above all.
   platform.socket.Connect(host, ToInteger32(Val(port.empty() ? "15959" : port)).value_or(0));
 }
 
-// "Peer Closing" stays as it is: after the peer's close only a press of cmdConnect leads back, after an error the
-// watchdog.
+// "Peer Closing" stays: after a close by the peer only cmdConnect connects again, after an error the watchdog does.
+// Control programs in the field rely on both.
 void SocketProp::CloseRoutine() {
   if (platform.socket.State() != SocketState::Connected)
     return;
@@ -236,9 +236,9 @@ void SocketProp::Release() {
     DispatchLines();
 }
 
-// The view that a line being dispatched has into the buffer dies here: the dispatcher takes what it needs before it
-// lets anything pump. What is done with goes when it is the greater part: behind a peer that talks faster than it is
-// answered, a move of the backlog for each arrival would make every line dearer than the one before.
+// Ends the views into the buffer: a dispatcher takes what it needs of a line before anything pumps. Only when the
+// greater part is done with: to move the backlog at each arrival would make lines ever dearer behind a peer that sends
+// faster than it is answered.
 void SocketProp::Compact() {
   if (consumed < ReceiveBuffer.size() - consumed)
     return;
@@ -305,7 +305,7 @@ SocketProp::WordViews SocketProp::SplitViews(std::string_view message) {
       break;
     }
     list.Words[number] = message.substr(from, end - from);
-    at = end + (quoted ? 2 : 1); // behind a closing quote one place is jumped over, whatever stands there
+    at = end + (quoted ? 2 : 1); // the character behind a closing quote is skipped, whatever it is
   }
   return list;
 }

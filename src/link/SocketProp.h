@@ -1,5 +1,5 @@
-// The client end of the link to the control program: makes and re-makes the connection, cuts the byte stream into lines
-// and lines into words, sends lines. What the lines mean is the dispatcher's business, which is handed in from above.
+// The client end of the link to the control program: connects and reconnects, cuts the byte stream into lines and lines
+// into words, sends lines. What a line means is for Dispatch, set by the program.
 #pragma once
 
 #include "forms/Form.h"
@@ -30,22 +30,22 @@ public:
   SocketProp(ProgramState& state, Platform& platform, TextDatabase& texts, Form& mainForm);
   ~SocketProp() override;
 
-  // Called with each whole line, trimmed, its code page already turned into UTF-8. Set before Load.
+  // Called with each whole line, trimmed, as UTF-8. Set before Load. The line is a view that dies when the call pumps.
   std::function<void(std::string_view line)> dispatch;
 
-  void Load();   // dresses the form, begins to connect, starts the watchdog
+  void Load();   // loads the form, begins to connect, starts the watchdog
   void Unload(); // "CTRL EXIT", one second for it to go out, close, save the look
 
-  // Sends the line and CR LF when the socket is connected, then lets pending events run. Otherwise drops it silently.
-  // A line may hold CR LF pairs; it goes out as one send.
+  // Sends the line and CR LF, then lets pending events run. Dropped silently when there is no connection. A line may
+  // hold CR LF pairs; it goes out as one send.
   void SendData(std::string_view line);
   void WaitSeconds(double seconds);
-  // Pumps until the connection attempt of the start has succeeded or failed, a short while at most: what is sent at
-  // once after the start would be dropped otherwise.
+  // Lets events run until the first connection attempt has succeeded or failed, two seconds at most: what is sent right
+  // after the start would otherwise be dropped.
   void WaitForFirstConnection();
 
-  // While one stands, lines that arrive wait in their order. They are carried out when it is gone: at once, or behind
-  // the line that is being carried out now.
+  // While one exists, arriving lines wait in order. When the last one is destroyed they are carried out: at once, or
+  // after the line that is being carried out.
   class Hold {
   public:
     explicit Hold(SocketProp& link) : socket(link) { ++socket.holds; }
@@ -98,14 +98,14 @@ private:
   bool Active = false;
   std::string DefaultHost = "127.0.0.1";
   bool firstAttemptSettled = false;
-  // Raw bytes: `consumed` of them are done with, the line end was sought in the first `searched`. One buffer with two
-  // moving marks, compacted by halves, so that a flood of lines and a line without an end both cost linear time.
+  // Raw bytes: the first `consumed` are done with, the first `searched` hold no further line end. Compacted only when
+  // the greater part is done with, so that a flood of lines and a line without an end both cost linear time.
   std::string ReceiveBuffer;
   std::size_t consumed = 0, searched = 0;
-  bool plain = true;     // the buffer holds ASCII alone: asked once an arrival, not once a line
-  bool skipping = false; // the line that goes on at `consumed` has grown too long and is dropped up to its end
+  bool plain = true;     // the buffer holds only ASCII; tested for each arrival, not for each line
+  bool skipping = false; // the line at `consumed` is too long and is dropped up to its end
   int depth = 0;         // arrivals being dispatched inside one another
-  int holds = 0;
+  int holds = 0;         // existing Holds
 };
 
 } // namespace trekor

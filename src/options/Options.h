@@ -1,5 +1,5 @@
-// The options: a history table whose first row of the index rules (ids are loaded highest first, so that is the row
-// saved last). They live in the program state while the program runs.
+// The options: a history table of which only the first row of the index counts (highest id first, so the row saved
+// last). While the program runs they are in the program state.
 #pragma once
 
 #include "platform/Platform.h"
@@ -14,11 +14,12 @@ namespace trekor {
 class OptionsDatabase {
 public:
   OptionsDatabase(ProgramState& state, Platform& platform, MessageCatalogue& messages);
-  // Updates and opens Software.mdb, loads the options, updates and opens Messages.mdb. False: the program ends; options
-  // that are there and can't be read would otherwise all be off.
+  // Updates and opens Software.mdb, loads the options, updates and opens Messages.mdb. False: the program ends, after a
+  // message; options that can't be read would otherwise all be off.
   bool LoadSoftwareDatabases();
-  // A field that is missing, null or beyond its range leaves the value as it was, and so does a row that can't be read.
+  // A field that is missing, null or beyond its range keeps the value in the state; when the row can't be read, all do.
   void LoadOptions();
+  // Adds a row; a failure is skipped.
   void SaveOptions();
   void Close();
 

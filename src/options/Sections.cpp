@@ -62,7 +62,7 @@ bool Sections::LoadSections() {
   return true;
 }
 
-// No operation reads a row: facility and section come from the link and the operator. The table is kept at hand.
+// No operation reads a row: facility and section come from the link and the operator. The table is only kept open.
 void Sections::ReopenSections() {
   CloseSections();
   networkDatabase = Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared);

@@ -23,7 +23,7 @@ public:
   bool LoadSections();   // false: the program ends
   void ReopenSections(); // after SET NETWORKDB
   void CloseSections();
-  // The state takes the text and the link is told.
+  // Stores the text in the state and sends it on the link.
   void SetFacilityName(const std::string& text);
   void SetSectionName(const std::string& text);
   void SetSectionStart(const std::string& text);

@@ -13,8 +13,8 @@ namespace {
 
 enum Keys { StartKey = 113, SuspendKey = 114, StopKey = 115 }; // F2, F3, F4
 
-// True while an order of the link is carried out, so that the operations don't send it back as news. The flag is plain:
-// an order that comes in a pump of this one and ends before it leaves the rest of this one speaking.
+// FromLink while an order of the link is carried out, so that its effects are not sent back. A plain flag: an order
+// that was dispatched within this one and ends first clears it for the rest of this one.
 class LinkOrder {
 public:
   explicit LinkOrder(ProgramState& programState) : state(programState) { state.run.FromLink = true; }
@@ -48,8 +48,8 @@ void TakeSingle(float& field, std::string_view word) {
 }
 
 // GPS 143015.2 55.6761 12.5683 14.2 1 9 0 0.8 0 0
-// 1 time, 2 latitude, 3 longitude, 4 height, 5 status, 6 satellites, 7 skipped, 8 to 10 kept for nobody. From 4 on a
-// word that is missing leaves the old value; of the first three it gives 0.
+// 1 time, 2 latitude, 3 longitude, 4 height, 5 status, 6 satellites, 7 skipped, 8 to 10 stored and not used. A missing
+// word leaves the old value from 4 on and gives 0 before.
 void TakeGps(GpsMessage& gps, std::string_view message) {
   const auto [words, count] = SocketProp::SplitViews(message);
   GpsFix& fix = gps.fix;
@@ -80,7 +80,7 @@ void TakeOperator(ProgramState& state, std::string_view name) {
   state.run.UserLevel = 9;
 }
 
-constexpr std::size_t LongestPath = 260; // of the paths with drive letters; keeps garbage from nesting without an end
+constexpr std::size_t LongestPath = 260; // longer ones are garbage, and each level of one would be a nested call
 
 // Makes the folder and the levels above it that are missing. True when it is there afterwards.
 bool MakeFolders(Drives& drives, const std::string& path) {
@@ -175,7 +175,7 @@ void Dispatcher::Dmi(std::string_view message) {
 
 // CTRL PREPARE 12.35
 void Dispatcher::Ctrl(std::string_view message) {
-  const std::string word = Upper(NextWord(message)); // the line is gone after the first pump, the answer needs the word
+  const std::string word = Upper(NextWord(message)); // a copy for the answer, as the line is dead after a pump
   {
     const LinkOrder order(state);
     CtrlWord(word, message);
@@ -215,11 +215,11 @@ void Dispatcher::Set(std::string_view message) {
   } else if (SameName(keyword, "NETWORKDB")) {
     state.facility.NetworkDb = state.facility.SectionsPath = message;
     sections.ReopenSections();
-  } // UNITS has no effect: this program announces its units, nobody sets them
+  } // UNITS has no effect: this program announces its units
 }
 
 // SET DMI 1000 I 12.35
-// 1 a number for the control program alone, 2 "I" or "1" when stations increase, 3 the position in kilometres
+// 1 a number that is only sent back, 2 "I" or "1" when stations increase, 3 the position in kilometres
 void Dispatcher::SetDmi(std::string_view message) {
   if (state.run.RunState != 0)
     return;
@@ -253,7 +253,7 @@ void Dispatcher::File(std::string_view message) {
     measurements.Prepare_File();
   } else if (SameName(keyword, "CLOSE")) {
     measurements.mnuClose_Click();
-  } // SESSION is the control program's own business
+  } // SESSION has no effect
 }
 
 // FILE UNITS SI KM: the first word is not looked at

@@ -1,4 +1,4 @@
-// What each incoming line means: verbs and keywords in, program state and run operations out.
+// What each line of the control program means: changes the program state or calls an operation of the run.
 #pragma once
 
 #include "collection/Measurements.h"
@@ -11,8 +11,8 @@ class Dispatcher {
 public:
   Dispatcher(ProgramState& state, Platform& platform, SocketProp& socket, Sections& sections,
              Measurements& measurements);
-  // One whole line, trimmed, UTF-8. Runs to its end; may be entered again from a pump inside. What it needs of the line
-  // is taken before anything can pump.
+  // One whole line, trimmed, UTF-8. An operation may pump, and another line may then be dispatched inside this one;
+  // `line` is dead after a pump. Unknown lines are ignored.
   void Dispatch(std::string_view line);
 
 private:

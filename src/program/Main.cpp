@@ -1,5 +1,5 @@
-// Start-up, in its fixed order: the texts must be open before the command line is judged, the options before the
-// folders of the language, everything before the first form.
+// Start-up, in its fixed order: the texts before the command line, as a message may be needed; the options before the
+// folders of the language; everything before the first form.
 #include "dbupdate/UpdateDatabase.h"
 #include "program/Program.h"
 #include "state/CommandLine.h"
@@ -33,7 +33,7 @@ bool Program::Main() {
   return true;
 }
 
-// The per-vehicle database is opened and kept; what it holds is of no concern to data collection.
+// The per-vehicle database is opened and kept open; data collection reads nothing from it.
 bool Program::InitHardware() {
   HardwareDb.reset();
   const auto update =

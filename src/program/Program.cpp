@@ -1,6 +1,6 @@
 #include "program/Program.h"
 
-// Here every room of the logic comes together: one that is built with the toolkit shows.
+// Includes every room of the logic, so a room that is built with the toolkit stops the build here.
 #if __has_include(<QString>)
 #error "the logic is built without the toolkit"
 #endif
@@ -15,7 +15,7 @@ Program::Program(Platform& p)
       measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, dataFiles, comma,
                                   socket, fileNew, SendKeysObject}),
       dispatcher(state, p, socket, sections, measurements) {
-  // Sending is low in the house, dispatching is high: here the circle of run and link is closed.
+  // The link is below the run and the dispatcher is above it: they are tied together here.
   socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
   measurements.unloadMainForm = [this] { UnloadMainForm(); };
   form.OnUnload = [this] { UnloadMainForm(); };

@@ -1,4 +1,5 @@
-// The whole program without its windows: state, rooms and forms, built once and living to the end.
+// The whole program without its windows: state, rooms and forms, built once and living to the end. The seams are
+// borrowed.
 #pragma once
 
 #include "collection/Measurements.h"
@@ -10,16 +11,16 @@ class Program {
 public:
   explicit Program(Platform& platform);
   ~Program();
-  // Start-up in its fixed order. False when the program is to end at once (second instance, no command line, a database
-  // that cannot be opened); whatever had to be said has been said.
+  // Starts the program. False when it is to end at once (second instance, no command line, a database that can't be
+  // opened); the user has then been told, except of a second instance.
   bool Main();
-  // The unload of the main form, which ends the program. Runs once.
+  // Unloads the main form, stores all looks and ends the program. Only the first call counts.
   void UnloadMainForm();
 
   ProgramState state;
   Platform& platform;
   MeasurementsForm form;
-  cSendKeys SendKeysObject; // before the texts
+  cSendKeys SendKeysObject; // first of the rooms
   TextDatabase texts;
   MessageCatalogue messages;
   OptionsDatabase options;

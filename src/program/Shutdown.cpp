@@ -5,7 +5,7 @@ namespace trekor {
 
 void Program::UnloadMainForm() {
   if (unloaded)
-    return; // the window's own close follows the unload that a command has begun
+    return; // the window closes as a consequence of the first call
   unloaded = true;
   measurements.StopAndClose();
   measurements.UnloadForms();

@@ -31,8 +31,7 @@ std::size_t LengthOf(std::FILE* file) {
   return length > 0 ? static_cast<std::size_t>(length) : 0;
 }
 
-// Reads a buffer of highest subscript + 1 bytes. What lies behind the end of the file stays zero in the buffer, and
-// goes into the field all the same.
+// Reads a buffer of highest subscript + 1 bytes. What lies beyond the end of the file stays zero, and is appended too.
 Failure AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, std::size_t highestSubscript) {
   std::vector<unsigned char> buffer(highestSubscript + 1);
   const std::size_t read = std::fread(buffer.data(), 1, buffer.size(), file);
@@ -41,8 +40,8 @@ Failure AppendBuffer(Recordset& row, const std::string& field, std::FILE* file, 
   return row.AppendChunk(field, buffer.data(), buffer.size()) ? NoFailure : NoField;
 }
 
-// The remainder goes first, then the whole blocks, each with one byte more than its name says: files in the field hold
-// their pictures with this tail of zeros, one byte for the remainder and one for each block.
+// The remainder first, then the whole blocks, each read with one byte too many: data files in the field hold their
+// pictures with this tail of zeros, one byte for the remainder and one for each block.
 Failure AppendFile(Recordset& row, const std::string& field, const std::string& nativePath, Pump& pump) {
   const OpenFile file(std::fopen(nativePath.c_str(), "rb"));
   if (!file)

@@ -10,9 +10,10 @@
 
 namespace trekor {
 
-// Appends the picture of an image-list key to a LONGBINARY field of a row that is being added or edited. A null
-// recordset or an empty key: nothing happens. Goes through AppPath\temp.bin and, as it always did, leaves surplus bytes
-// behind the picture; the picture format carries its own length.
+// Appends the picture of an image-list key to a LONGBINARY field of a row that is being added or edited; nothing with a
+// null recordset or an empty key. Goes through AppPath\temp.bin and lets events run. A few surplus zeros follow the
+// picture, as in all data files in the field; the picture format carries its own length. A failure is shown in a
+// message box.
 void dbSaveImage(Recordset* row, const std::string& field, const std::string& picture, const FolderPaths& folders,
                  Platform& platform);
 

@@ -66,7 +66,7 @@ private:
       ModifierStack.push_back(modifier);
       ++p;
     } else {
-      keys.KeyUp(ModifierCode(modifier)); // at once: the key behind it goes alone, as it always did
+      keys.KeyUp(ModifierCode(modifier)); // at once: without brackets it does not hold for the next key
     }
     return {};
   }

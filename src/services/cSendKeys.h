@@ -1,11 +1,11 @@
-// A small language of key strings, turned into synthetic key presses on the machine's keyboard.
+// Key strings, sent as key presses of the machine's keyboard.
 //
 //   "a"            one key; a capital is sent as its plain key
-//   "{DOWN}"       a key by its name, "{F2 3}" three times
+//   "{DOWN}"       a key by its name; "{F2 3}" three times
 //   "%(ab)"        a and b with Alt held; "+" is Shift, "~" Control, "%" Alt, and they nest
-//   "%a"           Alt down and up, and then a alone: a modifier without brackets does not act on what follows it
+//   "%a"           Alt down and up, then a alone: a modifier without brackets does not act on the next key
 //
-// A run that fails stops there; what it held down goes up first. What was sent before stays sent.
+// A string stops at its first fault; keys held down are released, and what was sent before stays sent.
 #pragma once
 
 #include "platform/Platform.h"
@@ -17,7 +17,7 @@
 
 namespace trekor {
 
-// Why a run or a press ended early; number 0 when it did not. A caller may ignore it.
+// Why sending stopped; number 0 when it did not. Callers may ignore it.
 struct KeyError {
   int number = 0;
   std::string description, source;
@@ -27,13 +27,13 @@ struct KeyError {
 class cSendKeys {
 public:
   explicit cSendKeys(const Platform& platform); // which outlives it
-  // Positions in the descriptions count characters from 1. `wait` has no effect: the keys are always just handed over.
+  // Positions in the descriptions count characters from 1. `wait` has no effect: keys are never waited for.
   KeyError SendKeys(std::string_view text, bool wait);
-  // Down and up, `count` times (none for 0 and less). Of a name that is no name the first character is sent.
+  // Down and up, `count` times (never for 0 and less). Of an unknown name the first character is sent.
   KeyError KeyPress(std::string_view key, int count);
   void KeyDown(int code) { keyboard.KeyDown(code); }
   void KeyUp(int code) { keyboard.KeyUp(code); }
-  // The key that writes the first character of the text, 0 when there is none.
+  // The key that writes the first character of the text, as Keyboard::ScanKey; 0 for the empty text.
   int KeyCode(std::string_view character);
 
 private:

@@ -69,7 +69,7 @@ void ClassKeyBoard::Attach(Grid& target, bool onKeyPad, bool onFloating, int row
     grid->SetColAlignment(c, Align::Centre);
 }
 
-// A blank key is one blank and its neighbour two, or the equal texts would show as one key.
+// A blank key is one blank and the blank key beside it two, as cells of equal text would show as one key.
 void ClassKeyBoard::MakeKeyBoard(Grid& target, bool onFloating) {
   Attach(target, false, onFloating, BoardRows, BoardColumns);
   Make_KeyRow({"F1", "F2", "F3", "F4", "F5", "F6", "F7", "F8", "F9", "F10", "F11", "F12"}, 0, 0, 11);
@@ -82,7 +82,7 @@ void ClassKeyBoard::MakeKeyBoard(Grid& target, bool onFloating) {
   Make_KeyRow({" "}, 3, 11.75, 11);
   Make_KeyRow({"Z", "X", "C", "V", "B", "N", "M"}, 4, 1.25, 8.25);
   Make_KeyRow({"  "}, 4, 0, 1.25);
-  Make_KeyRow({"Space"}, 4, 8.25, 12); // beyond the grid's end: the bar takes what is left of the row
+  Make_KeyRow({"Space"}, 4, 8.25, 12); // up to the end of the row
 }
 
 void ClassKeyBoard::MakeKeyPad(Grid& target, bool onFloating) {
@@ -119,7 +119,7 @@ void ClassKeyBoard::Make_KeyRow(const std::vector<std::string>& keys, int row, d
   }
 }
 
-// Floating pictures have the same shape and leave the tables alone. A key on two rows ("+") keeps the lower one.
+// Floating pictures have the same layout and do not write the tables. For a key on two rows ("+") the lower one counts.
 void ClassKeyBoard::EnterKey(const std::string& text, int row, int column) {
   if (floating)
     return;

@@ -1,4 +1,4 @@
-// An on-screen picture of the keyboard or the keypad: which cell is which key, and whose icon stands on it.
+// A picture of the keyboard or the keypad in a grid: which cell is which key, and whose icon is on it.
 #pragma once
 
 #include "forms/Grid.h"
@@ -11,11 +11,11 @@
 
 namespace trekor {
 
-// The code of a key from the text on it; -1 for the keys that carry nothing.
+// The key code for the text on a key; -1 for keys that carry no observation.
 int KeyBoard_KeyCode(const std::string& text);
 int KeyPad_KeyCode(const std::string& text);
 
-// Where each key stands in the docked grids: row and first column by key code + 1, -1 where no key is.
+// Row and first column of each key in the docked grids, by key code + 1; -1 where there is no key.
 struct KeyTables {
   KeyTables();
   std::array<std::int16_t, 202> KeyBoardRow, KeyBoardCol, KeyPadRow, KeyPadCol;
@@ -24,8 +24,8 @@ struct KeyTables {
 class ClassKeyBoard {
 public:
   ClassKeyBoard(KeyTables& tables, const TestSetup& setup);
-  // The row's keys from unit `start` to unit `end`; a whole end means the end of that unit, a fractional one an exact
-  // edge.
+  // Spreads keys over a row from unit `start` to unit `end`, a unit being the width of an ordinary key. A whole `end`
+  // means the end of that unit, a fractional one an exact edge.
   void Make_KeyRow(const std::vector<std::string>& keys, int row, double start, double end);
   void MakeKeyBoard(Grid& grid, bool floating);
   void MakeKeyPad(Grid& grid, bool floating);

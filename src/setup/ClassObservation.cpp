@@ -124,7 +124,7 @@ void ClassObservation::SetKeyCode(int code) {
   keyCode = allowed ? code : -1;
 }
 
-// The same item twice is no conflict: it is told by its ObsParID.
+// The same item twice (same ObsParID) is no conflict.
 bool ClassObservation::KeyIsTaken(int code) const {
   for (int i = 1; i <= setup.ObsCount(); ++i) {
     const ClassObservation& other = setup.Observations(i);

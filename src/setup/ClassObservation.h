@@ -1,4 +1,4 @@
-// One running observation: its value, limits, mode codes, key and names. Values change only through this class.
+// One observation of the running setup: its value, limits, modes, key and names. Values change only through this class.
 #pragma once
 
 #include "forms/Controls.h"
@@ -9,10 +9,11 @@
 
 namespace trekor {
 
-// Text, a whole number, or a real number of double or single precision. The limits come out of the vocabulary as
-// singles, and a value that was brought to a limit is that single: 0.1 is then exactly the limit and still reads "0.1".
+// A text, a whole number, or a real number of double or single precision. The limits come from the vocabulary as
+// singles, and a value brought to a limit is that single: it equals the limit exactly and its text is "0.1", not
+// "0.100000001".
 using ObsValue = std::variant<std::string, std::int32_t, double, float>;
-// As a cell, a file or a prompt shows it: "." as mark whatever the locale, at most 15 digits, a single 7.
+// As cells, files and prompts show it: "." as mark whatever the locale, at most 15 digits, 7 for a single.
 std::string ObsValueText(const ObsValue& value);
 double ObsValueNumber(const ObsValue& value); // a text reads as its leading number
 
@@ -20,10 +21,10 @@ class TestSetup;
 
 class ClassObservation {
 public:
-  // `pictures` answers ObsIcon; `setup` the duplicate test of KeyCode. Both outlive the object.
+  // `pictures` is searched by ObsIcon, `setup` by the duplicate test of SetKeyCode. Both outlive the object.
   ClassObservation(const ImageList& pictures, const TestSetup& setup);
 
-  // One step up, and from Max to Min. The comparison is exact: a value off the whole steps from Min never wraps.
+  // Adds 1; at Max it goes to Min. The comparison with Max is exact: a value off the whole steps from Min never wraps.
   void IncValue();
   // Back to Min; a text stays.
   void Reset();
@@ -33,8 +34,8 @@ public:
   void SetMin(ObsValue v) { storedMin = std::move(v); }
   void SetMax(ObsValue v) { storedMax = std::move(v); }
   const ObsValue& Default() const { return present; }
-  // The one way in for a value from outside: read as text, then as a number within the limits, of the item's type.
-  // Widths narrower than that (a typed 16-bit number, a typed single) are the caller's to apply first.
+  // Takes a value from outside: read as text, then as a number, brought within the limits and to the type of the item.
+  // Narrower widths (16 bits, a single) are for the caller to apply first.
   void SetDefault(const ObsValue& v);
   std::string DefaultText() const { return ObsValueText(present); }
   double DefaultNumber() const { return ObsValueNumber(present); }
@@ -52,7 +53,7 @@ public:
   std::string ObsNameDisp() const, ObsNameFile() const, ObsAbrvDisp() const, ObsAbrvFile() const, ObsIcon() const;
   void SetObsNames(std::string nameDisp, std::string nameFile, std::string abrvDisp, std::string abrvFile);
   void SetObsIcon(std::string key) { obsIcon = std::move(key); }
-  // The running program shows no parameter: constants whatever the database holds, or the data files would change.
+  // Constants, whatever the database holds: the program shows no parameters, and data files rely on these values.
   int ParCode() const { return 0; }
   std::string ParNameDisp() const { return " "; }
   std::string ParNameFile() const { return " "; }

@@ -9,8 +9,7 @@ namespace {
 
 constexpr int PictureFull = 10, PictureOff = 11, PictureOn = 12, PictureLast = 13;
 
-// The number of a picture that was asked for by its negative, ties to even; -1 when it is far beyond the last one or no
-// number at all.
+// The picture asked for by a negative number, ties to even; -1 when it is far beyond the last one or not a number.
 int RequestedPicture(float v) {
   return v > -1000 ? static_cast<int>(std::nearbyint(-v)) : -1;
 }
@@ -44,7 +43,7 @@ void ParBar::SetMax(float v) {
   SetScale();
 }
 
-// Singles all the way: 0.225 of 0.5 then is 4.5 tenths, as a person reckons, and not a hair less.
+// All in singles: 0.225 of 0.5 is then 4.5 tenths, and not slightly less.
 int ParBar::BarPicture() const {
   if (twoState)
     return member != 0 ? PictureOn : PictureOff;
@@ -54,8 +53,8 @@ int ParBar::BarPicture() const {
   return std::isfinite(fraction) ? static_cast<int>(std::floor(fraction * 10 + 0.5F)) : 0;
 }
 
-// Under the selection, and in the step bar, only the scale is drawn: a two-state or waiting picture leaves there what
-// is there until the next value. That difference between the columns is meant.
+// In the selected column and in the step bar only the scale is drawn: the other pictures leave the old one there until
+// the next value. Operators are used to the difference.
 void ParBar::Draw(int picture) {
   const int last = col == 0 || col == selectedColumn ? PictureFull : PictureLast;
   if (picture >= 0 && picture <= last)

@@ -1,5 +1,5 @@
-// The value bar of a grid column: a picture of 14, at a glance how far the value stands between its limits.
-// The cell's picture becomes "BAR:0" to "BAR:13": 0 to 10 tenths of the scale, 11 off, 12 on, 13 waiting for its value.
+// The value bar of a grid column: shows how far the value stands between its limits. It sets the picture of its cell,
+// "BAR:0" to "BAR:13": 0 to 10 tenths of the scale, 11 off, 12 on, 13 waiting for its value.
 #pragma once
 
 #include "forms/Grid.h"
@@ -10,11 +10,11 @@ namespace trekor {
 
 class ParBar {
 public:
-  // `selectedColumn` is the main form's CurrentCol: in that column, and in column 0, only the pictures 0 to 10 are
-  // drawn.
+  // Grid and `selectedColumn`, the main form's CurrentCol, are borrowed. In that column, and in column 0, only the
+  // pictures 0 to 10 are drawn.
   ParBar(Grid& grid, int row, int col, const int& selectedColumn);
-  // 0 or more draws the bar of the clamped value; a negative number draws the picture of that number and is kept as it
-  // is.
+  // 0 and more: brought within the limits, kept, and drawn as a bar. Below 0: kept as it is, and the picture of that
+  // number without its sign is drawn.
   void SetDefault(float v);
   float Default() const { return member; }
   float Clamp_Value(float v) const;

@@ -1,5 +1,5 @@
-// The vocabulary database Observations.mdb: items, folders, setups, lookups. Its recordsets stay open for the program's
-// life.
+// The vocabulary database Observations.mdb: items, setups and their lookup tables. It stays open for the life of the
+// program.
 #pragma once
 
 #include "platform/Platform.h"
@@ -17,8 +17,8 @@ class SetupDatabase {
 public:
   SetupDatabase(ProgramState& state, Platform& platform);
   ~SetupDatabase();
-  // Update check, open, recordsets. False: the program ends, and when the database is there but can't be read that was
-  // told. One without tables gets its message and stays closed.
+  // Updates and opens the database and its recordsets. False, after a message: the program ends, as the database can't
+  // be updated or read. A database without tables gets a message and stays closed.
   bool LoadDatabase();
   void CloseDatabase();
 

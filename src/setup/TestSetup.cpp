@@ -35,7 +35,7 @@ template <class Width, class Member> void Take(Member& member, const FieldValue&
     member = static_cast<Member>(number);
 }
 
-// The limits are singles; held as that, their text has the digits that were entered and a comparison with them is
+// The limits are singles. Held as singles, their text has the digits that were entered and comparing with them is
 // exact.
 ObsValue LimitOf(const FieldValue& field) {
   const double number = field.Number();
@@ -43,7 +43,7 @@ ObsValue LimitOf(const FieldValue& field) {
   return static_cast<double>(single) == number ? ObsValue(single) : ObsValue(number);
 }
 
-// A code beyond 16 bits stays recognisable as an invalid one.
+// A code beyond 16 bits is still an invalid one.
 int KeyCodeOf(const FieldValue& field) {
   return field.IsNull() ? -1 : static_cast<int>(std::clamp<std::int64_t>(field.Integer(), LeastCode, LargestCode));
 }
@@ -101,8 +101,7 @@ void TestSetup::ReleaseSetup() {
   observations.resize(1);
 }
 
-// ObsCount is still 0 here, so that two rows with the same key both keep it and the later one gets the key's table
-// entry.
+// ObsCount is still 0 here, so two rows with the same key both keep it, and the table gives the key to the later one.
 void TestSetup::AddRow(const Recordset& row) {
   const int i = static_cast<int>(observations.size());
   observations.push_back(std::make_unique<ClassObservation>(pictures, *this));
@@ -129,7 +128,7 @@ int TestSetup::KeyToObs(int code) const {
   return Between(code, 0, LastKeyCode) ? keyToObs.at(static_cast<std::size_t>(code) + 1) : -1;
 }
 
-// Entry 0, of code -1, would be where observations without a key meet; nothing reads it and nothing writes it.
+// Code -1, "no key", has an entry that is neither written nor read.
 void TestSetup::SetKeyToObs(int code, int obs) {
   if (Between(code, 0, LastKeyCode))
     keyToObs.at(static_cast<std::size_t>(code) + 1) = static_cast<std::int16_t>(obs);

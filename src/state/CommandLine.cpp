@@ -1,4 +1,5 @@
-// The line is searched, not cut into words: a switch counts wherever its letters stand, also inside another argument.
+// The line is searched, not split into words: a switch counts wherever its letters stand, inside another argument too.
+// Kept: command lines in the field rely on it.
 #include "state/CommandLine.h"
 
 #include "values/NumberText.h"
@@ -27,7 +28,7 @@ std::string_view Behind(std::string_view line, std::string_view name) {
   return at == std::string_view::npos ? std::string_view() : line.substr(at + name.size());
 }
 
-// A line of one word loses its last character. The control program always sends more than one word.
+// A line of one word loses its last character. Kept: control programs always send more than one word.
 std::string FirstWord(std::string_view line) {
   const std::size_t blank = line.find(' ');
   return blank == std::string_view::npos ? CutText(line, CharCount(line) - 1) : std::string(line.substr(0, blank));
@@ -44,7 +45,7 @@ void ReadUserLevel(std::string_view line, RunFlags& run) {
       run.UserLevel = l.level;
 }
 
-// The number must be followed by a blank, or it stays unread.
+// The number counts only with a blank behind it.
 void ReadBValue(std::string_view line, CommandLineFlags& flags) {
   const std::string_view rest = Behind(line, "/B:");
   const std::size_t blank = rest.find(' ');

@@ -1,5 +1,5 @@
 // Reads the command line with which the control program starts this one: the name of the per-vehicle database, then
-// switches that are found anywhere in the line, as substrings, whatever their case.
+// switches that are found anywhere in the line, as substrings, in any case.
 #pragma once
 
 #include "state/ProgramState.h"
@@ -8,7 +8,7 @@
 
 namespace trekor {
 
-// False when the line is blank: the caller shows the message and ends the program.
+// Fills both records. False when the line is blank: the caller shows a message and ends the program.
 bool ReadCommandLine(std::string_view line, CommandLineFlags& flags, RunFlags& run);
 
 } // namespace trekor

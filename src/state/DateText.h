@@ -10,8 +10,8 @@ namespace trekor {
 
 // "" for no date.
 std::string DateText(const LocalTime& time);
-// The parts in their order, whatever stands between them. No date for a text that is none; a text without a time of day
-// is midnight.
+// Reads the numbers in order, whatever stands between them. No date (year 0) for any other text; a text without a time
+// of day is midnight.
 LocalTime ReadDate(std::string_view text);
 
 } // namespace trekor

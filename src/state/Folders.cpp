@@ -35,7 +35,7 @@ void MakeMdbFolder(const std::string& folder, Drives& drives) {
   if (drives.FolderExists(folder) || drives.MakeFolder(folder))
     return;
   if (!SameText(folder.substr(0, 1), "C"))
-    drives.MakeFolder("C" + folder.substr(1)); // only made, MdbFolder keeps its drive
+    drives.MakeFolder("C" + folder.substr(1)); // made only: MdbFolder keeps its drive
 }
 
 } // namespace
@@ -44,7 +44,7 @@ void FolderRoots(FolderPaths& folders, Platform& platform) {
   folders.WinVersion = platform.process.WindowsVersion();
   folders.AppVersion =
       std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
-  folders.ComputerName = CutText(platform.process.ComputerName(), 15); // the machine's buffer holds 15 and an end mark
+  folders.ComputerName = CutText(platform.process.ComputerName(), 15); // as long as a computer name of the network
   folders.programName = platform.process.ProgramName();
   folders.AppPath = WithoutTrailingBackslash(platform.process.ProgramFolder());
   folders.ParentPath = ParentOf(folders.AppPath);

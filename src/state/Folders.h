@@ -6,9 +6,10 @@
 
 namespace trekor {
 
-// Fills the folder fields, makes MdbFolder (one level, with drive C as second try), copies the hardware template.
+// Fills the folder fields, makes MdbFolder (one level; when that fails, the same path on drive C) and copies the
+// hardware template. Failures are skipped.
 void FolderRoots(FolderPaths& folders, Platform& platform);
-// The folders below AppPath; the language's own audio folder falls back to English when it holds no file.
+// The folders below AppPath; then the audio folder of the language, which is the English one when that holds no file.
 void AudioFolders(FolderPaths& folders);
 void LanguageAudioFolder(FolderPaths& folders, const std::string& language, Drives& drives);
 

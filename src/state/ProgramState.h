@@ -1,8 +1,7 @@
-// The shared state of the program: plain fields, written where a decision is made and read where it is needed. One
-// thread, no locks, no caching. It is cut into small records, so that a procedure takes no more than it needs.
+// The shared state of the program: plain fields in small records, each written by the room that decides it. One thread,
+// no locks. Whoever needs one record takes that one. Paths have drive letters and backslashes.
 //
-// Beware of pumps: a socket message can run in the middle of another operation, so FromLink must be read afresh at each
-// test.
+// While an operation pumps, a line of the link can be carried out: FromLink is therefore read afresh at each test.
 #pragma once
 
 #include "platform/Clock.h"
@@ -16,7 +15,7 @@
 
 namespace trekor {
 
-// Paths of drive letters and backslashes, filled once at the start.
+// Filled once at the start.
 struct FolderPaths {
   std::string AppPath, ParentPath, RootFolder, VdbFolder, MdbFolder, SharedMdbFolder;
   std::string GraphicsPath, VideoPath; // these and the Audio ones end with "\"
@@ -49,7 +48,7 @@ struct RunFlags {
 struct Positions {
   explicit Positions(const UnitSettings& units);
   Station PreviousStation, KeyStation, NextStation, StepSize, StationMaximum, StationMinimum;
-  Velocity SpeedValue; // created at the start, read by nothing
+  Velocity SpeedValue; // read by nothing
   Station DmiStation;
   bool DmiIncreasing = false;
   int DmiSetValue = 0;   // the first word of SET DMI, sent back as it came
@@ -57,7 +56,7 @@ struct Positions {
   double NextStepKm = 0, StepKm = 0;
 };
 
-// The last "GPS" message. What stands beside the fix is kept for whoever asks the link for it: nothing here reads it.
+// The last "GPS" message. Nothing reads what stands beside the fix; it is kept as the message's record.
 struct GpsMessage {
   GpsFix fix;
   float GpsField8 = 0;
@@ -78,7 +77,7 @@ struct FacilityRecord {
       SectionSpeed, SectionLength, SectionWidth, SectionStart, SectionEnd;
   double SectionTraffic = 0;
   int FacilityDirection = 0, StartingDirection = 0; // heading codes: 1 N, 2 S, 3 E, 4 W, 0 none
-  std::string SessionDistrict, SessionClass; // nothing sets these two: sessions hold them empty, as they always did
+  std::string SessionDistrict, SessionClass;        // nothing sets these two: offices rely on their being empty
   std::string NetworkDb, SectionsPath;
 };
 
@@ -93,7 +92,7 @@ struct FileNaming {
   LocalTime LastCloseTime;
 };
 
-// The options of the first row of the table, with the texts as stored. Check marks are 0 or 1 there, plain flags here.
+// The options in force, with the texts as stored. Check marks are 0 or 1 in the table and flags here.
 struct OptionState {
   LocalTime OptionsDate;
   std::string OptionsUser, OptionUnits, OptionFileUnits;
@@ -109,7 +108,7 @@ struct DbVersion {
   int Major = 0, Minor = 0;
 };
 
-// The template versions as the last updates found them, for the about window.
+// The versions of the templates as the updates found them, for the about window.
 struct DbVersions {
   DbVersion Program, Software, Messages, Observations, DataFile, Sections, HardWare;
 };

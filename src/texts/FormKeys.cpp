@@ -9,7 +9,7 @@ namespace {
 
 constexpr int CtrlShift = 3; // with Alt the same letters are other chords
 
-// The check box with which an administrator comes back in must stay in reach.
+// The check box with which an administrator comes back in must never be locked or hidden.
 constexpr const char* AlwaysInReach = "AdministratorCheck";
 
 bool FlagChord(Control& control, int keyCode) {

@@ -61,7 +61,7 @@ bool HasFlag(const std::string& tag, char letter) {
   return tag.find(letter) != std::string::npos;
 }
 
-// A blanked place is used again, or a control that is locked and freed time after time would outgrow the column.
+// A blank is filled first, so that a control that is locked and freed again and again does not outgrow the column.
 void AddFlag(std::string& tag, char letter) {
   if (HasFlag(tag, letter))
     return;

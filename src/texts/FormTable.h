@@ -1,8 +1,8 @@
 // The table of one form in the texts database: one row a control, named as the control ("Texts(7)"), and the row "Me"
-// for the form itself. Column names are fixed by databases in the field.
+// for the form itself. Column names are fixed by databases in the field:
 //
-//   Name, Left, Top, Width, Height, Value, Visible, Tag, CapEnglish, TipEnglish, HelpEnglish, and Cap/Tip/Help +
-//   language
+//   Name, Left, Top, Width, Height, Value, Visible, Tag, CapEnglish, TipEnglish, HelpEnglish
+//   and Cap, Tip, Help with another language's name
 #pragma once
 
 #include "forms/Form.h"
@@ -24,7 +24,7 @@ struct FormRow {
   std::string CaptionEnglish, TipEnglish; // what a blank one is replaced by
 };
 
-// Where the columns stand, looked up once a table. -1: the table lacks it.
+// Places of the columns, looked up once a table. -1: the table lacks it.
 struct FormColumns {
   FormColumns(const Recordset& table, const CommandLineFlags& command);
   int Name, Left, Top, Width, Height, Value, Visible, Tag, Caption, Tip, CaptionEnglish, TipEnglish;
@@ -32,8 +32,8 @@ struct FormColumns {
 
 FormRow ReadFormRow(const Recordset& table, const FormColumns& columns);
 
-// A control's name as a row gives it: "Texts(7)" is element 7 of Texts, a plain name has index -1. Empty when a bracket
-// holds no number.
+// A control's name as a row gives it: "Texts(7)" is element 7 of Texts, a plain name has index -1. Nothing when a
+// bracket holds no number.
 struct ControlName {
   std::string Name;
   int Index = -1;
@@ -49,8 +49,8 @@ void AddFlag(std::string& tag, char letter);
 // Puts a blank in the letter's place.
 void BlankFlag(std::string& tag, char letter);
 
-// The height of a form with its title bar is not the model's, which knows the inside alone. A height stored without the
-// flag dates from title bars that were six pixels lower and counts that bar in.
+// The height of a form's inside, as the model has it, from the stored one. A height stored without the flag includes a
+// title bar, as it was then: six pixels lower than the 25 of today.
 constexpr int CaptionBarHeight = 25 * 15; // twips
 constexpr int OldCaptionGrowth = 6 * 15;
 int InsideHeight(int stored, bool withoutCaption);

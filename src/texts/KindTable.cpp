@@ -150,7 +150,7 @@ constexpr TextProperty OpenTab{[](const Control& c) { return std::to_string(As<T
 
 constexpr TextProperty None{};
 
-// Every kind that has no row of its own would go by its Caption; those that stand here without one have none.
+// A kind with None has no caption or no value to store.
 constexpr std::array KindRows{
     // kind, type name, placed, shown, caption text goes to, Value goes to
     KindRow{Kind::Form, "Form", true, true, None, None}, // the row "Me" has its own rules

@@ -1,4 +1,4 @@
-// The font that a language needs: its character set and the name of a font that has its characters. The size stays.
+// Sets the character set that a language needs and a font that has its characters. The size stays.
 #pragma once
 
 #include "forms/Control.h"

@@ -1,4 +1,4 @@
-// Dressing a form from its table.
+// Setting the look of a form from its table.
 #include "texts/FormTable.h"
 #include "texts/KindTable.h"
 #include "texts/LanguageFont.h"
@@ -26,7 +26,7 @@ public:
       DressControl(*control, row);
   }
 
-  // The settings that exclude each other come last, when every button stands in its frame.
+  // Option buttons exclude each other, so they are set last, when each is in its frame.
   void DressOptions() {
     for (Control* control : form.Controls())
       if (control->TypeOf() == Kind::OptionButton && control->Index() > -1)
@@ -99,7 +99,7 @@ private:
       kind.value.write(control, *row.Value);
   }
 
-  // A button of an array belongs to the frame of its own number, whatever frame it was built in.
+  // A button of an array belongs to the frame of its own index, whatever its container was.
   void PutIntoFrame(Control& control) {
     if (Control* frame = form.Find("Frames", control.Index()))
       control.SetContainer(frame);

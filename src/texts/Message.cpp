@@ -61,7 +61,7 @@ void MessageCatalogue::LoadForm() {
     Label& number = form.MessageNo;
     number.Move(width - number.Width, height - number.Height, number.Width, number.Height);
   };
-  form.OnResize(); // kept looks have had the text elsewhere
+  form.OnResize(); // stored looks may have the text elsewhere
   form.Loaded = true;
   platform.shell.Load(form);
 }
@@ -79,13 +79,13 @@ void MessageCatalogue::ShowMessage(int number) {
     return;
   const FieldValue words = rsMessages->Get(state.command.Language);
   const std::string text = (words.IsNull() ? rsMessages->Get("English") : words).Text();
-  if (TrimView(text).empty()) // a blank translation keeps a message quiet, whatever the English says
+  if (TrimView(text).empty()) // a blank translation silences a message
     return;
   const std::string id = rsMessages->Get("ID").Text();
   LoadForm();
   form.MessageText.SetText(text);
   form.MessageNo.SetCaption(id);
-  // A message that comes while another is shown takes its place; the one caller waits for both.
+  // A message that comes while another is shown replaces it; the first call waits for both.
   if (!form.Shown)
     platform.shell.ShowModal(form);
 }

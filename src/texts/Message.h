@@ -1,4 +1,4 @@
-// The catalogue of numbered messages and the form that shows one.
+// The catalogue of numbered messages and the form that shows one. What can't be read is not shown.
 #pragma once
 
 #include "texts/Texts.h"
@@ -14,12 +14,13 @@ struct MessageForm : Form {
 class MessageCatalogue {
 public:
   MessageCatalogue(ProgramState& state, Platform& platform, TextDatabase& texts);
-  // Opens the table Messages of the file, a path of the program, with the index ID.
+  // Opens the table Messages of a file; `path` has a drive letter.
   void Open(const std::string& path);
   void Close();
-  void LoadForm(); // makes and dresses the form
+  void LoadForm(); // unless it is loaded
   void UnloadForm();
-  // Shows the text of a number and returns when the user has closed it; silent when there is no such text.
+  // Shows the text of a number and returns when the user has closed it. Nothing when there is no such text. A number
+  // that comes while another is shown replaces its text and returns at once.
   void ShowMessage(int number);
   MessageForm form;
 

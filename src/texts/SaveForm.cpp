@@ -1,4 +1,4 @@
-// Keeping the look of a form in its table.
+// Storing the look of a form in its table.
 #include "texts/FormTable.h"
 #include "texts/KindTable.h"
 #include "texts/Texts.h"
@@ -11,7 +11,7 @@ namespace trekor {
 
 namespace {
 
-// What one row shall hold; what is empty is left as it is.
+// What a row is to hold; empty fields are left as they are.
 struct WantedRow {
   std::string Name;
   std::optional<int> Left, Top, Width, Height;
@@ -92,7 +92,7 @@ WantedRow WantedForControl(const Control& control, int userLevel) {
   return row;
 }
 
-// A column that is missing cannot differ, and a null text is as good as an empty one.
+// A missing column never differs, and null equals the empty text.
 bool SamePart(int column, const std::optional<std::string>& wanted, const std::string& stored) {
   return column < 0 || !wanted || *wanted == stored;
 }
@@ -153,7 +153,7 @@ private:
     FitText(row.Tip, SizeOf(columns.Tip), 0);
     FitText(row.Value, SizeOf(columns.Value), kind.value.separator);
     FitText(row.Caption, SizeOf(columns.Caption), kind.caption.separator);
-    // The words of this language are kept by its translators alone.
+    // Captions and tips in Chinese are maintained by its translators only.
     if (state.command.Language == "Chinese") {
       row.Caption.reset();
       row.Tip.reset();
