@@ -1,5 +1,5 @@
-// The measurements of the house, each beside the floor that the bare library sets on the same machine in the same run.
-// A measurement takes the words behind its name; it gives the exit code.
+// All measurements, each beside its floor: what the bare library does on the same machine in the same run. Each takes
+// the words behind its name and gives the exit code.
 #pragma once
 
 #include "ExportBench.h"

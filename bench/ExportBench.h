@@ -1,5 +1,5 @@
 // Measurements of the comma file, beside their floor: one bare walk over the same two tables that writes with snprintf.
-// Each takes the words of the command line; the last ones count.
+// Each takes the command line and reads its last words.
 #pragma once
 
 namespace trekor::bench {

@@ -17,7 +17,7 @@ struct Layer {
   long syncs = 0;
 };
 
-// The one mutable thing of the measurements: the library calls back without a place for a context of ours.
+// Mutable and global, as the library calls back without a context of ours.
 Layer& TheLayer() {
   static Layer layer;
   return layer;

@@ -1,9 +1,9 @@
-// Counts what the storage library asks of the disk: a thin layer between it and the files of the system.
+// Counts the syncs of the storage library, in a thin layer between it and the file system.
 #pragma once
 
 namespace trekor::bench {
 
-// From now on every database that is opened goes through the layer.
+// From now on every database that is opened goes through the layer. False when it could not be put in.
 bool CountSyncs();
 long SyncCount();
 

@@ -202,7 +202,7 @@ int Measure(Storing& storing, int argc, char** argv) {
   return 0;
 }
 
-// Short spells in turn, so that whatever else the machine does hits both.
+// Short runs in turn, so that other load on the machine hits both.
 int CompareIn(const fs::path& folder, int rows) {
   constexpr int spell = 10;
   OwnStoring own;

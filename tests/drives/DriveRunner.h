@@ -41,12 +41,11 @@ namespace trekor::tests {
 //   want NAME 0|1   KeepMdb, WriteAscii of the options
 //   pictures BYTES  of each picture that a new file stores; events run between blocks of 8 KB
 //   simulate        positions are made up from now
-//   rows            tells the grid's bars and rows: their stretch, the station below it in the hidden grid, the filled
-//                   cells
-//   see             tells what the form shows beside them
+//   rows            tells the grid's bars and rows: their stretch, the row's station, the filled cells
+//   see             tells what else the form shows
 //   stored [NAME]   tells the rows of the data file, the open one or that of C:\Roads
-//   files           names what lies in the folders of data and backup; "brief" on the second line: no more than
-//                   this at the end
+//   files           lists the folders of data and backup; with "brief" on the second line the end of the drive
+//                   shows only this list
 //   each A B ...    the lines to "end" once for each word, which stands in them for "$"
 class DriveRunner {
 public:

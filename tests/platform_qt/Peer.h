@@ -1,5 +1,5 @@
-// The control program's end of a real connection, in plain calls of the system: nothing of it needs the loop. Whoever
-// waits for what it has brought about lets the loop run.
+// The control program's end of a real connection, in plain system calls that need no event loop. After a call here a
+// test lets the loop run to see its effect.
 #pragma once
 
 #include "platform/Pump.h"

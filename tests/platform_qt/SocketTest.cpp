@@ -115,7 +115,8 @@ TEST_F(SocketTest, AHandlerThatPumpsHearsWhatArrivesMeanwhile) {
   EXPECT_EQ(deepest, 2);
 }
 
-// However a connection ends: what is told of it, behind the bytes before it, and nothing of it reaches the next one.
+// However a connection ends: what its owner is told, after the bytes before it, and that nothing of it reaches the next
+// connection.
 TEST_F(SocketTest, EachEndIsToldAsItIsAndStaysBehind) {
   const std::string reset = "connect data error 10054 ";
   const std::tuple<const char*, std::string, std::function<void()>> ends[] = {
@@ -216,7 +217,7 @@ TEST_F(SocketTest, EachAddressOfANameIsTried) {
   EXPECT_EQ(socket.State(), SocketState::ResolvingHost);
   EXPECT_TRUE(Tells("connect "));
   Attempt("localhost");
-  Attempt(); // whoever has given up the look-up hears no more of it
+  Attempt(); // the result of a cancelled look-up is dropped
   NamedSocket later;
   later.Connect("localhost", peer.Port());
   EXPECT_TRUE(Until([&] { return later.State() == SocketState::Connected; }));

@@ -1,5 +1,5 @@
-// A vocabulary comes from other machines and old disks. Whatever stands in it, the setup that is loaded keeps to its
-// own rules. Seeded, so that a failure comes back.
+// A vocabulary comes from other machines and old disks. Whatever it holds, the loaded setup keeps to its own rules.
+// Seeded, so that a failure can be repeated.
 #include "Vocabulary.h"
 
 #include <random>

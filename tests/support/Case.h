@@ -1,4 +1,4 @@
-// One line of a table of cases: what is given and what comes of it, with " -> " in between.
+// One line of a table of cases: input and expected output, with " -> " in between.
 #pragma once
 
 #include <string>

@@ -1,4 +1,4 @@
-// Another process that does something of a test, gives signs of it, and may be killed in the middle.
+// Another process that does part of a test, signals how far it is, and may be killed in the middle.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ public:
   Child(const Child&) = delete;
   Child& operator=(const Child&) = delete;
 
-  // The child's own act; it ends when nobody hears it any more.
+  // Called in the child; ends it when the parent no longer listens.
   void Sign() {
     if (write(ends[1], "s", 1) != 1)
       _exit(1);
@@ -38,7 +38,7 @@ public:
     char sign = 0;
     return read(ends[0], &sign, 1) == 1;
   }
-  // Tells how it has ended.
+  // Waits for its end; its status.
   int Wait() {
     waitpid(pid, &status, 0);
     pid = -1;

@@ -1,5 +1,5 @@
-// Databases on the fake drives, out of statements or out of the texts that the released templates are made of.
-// For rooms that stand on store.
+// Databases on the fake drives, made from statements or from the texts of the released templates. For tests of rooms
+// that use store.
 #pragma once
 
 #include "state/ProgramState.h"
@@ -17,7 +17,7 @@ inline std::string TemplateText(const std::string& name) {
   return BytesOf(SourcePlace("/templates/") + name + ".sql");
 }
 
-// In the place of what stood there.
+// Over an existing one.
 inline void MakeDatabase(FakeDrives& drives, const std::string& path, const std::string& sql) {
   const std::string native = drives.NativePath(path);
   WriteBytes(native, "");

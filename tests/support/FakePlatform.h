@@ -1,6 +1,5 @@
-// Hand-written stand-ins for every seam to the machine. They record what happened and let a test decide what comes
-// next: time stands still but for the pump, which moves it by a millisecond a call, so that a wait of a second ends
-// after a thousand pumps and no test sleeps.
+// Fakes of all seams to the machine. They record what happened and let a test decide what comes next. Time moves only
+// in the pump, by a millisecond a call, so that a wait of a second ends after a thousand pumps and no test sleeps.
 #pragma once
 
 #include "forms/Form.h"
@@ -96,7 +95,7 @@ public:
   }
   void KeyDown(int code) override { Note('+', code); }
   void KeyUp(int code) override { Note('-', code); }
-  // Of an American keyboard: letters, digits and a blank; what else is wanted stands in `scans`.
+  // The keys of an American keyboard: letters, digits and the blank; others as given in `scans`.
   int ScanKey(char32_t character) override;
   // "+18 -18": Alt down and up; since the last call.
   std::string TakeKeys() { return std::exchange(keys, {}); }
@@ -112,7 +111,7 @@ private:
 
 enum class Fault { None, FailOnce, FailFromThen, KillBefore, KillAfter };
 
-// The real drives below a temporary folder that goes with the object. Nothing is synced; what was asked for is noted.
+// The real drives in a temporary folder that is removed with the object. Nothing is synced, but the calls are recorded.
 class FakeDrives : private TestFolder, public FileDrives {
 public:
   FakeDrives() : FileDrives(TestFolder::path) { MakeFolders("C:\\Trekor"); }
@@ -139,7 +138,7 @@ public:
   void MakeFolders(const std::string& path) { std::filesystem::create_directories(NativePath(path)); } // the drive too
   void Write(const std::string& path, const std::string& bytes) { WriteBytes(NativePath(path), bytes); }
   std::string Read(const std::string& path) { return BytesOf(NativePath(path)); }
-  // From now on the n-th act that changes a file goes wrong, or is the last one of the process.
+  // The n-th change of a file from now on fails, or the process is killed at it.
   void Arm(Fault fault, int n);
 
   std::map<char, std::string> remoteNames;
@@ -192,8 +191,8 @@ public:
   int ended = 0;
 };
 
-// Forms are shown to nobody; a modal form is answered by the script of its name, which acts on the model and hides it.
-// The focus moves as in a real window: a form that is shown gives it to the first control that can have it.
+// Shows nothing. A modal form is answered by the script of its name, which acts on the model and hides it. The focus
+// moves as in a real window: a form that is shown gives it to the first control that can have it.
 class FakeShell : public Shell {
 public:
   void Load(Form& form) override { Note("Load " + form.Name()); }

@@ -1,5 +1,5 @@
-// A vehicle's drives as the first start of a release finds them, and all that a job has left on them.
-// For rooms that stand on store.
+// A vehicle's drives as the first start of a release finds them, and what a job has left on them. For tests of rooms
+// that use store.
 #pragma once
 
 #include "support/Databases.h"

@@ -1,5 +1,5 @@
-// A texts database on the fake drives: template and working file alike, so that opening it updates nothing.
-// For rooms that stand on texts; links against store and texts.
+// A texts database on the fake drives; template and working file are the same, so that opening it updates nothing. For
+// tests of rooms that use texts.
 #pragma once
 
 #include "support/Databases.h"

@@ -89,7 +89,7 @@ TEST_F(TextsTest, ChineseWordsAreLeftToTheirTranslatorsAndALanguageWithoutColumn
   }
 }
 
-// It stands as it was built, at place 0 and without words, and would be kept so for good.
+// It looks as it was built, at place 0 and without words, and would be stored so for good.
 TEST_F(TextsTest, AFormWhoseLookCouldNotBeReadIsNotKept) {
   MakeForm("('lblInfo', 10, 20, 30, 40, NULL, -1, '', 'Station', '')");
   const std::string before = FileBytes();

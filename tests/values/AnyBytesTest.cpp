@@ -1,5 +1,5 @@
-// What comes from the link and the keyboard may be anything: the readers of numbers, stations and texts keep their
-// promises for bytes that nobody would type. Seeded, so that a failure comes back.
+// The link and the keyboard may bring any bytes: the readers of numbers, stations and texts keep to their contracts for
+// all of them. Seeded, so that a failure can be repeated.
 #include "values/NumberText.h"
 #include "values/Station.h"
 #include "values/Text.h"

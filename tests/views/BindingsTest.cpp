@@ -1,5 +1,5 @@
-// Check boxes, options, combos, lists and the pictures of keys under the operator's mouse and keys: what he does
-// reaches the model once, what the model makes of it is what the screen shows, and nobody chooses for him.
+// Check boxes, options, combos, lists and the pictures of keys under the operator's mouse and keys: each act reaches
+// the model once, the screen shows what the model makes of it, and nothing is chosen without him.
 #include "views/KeyGridView.h"
 
 #include "ShownFormTest.h"

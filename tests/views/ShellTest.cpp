@@ -35,7 +35,7 @@ public:
 
 } // namespace
 
-// Whoever shows it goes on at once with something long, and nothing pumps meanwhile.
+// The caller does not pump after showing it.
 TEST_F(ShellTest, ANoticeIsOnTheScreenWhenTheCallReturns) {
   Painted painted("Updating, please wait");
   shell.ShowNotice("Updating, please wait");

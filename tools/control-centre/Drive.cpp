@@ -1,5 +1,5 @@
-// Scripts are read line by line; a wrong line is an error with its number, as a typing mistake that is passed over
-// would show only as a strange drive.
+// Scripts are read line by line. A wrong line is an error with its number: skipped, a typing mistake would only show as
+// a strange drive.
 #include "Drive.h"
 
 #include <QDir>

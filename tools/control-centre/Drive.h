@@ -1,4 +1,4 @@
-// A drive as text: which track, how fast, what is said and which keys are pressed when. See docs/control-centre.md.
+// A drive: which track, how fast, which lines are sent and which keys pressed when. See docs/control-centre.md.
 #pragma once
 
 #include "Track.h"
@@ -18,7 +18,7 @@ struct Event {
     Screenshot, // the whole screen as a PNG file
     End,        // asks the program to end and waits for it
   };
-  double seconds = 0; // since the program has introduced itself, less the time that waits have held the drive
+  double seconds = 0; // since the program has introduced itself, without the waits
   Action action = Action::Send;
   QString text;
   double number = 0;
@@ -29,7 +29,7 @@ struct Drive {
   double startKm = 0; // station at the start of the drive
   bool increasing = true;
   double speed = 0;          // km/h at the start
-  bool replaysTrack = false; // no speed given: the track's own times rule
+  bool replaysTrack = false; // no speed given: driven by the track's own times
   double pace = 1;           // how many seconds of the drive pass in one: events, messages and the vehicle
   double dmiPerSecond = 10, gpsPerSecond = 1;
   std::vector<Event> events; // in order of time, as written when equal

@@ -1,5 +1,5 @@
-// Presses real keys, as a hand would: through the windowing system, to whatever window has the focus. On Windows none
-// is available yet.
+// Presses keys through the windowing system, so that they reach the window with the focus like real ones. Not available
+// on Windows yet.
 #pragma once
 
 #include <memory>
@@ -16,7 +16,7 @@ public:
   // "A", "7", "F5", "Space", "Return", "Escape", "Delete", "Up", "Num 3", "Num +", each with "Ctrl+", "Shift+", "Alt+"
   // in front as wanted. False when no key has that name.
   bool Press(const std::string& name);
-  // Gives the focus to the program's window when none has it: without a window manager nobody else does.
+  // Gives the focus to the program's window when no window has it, as happens without a window manager.
   void Focus(long long window);
   // Whether a shown window's title holds the text.
   bool WindowShown(const std::string& title) const;

@@ -20,7 +20,7 @@ struct KeyPresser::Parts {
 
 namespace {
 
-// A window may go between the question and the answer; the library's own handler would end the process.
+// A window may close between two calls; the library's own error handler would end the process.
 int IgnoreError(Display*, XErrorEvent*) {
   return 0;
 }

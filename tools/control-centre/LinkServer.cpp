@@ -20,7 +20,7 @@ LinkServer::LinkServer(QObject* parent) : QObject(parent) {
   connect(&server, &QTcpServer::newConnection, this, &LinkServer::Accept);
 }
 
-// The socket tells its end while it is destroyed; nobody is there to hear it by then.
+// The socket reports its end while it is destroyed, when nothing may be called any more.
 LinkServer::~LinkServer() {
   if (peer)
     peer->disconnect(this);

@@ -1,4 +1,4 @@
-// The listening end of the link: one program at a time, lines in, lines out, every line told with its time.
+// The listening end of the link: one program at a time; sends and receives lines and prints each with its time.
 #pragma once
 
 #include <QElapsedTimer>
@@ -22,7 +22,7 @@ public:
   void Send(const QString& line); // dropped while nobody is connected
   // Seconds since the server was made, as the transcript shows them.
   double Seconds() const { return static_cast<double>(clock.nsecsElapsed()) / 1e9; }
-  // Off: positions that are sent stay out of the transcript, some thirty lines a second that would push all else away.
+  // When false, positions that are sent are not printed: thirty lines a second would hide all others.
   bool tellsPositions = true;
   void Tell(const QString& mark, const QString& line); // one line of the transcript, on standard output
 

@@ -1,6 +1,6 @@
-// A drive is a row of moments: those of the events, and those of the positions, which fall due at their own rate. A
-// tick carries out all that have come since the last one, each as of its own moment, so that neither a slow machine nor
-// the length of a tick changes what is told. Time stands while an event waits, and the vehicle with it.
+// A drive is a series of moments: those of the events, and those of the positions at their own rates. A tick carries
+// out all that are due since the last one, each with its own time, so neither a slow machine nor the length of a tick
+// changes what is sent. While an event waits, time and the vehicle stand still.
 #include "Player.h"
 
 #include <QDateTime>
@@ -155,7 +155,7 @@ void Player::TakeScreenshot(const QString& path) {
   Fail("could not take the screenshot " + path);
 }
 
-// An event that stands before the present one in time, behind a wait, does not turn the time back.
+// An event with an earlier time, after a wait, does not set the time back.
 void Player::MoveTo(double moment) {
   const double passed = std::max(0.0, moment - now);
   now += passed;
@@ -169,7 +169,7 @@ double Player::StationKm() const {
   return drive.increasing ? drive.startKm + way : drive.startKm - way;
 }
 
-// "DMI 10.0417". A vehicle that stands and has no track tells nothing.
+// "DMI 10.0417". Nothing is sent for a vehicle that stands and has no track.
 void Player::SendDmi() {
   ++dmiSent;
   if (drive.replaysTrack || drive.speed != 0)

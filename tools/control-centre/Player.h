@@ -1,5 +1,4 @@
-// Plays a drive: moves the vehicle along, tells the program DMI and GPS, and carries out the events when their time has
-// come.
+// Plays a drive: moves the vehicle along, sends DMI and GPS, and carries out each event at its time.
 #pragma once
 
 #include "Drive.h"
@@ -18,12 +17,12 @@ class Player : public QObject {
 
 public:
   Player(Drive drive, LinkServer& link, KeyPresser& keys, QObject* parent = nullptr);
-  // A wait that is not met for so long ends the drive with Failed.
+  // A wait longer than this ends the drive with Failed.
   double patienceSeconds = 30;
 
 signals:
   void Ended();                    // the event "end" has been reached
-  void Failed(const QString& why); // a wait in vain, a key that nobody knows, a picture that could not be written
+  void Failed(const QString& why); // a wait too long, an unknown key, a picture that can't be written
 
 private:
   void Hear(const QString& line);
@@ -47,12 +46,12 @@ private:
   KeyPresser& keys;
   QTimer timer;
   QElapsedTimer wall;
-  double now = 0;                     // drive time in seconds: the wall's times the pace, less what waits have held
-  double last = 0;                    // wall time of the last tick
+  double now = 0;                     // drive time in seconds: real time times the pace, without waits
+  double last = 0;                    // real time of the last tick
   double way = 0;                     // kilometres driven
-  double waited = 0;                  // how long the present wait has lasted, of the wall
+  double waited = 0;                  // real time that the present wait has lasted
   bool held = false;                  // a wait holds the drive
-  long long dmiSent = 0, gpsSent = 0; // moments that have come, whether or not there was anything to tell
+  long long dmiSent = 0, gpsSent = 0; // positions due so far, sent or not
   std::size_t next = 0;               // event
   QStringList heard;                  // lines that no wait has used yet
   long long window = 0;               // the program's, from its greeting

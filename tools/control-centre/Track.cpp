@@ -1,5 +1,5 @@
-// Both formats end in the same list of points with the times that were read; the way is worked out on appending, and
-// the times of the drive when all points are there.
+// Both formats are read into the same list of points with the times as read. Distances are computed as points are
+// added, the times of the drive when all points are there.
 #include "Track.h"
 
 #include <QDateTime>
@@ -208,7 +208,7 @@ void Track::SetTimes() {
                .arg(points.size());
 }
 
-// Puts the readings that follow one another on the drive's own clock, and says which points have got a time by that.
+// Converts the times that follow one another to the drive's own clock, and marks the points that have one then.
 std::size_t Track::TakeReadings(std::vector<bool>& known) {
   std::size_t taken = 0, last = 0;
   double shift = 0;
@@ -218,10 +218,10 @@ std::size_t Track::TakeReadings(std::vector<bool>& known) {
     TrackPoint& p = points[i];
     p.timeOfDay = TimeAfter(*times[i], 0);
     if (taken == 0)
-      shift = p.km * SecondsPerKm - *times[i]; // what lies before it takes its time, too
+      shift = p.km * SecondsPerKm - *times[i]; // the points before it take its time too
     p.seconds = *times[i] + shift;
     if (taken > 0 && p.seconds <= points[last].seconds) {
-      // A single reading that goes back is passed over. A clock that was set back is seen by the reading behind it.
+      // A single time that goes back is skipped. The time after it tells whether the clock was set back.
       const auto next = std::find_if(times.begin() + static_cast<std::ptrdiff_t>(i) + 1, times.end(),
                                      [](const auto& time) { return time.has_value(); });
       if (p.seconds == points[last].seconds || (next != times.end() && **next + shift > points[last].seconds))
@@ -237,7 +237,7 @@ std::size_t Track::TakeReadings(std::vector<bool>& known) {
   return taken;
 }
 
-// The times of all other points, by the way between those that have one.
+// The times of all other points, in proportion to the way between those that have one.
 void Track::FillTimes(const std::vector<bool>& known) {
   const auto next = [&](std::size_t from) {
     return static_cast<std::size_t>(std::find(known.begin() + static_cast<std::ptrdiff_t>(from), known.end(), true) -

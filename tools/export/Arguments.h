@@ -1,4 +1,4 @@
-// What the user of the export wants.
+// The command line of the export.
 #pragma once
 
 #include <string>
@@ -16,17 +16,17 @@ struct Arguments {
   bool help = false, version = false;
 };
 
-// What the program ends with; of several files the highest counts.
+// The program's exit code; of several files the highest.
 enum class Exit {
   Done = 0,
   NotOpened = 1, // a file is missing, no data file, not readable, or in use
-  Words = 2,     // the command line is not understood, or two files would become one
+  Words = 2,     // the command line is wrong, or two files would become one
   Damaged = 3,   // a data file could not be read to its end
   Refused = 4,   // the comma file can't be put where it should be
   DiskFull = 5
 };
 
-// False, with one line in `error`, when the words cannot be understood.
+// False, with one line in `error`, when the words are wrong.
 bool ReadArguments(const std::vector<std::string>& words, Arguments& into, std::string& error);
 extern const char* const HelpText;
 

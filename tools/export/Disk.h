@@ -1,15 +1,15 @@
-// What the operating system must do its own way.
+// What each operating system does its own way.
 #pragma once
 
 #include <string>
 
 namespace trekor {
 
-// At the start of the program: a file that may not grow is a failed write, and not the end of the process.
+// At the start of the program: makes a write beyond a file size limit fail instead of ending the process.
 void PrepareDisk();
-// Brings a file onto the disk; the system's number of what failed, or 0.
+// Writes a file through to the disk; the system's error number, or 0.
 int SyncFile(const std::string& nativePath);
-// Whether this number says that there is no more room.
+// Whether this error number means that there is no more room.
 bool IsFull(int error);
 
 } // namespace trekor

@@ -158,8 +158,7 @@ Exporter::Failure Exporter::PutInPlace(const fs::path& workFolder, const std::ve
   return {};
 }
 
-// A data file may have the name by a link, or because somebody gave it one. What it is counts, and not what it is
-// called.
+// A data file may have this name, by a link or by itself: its content is tested, not its name.
 Exporter::Failure Exporter::CheckPlace(const fs::path& place) const {
   constexpr std::string_view database("SQLite format 3\0", 16);
   std::error_code error;

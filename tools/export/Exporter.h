@@ -1,9 +1,9 @@
-// The export of closed data files, one after the other, as one run of the program would do it: what a writing leaves to
-// the next (the observation count in the head) carries over from file to file.
+// The export of closed data files, one after the other in one run: what one comma file leaves to the next (the
+// observation count in the head) is carried over from file to file.
 //
-// A data file is never changed, nor is anything put beside it but its comma files: one that needs its log is copied
-// into the work folder first. Comma files are written there, too, and put in their places when all of one data file
-// are whole and on the disk.
+// A data file is never changed, and nothing but its comma files is put beside it: one that needs its log is copied into
+// the work folder first. Comma files are written there too, and moved to their places when all of one data file are
+// whole and on the disk.
 #pragma once
 
 #include "Arguments.h"
@@ -23,8 +23,7 @@ namespace trekor {
 class Exporter {
 public:
   explicit Exporter(const Arguments& wishes);
-  // Writes the comma files of one data file. What is to be told comes in lines: `written` names the files made, `told`
-  // what the user should know.
+  // `written` names the files made, a line each; `told` is what the user should know.
   Exit Export(const std::string& file, std::string& written, std::string& told);
 
 private:

@@ -1,4 +1,4 @@
-// The seams of a program without screen, sound, keys and link: a tool that only reads data files and writes text.
+// Seams without screen, sound, keys and link, for a tool that only reads data files and writes text.
 #pragma once
 
 #include "platform/Platform.h"
@@ -74,14 +74,14 @@ public:
   PictureFile SavePicture(const std::string&, const std::string&) override { return PictureFile::NoPicture; }
 };
 
-// One data file and one folder for what is made of it, both native. The tool knows them under the names "IN:" and
-// "OUT:", whose paths look like the program's own.
+// One data file and one folder for its output, both native. The tool knows them as "IN:" and "OUT:", so that their
+// paths look like the program's own.
 class TwoPlaces : public Drives {
 public:
   static constexpr const char* In = "IN:";
   static constexpr const char* Out = "OUT:";
   std::string dataFile, outFolder;
-  std::string outFile; // when it is set, what is made goes there whatever its name
+  std::string outFile; // when set, the output file, whatever its name
 
   std::string NativePath(const std::string& path) override {
     if (path.rfind(std::string(In) + "\\", 0) == 0)

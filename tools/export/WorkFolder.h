@@ -1,5 +1,5 @@
-// A hidden folder beside the files that are being made, so that nothing half-written ever stands under a file's own
-// name and each is put in its place in one step. It goes with the object; a killed program leaves it.
+// A hidden folder beside the files that are made, so that none is ever half written under its own name. Removed with
+// the object; a killed program leaves it.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,7 @@
 
 namespace trekor {
 
-// Clears what killed programs have left in this folder: work folders that nobody has written into for a day.
+// Removes work folders left by killed programs: those that were not written into for a day.
 void ClearLeftWorkFolders(const std::filesystem::path& in);
 
 class WorkFolder {
