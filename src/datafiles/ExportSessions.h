@@ -13,7 +13,7 @@ namespace trekor {
 std::string SessionSuffix(std::int32_t sessionID);
 
 struct ExportWish {
-  bool join = true;     // OptionJoin: one file of all stations; otherwise one for each session
+  bool join = true;     // one file of all stations; otherwise one for each session
   bool CheckTKR = true; // writing wanted; without it the sessions are walked and nothing is written
   // ObsCount of the setup that counts as loaded while a session (0: all of them) is written.
   std::function<int(std::int32_t sessionID)> loadedObservations;

@@ -37,7 +37,8 @@ public:
   virtual void Hourglass(bool on) = 0;
   // A message box with an OK button; returns when it is closed. Timers and the link go on meanwhile.
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
-  // A small text over the main window while something long runs without pumping; the empty text takes it away.
+  // A small text over the main window while something long runs; the empty text takes it away. It is on the screen when
+  // the call returns, as the caller need not pump.
   virtual void ShowNotice(const std::string& text) = 0;
   // Writes the picture of an image-list key as a PNG file at a native path.
   virtual PictureFile SavePicture(const std::string& key, const std::string& nativePath) = 0;

@@ -161,8 +161,8 @@ void QtShell::ShowNotice(const std::string& text) {
   notice->repaint();
 }
 
-// A window is painted once the window system has exposed it, which takes some turns of the loop, and whoever shows a
-// notice does not pump. Keys and the link wait meanwhile.
+// A window is painted once the window system has exposed it, which takes some turns of the loop, and the caller may not
+// pump for long. Keys and the link wait meanwhile.
 void QtShell::AwaitExposure() {
   constexpr int longest = 500; // milliseconds
   const auto what = QEventLoop::ExcludeUserInputEvents | QEventLoop::ExcludeSocketNotifiers;
