@@ -22,8 +22,8 @@ struct ExportWish {
 struct ExportResult {
   std::vector<std::string> written; // names without folder and extension
   bool unreadable = false;          // the data file could not be read to its end
-  bool unwritable = false;          // a comma file is short or could not be made,
-  int writeError = 0;               // and the system's number of what stood against it
+  bool unwritable = false;          // a comma file is short or could not be made
+  int writeError = 0;               // of that: the error number of the system
 };
 
 // The data file is open and state.file.DataName is its name without extension. A file without sessions gives nothing.

@@ -43,8 +43,8 @@ public:
   // Hides the form, as a cancel does, with a message that is shown above it.
   void GiveWay();
   void Unload(); // and stores the look
-  // Tells the user, by a message's number, why a name was refused. Shows the message unless the run sets it to speak as
-  // well.
+  // Tells the user, by a message's number, why a name was refused. Shows the message; the run sets it to speak or show,
+  // as the options say.
   std::function<void(int number)> Assist;
   FileNewForm form;
 

@@ -20,7 +20,7 @@ public:
   ProgramState state;
   Platform& platform;
   MeasurementsForm form;
-  cSendKeys SendKeysObject; // first of the rooms
+  cSendKeys SendKeysObject;
   TextDatabase texts;
   MessageCatalogue messages;
   OptionsDatabase options;

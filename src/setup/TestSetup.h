@@ -11,8 +11,8 @@
 
 namespace trekor {
 
-// True for the keys that may carry an observation: F5 to F10, Space, digits, letters, and the keypad's digits and * + -
-// , and /.
+// True for the keys that may carry an observation: F5 to F10, Space, digits, letters, and of the keypad the digits and
+// the five signs.
 bool Valid_KeyCode(int code);
 
 class TestSetup {

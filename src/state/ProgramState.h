@@ -1,5 +1,5 @@
 // The shared state of the program: plain fields in small records, each written by the room that decides it. One thread,
-// no locks. Whoever needs one record takes that one. Paths have drive letters and backslashes.
+// no locks. A class that needs one record takes that one. Paths have drive letters and backslashes.
 //
 // While an operation pumps, a line of the link can be carried out: FromLink is therefore read afresh at each test.
 #pragma once
@@ -56,7 +56,7 @@ struct Positions {
   double NextStepKm = 0, StepKm = 0;
 };
 
-// The last "GPS" message. Nothing reads what stands beside the fix; it is kept as the message's record.
+// The last "GPS" message. The fields beside the fix are stored and read by nothing.
 struct GpsMessage {
   GpsFix fix;
   float GpsField8 = 0;
