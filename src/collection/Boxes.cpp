@@ -1,6 +1,7 @@
 #include "collection/Boxes.h"
 
 #include "values/EntryCheck.h"
+#include "values/KeyCodes.h"
 #include "values/Text.h"
 
 #include <utility>
@@ -51,7 +52,10 @@ bool Boxes::Settles(const TextBox& box) const {
 // The keys that a Danish keyboard labels with its own letters give these whatever the layout.
 bool Boxes::NationalKey(int keyCode) {
   const bool danish = Upper(ctx.State().command.Language) == "DANISH";
-  const char32_t letter = keyCode == 192 ? U'\u00C6' : keyCode == 222 ? U'\u00D8' : keyCode == 221 ? U'\u00C5' : 0;
+  const char32_t letter = keyCode == keys::Backquote      ? U'\u00C6'
+                          : keyCode == keys::Quote        ? U'\u00D8'
+                          : keyCode == keys::CloseBracket ? U'\u00C5'
+                                                          : 0;
   national = danish ? letter : 0;
   return false; // the character follows
 }

@@ -1,6 +1,6 @@
 #include "collection/FormKeys.h"
 
-#include "collection/KeyCodes.h"
+#include "values/KeyCodes.h"
 
 namespace trekor {
 

@@ -1,7 +1,7 @@
 #include "collection/KeyPictures.h"
 
 #include "collection/Grids.h"
-#include "collection/KeyCodes.h"
+#include "values/KeyCodes.h"
 
 namespace trekor {
 

@@ -1,10 +1,8 @@
 #include "collection/Prompts.h"
 
-namespace trekor {
+#include "values/KeyCodes.h"
 
-namespace {
-constexpr int KeyTab = 9, KeyEnter = 13, KeyEsc = 27, KeyF4 = 115;
-} // namespace
+namespace trekor {
 
 Prompt::Prompt(const std::string& formName, Platform& machine, TextDatabase& textDatabase)
     : form(formName), platform(machine), texts(textDatabase) {
@@ -22,9 +20,9 @@ Prompt::Prompt(const std::string& formName, Platform& machine, TextDatabase& tex
 bool Prompt::Key(int keyCode, int shift) {
   if (texts.FormKeyDown(form, keyCode, shift))
     return true;
-  if (keyCode == KeyEsc || keyCode == KeyF4)
+  if (keyCode == keys::Esc || keyCode == keys::F4)
     GiveUp();
-  else if (keyCode == KeyEnter || keyCode == KeyTab)
+  else if (keyCode == keys::Enter || keyCode == keys::Tab)
     platform.shell.Hide(form);
   else
     return false;

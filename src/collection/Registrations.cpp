@@ -1,6 +1,6 @@
 #include "collection/Registrations.h"
 
-#include "collection/KeyCodes.h"
+#include "values/KeyCodes.h"
 #include "values/Text.h"
 
 #include <cmath>
@@ -21,9 +21,9 @@ bool HasBar(int type) {
 
 // 0 to 9 for the digits of the keyboard and of the pad, else -1.
 int DigitOf(int key) {
-  if (key >= 48 && key <= 57)
-    return key - 48;
-  return key >= 96 && key <= 105 ? key - 96 : NoDigit;
+  if (keys::IsDigit(key))
+    return key - '0';
+  return keys::IsPadDigit(key) ? key - keys::Pad0 : NoDigit;
 }
 
 } // namespace

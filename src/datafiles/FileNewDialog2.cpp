@@ -1,6 +1,7 @@
 #include "datafiles/FileNewDialog2.h"
 
 #include "datafiles/BackupDrives.h"
+#include "values/KeyCodes.h"
 #include "values/Text.h"
 
 #include <array>
@@ -9,7 +10,6 @@
 namespace trekor {
 namespace {
 
-constexpr int KeyEnter = 13, KeyEsc = 27, KeyF4 = 115;
 constexpr int MessageFileExists = 401;
 constexpr int BlinkInterval = 333, BlinkColour = 0xC00000, PlainColour = -1;
 constexpr std::u32string_view RefusedCharacters = U"\\/:*?<>|\"";
@@ -85,9 +85,9 @@ void FileNewDialog2::Unload() {
 bool FileNewDialog2::Key(int keyCode, int shift) {
   if (texts.FormKeyDown(form, keyCode, shift))
     return true;
-  if (keyCode == KeyEnter)
+  if (keyCode == keys::Enter)
     CmdOK_Click();
-  else if (keyCode == KeyEsc || keyCode == KeyF4)
+  else if (keyCode == keys::Esc || keyCode == keys::F4)
     GiveWay();
   else
     return false;

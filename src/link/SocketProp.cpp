@@ -1,6 +1,7 @@
 #include "link/SocketProp.h"
 
 #include "platform/WaitSeconds.h"
+#include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -13,7 +14,6 @@
 namespace trekor {
 namespace {
 
-constexpr int KeyEscape = 27;
 constexpr int WatchdogPeriod = 5000;       // ms
 constexpr double FirstConnectionLimit = 2; // s
 constexpr char Quote = '"';
@@ -80,9 +80,9 @@ void SocketProp::Load() {
   form.OnKeyDown = [this](int key, int shift) {
     if (texts.FormKeyDown(form, key, shift))
       return true;
-    if (key == KeyEscape)
+    if (key == keys::Esc)
       Hide();
-    return key == KeyEscape;
+    return key == keys::Esc;
   };
   form.OnQueryUnload = [this] { // only hidden: the link lives to the end of the program
     Hide();

@@ -1,5 +1,7 @@
 #include "platform_os/X11Keyboard.h"
 
+#include "values/KeyCodes.h"
+
 #include <X11/XKBlib.h>
 #include <X11/Xlib.h>
 #include <X11/extensions/XTest.h>
@@ -16,21 +18,51 @@ Display* Of(void* display) {
 }
 
 // Virtual-key codes outside the runs of letters, digits and F keys. A code with several symbols is the key on which the
-// layout has one of them unshifted: 187 writes "=" in America and "+" in Denmark.
+// layout has one of them unshifted: Equal writes "=" in America and "+" in Denmark.
 constexpr struct {
   int code;
   KeySym sym;
 } Keys[] = {
-    {8, XK_BackSpace},   {9, XK_Tab},           {13, XK_Return},     {16, XK_Shift_L},
-    {17, XK_Control_L},  {18, XK_Alt_L},        {19, XK_Pause},      {20, XK_Caps_Lock},
-    {27, XK_Escape},     {32, XK_space},        {33, XK_Prior},      {34, XK_Next},
-    {35, XK_End},        {36, XK_Home},         {37, XK_Left},       {38, XK_Up},
-    {39, XK_Right},      {40, XK_Down},         {42, XK_Print},      {45, XK_Insert},
-    {46, XK_Delete},     {47, XK_Help},         {144, XK_Num_Lock},  {145, XK_Scroll_Lock},
-    {186, XK_semicolon}, {187, XK_equal},       {187, XK_plus},      {188, XK_comma},
-    {189, XK_minus},     {190, XK_period},      {191, XK_slash},     {192, XK_grave},
-    {192, XK_ae},        {219, XK_bracketleft}, {220, XK_backslash}, {221, XK_bracketright},
-    {221, XK_aring},     {222, XK_apostrophe},  {222, XK_oslash},    {226, XK_less},
+    {keys::Backspace, XK_BackSpace},
+    {keys::Tab, XK_Tab},
+    {keys::Enter, XK_Return},
+    {keys::Shift, XK_Shift_L},
+    {keys::Control, XK_Control_L},
+    {keys::Alt, XK_Alt_L},
+    {keys::Pause, XK_Pause},
+    {keys::CapsLock, XK_Caps_Lock},
+    {keys::Esc, XK_Escape},
+    {keys::Space, XK_space},
+    {keys::PageUp, XK_Prior},
+    {keys::PageDown, XK_Next},
+    {keys::End, XK_End},
+    {keys::Home, XK_Home},
+    {keys::Left, XK_Left},
+    {keys::Up, XK_Up},
+    {keys::Right, XK_Right},
+    {keys::Down, XK_Down},
+    {keys::Print, XK_Print},
+    {keys::Insert, XK_Insert},
+    {keys::Delete, XK_Delete},
+    {keys::Help, XK_Help},
+    {keys::NumLock, XK_Num_Lock},
+    {keys::ScrollLock, XK_Scroll_Lock},
+    {keys::Semicolon, XK_semicolon},
+    {keys::Equal, XK_equal},
+    {keys::Equal, XK_plus},
+    {keys::Comma, XK_comma},
+    {keys::Minus, XK_minus},
+    {keys::Period, XK_period},
+    {keys::Slash, XK_slash},
+    {keys::Backquote, XK_grave},
+    {keys::Backquote, XK_ae},
+    {keys::OpenBracket, XK_bracketleft},
+    {keys::Backslash, XK_backslash},
+    {keys::CloseBracket, XK_bracketright},
+    {keys::CloseBracket, XK_aring},
+    {keys::Quote, XK_apostrophe},
+    {keys::Quote, XK_oslash},
+    {keys::European, XK_less},
 };
 
 // Whether a symbol stands on a key at one of the first levels: 0 plain, 1 with Shift.
@@ -49,12 +81,12 @@ KeyCode KeyWith(Display* display, KeySym sym, int levels = 1) {
 
 // 0 for a code that this keyboard lacks, the pad's codes among them.
 KeyCode KeyOf(Display* display, int code) {
-  if (code >= '0' && code <= '9')
+  if (keys::IsDigit(code))
     return KeyWith(display, XK_0 + static_cast<KeySym>(code - '0'), 2); // shifted on a French keyboard
-  if (code >= 'A' && code <= 'Z')
+  if (keys::IsLetter(code))
     return KeyWith(display, XK_a + static_cast<KeySym>(code - 'A'));
-  if (code >= 112 && code <= 135)
-    return KeyWith(display, XK_F1 + static_cast<KeySym>(code - 112));
+  if (code >= keys::F1 && code <= keys::F24)
+    return KeyWith(display, XK_F1 + static_cast<KeySym>(code - keys::F1));
   for (const auto& key : Keys)
     if (const KeyCode found = key.code == code ? KeyWith(display, key.sym) : KeyCode{0})
       return found;

@@ -1,6 +1,7 @@
 #include "program/Dispatcher.h"
 
 #include "values/DistanceUnits.h"
+#include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -10,8 +11,6 @@
 
 namespace trekor {
 namespace {
-
-enum Keys { StartKey = 113, SuspendKey = 114, StopKey = 115 }; // F2, F3, F4
 
 // FromLink while an order of the link is carried out, so that its effects are not sent back. A plain flag: an order
 // that was dispatched within this one and ends first clears it for the rest of this one.
@@ -188,11 +187,11 @@ void Dispatcher::CtrlWord(const std::string& word, std::string_view rest) {
     if (!rest.empty())
       measurements.PrepareStation(Val(rest));
   } else if (word == "START" || word == "RESUME") { // the same key: RESUME in idle starts a run
-    measurements.Form_KeyDown(StartKey, 0);
+    measurements.Form_KeyDown(keys::F2, 0);
   } else if (word == "SUSPEND") {
-    measurements.Form_KeyDown(SuspendKey, 0);
+    measurements.Form_KeyDown(keys::F3, 0);
   } else if (word == "STOP") {
-    measurements.Form_KeyDown(StopKey, 0);
+    measurements.Form_KeyDown(keys::F4, 0);
   } else if (word == "INIT") {
     SendUnits(state, socket);
     Set_DMI(state, socket);

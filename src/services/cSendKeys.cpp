@@ -1,5 +1,6 @@
 #include "services/cSendKeys.h"
 
+#include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -16,7 +17,7 @@ KeyError Invalid(const std::string& text) {
 }
 
 int ModifierCode(std::string_view character) {
-  return character == "+" ? 16 : character == "~" ? 17 : character == "%" ? 18 : 0;
+  return character == "+" ? keys::Shift : character == "~" ? keys::Control : character == "%" ? keys::Alt : 0;
 }
 
 std::vector<std::string_view> CharactersOf(std::string_view text) {
@@ -117,19 +118,42 @@ private:
   std::vector<std::string_view> ModifierStack; // held by open brackets, newest last
 };
 
+// What stands between braces, in capitals.
+std::map<std::string, int, std::less<>> NamedKeys() {
+  std::map<std::string, int, std::less<>> names{{"BACKSPACE", keys::Backspace},
+                                                {"BS", keys::Backspace},
+                                                {"BKSP", keys::Backspace},
+                                                {"BREAK", keys::Pause},
+                                                {"CAPSLOCK", keys::CapsLock},
+                                                {"DELETE", keys::Delete},
+                                                {"DEL", keys::Delete},
+                                                {"DOWN", keys::Down},
+                                                {"END", keys::End},
+                                                {"ENTER", keys::Enter},
+                                                {"~", keys::Enter},
+                                                {"ESC", keys::Esc},
+                                                {"HELP", keys::Help},
+                                                {"HOME", keys::Home},
+                                                {"INSERT", keys::Insert},
+                                                {"NUMLOCK", keys::NumLock},
+                                                {"PGUP", keys::PageUp},
+                                                {"PRTSC", keys::Print},
+                                                {"RIGHT", keys::Right},
+                                                {"SCROLLLOCK", keys::ScrollLock},
+                                                {"TAB", keys::Tab},
+                                                {"UP", keys::Up},
+                                                {"INS", keys::Insert},
+                                                {"LEFT", keys::Left},
+                                                {"PGDN", keys::PageDown}};
+  for (int i = 1; i <= 16; ++i)
+    names.emplace("F" + std::to_string(i), keys::F1 + i - 1);
+  return names;
+}
+
 } // namespace
 
 cSendKeys::cSendKeys(const Platform& platform)
-    : keyboard(platform.keyboard),
-      process(platform.process), KeyNames{
-                                     {"BACKSPACE", 8}, {"BS", 8},    {"BKSP", 8},   {"BREAK", 19}, {"CAPSLOCK", 20},
-                                     {"DELETE", 46},   {"DEL", 46},  {"DOWN", 40},  {"END", 35},   {"ENTER", 13},
-                                     {"~", 13},        {"ESC", 27},  {"HELP", 47},  {"HOME", 36},  {"INSERT", 45},
-                                     {"NUMLOCK", 144}, {"PGUP", 33}, {"PRTSC", 42}, {"RIGHT", 39}, {"SCROLLLOCK", 145},
-                                     {"TAB", 9},       {"UP", 38},   {"INS", 45},   {"LEFT", 37},  {"PGDN", 34}} {
-  for (int i = 1; i <= 16; ++i)
-    KeyNames.emplace("F" + std::to_string(i), 111 + i);
-}
+    : keyboard(platform.keyboard), process(platform.process), KeyNames(NamedKeys()) {}
 
 KeyError cSendKeys::SendKeys(std::string_view text, bool /*wait*/) {
   KeyError error = KeyRun(*this, text).Send();

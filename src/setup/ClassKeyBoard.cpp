@@ -1,5 +1,7 @@
 #include "setup/ClassKeyBoard.h"
 
+#include "values/KeyCodes.h"
+
 #include <cmath>
 
 namespace trekor {
@@ -8,17 +10,20 @@ namespace {
 
 constexpr int BoardRows = 5, BoardColumns = 48, BoardColumnsPerUnit = 4; // 12 units wide
 constexpr int PadRows = 5, PadColumns = 4, PadColumnsPerUnit = 1;
-constexpr int SpaceCode = 32, SpaceFirstColumn = 33, SpaceLastColumn = 47;
-constexpr int PadZero = 96, PadPlus = 107, PadEnter = 108;
+constexpr int SpaceFirstColumn = 33, SpaceLastColumn = 47;
 
 // Key names that are no single letter or digit, and their codes.
 struct NamedKey {
   const char* text;
   int code;
 };
-constexpr NamedKey BoardNames[] = {{"F5", 116}, {"F6", 117},  {"F7", 118},         {"F8", 119},
-                                   {"F9", 120}, {"F10", 121}, {"Space", SpaceCode}};
-constexpr NamedKey PadNames[] = {{"/", 111}, {"*", 106}, {"+", PadPlus}, {"-", 109}, {",", 110}};
+constexpr NamedKey BoardNames[] = {{"F5", keys::F5}, {"F6", keys::F6},   {"F7", keys::F7},      {"F8", keys::F8},
+                                   {"F9", keys::F9}, {"F10", keys::F10}, {"Space", keys::Space}};
+constexpr NamedKey PadNames[] = {{"/", keys::PadDivide},
+                                 {"*", keys::PadTimes},
+                                 {"+", keys::PadPlus},
+                                 {"-", keys::PadMinus},
+                                 {",", keys::PadDecimal}};
 
 template <std::size_t N> int NamedCode(const NamedKey (&names)[N], const std::string& text) {
   for (const NamedKey& key : names)
@@ -45,7 +50,7 @@ int KeyBoard_KeyCode(const std::string& text) {
 
 int KeyPad_KeyCode(const std::string& text) {
   if (OneOf(text, '0', '9'))
-    return PadZero + text[0] - '0';
+    return keys::Pad0 + text[0] - '0';
   return NamedCode(PadNames, text);
 }
 
@@ -166,13 +171,13 @@ void ClassKeyBoard::Paint_Key(bool show, int i) {
 // Three keys of the pad are two cells large.
 void ClassKeyBoard::PaintPadKey(const std::string& picture, int code, int row, int col) {
   grid->SetCellPicture(row, col, picture);
-  if (code == PadPlus) {
+  if (code == keys::PadPlus) {
     grid->SetCellPicture(1, 3, picture);
     grid->SetCellPicture(2, 3, picture);
-  } else if (code == PadEnter) {
+  } else if (code == keys::PadSeparator) {
     grid->SetCellPicture(3, 3, picture);
     grid->SetCellPicture(4, 3, picture);
-  } else if (code == PadZero) {
+  } else if (code == keys::Pad0) {
     grid->SetCellPicture(4, 0, picture);
     grid->SetCellPicture(4, 1, picture);
   }
@@ -181,7 +186,7 @@ void ClassKeyBoard::PaintPadKey(const std::string& picture, int code, int row, i
 // On a floating picture the cells of a key merge into one, so its first cell is enough.
 void ClassKeyBoard::PaintBoardKey(const std::string& picture, int code, int row, int col) {
   int first = col, last = floating ? col : col + columnsPerUnit - 1;
-  if (code == SpaceCode && !floating) {
+  if (code == keys::Space && !floating) {
     first = SpaceFirstColumn;
     last = SpaceLastColumn;
   }

@@ -1,5 +1,7 @@
 #include "setup/TestSetup.h"
 
+#include "values/KeyCodes.h"
+
 #include <algorithm>
 #include <utility>
 
@@ -71,9 +73,9 @@ void FillValues(ClassObservation& obs, const Recordset& row) {
 } // namespace
 
 bool Valid_KeyCode(int code) {
-  const bool functionKey = Between(code, 116, 121); // F5 to F10; the others are the program's own
-  const bool board = code == 32 || Between(code, 48, 57) || Between(code, 65, 90);
-  const bool pad = Between(code, 96, 107) || Between(code, 109, 111); // without 108, the Enter key
+  const bool functionKey = Between(code, keys::F5, keys::F10); // the others are the program's own
+  const bool board = code == keys::Space || keys::IsDigit(code) || keys::IsLetter(code);
+  const bool pad = code != keys::PadSeparator && Between(code, keys::Pad0, keys::PadDivide);
   return functionKey || board || pad;
 }
 

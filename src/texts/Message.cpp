@@ -1,5 +1,6 @@
 #include "texts/Message.h"
 
+#include "values/KeyCodes.h"
 #include "values/Text.h"
 
 #include <algorithm>
@@ -10,9 +11,8 @@ namespace {
 
 constexpr int MarginOfText = 140; // twips, width and height each, half of it on either side
 
-// Space, F4, Esc, Enter.
 bool Closes(int keyCode) {
-  return keyCode == 32 || keyCode == 115 || keyCode == 27 || keyCode == 13;
+  return keyCode == keys::Space || keyCode == keys::F4 || keyCode == keys::Esc || keyCode == keys::Enter;
 }
 
 } // namespace

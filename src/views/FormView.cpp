@@ -1,5 +1,6 @@
 #include "views/FormView.h"
 
+#include "values/KeyCodes.h"
 #include "views/Theme.h"
 #include "views/Twips.h"
 
@@ -304,7 +305,6 @@ bool FormView::PressButton(bool CommandButton::*which) {
 }
 
 bool FormView::OfferKey(int keyCode, int shift) {
-  constexpr int enter = 13, escape = 27;
   const QPointer<FormView> alive = this;
   if (detached || (form.OnKeyDown && form.OnKeyDown(keyCode, shift)) || !alive || detached)
     return true;
@@ -317,12 +317,12 @@ bool FormView::OfferKey(int keyCode, int shift) {
     return true;
   if (!alive || detached)
     return true;
-  if (keyCode == enter && kind == Kind::CommandButton) {
+  if (keyCode == keys::Enter && kind == Kind::CommandButton) {
     static_cast<CommandButton*>(focused)->Click();
     return true;
   }
-  return (keyCode == enter && PressButton(&CommandButton::Default)) ||
-         (keyCode == escape && PressButton(&CommandButton::Cancel));
+  return (keyCode == keys::Enter && PressButton(&CommandButton::Default)) ||
+         (keyCode == keys::Esc && PressButton(&CommandButton::Cancel));
 }
 
 char32_t FormView::OfferCharacter(char32_t typed) {

@@ -1,7 +1,7 @@
 #include "views/KeyFilter.h"
 
 #include "views/FormView.h"
-#include "views/KeyCodes.h"
+#include "views/KeyTranslation.h"
 
 #include <QApplication>
 #include <QKeyEvent>

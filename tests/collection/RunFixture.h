@@ -5,6 +5,7 @@
 #include "collection/Parts.h"
 #include "program/Dispatcher.h"
 #include "support/FakePlatform.h"
+#include "values/KeyCodes.h"
 
 #include <deque>
 #include <string>
@@ -70,7 +71,8 @@ protected:
   Texts Stations() { return Query("SELECT Station, StationType FROM Stations ORDER BY StationID"); }
   bool Exists(const std::string& path) { return fakes.drives.FileExists(path); }
 
-  static constexpr int F2 = 113, F3 = 114, F4 = 115, F11 = 122, Esc = 27, Del = 46, Space = 32;
+  static constexpr int F2 = keys::F2, F3 = keys::F3, F4 = keys::F4, F11 = keys::F11, Esc = keys::Esc,
+                       Del = keys::Delete, Space = keys::Space;
   static constexpr const char* Folder = "C:\\Roads";
 
   FakePlatform fakes;

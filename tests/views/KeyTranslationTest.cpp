@@ -1,4 +1,4 @@
-#include "views/KeyCodes.h"
+#include "views/KeyTranslation.h"
 
 #include <QtCore/qnamespace.h>
 
