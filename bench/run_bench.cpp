@@ -47,7 +47,7 @@ public:
       Say("FILE PATH C:\\Roads\r\nFILE NAME LONG\r\nFILE OPEN\r\n");
     Say("SET DMI 0 I 0\r\nCTRL PREPARE 0\r\nCTRL START\r\n");
   }
-  bool Running() const { return started && program.state.run.RunState == 1; }
+  bool Running() const { return started && program.state.run.RunState == RunStates::Running; }
 
   // One boundary a step and a key in every fourth; what the fakes record is thrown away on the way.
   double Drive(int steps) {

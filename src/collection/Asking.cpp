@@ -36,7 +36,7 @@ std::string Asking::Ask_Text(int obs) {
 }
 
 void Asking::TakeNumber(ClassObservation& observation, const std::string& answer) {
-  if (observation.DataTypeID != 1)
+  if (observation.DataTypeID != DataType::Integer)
     return observation.SetDefault(SingleToText(TextToSingle(answer)));
   const auto whole = IsNumeric(answer) ? ToInteger16(TextToDouble(answer)) : std::nullopt;
   if (whole)

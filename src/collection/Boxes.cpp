@@ -46,7 +46,7 @@ void Boxes::LostFocus(int index) {
 }
 
 bool Boxes::Settles(const TextBox& box) const {
-  return box.Edited() && ctx.Flags().RunState == 0 && !ctx.fields.starting;
+  return box.Edited() && ctx.Flags().RunState == RunStates::Idle && !ctx.fields.starting;
 }
 
 // The keys that a Danish keyboard labels with its own letters give these whatever the layout.

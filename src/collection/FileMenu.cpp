@@ -62,7 +62,7 @@ void FileMenu::Announce_File() {
 }
 
 void FileMenu::mnuClose_Click() {
-  if (ctx.Flags().RunState != 0 || ctx.fields.closing || ctx.fields.preparing)
+  if (ctx.Flags().RunState != RunStates::Idle || ctx.fields.closing || ctx.fields.preparing)
     return;
   ctx.form.UpDnPicture.SetEnabled(true);
   ctx.form.Texts7.SetEnabled(true);

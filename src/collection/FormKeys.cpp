@@ -7,7 +7,7 @@ namespace trekor {
 bool FormKeys::Form_KeyDown(int keyCode, int shift) {
   if (ctx.fields.loading || ctx.fields.ending)
     return false;
-  const bool inRun = ctx.Flags().RunState != 0;
+  const bool inRun = ctx.Flags().RunState != RunStates::Idle;
   if (keyCode == keys::NumLock)
     KeepNumLock();
   if (keyCode == keys::F11) {
@@ -28,7 +28,7 @@ void FormKeys::Form_KeyUp(int keyCode) {
 
 // From the moment when a start has saved the key's state.
 void FormKeys::KeepNumLock() {
-  if (ctx.Flags().RunState != 0 || ctx.fields.NumLockAtStart)
+  if (ctx.Flags().RunState != RunStates::Idle || ctx.fields.NumLockAtStart)
     asking.FreezeNumLock();
 }
 
@@ -46,12 +46,12 @@ bool FormKeys::IdleKey(int keyCode, int shift) {
 }
 
 void FormKeys::tbControlBar_ButtonClick(const std::string& key) {
-  const int state = ctx.Flags().RunState;
-  if (key == "play" && (state == 0 || state == 2))
+  const RunStates state = ctx.Flags().RunState;
+  if (key == "play" && (state == RunStates::Idle || state == RunStates::Paused))
     Form_KeyDown(keys::F2, 0);
-  else if (key == "pause" && state == 1)
+  else if (key == "pause" && state == RunStates::Running)
     Form_KeyDown(keys::F3, 0);
-  else if (key == "stop" && (state == 1 || state == 2))
+  else if (key == "stop" && (state == RunStates::Running || state == RunStates::Paused))
     Form_KeyDown(keys::F4, 0);
   else if (key == "Camera1")
     Form_KeyDown(keys::F11, 0);

@@ -4,14 +4,12 @@
 
 namespace trekor {
 
-namespace {
-constexpr int TypeInteger = 1, TypeFloat = 2, TypeText = 4;
-} // namespace
+namespace {} // namespace
 
 void Grids::Grid_CellChanged() {
   auto& f = ctx.fields;
   const Grid& grid = ctx.form.Grid;
-  if (f.GridBusy || ctx.Flags().RunState != 2)
+  if (f.GridBusy || ctx.Flags().RunState != RunStates::Paused)
     return;
   f.GridBusy = true;
   f.CurrentCol = grid.Col();
@@ -35,11 +33,11 @@ void Grids::RemoveCurrentRow() {
 
 // False when the row has been removed.
 bool Grids::EditEventCell(int obs) {
-  const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
+  const DataType type = ctx.rooms.setup.Observations(obs).DataTypeID;
   const int col = ctx.form.Grid.Col();
-  if ((type == TypeInteger || type == TypeFloat) && col == obs)
+  if ((type == DataType::Integer || type == DataType::Float) && col == obs)
     return EditNumberCell(obs);
-  if (type == TypeText && col >= MergedTextColumn && col <= ctx.rooms.setup.ObsCount())
+  if (type == DataType::Text && col >= MergedTextColumn && col <= ctx.rooms.setup.ObsCount())
     return EditTextCell(obs);
   return true;
 }
@@ -88,11 +86,11 @@ void Grids::Load_RowValues() {
 void Grids::LoadValue(int obs, bool stepRow, bool own) {
   const int row = ctx.fields.CurrentRow;
   auto& o = ctx.rooms.setup.Observations(obs);
-  if (o.DataTypeID == 3)
+  if (o.DataTypeID == DataType::Unnamed)
     return;
   if (!stepRow && !own)
     return SetBar(obs, 0);
-  if (o.DataTypeID == TypeText) {
+  if (o.DataTypeID == DataType::Text) {
     const int col = stepRow ? obs : MergedTextColumn;
     if (col < ctx.form.Grid.Cols())
       o.SetDefault(ctx.buffer.Cell(row, col));

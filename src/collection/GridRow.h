@@ -1,6 +1,7 @@
 // A row of the run: made once, shown by the grid, stored as it is.
 #pragma once
 
+#include "datafiles/RowKind.h"
 #include "platform/Clock.h"
 #include "values/GpsFix.h"
 
@@ -8,11 +9,6 @@
 #include <vector>
 
 namespace trekor {
-
-enum class RowKind {
-  Step,  // a span that ends at the row's station
-  Event, // a point: one observation at the row's station
-};
 
 struct GridRow {
   RowKind kind = RowKind::Step;

@@ -4,13 +4,12 @@ namespace trekor {
 
 namespace {
 constexpr int StationsWidth = 2400, ObservationWidth = 840; // twips
-constexpr int TypeText = 4;
-constexpr float FullStep = 100; // the step bar counts per cent
+constexpr float FullStep = 100;                             // the step bar counts per cent
 
 // A value that is worth carrying: not 0, and no text that reads so.
 bool HasValue(const ClassObservation& o) {
   const auto text = o.DefaultText();
-  return o.DataTypeID == TypeText ? !text.empty() && text != "0" : o.DefaultNumber() != 0;
+  return o.DataTypeID == DataType::Text ? !text.empty() && text != "0" : o.DefaultNumber() != 0;
 }
 
 } // namespace
@@ -104,7 +103,7 @@ void Grids::Carry(int obs, int row) {
   if (o.IsCarried()) {
     if (HasValue(o))
       ShowCell(row, obs);
-  } else if (o.DataTypeID == TypeText) {
+  } else if (o.DataTypeID == DataType::Text) {
     SetBar(obs, 0); // the text itself stays
   } else {
     o.Reset();
@@ -163,10 +162,10 @@ void Grids::TakeFix(int place) {
 void Grids::WriteEventCells(int row, int obs) {
   if (!ctx.rooms.setup.Has(obs))
     return;
-  const int type = ctx.rooms.setup.Observations(obs).DataTypeID;
-  if (type < 3)
+  const DataType type = ctx.rooms.setup.Observations(obs).DataTypeID;
+  if (type < DataType::Unnamed)
     ShowCell(row, obs);
-  else if (type == TypeText)
+  else if (type == DataType::Text)
     WriteText(row, obs);
 }
 

@@ -5,7 +5,6 @@ namespace trekor {
 namespace {
 constexpr double BarMilliseconds = 400, SlowMilliseconds = 800;
 constexpr double SimulatedMove = 0.001; // km
-constexpr int Normal = 0, Minimised = 1;
 } // namespace
 
 // The timer rests meanwhile, so that slow ticks cannot pile up; a prompt that a key opens keeps it at rest.
@@ -24,9 +23,10 @@ void Idle::Tick() {
   ctx.Pump(); // socket messages and keys get in here
   if (f.ending)
     return;
-  if (ctx.Flags().RunState != 0)
+  if (ctx.Flags().RunState != RunStates::Idle)
     registrations.Process_Key();
-  if (ctx.Flags().RunState == 2 && (ctx.form.Grid.Row() != f.CurrentRow || ctx.form.Grid.Col() != f.CurrentCol))
+  if (ctx.Flags().RunState == RunStates::Paused &&
+      (ctx.form.Grid.Row() != f.CurrentRow || ctx.form.Grid.Col() != f.CurrentCol))
     grids.Grid_CellChanged();
   if (f.ending)
     return;
@@ -42,7 +42,7 @@ void Idle::Tick() {
 }
 
 void Idle::SlowWork() {
-  if (ctx.Flags().Simulator && ctx.Flags().RunState != 2 && !ctx.Flags().DmiReceived)
+  if (ctx.Flags().Simulator && ctx.Flags().RunState != RunStates::Paused && !ctx.Flags().DmiReceived)
     SimulateDMI();
   if (ctx.fields.ending)
     return;
@@ -59,15 +59,16 @@ void Idle::SimulateDMI() {
 }
 
 void Idle::WatchMinimise() {
-  const bool minimised = ctx.form.WindowState() == Minimised;
+  const bool minimised = ctx.form.WindowState() == WindowStates::Minimised;
   if (minimised == ctx.fields.KeyFormsHidden)
     return;
   ctx.fields.KeyFormsHidden = minimised;
   if (minimised)
     return keyPictures.Hide_KeyForms();
-  ctx.form.SetWindowState(Minimised); // for a moment, or the floating windows would come up behind the form
+  ctx.form.SetWindowState(
+      WindowStates::Minimised); // for a moment, or the floating windows would come up behind the form
   keyPictures.Show_KeyForms();
-  ctx.form.SetWindowState(Normal);
+  ctx.form.SetWindowState(WindowStates::Normal);
 }
 
 } // namespace trekor

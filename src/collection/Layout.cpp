@@ -6,7 +6,6 @@ namespace trekor {
 
 namespace {
 constexpr int TabHead = 390, Margin = 60, CurtainStep = 1000;
-constexpr int Minimised = 1;
 } // namespace
 
 void Layout::Setup_Tabs() {
@@ -30,7 +29,7 @@ void Layout::TabStrip1_Click() {
 
 void Layout::Resize() {
   auto& form = ctx.form;
-  if (form.WindowState() == Minimised)
+  if (form.WindowState() == WindowStates::Minimised)
     return;
   form.tbControlBar.Move(0, 0, form.Width, form.tbControlBar.Height);
   form.TabStrip1.Move(0, form.tbControlBar.Height, form.Width, form.TabStrip1.Height);

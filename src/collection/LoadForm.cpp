@@ -5,14 +5,12 @@
 
 namespace trekor {
 
-namespace {
-constexpr int Minimised = 1, Normal = 0;
-} // namespace
+namespace {} // namespace
 
 void Measurements::WireEvents() {
   form.OnKeyDown = [this](int keyCode, int shift) { return Form_KeyDown(keyCode, shift); };
   form.OnKeyElsewhere = [this](int keyCode, int shift) {
-    return rooms.state.run.RunState != 0 && Form_KeyDown(keyCode, shift);
+    return rooms.state.run.RunState != RunStates::Idle && Form_KeyDown(keyCode, shift);
   };
   form.OnKeyUp = [this](int keyCode) { p->formKeys.Form_KeyUp(keyCode); };
   form.OnKeyPress = [this](char32_t typed) { return Form_KeyPress(typed); };
@@ -48,7 +46,7 @@ void Measurements::LoadForm() {
   rooms.texts.LoadFormProperties(form);
   LoadControls();
   LoadDirection();
-  rooms.state.run.RunState = 0;
+  rooms.state.run.RunState = RunStates::Idle;
   ShowForm();
   p->ctx.fields.loading = false; // the link may command a start as soon as it stands
   if (!p->ctx.fields.ending) {
@@ -122,9 +120,9 @@ void Measurements::Send_SystemInfo() {
 
 // The close box: the windows come back first, then a run is stopped and a file closed.
 void Measurements::CloseForm() {
-  if (form.WindowState() == Minimised) {
+  if (form.WindowState() == WindowStates::Minimised) {
     p->keyPictures.Show_KeyForms();
-    form.SetWindowState(Normal);
+    form.SetWindowState(WindowStates::Normal);
     form.Refresh();
   }
   StopAndClose();

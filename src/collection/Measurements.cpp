@@ -21,7 +21,7 @@ bool Measurements::Form_KeyDown(int keyCode, int shift) {
 // No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
 // would change the step that the session keeps.
 bool Measurements::Form_KeyPress(char32_t) {
-  return rooms.state.run.RunState != 0 || p->ctx.fields.starting;
+  return rooms.state.run.RunState != RunStates::Idle || p->ctx.fields.starting;
 }
 
 void Measurements::Check_DMI() {

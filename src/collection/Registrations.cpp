@@ -9,15 +9,9 @@ namespace trekor {
 
 namespace {
 
-// 3 has no name: its key changes nothing and shows the value in the cell alone.
-constexpr int TypeBoolean = 0, TypeInteger = 1, TypeFloat = 2, TypeText = 4;
 constexpr int KeyingTwoKeys = 2;
 constexpr float WaitingPicture = -13;
 constexpr int NoDigit = -1;
-
-bool HasBar(int type) {
-  return type == TypeBoolean || type == TypeInteger || type == TypeFloat;
-}
 
 // 0 to 9 for the digits of the keyboard and of the pad, else -1.
 int DigitOf(int key) {
@@ -33,7 +27,7 @@ void Registrations::Process_Key() {
   if (ring.Empty() || ctx.fields.rowOnStack)
     return;
   auto& at = ctx.Position();
-  if (ctx.Flags().RunState != 0)
+  if (ctx.Flags().RunState != RunStates::Idle)
     at.KeyStation.SetDefault(at.DmiStation.Default());
   const int key = ring.Front();
   ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
@@ -44,7 +38,7 @@ void Registrations::Process_Key() {
 void Registrations::CarryOut(int key) {
   switch (key) {
   case keys::F2:
-    return ctx.Flags().RunState != 0 ? run.Resume_Run() : run.Start_Run();
+    return ctx.Flags().RunState != RunStates::Idle ? run.Resume_Run() : run.Start_Run();
   case keys::F3:
     return run.Pause_Run();
   case keys::Esc:
@@ -110,15 +104,15 @@ void Registrations::TakeSecondKey(int key) {
 bool Registrations::ChangeValue() {
   const int obs = ctx.fields.CurrentObs;
   switch (Current().DataTypeID) {
-  case TypeBoolean:
+  case DataType::Boolean:
     Current().IncValue();
     feedback.PlayObservationSound(obs, CurrentInt());
     return true;
-  case TypeInteger:
+  case DataType::Integer:
     return ChangeWhole();
-  case TypeFloat:
+  case DataType::Float:
     return AskFloat();
-  case TypeText:
+  case DataType::Text:
     return AskTextValue();
   default:
     return true;
@@ -143,7 +137,7 @@ bool Registrations::ChangeWhole() {
       return false;
     Asking::TakeNumber(o, answer);
   } else {
-    const bool toMinimum = o.RegModeCode != 0 && o.DefaultNumber() == o.Max();
+    const bool toMinimum = o.RegModeCode != RegMode::Point && o.DefaultNumber() == o.Max();
     o.SetDefault(toMinimum ? o.Min() : o.Max());
   }
   feedback.PlayObservationSound(obs, CurrentInt());
@@ -172,11 +166,11 @@ void Registrations::Show() {
   auto& f = ctx.fields;
   Grid& grid = ctx.form.Grid;
   f.GridBusy = true;
-  const int type = Current().DataTypeID;
+  const DataType type = Current().DataTypeID;
   if (HasBar(type))
     grids.ShowBar(f.CurrentObs);
   grids.ShowCell(f.CurrentRow, f.CurrentObs);
-  if (type == TypeText) {
+  if (type == DataType::Text) {
     grid.SetRow(f.CurrentRow);
     grid.SetCol(f.CurrentObs);
     grid.SetCellAlignment(f.CurrentRow, f.CurrentObs, Align::Left);

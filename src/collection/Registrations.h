@@ -37,7 +37,7 @@ private:
   void DeleteCell();
   ClassObservation& Current() const { return ctx.rooms.setup.Observations(ctx.fields.CurrentObs); }
   int CurrentInt() const;
-  bool Paused() const { return ctx.Flags().RunState == 2; }
+  bool Paused() const { return ctx.Flags().RunState == RunStates::Paused; }
 
   RunContext& ctx;
   KeyRing& ring;

@@ -10,8 +10,8 @@ namespace {
 constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind START
 } // namespace
 
-// The waits let ticks and link messages in while RunState is still 0; the guard keeps their commands out, and an exit
-// among them sets `ending`, after which this start has nothing more to do.
+// The waits let ticks and link messages in while RunState is still Idle; the guard keeps their commands out, and an
+// exit among them sets `ending`, after which this start has nothing more to do.
 void Run::Start_Run() {
   if (!ctx.fields.BusyGuard || ctx.fields.preparing)
     return;
@@ -35,7 +35,7 @@ void Run::Start_Run() {
   ring.Clear();
   ctx.fields.AwaitValue = false; // the run before may have ended between the two keys of a pair
   ctx.fields.heldDmi = 0;
-  ctx.Flags().RunState = 1;
+  ctx.Flags().RunState = RunStates::Running;
 }
 
 // File, step and station of the start. False: no run, silently.
@@ -134,7 +134,7 @@ void Run::Pause_Run() {
   grid.SetSelectionMarks(true);
   ctx.rooms.platform.shell.SetFocus(grid);
   SetButtons(true, false, true);
-  ctx.Flags().RunState = 2;
+  ctx.Flags().RunState = RunStates::Paused;
   if (!ctx.Flags().FromLink)
     ctx.Send("CTRL PAUSE");
 }
@@ -152,7 +152,7 @@ void Run::Resume_Run() {
     ctx.Send("STATUS START");
   }
   if (!ctx.fields.ending) // an exit in these sends has ended the run
-    ctx.Flags().RunState = 1;
+    ctx.Flags().RunState = RunStates::Running;
 }
 
 // Tests the guard and leaves it: a cleared one would keep its own Stop_Run out.
@@ -177,7 +177,7 @@ void Run::Stop_Run() {
   if (!ctx.Flags().FromLink) {
     ctx.Send("CTRL STOP " + WireNumber(ctx.Position().KeyStation.Default()));
     ctx.Send("STATUS STOP " + WireNumber(ctx.Position().KeyStation.Default()));
-    if (ctx.Flags().RunState == 0) // the close box in these sends has done all that follows
+    if (ctx.Flags().RunState == RunStates::Idle) // the close box in these sends has done all that follows
       return;
   }
   layout.UncoverTabs();
@@ -192,7 +192,7 @@ void Run::Stop_Run() {
   grids.ResetValues();
   RestoreNumLock();
   ctx.fields.heldDmi = 0;
-  ctx.Flags().RunState = 0;
+  ctx.Flags().RunState = RunStates::Idle;
 }
 
 // The running step ends here and now. Bottom row first, so that the oldest is stored first.
@@ -212,7 +212,7 @@ void Run::StopAndClose() {
   ctx.fields.ending = true;
   ctx.form.IdleTimer.SetRunning(false);
   grids.FinishRow();
-  if (ctx.Flags().RunState != 0) {
+  if (ctx.Flags().RunState != RunStates::Idle) {
     ctx.fields.BusyGuard = true; // also from inside a command: it lets go when it comes back from its pump
     Stop_Run();
   } else if (ctx.fields.starting) {

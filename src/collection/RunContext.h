@@ -16,7 +16,7 @@ struct RunFields {
   // two seconds with ticks and link messages running inside, and its own echo must not begin a second start there.
   bool BusyGuard = true;
   int commandsOnStack = 0;
-  bool starting = false;   // Start_Run is on the stack, RunState still 0
+  bool starting = false;   // Start_Run is on the stack, RunState still Idle
   bool asking = false;     // the new-file form is up, or has gone for a file of the link and its showing ends soon
   bool preparing = false;  // Prepare_File is on the stack, the file not yet open
   bool leaveLater = false; // an exit came in meanwhile: the next tick carries it out

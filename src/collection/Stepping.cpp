@@ -24,7 +24,7 @@ double MileFeetToKm(double v) {
 } // namespace
 
 void Stepping::Check_DMI() {
-  if (ctx.Flags().RunState != 1)
+  if (ctx.Flags().RunState != RunStates::Running)
     return;
   if (ctx.fields.rowOnStack) {
     ++ctx.fields.heldDmi;
@@ -39,7 +39,7 @@ void Stepping::Check_DMI() {
 void Stepping::ReleaseHeldDmi() {
   while (ctx.fields.heldDmi > 0 && !ctx.fields.rowOnStack) {
     --ctx.fields.heldDmi;
-    if (ctx.Flags().RunState == 1)
+    if (ctx.Flags().RunState == RunStates::Running)
       CrossBoundary();
   }
 }
@@ -140,7 +140,7 @@ void Stepping::Set_UpDnIcon() {
 }
 
 void Stepping::UpDnPicture_Click() {
-  if (ctx.Flags().RunState != 0 || ctx.fields.starting) // the first boundary lies ahead already
+  if (ctx.Flags().RunState != RunStates::Idle || ctx.fields.starting) // the first boundary lies ahead already
     return;
   ctx.Position().DmiIncreasing = !ctx.Position().DmiIncreasing;
   Set_UpDnIcon();
@@ -153,7 +153,7 @@ double Stepping::StepPercent() const {
 }
 
 void Stepping::RefreshStepBar() {
-  if (ctx.Flags().RunState != 1 || ctx.Position().StepSize.Default() == 0)
+  if (ctx.Flags().RunState != RunStates::Running || ctx.Position().StepSize.Default() == 0)
     return;
   // A vehicle that has backed up behind the boundary gives a negative number, which the bar takes for that of a
   // picture.

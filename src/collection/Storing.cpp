@@ -4,17 +4,11 @@
 
 namespace trekor {
 
-namespace {
-constexpr int TypeText = 4;
-constexpr int StepStation = 0, EventStation = 1; // as stored
-} // namespace
-
 void Storing::Flush_Row(const GridRow& row) {
   const bool step = row.kind == RowKind::Step;
   const auto before = ctx.fields.LastStationID;
   ctx.rooms.dataFiles.BeginRow();
-  const auto station =
-      ctx.rooms.dataFiles.AddStation({step ? StepStation : EventStation, row.station, row.time, row.fix});
+  const auto station = ctx.rooms.dataFiles.AddStation({row.kind, row.station, row.time, row.fix});
   if (step)
     StoreSpan(row, station);
   else
@@ -27,7 +21,7 @@ void Storing::Flush_Row(const GridRow& row) {
 void Storing::StorePoint(const GridRow& row, std::int32_t station) {
   if (!ctx.rooms.setup.Has(row.obs))
     return;
-  const bool text = ctx.rooms.setup.Observations(row.obs).DataTypeID == TypeText;
+  const bool text = ctx.rooms.setup.Observations(row.obs).DataTypeID == DataType::Text;
   const auto column = static_cast<std::size_t>(text ? MergedTextColumn : row.obs);
   // A setup of one observation has no column for the merged text: its text events leave a station and nothing else.
   if (column < row.cells.size())
@@ -39,9 +33,9 @@ void Storing::StorePoint(const GridRow& row, std::int32_t station) {
 void Storing::StoreSpan(const GridRow& row, std::int32_t station) {
   const std::int32_t from = ctx.fields.LastStationID != 0 ? ctx.fields.LastStationID : station;
   for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i) {
-    const int mode = ctx.rooms.setup.Observations(i).RegModeCode;
+    const RegMode mode = ctx.rooms.setup.Observations(i).RegModeCode;
     const std::string& cell = row.cells.at(static_cast<std::size_t>(i));
-    if (!TrimView(cell).empty() || (mode != 0 && mode != 1))
+    if (!TrimView(cell).empty() || (mode != RegMode::Point && mode != RegMode::PresentStep))
       StoreRegistration(from, station, i, cell);
   }
   ctx.fields.LastStationID = station;
@@ -55,7 +49,7 @@ void Storing::StoreRegistration(std::int32_t from, std::int32_t to, int obs, con
 void Storing::StoreStartStation() {
   ctx.rooms.dataFiles.BeginRow();
   ctx.rooms.dataFiles.AddStation(
-      {StepStation, ctx.Position().KeyStation.FiledValue(), ctx.rooms.platform.clock.Now(), ctx.State().gps.fix});
+      {RowKind::Step, ctx.Position().KeyStation.FiledValue(), ctx.rooms.platform.clock.Now(), ctx.State().gps.fix});
   ctx.rooms.dataFiles.EndRow();
   ctx.fields.LastStationID = ctx.State().file.StationID; // an older one, or 0, when the disk was full
 }

@@ -123,7 +123,7 @@ bool CommaFile::PassStations(Walk& w, std::int32_t sessionID) {
       p.StationMinimum.SetDefault(km);
     if (km > p.StationMaximum.Default())
       p.StationMaximum.SetDefault(km);
-    if (row.Integer(LimType) == 0) {
+    if (row.Integer(LimType) == std::int64_t{static_cast<int>(RowKind::Step)}) {
       p.PreviousStation.SetFileValue(p.KeyStation.FileValue());
       p.KeyStation.SetFileValue(RecordStation.FileValue());
     }

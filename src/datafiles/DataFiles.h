@@ -5,6 +5,7 @@
 // with every row that had left the buffer, and no half row.
 #pragma once
 
+#include "datafiles/RowKind.h"
 #include "platform/Platform.h"
 #include "setup/TestSetup.h"
 #include "state/ProgramState.h"
@@ -51,7 +52,7 @@ struct SessionRow {
 
 // The fields of a station that the caller gives.
 struct NewStation {
-  int StationType = 0;    // 0 a step's end, 1 an event
+  RowKind StationType = RowKind::Step;
   double FileStation = 0; // file units, with the digits that the file keeps (Station::FiledValue)
   LocalTime Time;
   GpsFix fix;

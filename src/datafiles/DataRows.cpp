@@ -33,7 +33,7 @@ std::int32_t DataFiles::AddStation(const NewStation& station) {
   RecordStation.SetFileValue(station.FileStation);
   SetFields(*rsStations, stationPlaces,
             {state.file.SessionID, RecordStation.FileValue(), state.units.FileStationUnit,
-             StationDirection(state.position), station.StationType, CutText(state.facility.Lane, 50),
+             StationDirection(state.position), static_cast<int>(station.StationType), CutText(state.facility.Lane, 50),
              CutText(state.facility.LaneNumber, 16), DateText(station.Time), fix.GpsStatus, fix.GpsTime,
              fix.GpsLatitude, fix.GpsLongitude, double{fix.GpsHeight}, fix.GpsSVs});
   const auto id = static_cast<std::int32_t>(rsStations->Get("StationID").Integer());
@@ -71,11 +71,11 @@ void DataFiles::AddObservation(const ClassObservation& obs) {
   row.Set("ParName", obs.ParNameFile());
   row.Set("ParAbrv", obs.ParAbrvFile());
   dbSaveImage(&row, "ParIcon", obs.ParIcon(), state.folders, platform);
-  row.Set("DataType", obs.DataTypeID);
+  row.Set("DataType", static_cast<int>(obs.DataTypeID));
   row.Set("TextUtil", obs.FileText());
   row.Set("Min", obs.Min());
   row.Set("Max", obs.Max());
-  row.Set("RegModeCode", obs.RegModeCode);
+  row.Set("RegModeCode", static_cast<int>(obs.RegModeCode));
   row.Update();
 }
 

@@ -47,7 +47,7 @@ void Form::SetFont(Font f) {
   Tell(Change::Font);
 }
 
-void Form::SetWindowState(int state) {
+void Form::SetWindowState(WindowStates state) {
   if (windowState == state)
     return;
   windowState = state;

@@ -9,6 +9,8 @@
 
 namespace trekor {
 
+enum class WindowStates { Normal, Minimised, Maximised };
+
 class Form {
 public:
   explicit Form(std::string name);
@@ -33,9 +35,9 @@ public:
   bool Loaded = false;
   bool Shown = false;
   bool ToolWindow = false; // floats above the main form
-  // 0 normal, 1 minimised, 2 maximised. The view writes it when the window changes; code through SetWindowState.
-  int WindowState() const { return windowState; }
-  void SetWindowState(int state);
+  // The view writes it when the window changes; code through SetWindowState.
+  WindowStates WindowState() const { return windowState; }
+  void SetWindowState(WindowStates state);
   // Brings the picture up to date at once.
   void Refresh();
 
@@ -81,7 +83,7 @@ private:
   void HandOverFocus(const Control& from);
 
   std::string name, caption;
-  int windowState = 0;
+  WindowStates windowState = WindowStates::Normal;
   std::vector<Control*> controls;
   std::vector<std::unique_ptr<Control>> elements; // made by LoadElement
   Listener* listener = nullptr;

@@ -220,7 +220,7 @@ void Dispatcher::Set(std::string_view message) {
 // SET DMI 1000 I 12.35
 // 1 a number that is only sent back, 2 "I" or "1" when stations increase, 3 the position in kilometres
 void Dispatcher::SetDmi(std::string_view message) {
-  if (state.run.RunState != 0)
+  if (state.run.RunState != RunStates::Idle)
     return;
   const auto words = SocketProp::SplitViews(message).Words;
   Positions& position = state.position;

@@ -77,11 +77,11 @@ const ObsValue& ClassObservation::Larger() const {
 }
 
 ObsValue ClassObservation::Lowest() const {
-  return DataTypeID == 0 ? ObsValue(0) : Smaller();
+  return DataTypeID == DataType::Boolean ? ObsValue(0) : Smaller();
 }
 
 ObsValue ClassObservation::Highest() const {
-  return DataTypeID == 0 ? ObsValue(1) : Larger();
+  return DataTypeID == DataType::Boolean ? ObsValue(1) : Larger();
 }
 
 void ClassObservation::IncValue() {
@@ -89,13 +89,13 @@ void ClassObservation::IncValue() {
 }
 
 void ClassObservation::Reset() {
-  if (DataTypeID != 4)
+  if (DataTypeID != DataType::Text)
     present = Lowest();
 }
 
 void ClassObservation::SetDefault(const ObsValue& v) {
   const std::string text = Trim(ObsValueText(v));
-  if (DataTypeID == 4) {
+  if (DataTypeID == DataType::Text) {
     present = text;
     return;
   }
@@ -104,7 +104,7 @@ void ClassObservation::SetDefault(const ObsValue& v) {
     present = Lowest();
   if (ObsValueNumber(present) > Max())
     present = Highest();
-  if (DataTypeID == 1) {
+  if (DataTypeID == DataType::Integer) {
     // A number beyond 32 bits cannot be converted and stays a real one.
     if (const std::optional<std::int32_t> whole = ToInteger32(ObsValueNumber(present)))
       present = *whole;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "forms/Controls.h"
+#include "setup/ObservationCodes.h"
 
 #include <cstdint>
 #include <string>
@@ -44,7 +45,9 @@ public:
   std::string FileText() const;
   void SetDispText(std::string t) { dispText = std::move(t); }
   void SetFileText(std::string t) { fileText = std::move(t); }
-  int RegModeCode = 1, KeyingCode = 0, DataTypeID = 0;
+  RegMode RegModeCode = RegMode::PresentStep;
+  int KeyingCode = 0; // 2: a second key gives the value
+  DataType DataTypeID = DataType::Boolean;
   std::int32_t ObsParID = 0;
   int KeyCode() const { return keyCode; }
   void SetKeyCode(int code); // -1 when the key is invalid or another observation holds it
@@ -64,8 +67,8 @@ public:
               std::string icon); // kept, never returned
 
   // Mode tests of the collection.
-  bool MakesOwnRow() const { return RegModeCode <= 0 || RegModeCode == 3; }
-  bool IsCarried() const { return RegModeCode < 0 || RegModeCode >= 2; }
+  bool MakesOwnRow() const { return RegModeCode <= RegMode::Point || RegModeCode == RegMode::PointContinues; }
+  bool IsCarried() const { return RegModeCode < RegMode::Point || RegModeCode >= RegMode::Continues; }
 
 private:
   const ObsValue& Smaller() const;

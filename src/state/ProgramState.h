@@ -33,12 +33,12 @@ struct CommandLineFlags {
   std::string Language = "English", CapColumn = "CapEnglish", TipColumn = "TipEnglish", HelpColumn = "HelpEnglish";
 };
 
-enum class RunStates : int { Idle = 0, Running = 1, Paused = 2 };
+enum class RunStates { Idle, Running, Paused };
 
 struct RunFlags {
-  int RunState = 0;         // 0 idle, 1 running, 2 paused; written by the run alone
-  bool FromLink = false;    // an incoming message is being carried out
-  bool DmiReceived = false; // set by the first "DMI", ends the simulation
+  RunStates RunState = RunStates::Idle; // written by the run alone
+  bool FromLink = false;                // an incoming message is being carried out
+  bool DmiReceived = false;             // set by the first "DMI", ends the simulation
   bool Simulator = false;
   int UserLevel = 0; // -1, 0, 1 or 9
   bool DataFileOpen = false;

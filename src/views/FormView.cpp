@@ -130,10 +130,10 @@ void FormView::FollowGeometry() {
   const QRect place = Visible(wanted, screen);
   window->resize(place.size());
   window->move(place.topLeft());
-  if (form.WindowState() == 0)
+  if (form.WindowState() == WindowStates::Normal)
     window->setWindowState(window->windowState() & ~(Qt::WindowMinimized | Qt::WindowMaximized));
   else
-    window->setWindowState(form.WindowState() == 1 ? Qt::WindowMinimized : Qt::WindowMaximized);
+    window->setWindowState(form.WindowState() == WindowStates::Minimised ? Qt::WindowMinimized : Qt::WindowMaximized);
   following = false;
   if (place.size() != wanted.size())
     WindowResized(window->Sheet()->size());
@@ -240,7 +240,7 @@ void FormView::WindowResized(QSize inside) {
 }
 
 void FormView::WindowMoved(QPoint corner) {
-  if (following || detached || form.WindowState() != 0)
+  if (following || detached || form.WindowState() != WindowStates::Normal)
     return;
   form.Left = Twips(corner.x());
   form.Top = Twips(corner.y());
@@ -250,7 +250,9 @@ void FormView::WindowStateChanged(Qt::WindowStates state) {
   if (following || detached)
     return;
   following = true;
-  form.SetWindowState(state & Qt::WindowMinimized ? 1 : state & Qt::WindowMaximized ? 2 : 0);
+  form.SetWindowState(state & Qt::WindowMinimized   ? WindowStates::Minimised
+                      : state & Qt::WindowMaximized ? WindowStates::Maximised
+                                                    : WindowStates::Normal);
   following = false;
 }
 

@@ -37,8 +37,8 @@ TEST_F(FileMenuStories, DataThatStandNowhereElseAreNeverDeleted) {
   fakes.drives.MakeFolders("C:\\Other");
   // Without items whose blank cells are stored too, so that a step can be without registrations.
   for (int i = 1; i <= setup.ObsCount(); ++i)
-    if (setup.Observations(i).RegModeCode != 0)
-      setup.Observations(i).RegModeCode = 1;
+    if (setup.Observations(i).RegModeCode != RegMode::Point)
+      setup.Observations(i).RegModeCode = RegMode::PresentStep;
   const auto fail = [this](const std::string& path) { fakes.drives.failing.push_back(path); };
   const struct {
     const char* name;

@@ -113,10 +113,10 @@ TEST_F(Focus, InARunTheKeysOfEveryWindowAreTheRuns) {
   EXPECT_TRUE(form.OnKeyElsewhere(F3, 0));
   Tick(2);
   EXPECT_EQ(Cell(0, Crack), "1");
-  EXPECT_EQ(State(), 2);
+  EXPECT_EQ(State(), RunStates::Paused);
   EXPECT_TRUE(form.OnKeyElsewhere(F4, 0)); // would put the keypad away
   Tick();
-  EXPECT_EQ(State(), 0);
+  EXPECT_EQ(State(), RunStates::Idle);
   EXPECT_TRUE(keypad.Shown);
   // In idle its keys go to the shared ones first.
   state.run.UserLevel = 1;
@@ -146,7 +146,7 @@ TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
   state.position.StepSize.SetDefault(0);
   Answer("0"); // no run with such a step: the prompt has frozen the key for nothing
   Key(F2);
-  EXPECT_EQ(State(), 0);
+  EXPECT_EQ(State(), RunStates::Idle);
   EXPECT_FALSE(lock);
   lock = true;
   fakes.shell.scripts["FileNewDialog2"] = [this](Form&) { Link("CTRL EXIT"); };

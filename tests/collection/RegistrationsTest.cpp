@@ -17,7 +17,7 @@ TEST_F(KeyPresses, NoLetterReachesAControlInARun) {
 }
 
 TEST_F(KeyPresses, ATwoKeyPointInAPauseNeverAsksForTheStation) {
-  setup.Observations(Rut).RegModeCode = 0;
+  setup.Observations(Rut).RegModeCode = RegMode::Point;
   Press(F3);
   Press('E');
   Press('4');

@@ -165,7 +165,7 @@ void RunFixture::StartFromLink(double km, const std::string& step) {
   Dmi(km);
   Link("CTRL PREPARE " + NumberToText(km));
   Link("CTRL START");
-  ASSERT_EQ(State(), 1);
+  ASSERT_EQ(State(), RunStates::Running);
   Sent();
 }
 
@@ -173,7 +173,7 @@ void RunFixture::StartAt(double km, const std::string& step) {
   Type(form.Texts7, step);
   Answer(NumberToText(km));
   Key(F2);
-  ASSERT_EQ(State(), 1);
+  ASSERT_EQ(State(), RunStates::Running);
 }
 
 void RunFixture::Press(int key) {

@@ -63,7 +63,7 @@ protected:
   std::string Bar(int col) const { return form.Grid.CellPicture(Grids::BarRow, col); }
   Texts Roads() const; // column 0 of all rows, newest first
   Texts Sounds();      // file names played since the last call
-  int State() const { return state.run.RunState; }
+  RunStates State() const { return state.run.RunState; }
   RunFields& Fields() { return run.Subjects().ctx.fields; }
 
   // What is stored: a row each, fields joined by a blank.

@@ -2,12 +2,12 @@
 
 namespace trekor::tests {
 
-class RunStates : public RunFixture {
+class StatesOfTheRun : public RunFixture {
 protected:
   void SetUp() override { Load(); }
 };
 
-TEST_F(RunStates, AZeroStepIsAskedForEvenWhenTheLinkStarts) {
+TEST_F(StatesOfTheRun, AZeroStepIsAskedForEvenWhenTheLinkStarts) {
   OpenFile();
   state.position.StepSize.SetDefault(0);
   Answer("0.5");
@@ -16,21 +16,21 @@ TEST_F(RunStates, AZeroStepIsAskedForEvenWhenTheLinkStarts) {
   EXPECT_EQ(Roads(), Texts{"0.000 to 0.500"});
 }
 
-TEST_F(RunStates, AStepThatIsNotPositiveLeavesTheStateIdleAndSaysNothing) {
+TEST_F(StatesOfTheRun, AStepThatIsNotPositiveLeavesTheStateIdleAndSaysNothing) {
   OpenFile();
   form.Texts7.SetText("-0.1"); // the box was never left
   Sent();
   Key(F2);
-  EXPECT_EQ(State(), 0);
+  EXPECT_EQ(State(), RunStates::Idle);
   EXPECT_TRUE(Sent().empty());
   EXPECT_EQ(Rows(), 0);
   Type(form.Texts7, "0.1"); // the guard is free again
   Answer("1");
   Key(F2);
-  EXPECT_EQ(State(), 1);
+  EXPECT_EQ(State(), RunStates::Running);
 }
 
-TEST_F(RunStates, FirstBoundaryLiesOnTheStepsOfTheRoad) {
+TEST_F(StatesOfTheRun, FirstBoundaryLiesOnTheStepsOfTheRoad) {
   struct Case {
     const char* start;
     bool increasing;
@@ -49,13 +49,13 @@ TEST_F(RunStates, FirstBoundaryLiesOnTheStepsOfTheRoad) {
   }
 }
 
-TEST_F(RunStates, KeyFormsHideWithTheMinimisedForm) {
+TEST_F(StatesOfTheRun, KeyFormsHideWithTheMinimisedForm) {
   form.mnuViewKeyPad.Click();
   EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
-  form.SetWindowState(1);
+  form.SetWindowState(WindowStates::Minimised);
   Tick(40);
   EXPECT_FALSE(run.Subjects().keyPictures.frmKeyPad.Shown);
-  form.SetWindowState(0);
+  form.SetWindowState(WindowStates::Normal);
   Tick(40);
   EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
 }

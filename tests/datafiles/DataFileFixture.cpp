@@ -36,8 +36,8 @@ Job::Job() {
 ClassObservation& Job::Offer(int code, const std::string& name, const std::string& abbreviation, int mode, double max) {
   ClassObservation& obs = setup.AddObservation();
   obs.ObsCode = code;
-  obs.DataTypeID = 1;
-  obs.RegModeCode = mode;
+  obs.DataTypeID = DataType::Integer;
+  obs.RegModeCode = RegMode{mode};
   obs.SetMin(0);
   obs.SetMax(max);
   obs.SetObsNames("on screen", name, "scr", abbreviation);
@@ -59,8 +59,8 @@ void Job::Fix(double latitude, double longitude, double height, int status, int 
   next.fix = {0, latitude, longitude, static_cast<float>(height), status, satellites};
 }
 
-std::int32_t Job::Stand(const std::string& station, int type) {
-  next.StationType = type;
+std::int32_t Job::Stand(const std::string& station, RowKind kind) {
+  next.StationType = kind;
   next.FileStation = TextToDouble(StationDigits(station));
   machine.clock.Advance(1000);
   next.Time = machine.clock.Now();

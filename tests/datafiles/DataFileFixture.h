@@ -28,8 +28,8 @@ struct Job {
   bool Create(const std::string& name);
   // Offers the observation 5 and creates the file.
   void Begin(const std::string& name = "JOB");
-  std::int32_t Step(const std::string& station) { return Stand(station, 0); }
-  std::int32_t Event(const std::string& station) { return Stand(station, 1); }
+  std::int32_t Step(const std::string& station) { return Stand(station, RowKind::Step); }
+  std::int32_t Event(const std::string& station) { return Stand(station, RowKind::Event); }
   void Value(std::int32_t from, std::int32_t to, int code, const std::string& text, int parCode = 0);
   // The fix of the stations that follow.
   void Fix(double latitude, double longitude, double height = 0, int status = 4, int satellites = 9);
@@ -44,7 +44,7 @@ struct Job {
   std::string DataFile(const std::string& name) { return "D:\\Data\\" + name + ".mdb"; }
 
 private:
-  std::int32_t Stand(const std::string& station, int type);
+  std::int32_t Stand(const std::string& station, RowKind kind);
   NewStation next;
 };
 

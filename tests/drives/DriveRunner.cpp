@@ -137,9 +137,9 @@ void DriveRunner::TellForm() {
   const auto shown = [](const Control& control, const std::string& text) {
     return control.Enabled() ? text : "(" + text + ")"; // greyed
   };
-  told += "state " + std::to_string(program->state.run.RunState) + ", " + form.Caption() + ", station " +
-          shown(form.Texts6, form.Texts6.Text()) + " step " + shown(form.Texts7, form.Texts7.Text()) + " previous " +
-          form.Texts8.Text() + " " + shown(form.UpDnPicture, form.UpDnPicture.Picture()) + ", " +
+  told += "state " + std::to_string(static_cast<int>(program->state.run.RunState)) + ", " + form.Caption() +
+          ", station " + shown(form.Texts6, form.Texts6.Text()) + " step " + shown(form.Texts7, form.Texts7.Text()) +
+          " previous " + form.Texts8.Text() + " " + shown(form.UpDnPicture, form.UpDnPicture.Picture()) + ", " +
           shown(form.cboTestSetupNames, form.cboTestSetupNames.Text()) + ", " + shown(form.mnuFile, "file") +
           (form.tbControlBar.ButtonEnabled("play") ? " play" : "") + (fakes.keyboard.numLock ? " numlock" : "") +
           (form.Grid.Top == form.tbControlBar.Height ? " wide" : "") + (form.IdleTimer.Running() ? "" : " at rest") +

@@ -54,7 +54,7 @@ TEST_F(FormTest, TheFormTellsOnlyWhatHasChanged) {
   for (int time = 0; time < 2; ++time) {
     form.SetCaption("Trekor");
     form.Move(0, 0, 100, 50);
-    form.SetWindowState(2);
+    form.SetWindowState(WindowStates::Maximised);
   }
   EXPECT_EQ(heard, (std::vector<Change>{Change::Caption, Change::Geometry, Change::Geometry}));
 }

@@ -45,7 +45,7 @@ TEST_F(DispatcherTest, WhatItDoesNotKnowHasNoAnswerAndNoEffect) {
   Arrive(std::string("\0CTRL START\r\nCTRL\0 START\r\n", 26));
   EXPECT_EQ(Sent(), Lines{});
   EXPECT_FALSE(state.units.UnitsUS);
-  EXPECT_EQ(state.run.RunState, 0);
+  EXPECT_EQ(state.run.RunState, RunStates::Idle);
 }
 
 TEST_F(DispatcherTest, InitTellsUnitsAndPositionBeforeTheAnswer) {
@@ -114,10 +114,12 @@ TEST_F(DispatcherTest, SetDmiIsForIdleOnly) {
   EXPECT_TRUE(state.position.DmiIncreasing);
   EXPECT_EQ(state.position.DmiStation.Default(), 0.5);
   EXPECT_EQ(form.DmiDirLabel.Caption(), "1");
-  for (state.run.RunState = 1; state.run.RunState <= 2; ++state.run.RunState)
+  for (const RunStates inRun : {RunStates::Running, RunStates::Paused}) {
+    state.run.RunState = inRun;
     Line("SET DMI 7 D 9.5");
+  }
   EXPECT_EQ(state.position.DmiStation.Default(), 0.5);
-  state.run.RunState = 0;
+  state.run.RunState = RunStates::Idle;
   Line("SET DMI 99999 i");
   EXPECT_EQ(state.position.DmiSetValue, 1000);
   EXPECT_FALSE(state.position.DmiIncreasing); // a value keeps its case

@@ -87,7 +87,7 @@ struct Vehicle {
     }
     if (paused)
       Link("CTRL SUSPEND");
-    ASSERT_EQ(program->state.run.RunState, paused ? 2 : 1);
+    ASSERT_EQ(program->state.run.RunState, paused ? RunStates::Paused : RunStates::Running);
     Sent();
   }
 
@@ -266,9 +266,9 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
 
 TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   ASSERT_TRUE(Main());
-  program->form.SetWindowState(1);
+  program->form.SetWindowState(WindowStates::Minimised);
   EXPECT_TRUE(program->form.OnQueryUnload());
-  EXPECT_EQ(program->form.WindowState(), 0);
+  EXPECT_EQ(program->form.WindowState(), WindowStates::Normal);
 }
 
 // The program's last second: the window is still there, and nothing may begin.

@@ -23,14 +23,18 @@ private:
   static void ExpectSound(ClassObservation& obs) {
     ASSERT_LE(obs.Min(), obs.Max());
     ASSERT_TRUE(obs.KeyCode() == -1 || Valid_KeyCode(obs.KeyCode())) << obs.KeyCode();
-    for (const int code : {obs.RegModeCode, obs.KeyingCode, obs.DataTypeID, obs.ObsCode})
+    for (const int code :
+         {static_cast<int>(obs.RegModeCode), obs.KeyingCode, static_cast<int>(obs.DataTypeID), obs.ObsCode})
       ASSERT_TRUE(code >= -32768 && code <= 32767) << code;
     ASSERT_FALSE((obs.ObsNameDisp() + obs.ObsAbrvFile() + obs.ObsIcon()).empty());
     for (const char* value : {"1E300", "-1E300", "2,5", ""}) {
       obs.SetDefault(value);
-      const double rounding = obs.DataTypeID == 1 ? 0.5 : 0; // a limit between two whole numbers is passed by a hair
+      const double rounding =
+          obs.DataTypeID == DataType::Integer ? 0.5 : 0; // a limit between two whole numbers is passed by a hair
       const double number = obs.DefaultNumber();
-      ASSERT_TRUE(obs.DataTypeID == 4 || (number >= obs.Min() - rounding && number <= obs.Max() + rounding)) << value;
+      ASSERT_TRUE(obs.DataTypeID == DataType::Text ||
+                  (number >= obs.Min() - rounding && number <= obs.Max() + rounding))
+          << value;
       obs.IncValue();
       obs.Reset();
     }

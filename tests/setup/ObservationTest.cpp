@@ -6,7 +6,7 @@ class Observation : public Vocabulary {
 protected:
   ClassObservation& Make(int dataType, ObsValue min, ObsValue max) {
     ClassObservation& obs = setup.AddObservation();
-    obs.DataTypeID = dataType;
+    obs.DataTypeID = DataType{dataType};
     obs.SetMin(std::move(min));
     obs.SetMax(std::move(max));
     obs.Reset();
