@@ -117,7 +117,7 @@ TEST_F(UpdateDatabaseTest, WithoutABackupNothingIsReplaced) {
   EXPECT_EQ(Boxes(), Words{working + " could not be backed up! Update cancelled"});
   EXPECT_TRUE(fakes.clock.Milliseconds() >= 500 && fakes.pump.sleeps == fakes.pump.count) << "a second try, asleep";
   EXPECT_TRUE(Untouched());
-  // What holds the file for a moment lets go within the pause.
+  // The file is held for a moment that ends within the pause.
   drives.DeleteFile(bak);
   drives.uncopied = working;
   fakes.pump.Post([this] { drives.uncopied.clear(); });

@@ -1,5 +1,5 @@
-// Whatever fails in an update, and wherever it is killed: under the name stands the old content or the new one, there
-// is a backup, and the next start completes it.
+// Whatever fails in an update, and wherever it is killed: the file holds the old content or the new one, there is a
+// backup, and the next start completes the update.
 #include "UpdateFixture.h"
 
 #include "support/Child.h"
@@ -46,7 +46,7 @@ protected:
       for (const auto& entry : std::filesystem::directory_iterator(drives.NativePath(folder)))
         EXPECT_EQ(entry.path().filename(), "Software.mdb");
   }
-  // Updates in another process, as one that is to die; true when it was killed or failed.
+  // Updates in another process, which a test lets be killed or fail; true when that happened.
   bool UpdateAside(const std::function<void()>& prepare) {
     return Child([&](Child&) {
              prepare();
@@ -137,7 +137,7 @@ TEST_F(UpdateStrengthTest, AFileThatOthersUseIsNotReplaced) {
   }
 }
 
-// What could not be read is not what the site never had.
+// An unreadable file is not taken for an empty one.
 TEST_F(UpdateStrengthTest, ADamagedFileIsNotReplacedByHalfOfItsRows) {
   Prepare();
   std::string bytes = before;

@@ -180,7 +180,7 @@ TEST_F(SocketPropTest, TheWatchdogBringsBackAllButAPeersClose) {
     socket.form.WDT.Fire();
   EXPECT_EQ(socket.form.txtState.Text(), "Peer Closing");
   EXPECT_EQ(fake.socket.connects, connects);
-  socket.form.cmdConnect.OnClick(); // only a hand helps
+  socket.form.cmdConnect.OnClick(); // only the operator's Connect helps
   EXPECT_EQ(fake.socket.connects, connects + 1);
 }
 
@@ -226,7 +226,7 @@ TEST_F(SocketPropTest, UnloadingSaysExitWaitsAndHearsNothingMore) {
   };
   fake.socket.Line("DMI 2");
   const double before = fake.clock.Milliseconds();
-  Arrive("CTRL EXIT\r\nDMI 1\r\n"); // what stands behind the order to leave is left
+  Arrive("CTRL EXIT\r\nDMI 1\r\n"); // what comes behind the exit is not carried out
   EXPECT_GE(fake.clock.Milliseconds(), before + 1000);
   EXPECT_GE(fake.pump.sleeps, 990); // the second, but for what the sends pump
   EXPECT_EQ(TakeHeard(), Lines{"CTRL EXIT"});
@@ -268,7 +268,7 @@ TEST(SplitMessageTest, QuotesHoldWordsTogether) {
       {R"("abc)", {"abc"}},
       {R"(")", {""}},
       {R"(a"b c"d)", {"a\"b", "c\"d"}}, // inside a plain word a quote is a character
-      {R"("a"bc d)", {"a", "c", "d"}},  // the place behind a closing quote is jumped over unseen
+      {R"("a"bc d)", {"a", "c", "d"}},  // the character behind a closing quote is skipped
       {R"("a"""b)", {"a", "b"}},
       {"SI   STNFEET ", {"SI", "STNFEET"}},
   };

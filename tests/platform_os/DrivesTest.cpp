@@ -122,14 +122,14 @@ TEST_F(DrivesTest, ACopyIsOnTheDiskBeforeTheOlderOneAndItsLogGo) {
   EXPECT_EQ(watched.steps, (Names{"new old", "new old", "folder new"})) << "one failed, one done";
   EXPECT_EQ(Everything().size(), 2U) << "no log";
 
-  // A log that can't go would be played into the copy.
+  // A log that can't be removed would be played into the copy.
   Write("C/road.mdb-wal/kept", "");
   Write("C/from.mdb", "newer");
   EXPECT_FALSE(watched.CopyFile("C:\\from.mdb", "C:\\road.mdb"));
   EXPECT_EQ(Read("C/road.mdb"), "new");
   fs::remove_all(Native("C/road.mdb-wal"));
 
-  // A successor that was built otherwise goes the same way.
+  // ReplaceFile ends in the same way.
   const std::string work = Drives::WorkPath("C:\\road.mdb");
   WriteBytes(watched.NativePath(work), "merged");
   EXPECT_EQ(drives.Files("C:\\", "*.*"), (Names{"from.mdb", "road.mdb"})) << "not listed";

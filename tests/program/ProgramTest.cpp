@@ -271,7 +271,7 @@ TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   EXPECT_EQ(program->form.WindowState(), WindowStates::Normal);
 }
 
-// The program's last second: the window is still there, and nothing may begin.
+// While "CTRL EXIT" goes out the window is still there, but nothing may begin.
 TEST_F(ProgramTest, NothingBeginsInTheLastSecond) {
   ASSERT_TRUE(Main());
   fakes.pump.AtPump(200, [this] {

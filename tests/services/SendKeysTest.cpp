@@ -72,7 +72,7 @@ TEST_F(SendKeysTest, PositionsAndKeysAreCharactersNotBytes) {
   EXPECT_EQ(Send("\xC3"), "Key \xC3 could not be interpreted.");
 }
 
-// Every press has its release, whatever stands in the text; none is released that was not down.
+// For any text each press has its release, and no key is released that was not down.
 TEST_F(SendKeysTest, NoKeyStaysDown) {
   const std::vector<std::string> pieces = {"+", "~",  "%",  "(",    ")",      "{",   "}", " ", "a",
                                            "7", "+(", "%(", "DOWN", "{UP 2}", "{F1", "?", "æ", "\xFF"};

@@ -41,8 +41,8 @@ TEST_F(DurabilityTest, ADurableFileIsOnePlainFileAgainAfterTheClose) {
   EXPECT_EQ(BytesOf(path).substr(18, 2), "\1\1") << "the mark of a file without a log";
 }
 
-// A commit that lengthens the log costs as much again as the rows. Without the room for that the log grows as it must,
-// and what the try has taken is given back.
+// A commit that lengthens the log costs twice as much. Without room for the whole log it grows as it is written, and
+// what the attempt took is given back.
 TEST_F(DurabilityTest, TheLogHasItsRoomBeforeTheFirstRowWhereTheDiskHasIt) {
   for (const bool room : {true, false}) {
     SCOPED_TRACE(room);
@@ -95,7 +95,7 @@ TEST_F(DurabilityTest, NestedTransactionsCountAsOneAndRollBackAsOne) {
   database->Rollback();
   EXPECT_EQ(stations->RecordCount(), 0);
   EXPECT_FALSE(database->Commit()) << "none is open";
-  // When the library itself takes one back, what still comes in it must not be stored row by row.
+  // When the library itself rolls back, later rows of the transaction must not be stored one by one.
   database->Begin();
   database->Execute("ROLLBACK");
   EXPECT_FALSE(Add(*stations));
