@@ -1,6 +1,9 @@
 #include "Drive.h"
 #include "LinkServer.h"
 
+#include <QTemporaryDir>
+
+#include <fstream>
 #include <gtest/gtest.h>
 
 using namespace control;
@@ -30,6 +33,18 @@ TEST(DriveTest, TellsTheLineOfAMistake) {
     QString reason;
     EXPECT_FALSE(ReadScript(QString("start 1\n") + line, ".", drive, &reason)) << line;
     EXPECT_TRUE(reason.startsWith("line 2: ")) << reason.toStdString();
+  }
+}
+
+TEST(DriveTest, ABareTrackIsReplayedAndAMarkOfItsOrderIsPassedOver) {
+  const QTemporaryDir folder;
+  std::ofstream(folder.filePath("road.gpx").toStdString())
+      << "\n<gpx><trkpt lat='45' lon='13'/><trkpt lat='46' lon='13'/></gpx>";
+  std::ofstream(folder.filePath("road.drive").toStdString()) << "\xEF\xBB\xBFtrack road.gpx\n";
+  for (const char* name : {"road.gpx", "road.drive"}) {
+    Drive drive;
+    QString reason;
+    EXPECT_TRUE(ReadDrive(folder.filePath(name), drive, &reason) && drive.replaysTrack) << reason.toStdString();
   }
 }
 

@@ -38,6 +38,9 @@ protected:
     program.connectToHost("127.0.0.1", link.Port());
     program.write("IDENTITY Trekor 1 4.8.0 0 Default\r\nSET SYSTEM TREKOR UNKNOWN 7707-104\r\n");
     loop.exec();
+    program.abort();
+    while (link.Connected()) // or the next one would be turned away
+      loop.processEvents(QEventLoop::WaitForMoreEvents);
     return told.replace("\r\n", "\n").toStdString();
   }
 
@@ -64,13 +67,18 @@ TEST_F(PlayerTest, KeepsItsRateHoweverFewTicksThereAre) {
 }
 
 TEST_F(PlayerTest, StandsWhileItWaitsAndGoesOnFromThere) {
-  answer = "SET DMI  0 -1  7.5\r\nANSWER\r\n"; // the operator has turned the vehicle meanwhile
+  // The operator has turned the vehicle meanwhile, and a system that is up already is none that starts.
+  answer = "SET DMI  0 -1  7.5\r\nSET SYSTEM TREKOR\r\nANSWER\r\n";
   EXPECT_EQ(Play("start 1\nspeed 36\nat 0.1 send ASK\nat 0.1 wait ANSWER\nat 0.2 end\n"),
             "SET DMI 0 I 1.0000\nDMI 1.0000\nASK\nDMI 7.5000\nCTRL EXIT\n");
 }
 
 TEST_F(PlayerTest, DoesNotWaitForEver) {
-  EXPECT_EQ(Play("at 0 wait NOBODY\nat 1 end\n"), "SET DMI 0 I 0.0000\nFAILED\n");
+  for (const std::string vain : {"wait NOBODY", "window Nobody", "key Nokey", "screenshot /no/such/place.png"})
+    EXPECT_EQ(Play("at 0 " + vain + "\nat 1 end\n"), "SET DMI 0 I 0.0000\nFAILED\n") << vain;
+  answer = "ANSWER\r\n"; // which only one wait can use
+  EXPECT_EQ(Play("at 0 send ASK\nat 0 wait ANSWER\nat 0.1 wait ANSWER\nat 1 end\n"),
+            "SET DMI 0 I 0.0000\nASK\nFAILED\n");
 }
 
 TEST_F(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
@@ -81,6 +89,11 @@ TEST_F(PlayerTest, ReplaysATrackWithoutTimesAtSixtyKilometresAnHour) {
             "SET DMI 0 I 0.0000\nDMI 0.0000\nGPS 0 45.0000000 13.0000000 7.0 1 9 0 0 0 0\nDMI 0.0333\n"
             "DMI 0.0667\nGPS 4 45.0005995 13.0000000 8.3 1 9 0 0 0 0\n"
             "DMI 0.1000\nDMI 0.1000\nGPS 6 45.0008993 13.0000000 9.0 1 9 0 0 0 0\nCTRL EXIT\n");
+  EXPECT_EQ(Play("track road.gpx\npace 20\ndmi 0.5\ngps 0\nat 3 speed 0\nat 9 end\n"),
+            "SET DMI 0 I 0.0000\nDMI 0.0000\nDMI 0.0333\nCTRL EXIT\n");
+  EXPECT_EQ(Play("track road.gpx\nspeed 36\npace 20\ndmi 0\ngps 0.5\nat 3 end\n"),
+            "SET DMI 0 I 0.0000\nGPS 0 45.0000000 13.0000000 7.0 1 9 0 0 0 0\n"
+            "GPS 1 45.0001799 13.0000000 7.4 1 9 0 0 0 0\nCTRL EXIT\n");
 }
 
 TEST_F(PlayerTest, HearsNothingOfAProgramThatEndedInTheMiddleOfALine) {

@@ -1,5 +1,6 @@
 // What each kind tells its view and its logic. What the operator does on the screen is tried with the views.
 #include "forms/Form.h"
+#include "forms/Grid.h"
 
 #include <gtest/gtest.h>
 
@@ -41,6 +42,7 @@ TEST_F(ControlsTest, ABoxTakesWhatFitsAndCorrectsTheScreen) {
     box.Type("1.5");
   EXPECT_EQ(raised, 2);
   EXPECT_EQ(box.SelStart, 3);
+  EXPECT_TRUE(box.Edited());
   box.MaxLength = 3;
   box.Type("\xC3\xA6\xC3\xB8\xE4\xBD\x93\xC3\xA5");
   EXPECT_EQ(box.Text(), "\xC3\xA6\xC3\xB8\xE4\xBD\x93") << "cut at characters";
@@ -48,6 +50,7 @@ TEST_F(ControlsTest, ABoxTakesWhatFitsAndCorrectsTheScreen) {
   EXPECT_EQ(box.SelLength, 3);
   box.SetText("written by code, uncut");
   EXPECT_EQ(raised, 4);
+  EXPECT_FALSE(box.Edited());
   box.SetListener(this);
   box.ReadOnly = true;
   box.Type("typed");
@@ -73,7 +76,13 @@ TEST_F(ControlsTest, WhatIsOffDoesNotReact) {
 
   Image picture(form, "UpDnPicture");
   CheckBox box(form, "chkOne");
-  picture.OnClick = box.OnClick = Count();
+  Menu entry(form, "mnuFile");
+  Grid grid(form, "Grid");
+  grid.SetCols(1), grid.SetRows(1);
+  grid.OnClick = [this](int, int) { ++raised; };
+  entry.SetEnabled(false), grid.SetEnabled(false);
+  entry.OnClick = picture.OnClick = box.OnClick = Count();
+  entry.Click(), grid.Click(0, 0);
   picture.SetEnabled(false);
   picture.Click();
   box.SetEnabled(false);

@@ -67,6 +67,8 @@ TEST_F(GridTest, TheCurrentCellKeepsItsNumbersAndStaysInside) {
   grid.RemoveItem(4);
   EXPECT_EQ(grid.Row(), 4);
   EXPECT_EQ(grid.RowSel(), 4);
+  grid.SetRows(3);
+  EXPECT_EQ(grid.Row(), 2);
   grid.SetCols(1);
   EXPECT_EQ(grid.Col(), 0);
 }

@@ -198,6 +198,13 @@ TEST_F(SocketTest, AFailedAttemptShowsItsOwnNumber) {
   socket.connectLimit = 50;
   socket.Connect("127.0.0.1", silent.Port());
   EXPECT_TRUE(Tells("error 10060 "));
+  socket.van = {"127.0.0.1", "127.255.255.255"}; // the next one is tried, however the first has failed
+  heard.story.clear();
+  socket.Connect("van", silent.Port());
+  EXPECT_TRUE(Tells("error 10051 "));
+  heard.story.clear();
+  socket.Connect("127.0.0.1", peer.Port() + 65536); // no port at all
+  EXPECT_TRUE(Tells("error 10061 "));
   peer.StopsListening();
   Attempt();
   EXPECT_EQ(heard.story, "");
@@ -237,6 +244,12 @@ TEST_F(SocketTest, APeerThatDoesNotReadHoldsNobodyUpAndLosesNothing) {
     return got.size() >= sent.size();
   }));
   EXPECT_TRUE(got == sent);
+  SendUnread();
+  while (peer.HasUnread())
+    peer.Hears();
+  socket.Close(); // with what the system takes by now
+  EXPECT_TRUE(Until([&] { return peer.HasUnread(); }));
+  ASSERT_NO_FATAL_FAILURE(Connect());
 
   bool taken = true; // and one that never reads again is an error before it fills the memory
   for (int i = 0; taken && i < 1000; ++i)

@@ -1,6 +1,7 @@
 // A wait on the real clock and the real loop.
 #include "platform/WaitSeconds.h"
 #include "platform_qt/QtClock.h"
+#include "platform_qt/QtProcess.h"
 #include "platform_qt/QtPump.h"
 
 #include <gtest/gtest.h>
@@ -34,6 +35,21 @@ TEST(WaitTest, AWaitSleepsBetweenTheEvents) {
   int turns = 0;
   WaitSeconds(10, clock, pump, [&] { return ++turns > 2; }); // what was waited for has come
   EXPECT_LT(clock.Milliseconds() - begin, 2000);
+}
+
+TEST(ProcessTest, TellsItsWordsTheDateAndAnotherGuidEachTime) {
+  std::string program = "Trekor", system = "7707-104", country = "/US";
+  char* words[] = {program.data(), system.data(), country.data()};
+  QtProcess process(3, words, false, "C:\\Trekor");
+  EXPECT_EQ(process.CommandLine(), "7707-104 /US");
+  unsigned char one[16] = {}, other[16] = {};
+  EXPECT_TRUE(process.NewGuidBytes(one) && process.NewGuidBytes(other));
+  EXPECT_FALSE(std::equal(one, one + 16, other));
+  const std::time_t now = std::time(nullptr);
+  const std::tm today = *std::localtime(&now);
+  const LocalTime told = QtClock().Now();
+  EXPECT_EQ(std::vector({told.year - 1900, told.month - 1, told.day}),
+            std::vector({today.tm_year, today.tm_mon, today.tm_mday}));
 }
 
 } // namespace

@@ -14,15 +14,17 @@ TEST_F(TextsTest, EveryKindTakesItsCaptionAndItsValue) {
            "('TabStrip1', 0, 0, 0, 0, '1', -1, '', 'Info|Keys|none', ''),"
            "('sbrState', 0, 0, 0, 0, NULL, -1, '', 'Ready', ''),"
            "('mnuFile', 5, 5, 5, 5, '-1', -1, '', '&File', ''),"
-           "('Options(0)', 0, 0, 0, 0, '-1', -1, '', 'a', ''), ('Options(1)', 0, 0, 0, 0, '-1', -1, '', 'b', ''),"
+           "('Options(0)', 0, 0, 0, 0, '-1', -1, '', 'a', ''), ('Options(1)', 0, 0, 0, 0, 'True', -1, '', 'b', ''),"
            "('Texts(9)', 11, 12, 13, 14, NULL, -1, '', 'new', 'made by its row'),"
            "('IdleTimer', 5, 5, 5, 5, '25', 0, '', 'tick', '')");
   form.Texts7.Move(10, 10, 30, 30);
+  form.Texts7.SetToolTipText("built in");
   texts.LoadFormProperties(form);
 
   // A null keeps what was built in, and a menu has no place.
   EXPECT_EQ(form.Look(), "Trial run 100,3000,2000|Station Where we are 1,4|0.1 hidden 10,40|Freeze NumLock 1 0,0|ML of "
                          "3 0,0|KM|M 0,0|Code Name 900 -1 450 0,0|Keys 1 0,0|Ready 0,0|&File ticked 0|0|1");
+  EXPECT_EQ(form.Texts7.ToolTipText(), "built in");
   // Each option is alone in its frame, so that none clears the other.
   EXPECT_EQ(form.Options0.Container, &form.Frames0);
   EXPECT_EQ(form.Options1.Container, &form.Frames1);
@@ -65,12 +67,15 @@ TEST_F(TextsTest, AHeightIsStoredWithOrWithoutTheTitleBar) {
 }
 
 TEST_F(TextsTest, BlankWordsOfALanguageAreReplacedByEnglish) {
-  MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, '', 'Station', 'Tip'), ('chkFreeze', 0, 0, 0, 0, NULL, -1, '', 'A', 'B')",
+  MakeForm("('Me', 0, 0, 0, 0, NULL, -1, '', '', ''), ('lblInfo', 0, 0, 0, 0, NULL, -1, '', 'Station', 'Tip'), "
+           "('chkFreeze', 0, 0, 0, 0, NULL, -1, '', 'A', 'B')",
            ", CapDanish TEXT(255), TipDanish TEXT(255)");
   Execute("UPDATE Trial SET CapDanish = '  ' WHERE Name = 'lblInfo'");
   Execute("UPDATE Trial SET CapDanish = 'Frys', TipDanish = 'Tippet' WHERE Name = 'chkFreeze'");
+  form.SetCaption("built in");
   Speak("Danish");
   texts.LoadFormProperties(form);
+  EXPECT_EQ(form.Caption(), "built in");
   EXPECT_EQ(form.lblInfo.Caption(), "Station");
   EXPECT_EQ(form.lblInfo.ToolTipText(), "Tip");
   EXPECT_EQ(form.chkFreeze.Caption(), "Frys");
@@ -78,6 +83,15 @@ TEST_F(TextsTest, BlankWordsOfALanguageAreReplacedByEnglish) {
   Speak("Korean");
   texts.LoadFormProperties(form);
   EXPECT_EQ(form.chkFreeze.Caption(), "A") << "never the words of another language";
+  for (const auto& [language, charset, font] : {std::tuple{"Korean", 129, "\uAD74\uB9BC"},
+                                                {"Chinese", 134, "\u5B8B\u4F53"},
+                                                {"Russian", 204, "\u5B8B\u4F53"},
+                                                {"Danish", 1, ""}}) {
+    Speak(language);
+    texts.LoadFormProperties(form);
+    for (const Font& f : {form.FontOf, form.lblInfo.FontOf()})
+      EXPECT_TRUE(f.Charset == charset && f.Name == font) << language;
+  }
 }
 
 TEST_F(TextsTest, FlagsLockAndHideForOrdinaryUsersOnly) {

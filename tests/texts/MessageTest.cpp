@@ -66,7 +66,12 @@ TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
   }
   EXPECT_EQ(Show(401, [&] { EXPECT_FALSE(messages.form.OnKeyDown('A', 0)); }), "401 No file");
   EXPECT_EQ(Show(401, [&] { messages.form.MessageText.Click(); }), closed);
+  EXPECT_EQ(Show(401, [&] { messages.form.MessageNo.Click(); }), closed);
   EXPECT_EQ(Show(401, [&] { EXPECT_FALSE(messages.form.OnQueryUnload()); }), closed);
+  EXPECT_TRUE(messages.form.MessageText.ReadOnly);
+  state.run.UserLevel = 1;
+  messages.form.ActiveControl = &messages.form.MessageText;
+  EXPECT_TRUE(messages.form.OnKeyDown('D', 3)) << "what every form shares";
 }
 
 TEST_F(MessageTest, TheTextFollowsTheSizeAndTheLookIsKept) {

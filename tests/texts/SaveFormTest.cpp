@@ -4,7 +4,7 @@ namespace trekor::tests {
 namespace {
 
 TEST_F(TextsTest, AFormSavedAndLoadedBackLooksTheSame) {
-  MakeForm("('Me', 0, 0, 0, 2000, NULL, -1, NULL, 'x', ''), ('lblInfo', 0, 0, 0, 0, NULL, -1, 'Q', 'old', '')");
+  MakeForm("('Me', 0, 0, 0, 2000, NULL, -1, 'Q', 'x', ''), ('lblInfo', 0, 0, 0, 0, NULL, -1, 'Q', 'old', '')");
   form.Move(10, 20, 3000, 2222);
   form.SetCaption("Trial run");
   form.lblInfo.SetCaption("Station");
@@ -28,7 +28,7 @@ TEST_F(TextsTest, AFormSavedAndLoadedBackLooksTheSame) {
   texts.SaveFormProperties(form);
 
   EXPECT_EQ(Ask("SELECT \"Left\", Top, Width, Height, Tag, CapEnglish FROM Trial WHERE Name = 'Me'"),
-            "10,20,3000,2222,C,Trial run\n");
+            "10,20,3000,2222,QC,Trial run\n");
   EXPECT_EQ(Ask("SELECT Value, CapEnglish FROM Trial WHERE Name IN ('cboUnits', 'fxgList', 'TabStrip1', 'mnuFile', "
                 "'IdleTimer') ORDER BY Name COLLATE NOCASE"),
             "1,KM|M\n-1;777;-1,Code|Name\nnull,null\n-1,\n1,|Keys\n");
@@ -37,11 +37,15 @@ TEST_F(TextsTest, AFormSavedAndLoadedBackLooksTheSame) {
   TrialForm again;
   texts.LoadFormProperties(again);
   EXPECT_EQ(again.Look(), form.Look());
+  again.lblInfo.SetToolTipText("Elsewhere"); // and nothing but that
+  texts.SaveFormProperties(again);
+  EXPECT_EQ(Ask("SELECT TipEnglish FROM Trial WHERE Name = 'lblInfo'"), "Elsewhere\n");
 }
 
 TEST_F(TextsTest, NothingIsWrittenWhenNothingHasChanged) {
   MakeForm("");
   form.Texts7.SetText(std::string(300, 'x'));
+  form.lblInfo.SetToolTipText(std::string(300, 'x'));
   for (int i = 0; i < 60; ++i)
     form.cboUnits.AddItem("unit" + std::to_string(i));
   texts.SaveFormProperties(form);
@@ -66,6 +70,8 @@ TEST_F(TextsTest, AListThatIsTooLongLosesWholeEntries) {
   texts.SaveFormProperties(form);
   TrialForm again;
   again.fxgList.SetCols(99);
+  texts.LoadFormProperties(again);
+  texts.SaveFormProperties(again); // what fits to the last character stays
   texts.LoadFormProperties(again);
   EXPECT_EQ(again.cboUnits.ListCount(), 32);
   EXPECT_EQ(again.cboUnits.List(31), "entry41");
