@@ -22,7 +22,8 @@ struct GridRow {
   std::vector<std::string> cells{};
 };
 
-// From here on an event row of a text observation holds that text in every cell; the cell before says whose it is.
+// An event row of a text observation holds that text in every cell from this column on; the cell before holds its
+// abbreviation.
 constexpr int MergedTextColumn = 2;
 
 } // namespace trekor

@@ -1,5 +1,6 @@
-// The keys that wait for a tick: a ring of 16, filled within the key event and emptied one key a tick, so that no key
-// is lost while a row is stored. There is no overflow test: 16 keys ahead of the reader lose the backlog.
+// The keys that wait for a tick: a ring of 16, filled in the key event and emptied one key a tick, so that no key is
+// lost while a row is stored. There is no overflow test: the 16th unread key empties the ring. Kept: an operator does
+// not press as many while a row is stored.
 #pragma once
 
 #include <array>

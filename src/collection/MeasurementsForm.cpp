@@ -16,7 +16,7 @@ void Hold(Frame& frame, std::initializer_list<Control*> controls) {
 
 } // namespace
 
-// The look that counts is in the texts database; what stands here is what the logic needs before it is read.
+// The look is in the texts database; this is what the logic needs before it is read.
 MeasurementsForm::MeasurementsForm() : Form("Measurements") {
   tbControlBar.Add({"play", "", "", "PLAY", true});
   tbControlBar.Add({"pause", "", "", "PAUSE", true});

@@ -13,7 +13,7 @@ Prompt::Prompt(const std::string& formName, Platform& machine, TextDatabase& tex
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
     GiveUp();
-    return false; // the form lives on for the next question
+    return false; // hidden only, for the next question
   };
 }
 
@@ -52,7 +52,7 @@ std::string Prompt::Ask(const std::string& title, const std::string& first, int 
   form.SetCaption(title);
   form.txtBox.MaxLength = maxLength;
   form.txtBox.SetText(first);
-  before = first; // for a window system that has the focus there already
+  before = first; // when the box has the focus already, OnGotFocus does not come
   form.txtBox.SelectAll();
   platform.shell.SetFocus(form.txtBox);
   platform.shell.ShowModal(form);

@@ -1,5 +1,5 @@
-// The two modal prompts: one box each, a title that says what is asked. Enter and Tab close with the box as it stands;
-// Esc and F4 put the old text back first, so that only an emptied box cancels.
+// A modal prompt: one box, and a title with the question. Enter and Tab close it with the box as it is; Esc and F4
+// restore the old text first, so that only an emptied box cancels.
 #pragma once
 
 #include "forms/Form.h"
@@ -20,13 +20,13 @@ public:
   Prompt(const std::string& formName, Platform& platform, TextDatabase& texts);
   void Load();
   void Unload();
-  // Shows the box with a first text and returns what stands in it when the form closes, not trimmed.
+  // Shows the box with a first text and returns its text when the form has closed, not trimmed.
   std::string Ask(const std::string& title, const std::string& first, int maxLength);
   PromptForm form;
 
 private:
   bool Key(int keyCode, int shift);
-  void GiveUp(); // the old text, and away
+  void GiveUp(); // restores the old text and hides
   Platform& platform;
   TextDatabase& texts;
   std::string before; // what the box held when it got the focus

@@ -1,4 +1,4 @@
-// The rooms that the run works with; all of them outlive it. They are built by program/Program.
+// The rooms that the run uses; built by program/Program, and outliving the run.
 #pragma once
 
 #include "datafiles/CommaFile.h"
