@@ -1,6 +1,7 @@
 // Check boxes, options, combos, lists and the pictures of keys under the operator's mouse and keys: each act reaches
 // the model once, the screen shows what the model makes of it, and nothing is chosen without him.
 #include "views/KeyGridView.h"
+#include "views/Theme.h"
 
 #include "ShownFormTest.h"
 
@@ -143,6 +144,8 @@ TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
   EXPECT_EQ(form.list.ListIndex(), -1);
   EXPECT_EQ(form.Raised(), 0);
   EXPECT_EQ(Marks(box), "...");
+  QTest::mouseClick(box->viewport(), Qt::RightButton, Qt::NoModifier, box->visualItemRect(box->item(2)).center());
+  EXPECT_EQ(form.Raised(), 0);
   ClickOn(box, 1);
   EXPECT_EQ(form.list.ListIndex(), 1);
   EXPECT_EQ(Marks(box), ".x.");
@@ -180,6 +183,12 @@ TEST_F(BindingsTest, AListOfSeveralTurnsTheMarkOfTheClickedEntry) {
   EXPECT_EQ(form.Raised(), 3);
   form.several.SetSelected(1, true);
   EXPECT_EQ(Marks(box), ".xx");
+  QTest::keyClick(window->windowHandle(), Qt::Key_Down);
+  EXPECT_EQ(form.Raised(), 0) << "the arrows only lead there";
+  form.several.Clear();
+  for (const char* entry : {"one", "two", "three"})
+    form.several.AddItem(entry);
+  EXPECT_EQ(Marks(box), "...");
 }
 
 TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
@@ -194,6 +203,7 @@ TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
   grid.SetRows(5);
   for (int r = 0; r < 5; ++r) {
     grid.SetMergeRow(r, true);
+    grid.SetMergeCol(3, true);
     for (int c = 0; c < 4; ++c)
       grid.SetText(r, c, keys[r][c]);
   }
@@ -219,6 +229,12 @@ TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
         }
   }
   EXPECT_EQ(clickAt(60, 44), "Enter") << "the last pixel";
+  view.resize(400, 400);
+  const QImage seen = view.grab().toImage();
+  for (const auto& [x, y, colour] :
+       {std::tuple{320, 160, theme::Paper}, {200, 340, theme::Desk}, {100, 380, theme::Paper}})
+    EXPECT_EQ(QColor(seen.pixel(x, y)).name(), QColor(colour).name()) << x << "," << y;
+  EXPECT_NE(seen.pixel(303, 370), theme::Accent) << "the last one that was clicked, without the focus";
   int doubled = 0;
   grid.OnDblClick = [&] { ++doubled; };
   QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});

@@ -18,16 +18,17 @@ struct SmallForm : Form {
     Texts0.Move(150, 150, 3000, 450);
     Texts1.Move(150, 750, 3000, 450);
     CmdOK.Move(150, 1500, 1500, 450);
-    CmdOK.Default = true;
+    CmdOK.Default = CmdNo.Cancel = true;
     OnKeyDown = [this](int code, int shift) {
       keys += std::to_string(code) + "/" + std::to_string(shift) + " ";
       return takesAll;
     };
     CmdOK.OnClick = [this] { ++pressed; };
+    CmdNo.OnClick = [this] { pressed += 10; };
   }
   Menu mnuFile{*this, "mnuFile"}, mnuNew{*this, "mnuNew", &mnuFile};
   TextBox Texts0{*this, "Texts", 0}, Texts1{*this, "Texts", 1};
-  CommandButton CmdOK{*this, "CmdOK"};
+  CommandButton CmdOK{*this, "CmdOK"}, CmdNo{*this, "CmdNo"};
   std::string keys;
   bool takesAll = false;
   int pressed = 0;
@@ -62,7 +63,18 @@ TEST_F(FormViewTest, WhatTheFormLeavesGoesToTheControl) {
   Press(Qt::Key_Tab);
   EXPECT_EQ(form.ActiveControl, &form.Texts1);
   Press(Qt::Key_Return);
-  EXPECT_EQ(form.pressed, 1);
+  Press(Qt::Key_Escape);
+  EXPECT_EQ(form.pressed, 11);
+  shell.SetFocus(form.CmdNo);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(form.pressed, 21) << "the button with the focus before the one of the form";
+  form.CmdOK.SetVisible(false);
+  shell.SetFocus(form.CmdOK); // is refused, like that of one which is off
+  form.Texts1.SetEnabled(false);
+  shell.SetFocus(form.Texts1);
+  shell.SetFocus(form.Texts0);
+  Press(Qt::Key_Return);
+  EXPECT_EQ(form.pressed, 21);
 }
 
 TEST_F(FormViewTest, ABoxMayTakeTurnOrRefuseWhatIsTyped) {
@@ -90,6 +102,15 @@ TEST_F(FormViewTest, FocusIsToldToTheBoxesAndCodeIsNotTakenForTheOperator) {
   Press(Qt::Key_9); // replaces what was selected
   EXPECT_EQ(form.Texts1.Text(), "9");
   EXPECT_EQ(story, "change lost0 got1 change ");
+  shell.Hide(form);
+  shell.Show(form);
+  shell.SetFocus(form.Texts1);
+  EXPECT_EQ(story, "change lost0 got1 change got1 ") << "anew with each showing";
+  form.Texts1.OnLostFocus = [&] { shell.SetFocus(form.Texts1); }; // sent back by its own check
+  form.Texts0.OnGotFocus = [&] { story += "got0 "; };
+  story.clear();
+  shell.SetFocus(form.Texts0);
+  EXPECT_EQ(story, "lost0 got1 ") << "who had it for a moment has not got it";
 }
 
 // A locked list is disabled while it has the focus: the toolkit alone would give it to the next box.
@@ -113,7 +134,8 @@ TEST_F(FormViewTest, TheMainFormMayTakeTheKeysOfOtherWindowsAndOfAnOpenMenu) {
   notes.Move(0, 0, 3000, 3000);
   TextBox page(notes, "Page", -1, Kind::RichTextBox);
   page.Move(0, 0, 3000, 3000);
-  page.ReadOnly = true;
+  TextBox line(notes, "Line");
+  page.ReadOnly = line.ReadOnly = true;
   int clicks = 0;
   page.OnClick = [&] { ++clicks; };
   std::string story;
@@ -134,7 +156,10 @@ TEST_F(FormViewTest, TheMainFormMayTakeTheKeysOfOtherWindowsAndOfAnOpenMenu) {
   QTest::keyClick(other->windowHandle(), Qt::Key_A);
   takes = false;
   QTest::keyClick(other->windowHandle(), Qt::Key_A);
+  QKeyEvent repeated(QEvent::KeyRelease, Qt::Key_A, Qt::NoModifier, "a", true);
+  QApplication::sendEvent(other->windowHandle(), &repeated); // of a key that is held down
   EXPECT_EQ(std::exchange(story, ""), "main65 up65 main65 notes65 up65 ");
+  EXPECT_TRUE(other->findChild<QPlainTextEdit*>()->isReadOnly() && other->findChild<QLineEdit*>()->isReadOnly());
   QTest::mouseClick(other->findChild<QPlainTextEdit*>()->viewport(), Qt::LeftButton);
   EXPECT_EQ(clicks, 1);
 
@@ -183,14 +208,27 @@ TEST_F(FormViewTest, TheCloseBoxAsksFirst) {
 TEST_F(FormViewTest, AControlThatComesLaterIsShownToo) {
   auto* box = static_cast<TextBox*>(form.LoadElement("Texts", 5));
   box->Move(150, 3000, 1500, 300);
+  box->SetToolTipText("what it is");
   box->SetText("later");
   const QLineEdit* found = window->findChildren<QLineEdit*>().last();
   EXPECT_EQ(found->text(), "later");
   EXPECT_EQ(found->geometry(), QRect(10, 200, 100, 20));
   EXPECT_TRUE(found->isVisible());
+  box->SetToolTipText("what it was");
+  EXPECT_EQ(found->toolTip(), "what it was");
+  auto* high = static_cast<TextBox*>(form.LoadElement("Texts", 6));
+  high->Move(0, 0, 1500, 1500);
+  high->SetFont({"", 0, true});
+  EXPECT_GT(window->findChildren<QLineEdit*>().last()->font().pixelSize(), 2 * found->font().pixelSize());
+  form.SetCaption("Later");
+  EXPECT_EQ(window->windowTitle(), "Later");
+  form.mnuNew.SetChecked(true);
+  EXPECT_TRUE(window->findChild<QMenu*>()->actions().front()->isChecked());
   auto* label = static_cast<Label*>(form.LoadElement("Labels", 1));
   const auto colour = [shown = window->findChild<QLabel*>()] { return shown->palette().windowText().color(); };
   const QColor plain = colour();
+  label->SetCaption("&No");
+  EXPECT_EQ(window->findChild<QLabel*>()->text(), "No");
   label->SetForeColor(0xC00000);
   EXPECT_EQ(colour(), QColor(0xC00000));
   label->SetForeColor(-1);
@@ -209,14 +247,18 @@ TEST_F(FormViewTest, ATimerKeepsItsTurnsButNotInsideItself) {
     --depth;
     timer.SetRunning(beats < 4);
   };
-  timer.SetInterval(5);
+  timer.SetInterval(60000);
   shell.Load(ticking);
   timer.SetRunning(true);
+  timer.SetInterval(5);
   EXPECT_TRUE(QTest::qWaitFor([&] { return beats == 4; }, 2000));
   QTest::qWait(30);
   EXPECT_EQ(beats, 4);
   EXPECT_EQ(deepest, 1);
+  timer.SetRunning(true);
   shell.Unload(ticking);
+  QTest::qWait(30);
+  EXPECT_EQ(beats, 4);
 }
 
 } // namespace

@@ -5,6 +5,7 @@
 #include <QApplication>
 #include <QImage>
 #include <QLabel>
+#include <QMessageBox>
 #include <QScreen>
 #include <QTimer>
 
@@ -40,9 +41,30 @@ TEST_F(ShellTest, ANoticeIsOnTheScreenWhenTheCallReturns) {
   Painted painted("Updating, please wait");
   shell.ShowNotice("Updating, please wait");
   EXPECT_GT(painted.times, 0);
+  Painted other("Copying");
+  shell.ShowNotice("Copying");
+  EXPECT_GT(other.times, 0);
   shell.ShowNotice("");
   for (const QWidget* w : QApplication::topLevelWidgets())
     EXPECT_FALSE(w->isVisible());
+}
+
+TEST_F(ShellTest, TheHourglassGoesAndABoxShowsItsSign) {
+  for (const bool on : {true, true, false, false}) {
+    shell.Hourglass(on);
+    EXPECT_EQ(QGuiApplication::overrideCursor() != nullptr, on);
+  }
+  for (const auto& [icon, sign] : {std::pair{BoxIcon::Stop, QMessageBox::Critical},
+                                   {BoxIcon::Exclamation, QMessageBox::Warning},
+                                   {BoxIcon::Information, QMessageBox::Information},
+                                   {BoxIcon::None, QMessageBox::NoIcon}}) {
+    QTimer::singleShot(0, [&] {
+      auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+      EXPECT_EQ(box->icon(), sign);
+      box->accept();
+    });
+    shell.MsgBox("No folder", "Trial", icon);
+  }
 }
 
 TEST_F(ShellTest, AWindowThatLayOnAScreenWhichHasGoneIsSeenOnThisOne) {
@@ -82,7 +104,9 @@ TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
   drives.MakeFolders("C:\\Trekor\\Graphics\\builtin");
   QImage image(16, 16, QImage::Format_ARGB32);
   image.fill(Qt::red);
-  ASSERT_TRUE(image.save(QString::fromStdString(drives.NativePath("C:\\Trekor\\Graphics\\builtin\\CRACK.png"))));
+  for (const std::string name : {"CRACK", "OWN"})
+    ASSERT_TRUE(
+        image.save(QString::fromStdString(drives.NativePath("C:\\Trekor\\Graphics\\builtin\\" + name + ".png"))));
   Form form("Trial");
   ImageList list(form, "imlObsPicsUCaseKeys");
   list.Add({"CRACK", "Crack", "C:\\Trekor\\Graphics\\builtin\\CRACK.png"});
@@ -93,6 +117,14 @@ TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
   EXPECT_EQ(shell.SavePicture("CRACK", file + "/temp.bin"), PictureFile::Failed);
   EXPECT_EQ(shell.SavePicture("CRACK", "/dev/full"), PictureFile::Failed) << "found only when it is written";
   shell.Unload(form);
+  EXPECT_EQ(shell.SavePicture("CRACK", file), PictureFile::NoPicture) << "of a list that has gone";
+  list.Add({"OWN", "own", ""});
+  drives.currentFolder += "\\Graphics";
+  PictureStore pictures(drives);
+  pictures.Use(list);
+  EXPECT_FALSE(pictures.Original("OWN").isNull()) << "the program's own has no file";
+  for (const int side : {8, 12})
+    EXPECT_EQ(pictures.Scaled("CRACK", side, 1).width(), side);
 }
 
 } // namespace trekor
