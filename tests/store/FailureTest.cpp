@@ -93,6 +93,7 @@ TEST_F(FailureTest, ATransactionInWhichTheFileFailedIsTakenBackWhole) {
   FillDisk();
   ASSERT_TRUE(database->Begin() && Add(*setups, {{"Name", "three"}}));
   EXPECT_FALSE(database->Execute("INSERT INTO Items(Name) VALUES ('" + std::string(15000, 'x') + "')")) << "no room";
+  EXPECT_TRUE(database->Failed());
   EXPECT_FALSE(Add(*setups, {{"Name", "four"}}));
   EXPECT_FALSE(database->Commit());
   EXPECT_EQ(setups->RecordCount(), 2);

@@ -1,6 +1,7 @@
 // Queries as the program writes them: joins, LIKE, order, editing through a query, large results.
 #include "StoreFixture.h"
 
+#include "store/Cursor.h"
 #include "store/LikePattern.h"
 #include "support/Case.h"
 
@@ -121,6 +122,14 @@ TEST_F(QueryTest, DeletingAndAddingThroughAQuery) {
   EXPECT_EQ(rows->RecordCount(), 0);
   rows->MoveFirst();
   EXPECT_TRUE(rows->Eof());
+  rows->MoveLast();
+  EXPECT_TRUE(rows->Eof()) << "the last one is gone too";
+}
+
+TEST_F(QueryTest, AWalkThatHasEndedDoesNotBeginAgain) {
+  Cursor rows(*database, "SELECT keying FROM KeyingCodes");
+  EXPECT_TRUE(rows.Step() && rows.Step());
+  EXPECT_FALSE(rows.Step() || rows.Step() || rows.Failed());
 }
 
 TEST_F(QueryTest, WhatIsComputedCanOnlyBeRead) {

@@ -113,6 +113,7 @@ TEST_F(RecordsetTest, FieldsKeepWhatTheirTypeMeans) {
                {"Time", "2024-02-29 23:59:59", true, "2024-02-29 23:59:59"},
                {"Time", "2023-02-29 23:59:59", false, {}},
                {"Time", "29.02.2024", false, {}},
+               {"Time", "2024-02-28 24:00:00", false, {}},
                {"Icon", Bytes{0, 255}, true, Bytes{0, 255}},
                {"Nothing", 1, false, {}}};
   const auto rows = Table("Stations");
@@ -168,6 +169,7 @@ TEST_F(RecordsetTest, TheIndexOrdersAndSeeksWithoutCase) {
   EXPECT_FALSE(form->Seek("cmdO"));
   EXPECT_EQ(form->Get("Name"), FieldValue("Texts(7)")) << "the position stays";
   EXPECT_FALSE(form->SetIndex("Other"));
+  EXPECT_TRUE(form->Seek("texts(7)")) << "the order stays";
   EXPECT_TRUE(Add(*form, {{"Name", "aa"}}));
   EXPECT_EQ(form->Get("Name"), FieldValue("Texts(7)")) << "the position does not move to an added row";
   EXPECT_FALSE(Add(*form, {{"Name", "CMDok"}})) << "the name is taken";
@@ -229,7 +231,8 @@ TEST_F(RecordsetTest, EditingWritesTheTouchedFieldsAloneAndOthersSeeIt) {
   EXPECT_EQ(other->Get("Left"), FieldValue(7));
   EXPECT_EQ(form->Get("Left"), FieldValue(7));
   other->Delete();
-  EXPECT_TRUE(form->Get("Left").IsNull()) << "gone under our feet";
+  for (const char* field : {"Left", "Name"})
+    EXPECT_TRUE(form->Get(field).IsNull()) << "gone under our feet";
 }
 
 } // namespace trekor::tests
