@@ -91,7 +91,7 @@ TEST_F(OptionsTest, EverySavingIsKeptAndTheLastOneLoaded) {
 
 TEST_F(OptionsTest, WhatARowDoesNotHoldIsLeft) {
   Execute(Template, "ALTER TABLE Options DROP COLUMN AssistanceVoice;"
-                    "UPDATE Options SET Units = 'us', StationUnit = NULL, MDB = 2");
+                    "UPDATE Options SET Units = 'us', StationUnit = NULL, MDB = 2, User = '  Trekor '");
   state.units.StationUnit = 3;
   state.options.AssistanceVoice = true;
   ASSERT_TRUE(options.LoadSoftwareDatabases());
@@ -169,6 +169,7 @@ TEST_F(OptionsTest, TheLinkIsToldWhatTheOperatorSets) {
 TEST(HeadingTest, ComesBackFromItsName) {
   for (int code = 1; code <= 4; ++code)
     EXPECT_EQ(HeadingCode(HeadingName(code)), code);
+  EXPECT_EQ(HeadingCode("west, then north"), 4) << "from the link in any case";
   EXPECT_EQ(HeadingName(0) + HeadingName(5) + HeadingName(-1), "");
 }
 

@@ -57,6 +57,9 @@ TEST_F(DrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
   for (const char* variable : {"HOME", "TREKOR_DRIVES", "XDG_DATA_HOME"})
     ::unsetenv(variable);
   EXPECT_TRUE(native::DrivesRoot().is_absolute());
+  ::setenv("XDG_DATA_HOME", "data", 1);
+  EXPECT_TRUE(native::DrivesRoot().is_absolute());
+  ::unsetenv("XDG_DATA_HOME");
   ::setenv("HOME", home.c_str(), 1);
 }
 
@@ -86,8 +89,8 @@ TEST_F(DrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
   EXPECT_TRUE(drives.DeleteFile("C:\\old.mdb")); // the copy can be written again
   EXPECT_FALSE(drives.CopyFile("C:\\nothing.vdb", "C:\\copy.mdb"));
   EXPECT_FALSE(drives.CopyFile("C:\\from.vdb", "C:\\no\\such\\copy.mdb"));
-  EXPECT_FALSE(drives.CopyFile("C:\\from.vdb", "C:\\From.vdb"));
   fs::permissions(Native("C/from.vdb"), fs::perms::owner_write, fs::perm_options::add);
+  EXPECT_FALSE(drives.CopyFile("C:\\from.vdb", "C:\\From.vdb"));
   EXPECT_EQ(Everything(), Names{"drives/C/from.vdb"});
 }
 
@@ -216,6 +219,11 @@ TEST_F(DrivesTest, TheProgramsFolderIsFilledOnceForEachRelease) {
   EXPECT_EQ(Read("C/Trekor/Software.vdb"), "second");
   EXPECT_EQ(Read("C/Trekor/GRAPHICS/pothole.png"), "first Graphics/pothole.png");
   EXPECT_FALSE(fs::exists(Native("C/Trekor/Graphics")));
+
+  // So does a change of what is shipped, though neither the release nor a length tells it.
+  WriteBytes(shipped / "Software.vdb", "thirds");
+  ASSERT_TRUE(FillProgramFolder(drives, shipped, "1.1.0"));
+  EXPECT_EQ(Read("C/Trekor/Software.vdb"), "thirds");
 }
 
 } // namespace trekor::tests

@@ -37,14 +37,14 @@ protected:
     while (player.Devices() == 0)
       std::this_thread::yield();
   }
-  // Ten seconds, stereo, in which every sample has this value.
-  void Wave(const std::string& name, std::int16_t value, std::uint32_t frames = 441000) {
-    const std::uint32_t rate = 44100, length = frames * 4;
+  // Ten seconds, stereo, in which every sample has this value, or its two bytes are samples.
+  void Wave(const std::string& name, std::int16_t value, std::uint32_t frames = 441000, std::uint16_t bytes = 2) {
+    const std::uint32_t rate = 44100, length = frames * 2 * bytes;
     std::ofstream file(folder / "drives" / "C" / name, std::ios::binary);
     const auto put = [&](auto number) { file.write(reinterpret_cast<const char*>(&number), sizeof number); };
     file << "RIFF", put(length + 36), file << "WAVEfmt ", put(std::uint32_t{16});
-    put(std::uint16_t{1}), put(std::uint16_t{2}), put(rate), put(rate * 4), put(std::uint16_t{4}),
-        put(std::uint16_t{16});
+    put(std::uint16_t{1}), put(std::uint16_t{2}), put(rate), put(rate * 2 * bytes);
+    put(static_cast<std::uint16_t>(2 * bytes)), put(static_cast<std::uint16_t>(8 * bytes));
     file << "data", put(length);
     const std::vector<std::int16_t> samples(length / 2, value);
     file.write(reinterpret_cast<const char*>(samples.data()), length);
@@ -105,6 +105,11 @@ TEST_F(SoundPlayerTest, EachSoundIsReadAfreshAndTheNewestIsHeard) {
   Wave("a.wav", 3000, 100);
   player.Play(either);
   EXPECT_TRUE(Hears(3000)) << "a short one, from its beginning";
+  Wave("a.wav", 0x4040, 441000, 1);
+  for (int i = 0; i < 20; ++i)
+    player.Play({"C:\\b.wav"}); // more than can be read meanwhile
+  player.Play(either);
+  EXPECT_TRUE(Hears(-16384)) << "the newest of them, eight bits brought to sixteen";
   std::ofstream(folder / "drives" / "C" / "a.wav") << "no wave";
   player.Play(either);
   EXPECT_TRUE(Hears(0));

@@ -12,7 +12,7 @@ struct PlacedProcess : FakeProcess {
   std::string ComputerName() override { return "INSPECTION-VEHICLE-12"; }
   float WindowsVersion() override { return version; }
   std::string folder = "D:\\Apps\\Trekor";
-  float version = 2010;
+  float version = 2006; // the oldest one that is served
 };
 
 class FoldersTest : public ::testing::Test {
