@@ -131,13 +131,8 @@ void KeyPictures::Hide_KeyForms() {
 }
 
 void KeyPictures::Unload() {
-  for (Form* floating : {static_cast<Form*>(&frmKeyBoard), static_cast<Form*>(&frmKeyPad)}) {
-    if (!floating->Loaded)
-      continue;
-    ctx.rooms.texts.SaveFormProperties(*floating);
-    ctx.rooms.platform.shell.Unload(*floating);
-    floating->Loaded = false;
-  }
+  ctx.rooms.texts.UnloadForm(frmKeyBoard);
+  ctx.rooms.texts.UnloadForm(frmKeyPad);
 }
 
 } // namespace trekor

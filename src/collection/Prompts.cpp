@@ -34,20 +34,6 @@ void Prompt::GiveUp() {
   platform.shell.Hide(form);
 }
 
-void Prompt::Load() {
-  texts.LoadFormProperties(form);
-  platform.shell.Load(form);
-  form.Loaded = true;
-}
-
-void Prompt::Unload() {
-  if (!form.Loaded)
-    return;
-  texts.SaveFormProperties(form);
-  platform.shell.Unload(form);
-  form.Loaded = false;
-}
-
 std::string Prompt::Ask(const std::string& title, const std::string& first, int maxLength) {
   form.SetCaption(title);
   form.txtBox.MaxLength = maxLength;

@@ -18,8 +18,8 @@ struct PromptForm : Form {
 class Prompt {
 public:
   Prompt(const std::string& formName, Platform& platform, TextDatabase& texts);
-  void Load();
-  void Unload();
+  void Load() { texts.LoadForm(form); }
+  void Unload() { texts.UnloadForm(form); }
   // Shows the box with a first text and returns its text when the form has closed, not trimmed.
   std::string Ask(const std::string& title, const std::string& first, int maxLength);
   PromptForm form;

@@ -58,11 +58,7 @@ FileNewDialog2::FileNewDialog2(ProgramState& programState, Platform& seams, Text
 }
 
 bool FileNewDialog2::ShowDialog() {
-  if (!form.Loaded) {
-    texts.LoadFormProperties(form);
-    platform.shell.Load(form);
-    form.Loaded = true;
-  }
+  texts.LoadForm(form);
   state.file.DataName.clear(); // however the form is closed, only CmdOK and the link set a name
   accepted = false;
   Fill();
@@ -72,14 +68,6 @@ bool FileNewDialog2::ShowDialog() {
   platform.shell.ShowModal(form);
   form.BlinkTimer.SetRunning(false);
   return accepted;
-}
-
-void FileNewDialog2::Unload() {
-  if (!form.Loaded)
-    return;
-  texts.SaveFormProperties(form);
-  platform.shell.Unload(form);
-  form.Loaded = false;
 }
 
 bool FileNewDialog2::Key(int keyCode, int shift) {

@@ -42,7 +42,7 @@ public:
   void TakeOver();
   // Hides the form, as a cancel does, with a message that is shown above it.
   void GiveWay();
-  void Unload(); // and stores the look
+  void Unload() { texts.UnloadForm(form); }
   // Tells the user, by a message's number, why a name was refused. Shows the message; the run sets it to speak or show,
   // as the options say.
   std::function<void(int number)> Assist;

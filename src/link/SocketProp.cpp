@@ -59,21 +59,17 @@ void ShowDefault(TextBox& box) {
 } // namespace
 
 SocketProp::SocketProp(ProgramState& programState, Platform& seams, TextDatabase& textDatabase, Form& measurements)
-    : state(programState), platform(seams), texts(textDatabase), mainForm(measurements) {}
+    : state(programState), platform(seams), texts(textDatabase), mainForm(measurements) {
+  WireForm();
+}
 
 SocketProp::~SocketProp() {
   platform.socket.SetEvents(nullptr);
 }
 
-void SocketProp::Load() {
-  Active = false;
-  platform.shell.Load(form);
-  form.Loaded = true;
+void SocketProp::WireForm() {
   form.SetCaption("Client Properties");
   form.txtState.ReadOnly = form.txtError.ReadOnly = true;
-  texts.LoadFormProperties(form);
-  ShowDefault(form.RemoteHost);
-  ShowDefault(form.RemotePort);
   form.cmdConnect.OnClick = [this] { cmdConnect_Click(); };
   form.cmdDisConnect.OnClick = [this] { cmdDisConnect_Click(); };
   form.WDT.OnTimer = [this] { WDT_Timer(); };
@@ -88,6 +84,13 @@ void SocketProp::Load() {
     Hide();
     return false;
   };
+}
+
+void SocketProp::Load() {
+  Active = false;
+  texts.LoadForm(form);
+  ShowDefault(form.RemoteHost);
+  ShowDefault(form.RemotePort);
   ReceiveBuffer.clear();
   consumed = searched = 0;
   skipping = false;
@@ -111,9 +114,7 @@ void SocketProp::Unload() {
   WaitSeconds(1); // for the text to go out
   form.WDT.SetRunning(false);
   CloseRoutine();
-  texts.SaveFormProperties(form);
-  platform.shell.Unload(form);
-  form.Loaded = false;
+  texts.UnloadForm(form);
 }
 
 void SocketProp::SendData(std::string_view line) {

@@ -77,6 +77,7 @@ private:
   void SocketDataArrived() override;
   void SocketClosed() override;
   void SocketFailed(int number) override;
+  void WireForm();
   void cmdConnect_Click();
   void cmdDisConnect_Click();
   void CloseRoutine();

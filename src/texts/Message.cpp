@@ -18,7 +18,9 @@ bool Closes(int keyCode) {
 } // namespace
 
 MessageCatalogue::MessageCatalogue(ProgramState& programState, Platform& machine, TextDatabase& textDatabase)
-    : state(programState), platform(machine), texts(textDatabase) {}
+    : state(programState), platform(machine), texts(textDatabase) {
+  WireForm();
+}
 
 void MessageCatalogue::Open(const std::string& path) {
   Close();
@@ -34,11 +36,7 @@ void MessageCatalogue::Close() {
   database.reset();
 }
 
-void MessageCatalogue::LoadForm() {
-  if (form.Loaded)
-    return;
-  texts.LoadFormProperties(form);
-  form.SetCaption(state.folders.programName + " Message");
+void MessageCatalogue::WireForm() {
   form.MessageText.ReadOnly = true;
   const auto close = [this] { platform.shell.Hide(form); };
   const auto key = [this, close](int keyCode, int shift) {
@@ -55,23 +53,23 @@ void MessageCatalogue::LoadForm() {
     close();
     return false;
   };
-  form.OnResize = [this] {
-    const int width = std::max(form.Width - MarginOfText, 0), height = std::max(form.Height - MarginOfText, 0);
-    form.MessageText.Move(MarginOfText / 2, MarginOfText / 2, width, height);
-    Label& number = form.MessageNo;
-    number.Move(width - number.Width, height - number.Height, number.Width, number.Height);
-  };
-  form.OnResize(); // stored looks may have the text elsewhere
-  form.Loaded = true;
-  platform.shell.Load(form);
+  form.OnResize = [this] { FillForm(); };
 }
 
-void MessageCatalogue::UnloadForm() {
-  if (!form.Loaded)
+// The text fills the form, the number stands in its lower right corner.
+void MessageCatalogue::FillForm() {
+  const int width = std::max(form.Width - MarginOfText, 0), height = std::max(form.Height - MarginOfText, 0);
+  form.MessageText.Move(MarginOfText / 2, MarginOfText / 2, width, height);
+  Label& number = form.MessageNo;
+  number.Move(width - number.Width, height - number.Height, number.Width, number.Height);
+}
+
+void MessageCatalogue::LoadForm() {
+  if (form.Loaded)
     return;
-  texts.SaveFormProperties(form);
-  platform.shell.Unload(form);
-  form.Loaded = false;
+  texts.LoadForm(form);
+  form.SetCaption(state.folders.programName + " Message");
+  FillForm(); // stored looks may have the text elsewhere
 }
 
 void MessageCatalogue::ShowMessage(int number) {

@@ -18,13 +18,15 @@ public:
   void Open(const std::string& path);
   void Close();
   void LoadForm(); // unless it is loaded
-  void UnloadForm();
+  void UnloadForm() { texts.UnloadForm(form); }
   // Shows the text of a number and returns when the user has closed it. Nothing when there is no such text. A number
   // that comes while another is shown replaces its text and returns at once.
   void ShowMessage(int number);
   MessageForm form;
 
 private:
+  void WireForm();
+  void FillForm();
   ProgramState& state;
   Platform& platform;
   TextDatabase& texts;

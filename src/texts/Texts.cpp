@@ -32,6 +32,22 @@ void TextDatabase::Close() {
   database.reset();
 }
 
+void TextDatabase::LoadForm(Form& form) {
+  if (form.Loaded)
+    return;
+  LoadFormProperties(form);
+  form.Loaded = true;
+  platform.shell.Load(form);
+}
+
+void TextDatabase::UnloadForm(Form& form) {
+  if (!form.Loaded)
+    return;
+  SaveFormProperties(form);
+  platform.shell.Unload(form);
+  form.Loaded = false;
+}
+
 std::string TextDatabase::GetText(const std::string& key) {
   if (key.empty() || !TextTable || !TextTable->Seek(Upper(key)))
     return "";

@@ -25,7 +25,11 @@ public:
   // A word of the table in the current language, else in English; "" for a missing or empty key.
   std::string GetText(const std::string& key);
 
-  // Sets the look of a form at its load, and stores it at its unload. Failures in a row are skipped. A table that can't
+  // Loads a form with its look, and unloads it and stores the look. Nothing when it is loaded, or unloaded, already.
+  void LoadForm(Form& form);
+  void UnloadForm(Form& form);
+
+  // The look alone, set at the load and stored at the unload. Failures in a row are skipped. A table that can't
   // be read whole sets nothing, and the form, which then looks as it was built, is not stored either.
   void LoadFormProperties(Form& form);
   void SaveFormProperties(Form& form);
