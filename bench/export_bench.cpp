@@ -1,6 +1,5 @@
 #include "ExportBench.h"
 
-#include "QuietPlatform.h"
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
 #include "state/ProgramState.h"
@@ -127,21 +126,20 @@ void FillFile(sqlite3* db, int stations, int perStation) {
 int RunExport(int argc, char** argv) {
   if (argc < 2)
     return Usage("export DATAFILE OUT");
-  QuietPlatform machine;
-  machine.drives.dataFile = argv[argc - 2];
-  machine.drives.outFile = argv[argc - 1];
+  struct OnePlace : Paths {
+    std::string NativePath(const std::string&) override { return path; }
+    std::string path;
+  } out;
+  out.path = argv[argc - 1];
   ProgramState state;
-  DataFiles files(state, machine.platform);
-  CommaFile comma(state, machine.platform, files);
-  state.file.DataPath = TwoPlaces::Out;
-  state.file.DataFilePath = std::string(TwoPlaces::In) + "\\data.mdb";
-  state.file.AsciiName = "data";
-  if (!files.OpenDataFile(OpenMode::ReadOnly)) {
+  DataFile data;
+  CommaFile comma(CommaSourcesOf(state), out, data);
+  if (!data.Open(argv[argc - 2], OpenMode::ReadOnly)) {
     std::fprintf(stderr, "trekor-bench: %s is no data file\n", argv[argc - 2]);
     return 1;
   }
   const double begin = Now();
-  const bool whole = comma.WriteCommaFile(0, true, files.rsObservations->RecordCount());
+  const bool whole = comma.WriteCommaFile(0, true, data.rsObservations->RecordCount());
   std::printf("export_s %.3f\n", Now() - begin);
   return whole ? 0 : 1;
 }

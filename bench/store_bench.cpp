@@ -50,7 +50,7 @@ class OwnStoring : public Storing {
 public:
   bool Open(const std::string& path) override {
     machine.drives.dataFile = path;
-    state.file.DataFilePath = std::string(TwoPlaces::In) + "\\data.mdb";
+    state.file.DataFilePath = "data.mdb";
     state.facility.Lane = "Right";
     state.facility.LaneNumber = "1";
     return MakeDataFile(path) && files.OpenDataFile();

@@ -5,6 +5,8 @@
 // never finds its station stops all that follow. Programs of offices rely on that; see the cases in docs/comma-file.md.
 #include "datafiles/CommaFile.h"
 
+#include "datafiles/RowKind.h"
+
 #include <algorithm>
 
 namespace trekor {
@@ -57,23 +59,23 @@ bool CommaFile::Walk::NextRegistration() {
   return false;
 }
 
-CommaFile::CommaFile(ProgramState& programState, Platform& seams, DataFiles& dataFiles)
-    : state(programState), platform(seams), files(dataFiles), RecordStation(programState.units) {}
+CommaFile::CommaFile(const CommaSources& commaSources, Paths& nativePaths, DataFile& dataFile)
+    : sources(commaSources), paths(nativePaths), data(dataFile), RecordStation(commaSources.units) {}
 
 bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObservations) {
   outcome = CommaOutcome::Nothing;
-  if (!write || !files.database || !ChooseSession(sessionID))
+  if (!write || !data.database || !ChooseSession(sessionID))
     return false;
-  state.position.StepSize.SetFileValue(files.session.SegmentSize); // for good: the next start may have to ask for it
-  Walk walk(*files.database, sessionID, loadedObservations);
+  sources.position.StepSize.SetFileValue(data.session.SegmentSize); // for good: the next start may have to ask for it
+  Walk walk(*data.database, sessionID, loadedObservations);
   if (!PassStations(walk, sessionID)) {
     outcome = walk.failed ? CommaOutcome::Unreadable : CommaOutcome::Nothing;
     return false;
   }
   CommaOutput out;
-  out.Open(platform.drives.NativePath(state.file.DataPath + "\\" + state.file.AsciiName + ".TKR"));
-  CommaRecords records(out, table, state);
-  walk.failed = !records.WriteCommaHeader(files.session, *files.database) || walk.failed;
+  out.Open(paths.NativePath(sources.file.DataPath + "\\" + sources.file.AsciiName + ".TKR"));
+  CommaRecords records(out, table, sources);
+  walk.failed = !records.WriteCommaHeader(data.session, *data.database) || walk.failed;
   WriteRecords(walk, records);
   records.WriteLastRecord();
   holdsAll = walk.all;
@@ -85,18 +87,18 @@ bool CommaFile::WriteCommaFile(std::int32_t sessionID, bool write, int loadedObs
 
 // With no match the recordset stays on its first row, and a walk over the sessions goes on from there.
 bool CommaFile::ChooseSession(std::int32_t sessionID) {
-  if (!files.rsSessions)
+  if (!data.rsSessions)
     return false;
   bool found = true;
   if (sessionID != 0) {
-    files.rsSessions->MoveFirst();
-    found = files.rsSessions->Seek(sessionID);
+    data.rsSessions->MoveFirst();
+    found = data.rsSessions->Seek(sessionID);
   } else {
-    files.rsSessions->MoveLast();
+    data.rsSessions->MoveLast();
   }
   if (found)
-    files.ReadSession();
-  if (files.rsSessions->Failed())
+    data.ReadSession();
+  if (data.rsSessions->Failed())
     outcome = CommaOutcome::Unreadable;
   return found && outcome != CommaOutcome::Unreadable;
 }
@@ -104,12 +106,12 @@ bool CommaFile::ChooseSession(std::int32_t sessionID) {
 // Writes the limits and the last two step stations into the run's own Positions, which keep them after the file is
 // closed. Each goes through file units, so limits hold and mile.feet rounds. False when there are no stations.
 bool CommaFile::PassStations(Walk& w, std::int32_t sessionID) {
-  Cursor row(*files.database, StationQuery(LimitFields, sessionID));
+  Cursor row(*data.database, StationQuery(LimitFields, sessionID));
   if (!row.Step()) {
     w.failed = row.Failed();
     return false;
   }
-  Positions& p = state.position;
+  Positions& p = sources.position;
   p.StationMinimum.SetDefault(FirstMinimum);
   p.StationMaximum.SetDefault(FirstMaximum);
   w.FirstID = w.lowestID = row.Integer(LimID);
@@ -159,7 +161,7 @@ void Take(const Cursor& row, int place, int& into) {
 void CommaFile::ReadStation(Walk& w) {
   const Cursor& row = w.stations;
   CommaPosition& into = w.here;
-  state.file.StationID = static_cast<std::int32_t>(row.Integer(StaID));
+  sources.file.StationID = static_cast<std::int32_t>(row.Integer(StaID));
   const double position = row.Real(StaStation);
   if (position != 0 || !row.IsNull(StaStation))
     RecordStation.SetFileValue(position);
@@ -192,7 +194,7 @@ void CommaFile::WriteRecords(Walk& w, CommaRecords& records) {
 // Writes all registrations of the present station; false when there are no more. A stretch ends the station's turn: a
 // point after it waits for a station of its own number, which never comes. Readers rely on it.
 bool CommaFile::WriteRegistrations(Walk& w, CommaRecords& records) {
-  const std::int64_t ThisID = state.file.StationID;
+  const std::int64_t ThisID = sources.file.StationID;
   bool more = !w.registrations.Eof();
   while (more && w.ToID == ThisID) {
     if (w.FromID != ThisID) {

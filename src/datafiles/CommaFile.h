@@ -3,7 +3,8 @@
 #pragma once
 
 #include "datafiles/CommaRecords.h"
-#include "datafiles/DataFiles.h"
+#include "datafiles/DataFile.h"
+#include "platform/Drives.h"
 
 #include <functional>
 
@@ -19,10 +20,10 @@ enum class CommaOutcome {
 
 class CommaFile {
 public:
-  CommaFile(ProgramState& state, Platform& platform, DataFiles& files);
+  CommaFile(const CommaSources& sources, Paths& paths, DataFile& dataFile);
   // Called with whole percents while a file is written, once for each.
   std::function<void(int percent)> AsciiFileProgress;
-  // Writes DataPath\AsciiName.TKR, over an existing one; the caller has set state.file.AsciiName. Session 0: all
+  // Writes DataPath\AsciiName.TKR, over an existing one; the caller has set AsciiName. Session 0: all
   // stations of the file under the head of the last session. `loadedObservations` is ObsCount of the running setup:
   // only so many values are cleared between segments. Nothing is written when `write` is false, or without such a
   // session or stations. True when the file was written whole.
@@ -43,9 +44,9 @@ private:
   void ReadSegment(Walk& walk);
   void Progress(Walk& walk);
 
-  ProgramState& state;
-  Platform& platform;
-  DataFiles& files;
+  CommaSources sources;
+  Paths& paths;
+  DataFile& data;
   // Kept between files: the head of the second counts the observations of the first. Readers rely on it.
   CommaTable table;
   Station RecordStation; // converts stored positions to kilometres, within the limits of a station

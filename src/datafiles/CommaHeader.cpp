@@ -15,8 +15,8 @@ constexpr int LeastObservations = 16; // readers rely on records 5231 to 5246, u
 
 bool CommaRecords::WriteCommaHeader(const SessionRow& session, const Database& database) {
   WriteVersion(session);
-  out.Raw("5002,").Quoted("TREKOR", 8).Comma().Quoted(state.TestSetupName, 8).Comma().Quoted("STANDARD").End();
-  out.Raw("5003,").Quoted(state.people.OperatorName, 8).End(); // who writes, not who collected
+  out.Raw("5002,").Quoted("TREKOR", 8).Comma().Quoted(sources.testSetupName, 8).Comma().Quoted("STANDARD").End();
+  out.Raw("5003,").Quoted(sources.people.OperatorName, 8).End(); // who writes, not who collected
   WriteUnits();
   WriteDate(session);
   WriteStations();
@@ -38,8 +38,8 @@ void CommaRecords::WriteVersion(const SessionRow& session) {
 
 // 5010,0,0,0,0,0,0,0,3,1,0,0,0,0,0,1,0,0,0,0,0,"SI","kilometers"
 void CommaRecords::WriteUnits() {
-  FileUnitWord(state.units.FileStationUnit, table.unit);
-  const bool us = state.units.FileUnitsUS;
+  FileUnitWord(sources.units.FileStationUnit, table.unit);
+  const bool us = sources.units.FileUnitsUS;
   out.Raw(us ? "5010,1,0,1,0,1,1,0," : "5010,0,0,0,0,0,0,0,").Raw(table.unit.FileUnitCode);
   out.Raw(us ? ",1,1,1,1,0,0,1,0,0,0,0,0," : ",1,0,0,0,0,0,1,0,0,0,0,0,");
   out.Quoted(us ? "US" : "SI").Comma().Quoted(table.unit.FileUnitName).End();
@@ -60,7 +60,7 @@ void CommaRecords::WriteDate(const SessionRow& session) {
 // last step, lowest and highest station, the step before the last, step length
 void CommaRecords::WriteStations() {
   out.Raw("5023,3,0,0");
-  const Positions& p = state.position;
+  const Positions& p = sources.position;
   for (const Station* station : {&p.KeyStation, &p.StationMinimum, &p.StationMaximum, &p.PreviousStation, &p.StepSize})
     out.Comma().Fixed(station->FileValue(), StationFormat);
   out.End();
@@ -107,8 +107,8 @@ bool CommaRecords::WriteObservations(const SessionRow& session, const Database& 
 // Only these template records have the empty field before the digits; data records of the same number do not.
 void CommaRecords::WriteTemplates() {
   for (const char* number : {"5301,", "5302,", "5303,", "5304,"}) {
-    out.Raw(number).Fixed(state.position.PreviousStation.FileValue(), StationFormat).Comma();
-    out.Fixed(state.position.KeyStation.FileValue(), StationFormat).Raw(",,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0").End();
+    out.Raw(number).Fixed(sources.position.PreviousStation.FileValue(), StationFormat).Comma();
+    out.Fixed(sources.position.KeyStation.FileValue(), StationFormat).Raw(",,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0,0").End();
   }
   out.Raw("5040,1,0,0,0,1,0,0,0,1").End();
 }

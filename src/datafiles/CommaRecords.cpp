@@ -40,9 +40,9 @@ void CommaTable::Hold(std::size_t place) {
   ObsValues.resize(place + 1);
 }
 
-CommaRecords::CommaRecords(CommaOutput& output, CommaTable& observations, const ProgramState& programState)
-    : out(output), table(observations), state(programState), scale(programState.units),
-      StationFormat(FileStationPattern(programState.units.FileStationUnit)) {}
+CommaRecords::CommaRecords(CommaOutput& output, CommaTable& observations, const CommaSources& commaSources)
+    : out(output), table(observations), sources(commaSources), scale(commaSources.units),
+      StationFormat(FileStationPattern(commaSources.units.FileStationUnit)) {}
 
 void CommaRecords::StationField(double km) {
   scale.SetDefault(km);

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "datafiles/CommaOutput.h"
-#include "datafiles/DataFiles.h"
+#include "datafiles/DataFile.h"
+#include "state/ProgramState.h"
 #include "store/Cursor.h"
 #include "values/DistanceUnits.h"
 #include "values/GpsFix.h"
@@ -13,6 +14,19 @@
 #include <vector>
 
 namespace trekor {
+
+// What a comma file takes from the state: who writes it, the units, its name, and the stations of the run that are
+// written in its head.
+struct CommaSources {
+  const UnitSettings& units;
+  const People& people;
+  const std::string& testSetupName;
+  Positions& position;
+  FileNaming& file;
+};
+inline CommaSources CommaSourcesOf(ProgramState& state) {
+  return {state.units, state.people, state.TestSetupName, state.position, state.file};
+}
 
 // What is kept from one comma file to the next in the same run of the program.
 struct CommaTable {
@@ -41,7 +55,7 @@ int SegmentDigit(std::string_view regData);
 // Writes records with the patterns of one file.
 class CommaRecords {
 public:
-  CommaRecords(CommaOutput& out, CommaTable& table, const ProgramState& state);
+  CommaRecords(CommaOutput& out, CommaTable& table, const CommaSources& sources);
 
   // False when the session's observations could not be read to their end.
   bool WriteCommaHeader(const SessionRow& session, const Database& database);
@@ -64,7 +78,7 @@ private:
 
   CommaOutput& out;
   CommaTable& table;
-  const ProgramState& state;
+  const CommaSources& sources;
   Station scale; // kilometres into file units
   NumberPattern StationFormat, code{"##0"}, digit{"0"}, gpsTime{"000000"}, latitude{"##0.0000000"},
       longitude{"###0.0000000"}, height{"###0.0"}, satellites{"#0"};

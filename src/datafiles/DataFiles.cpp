@@ -15,21 +15,10 @@ constexpr const char* TemplateFile = "\\DATAfile.mdb";
 // Wider than any road, so that the first station of a session sets both.
 constexpr double FirstMinimum = 999999.999, FirstMaximum = -999999.999;
 
-std::unique_ptr<Recordset> OpenIndexed(Database& database, const char* table, const char* index) {
-  auto rows = database.OpenTable(table);
-  if (rows && !rows->SetIndex(index))
-    rows.reset();
-  return rows;
-}
-
 } // namespace
 
 DataFiles::DataFiles(ProgramState& programState, Platform& seams)
     : state(programState), platform(seams), RecordStation(programState.units) {}
-
-DataFiles::~DataFiles() {
-  CloseDataFile();
-}
 
 bool DataFiles::InitDataFiles() {
   const UpdateResult update = UpdateDatabase(state.folders, platform, "DataFile", state.folders.MdbFolder, "");
@@ -143,29 +132,11 @@ bool DataFiles::StartSession(const TestSetup& setup) {
 }
 
 bool DataFiles::OpenDataFile(OpenMode mode) {
-  CloseDataFile();
-  database = Database::Open(platform.drives.NativePath(state.file.DataFilePath), mode);
-  if (!database)
+  if (!Open(platform.drives.NativePath(state.file.DataFilePath), mode))
     return false;
-  rsSessions = OpenIndexed(*database, "Sessions", "SessionID");
-  rsObservations = OpenIndexed(*database, "Observations", "ObsParID");
-  rsStations = OpenIndexed(*database, "Stations", "StationID");
-  rsRegistrations = OpenIndexed(*database, "Registrations", "RegID");
-  if (!rsSessions || !rsObservations || !rsStations || !rsRegistrations) {
-    CloseDataFile(); // another program's database
-    return false;
-  }
   stationPlaces = FieldPlaces(*rsStations, StationFields);
   registrationPlaces = FieldPlaces(*rsRegistrations, RegistrationFields);
   return true;
-}
-
-void DataFiles::CloseDataFile() {
-  rsRegistrations.reset();
-  rsStations.reset();
-  rsObservations.reset();
-  rsSessions.reset();
-  database.reset();
 }
 
 void DataFiles::BeginRow() {

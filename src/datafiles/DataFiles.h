@@ -5,16 +5,14 @@
 // with every row that had left the buffer, and no half row.
 #pragma once
 
+#include "datafiles/DataFile.h"
 #include "datafiles/RowKind.h"
 #include "platform/Platform.h"
 #include "setup/TestSetup.h"
 #include "state/ProgramState.h"
-#include "store/Database.h"
-#include "store/Recordset.h"
 #include "values/GpsFix.h"
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -33,23 +31,6 @@ std::vector<std::string> CopyFiles(const std::string& folder, const std::string&
 // True when a data file of this path would replace one of the program's own databases, or lie in their folders.
 bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::string& path);
 
-// One row of Sessions, as read or as written.
-struct SessionRow {
-  std::int32_t SessionID = 0;
-  std::string GUID, Program, Operator, Electronics, TestSetup, Units;
-  LocalTime Date;
-  std::string FacilityName, FacilityCode;
-  int FacilityDirection = 0;
-  std::string FacilityType;
-  int FacilityLanes = 0;
-  std::string SectionName, SectionCode;
-  int SectionDirection = 0;   // saving keeps what reading left: 0 in a fresh run
-  std::string SectionHeading; // the word of SectionDirection
-  std::string District, Class, Start, End, Lane, LaneNumber;
-  double StationMin = 0, StationMax = 0, SegmentSize = 0; // file units
-  int StationDirection = 0;
-};
-
 // The fields of a station that the caller gives.
 struct NewStation {
   RowKind StationType = RowKind::Step;
@@ -58,16 +39,10 @@ struct NewStation {
   GpsFix fix;
 };
 
-// An open data file. The recordsets go before their database.
-struct DataFileHandles {
-  std::unique_ptr<Database> database;
-  std::unique_ptr<Recordset> rsSessions, rsObservations, rsStations, rsRegistrations;
-};
-
-class DataFiles : public DataFileHandles {
+// The data file of a run. It takes the whole state, as it uses nearly every record of it.
+class DataFiles : public DataFile {
 public:
   DataFiles(ProgramState& state, Platform& platform);
-  ~DataFiles();
   // At the start: updates the template of data files. False: the program ends.
   bool InitDataFiles();
 
@@ -79,22 +54,17 @@ public:
   // Opens the existing file DataPath\DataName.mdb for more collection, with a new session. True when it is open. When
   // false, either the name was refused and the open file is still open, or the opening failed and none is.
   bool ReopenDataFile(const TestSetup& setup);
-  // Opens DataFilePath with its four tables; false when it has not all of them. Readers of closed files open read-only
-  // and change nothing.
+  // Opens DataFilePath.
   bool OpenDataFile(OpenMode mode = OpenMode::ExclusiveDurable);
-  void CloseDataFile();
 
   void NewSession();
   void EditSession();
-  void ReadSession(); // the current row of Sessions into `session`
   void AddObservation(const ClassObservation& observation);
   std::int32_t AddStation(const NewStation& station);
   void AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode, const std::string& regData);
   // Around the rows of one flushed grid row: they reach the disk together, with one synchronisation.
   void BeginRow();
   bool EndRow(); // false: nothing of the row was stored
-
-  SessionRow session;
 
 private:
   std::string PathOfNames() const;
@@ -104,6 +74,7 @@ private:
   bool StartSession(const TestSetup& setup);
   void SaveSession();
   void RefillSession();
+  void RefillRoad(const FacilityRecord& road);
 
   ProgramState& state;
   Platform& platform;

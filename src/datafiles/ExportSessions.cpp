@@ -6,10 +6,10 @@ std::string SessionSuffix(std::int32_t sessionID) {
   return FormatNumber(sessionID, "00").insert(0, 1, '-');
 }
 
-ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& comma, const ExportWish& wish) {
+ExportResult ExportSessions(FileNaming& file, DataFile& data, CommaFile& comma, const ExportWish& wish) {
   ExportResult result;
   const auto write = [&](std::int32_t sessionID, const std::string& name) {
-    state.file.AsciiName = name;
+    file.AsciiName = name;
     comma.WriteCommaFile(sessionID, wish.CheckTKR, wish.CheckTKR ? wish.loadedObservations(sessionID) : 0);
     if (comma.Outcome() == CommaOutcome::Written)
       result.written.push_back(name);
@@ -19,16 +19,16 @@ ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& co
     result.unwritable = true;
     result.writeError = comma.WriteError();
   };
-  Recordset& sessions = *files.rsSessions;
+  Recordset& sessions = *data.rsSessions;
   sessions.MoveFirst();
   if (wish.join && !sessions.Eof()) {
-    write(0, state.file.DataName);
+    write(0, file.DataName);
     return result;
   }
   // The first number is 1, whatever the first row says: a file that begins with session 2 never gives that one, as the
   // failed search stays on the first row and the walk goes on behind it. Kept: offices know these files so.
   for (std::int32_t number = 1; !sessions.Eof();) {
-    write(number, state.file.DataName + SessionSuffix(number));
+    write(number, file.DataName + SessionSuffix(number));
     sessions.MoveNext();
     number = static_cast<std::int32_t>(sessions.Get("SessionID").Integer());
   }

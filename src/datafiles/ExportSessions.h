@@ -26,8 +26,8 @@ struct ExportResult {
   int writeError = 0;               // of that: the error number of the system
 };
 
-// The data file is open and state.file.DataName is its name without extension. A file without sessions gives nothing.
+// The data file is open and DataName is its name without extension. A file without sessions gives nothing.
 // Failures of a file are in the result and the others are written all the same.
-ExportResult ExportSessions(ProgramState& state, DataFiles& files, CommaFile& comma, const ExportWish& wish);
+ExportResult ExportSessions(FileNaming& file, DataFile& data, CommaFile& comma, const ExportWish& wish);
 
 } // namespace trekor

@@ -8,12 +8,17 @@
 
 namespace trekor {
 
-class Drives {
+// The path for the operating system; "" for a path that can name no file. Existing parts are found whatever their case,
+// missing ones keep the case as given. Never stored, never sent. Code that only opens files takes this instead of the
+// drives.
+class Paths {
 public:
-  virtual ~Drives() = default;
-  // The path for the operating system; "" for a path that can name no file. Existing parts are found whatever their
-  // case, missing ones keep the case as given. Never stored, never sent.
+  virtual ~Paths() = default;
   virtual std::string NativePath(const std::string& path) = 0;
+};
+
+class Drives : public Paths {
+public:
   // False for anything but the letters A to Z and a to z.
   virtual bool DriveExists(char letter) = 0;
   // The share behind the letter of a network drive as server and share, "\\HOST\Roads"; "" for a local drive, and on

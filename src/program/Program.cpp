@@ -10,7 +10,7 @@ namespace trekor {
 Program::Program(Platform& p)
     : platform(p), SendKeysObject(p), texts(state, p), messages(state, p, texts), options(state, p, messages),
       setupDatabase(state, p), setup(state, setupDatabase, form.imlObsPicsUCaseKeys), dataFiles(state, p),
-      comma(state, p, dataFiles), socket(state, p, texts, form), sections(state, p, socket),
+      comma(CommaSourcesOf(state), p.drives, dataFiles), socket(state, p, texts, form), sections(state, p, socket),
       fileNew(state, p, texts, messages, sections),
       measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, dataFiles, comma,
                                   socket, fileNew, SendKeysObject}),

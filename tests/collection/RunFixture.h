@@ -84,7 +84,7 @@ protected:
   SetupDatabase vocabulary{state, fakes.platform};
   TestSetup setup{state, vocabulary, form.imlObsPicsUCaseKeys};
   DataFiles files{state, fakes.platform};
-  CommaFile comma{state, fakes.platform, files};
+  CommaFile comma{CommaSourcesOf(state), fakes.drives, files};
   SocketProp socket{state, fakes.platform, texts, form};
   Sections sections{state, fakes.platform, socket};
   FileNewDialog2 fileNew{state, fakes.platform, texts, messages, sections};

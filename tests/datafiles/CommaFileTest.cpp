@@ -201,23 +201,23 @@ TEST(CommaFile, JoinsSessionsOrKeepsThemApart) {
   }
   ExportWish wish;
   wish.loadedObservations = [](std::int32_t) { return 1; };
-  ExportResult result = ExportSessions(job.state, job.files, job.comma, wish);
+  ExportResult result = ExportSessions(job.state.file, job.files, job.comma, wish);
   EXPECT_EQ(result.written, std::vector<std::string>{"JOB"});
   // The second session's stretch starts where the first one's ended; all sessions stand in one walk.
   EXPECT_NE(job.machine.drives.Read("D:\\Data\\JOB.TKR").find("5301,   1.100,   2.100,2,"), std::string::npos);
 
   wish.join = false;
-  result = ExportSessions(job.state, job.files, job.comma, wish);
+  result = ExportSessions(job.state.file, job.files, job.comma, wish);
   EXPECT_EQ(result.written, (std::vector<std::string>{"JOB-01", "JOB-02", "JOB-03"}));
   EXPECT_NE(job.machine.drives.Read("D:\\Data\\JOB-02.TKR").find("5301,   2.000,   2.100,2,"), std::string::npos);
 
   // Without session 1 the search fails and the walk goes on behind the first row, so session 2 is never written.
   ASSERT_TRUE(job.files.database->Execute("DELETE FROM Sessions WHERE SessionID=1"));
-  result = ExportSessions(job.state, job.files, job.comma, wish);
+  result = ExportSessions(job.state.file, job.files, job.comma, wish);
   EXPECT_EQ(result.written, std::vector<std::string>{"JOB-03"});
 
   wish.CheckTKR = false;
-  EXPECT_TRUE(ExportSessions(job.state, job.files, job.comma, wish).written.empty());
+  EXPECT_TRUE(ExportSessions(job.state.file, job.files, job.comma, wish).written.empty());
 }
 
 TEST(CommaFile, TellsEachPercentOnceAndLeavesTheRunsStations) {

@@ -22,7 +22,7 @@ struct Job {
   SetupDatabase vocabulary{state, machine.platform};
   TestSetup setup{state, vocabulary, icons};
   DataFiles files{state, machine.platform};
-  CommaFile comma{state, machine.platform, files};
+  CommaFile comma{CommaSourcesOf(state), machine.drives, files};
 
   ClassObservation& Offer(int code, const std::string& name, const std::string& abbreviation, int mode, double max = 3);
   bool Create(const std::string& name);

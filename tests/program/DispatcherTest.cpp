@@ -20,7 +20,7 @@ protected:
   SetupDatabase setupDatabase{state, fake.platform};
   TestSetup setup{state, setupDatabase, form.imlObsPicsUCaseKeys};
   DataFiles files{state, fake.platform};
-  CommaFile comma{state, fake.platform, files};
+  CommaFile comma{CommaSourcesOf(state), fake.drives, files};
   Sections sections{state, fake.platform, socket};
   FileNewDialog2 fileNew{state, fake.platform, texts, messages, sections};
   cSendKeys SendKeysObject{fake.platform};

@@ -17,16 +17,19 @@ namespace trekor {
 namespace fs = std::filesystem;
 
 Exporter::Exporter(const Arguments& userWishes)
-    : wishes(userWishes), files(state, machine.platform), comma(state, machine.platform, files) {
-  state.units.FileStationUnit = wishes.stationUnit;
-  state.units.FileUnitsUS = wishes.us;
-  state.people.OperatorName = wishes.operatorName;
-  state.TestSetupName = wishes.setup;
+    : wishes(userWishes), comma({units, people, wishes.setup, position, naming}, workPlace, data) {
+  units.FileStationUnit = wishes.stationUnit;
+  units.FileUnitsUS = wishes.us;
+  people.OperatorName = wishes.operatorName;
+}
+
+std::string Exporter::WorkPlace::NativePath(const std::string& path) {
+  return (folder / path.substr(1)).string();
 }
 
 Exit Exporter::Export(const std::string& name, std::string& written, std::string& told) {
   const Failure failure = Convert(name, written, told);
-  files.CloseDataFile();
+  data.CloseDataFile();
   if (failure)
     told += name + ": " + failure.words + "\n";
   return failure.code;
@@ -48,9 +51,10 @@ Exporter::Failure Exporter::Convert(const std::string& name, std::string& writte
     return failure;
   if (const std::string warning = UnitWarning(); !warning.empty())
     told += name + ": " + warning + "\n";
+  naming.DataName = Trim(file.stem().string());
   std::vector<std::string> made;
   Failure failure = Write(work.Path(), made);
-  files.CloseDataFile(); // it may lie in the work folder
+  data.CloseDataFile(); // it may lie in the work folder
   return failure ? failure : PutInPlace(work.Path(), made, written);
 }
 
@@ -95,13 +99,13 @@ bool HasTables(const std::string& nativePath) {
 } // namespace
 
 Exporter::Failure Exporter::Open(const fs::path& file, const fs::path& workFolder) {
-  machine.drives.dataFile = file.string();
+  fs::path readable = file;
   switch (LookAt(file.string())) {
   case Sight::Free:
     break;
   case Sight::NeedsFolding:
-    machine.drives.dataFile = (workFolder / "copy.mdb").string();
-    if (const std::error_code error = CopyWithLog(file, machine.drives.dataFile))
+    readable = workFolder / "copy.mdb";
+    if (const std::error_code error = CopyWithLog(file, readable))
       return Unwritable(error.value(), outFolder.string());
     break;
   case Sight::Missing:
@@ -114,23 +118,23 @@ Exporter::Failure Exporter::Open(const fs::path& file, const fs::path& workFolde
   case Sight::Unreadable:
     return {Exit::NotOpened, "may not be read"};
   }
-  state.file.DataPath = TwoPlaces::In;
-  state.file.DataName = Trim(file.stem().string());
-  state.file.DataFilePath = std::string(TwoPlaces::In) + "\\" + file.filename().string();
-  if (files.OpenDataFile(OpenMode::ReadOnly))
+  return OpenReadable(readable.string());
+}
+
+Exporter::Failure Exporter::OpenReadable(const std::string& nativePath) {
+  if (data.Open(nativePath, OpenMode::ReadOnly))
     return {};
-  if (HasTables(machine.drives.dataFile))
+  if (HasTables(nativePath))
     return {Exit::Damaged, "the file is damaged"};
   return {Exit::NotOpened, "not a data file: it lacks the tables of one"};
 }
 
 Exporter::Failure Exporter::Write(const fs::path& workFolder, std::vector<std::string>& made) {
-  machine.drives.outFolder = workFolder.string();
-  state.file.DataPath = TwoPlaces::Out;
+  workPlace.folder = workFolder;
   ExportWish wish;
   wish.join = wishes.join;
   wish.loadedObservations = [this](std::int32_t id) { return ObservationCount(id); };
-  const ExportResult result = ExportSessions(state, files, comma, wish);
+  const ExportResult result = ExportSessions(naming, data, comma, wish);
   made = result.written;
   if (result.unreadable)
     return {Exit::Damaged, "the file is damaged"};
@@ -184,10 +188,10 @@ Exporter::Failure Exporter::Unwritable(int error, const std::string& where) {
 
 // Positions go out as they are stored: in another unit than theirs they mislead.
 std::string Exporter::UnitWarning() {
-  files.rsStations->MoveLast();
-  if (files.rsStations->Eof() || files.rsStations->Get("StationUnit").IsNull())
+  data.rsStations->MoveLast();
+  if (data.rsStations->Eof() || data.rsStations->Get("StationUnit").IsNull())
     return "";
-  const auto stored = static_cast<int>(files.rsStations->Get("StationUnit").Integer());
+  const auto stored = static_cast<int>(data.rsStations->Get("StationUnit").Integer());
   if (stored == wishes.stationUnit)
     return "";
   return "stations are stored in " + UnitName(stored) + " and written as " + UnitName(wishes.stationUnit) +
@@ -195,7 +199,7 @@ std::string Exporter::UnitWarning() {
 }
 
 int Exporter::ObservationCount(std::int32_t sessionID) {
-  Cursor count(*files.database,
+  Cursor count(*data.database,
                "SELECT count(*) FROM Observations WHERE SessionID=" +
                    (sessionID != 0 ? std::to_string(sessionID) : "(SELECT max(SessionID) FROM Sessions)"));
   return count.Step() ? static_cast<int>(count.Integer(0)) : 0;

@@ -7,9 +7,8 @@
 #pragma once
 
 #include "Arguments.h"
-#include "QuietPlatform.h"
 #include "datafiles/CommaFile.h"
-#include "datafiles/DataFiles.h"
+#include "datafiles/DataFile.h"
 #include "datafiles/ExportSessions.h"
 #include "state/ProgramState.h"
 
@@ -35,6 +34,7 @@ private:
   Failure Convert(const std::string& name, std::string& written, std::string& told);
   Failure CheckName(const std::filesystem::path& file) const;
   Failure Open(const std::filesystem::path& file, const std::filesystem::path& workFolder);
+  Failure OpenReadable(const std::string& nativePath);
   Failure Write(const std::filesystem::path& workFolder, std::vector<std::string>& made);
   Failure PutInPlace(const std::filesystem::path& workFolder, const std::vector<std::string>& made,
                      std::string& written) const;
@@ -43,10 +43,19 @@ private:
   std::string UnitWarning();
   int ObservationCount(std::int32_t sessionID);
 
+  // The naming has no folder, so what is asked for is a backslash and a name: that name in the work folder.
+  struct WorkPlace : Paths {
+    std::string NativePath(const std::string& path) override;
+    std::filesystem::path folder;
+  };
+
   const Arguments& wishes;
-  QuietPlatform machine;
-  ProgramState state;
-  DataFiles files;
+  UnitSettings units;
+  People people;
+  Positions position{units};
+  FileNaming naming;
+  WorkPlace workPlace;
+  DataFile data;
   CommaFile comma;
   std::filesystem::path outFolder; // of the present file
   std::set<std::filesystem::path> cleared;

@@ -1,4 +1,4 @@
-// Seams without screen, sound, keys and link, for a tool that only reads data files and writes text.
+// Seams without screen, sound, keys and link, for a measurement that only stores.
 #pragma once
 
 #include "platform/Platform.h"
@@ -74,22 +74,12 @@ public:
   PictureFile SavePicture(const std::string&, const std::string&) override { return PictureFile::NoPicture; }
 };
 
-// One data file and one folder for its output, both native. The tool knows them as "IN:" and "OUT:", so that their
-// paths look like the program's own.
-class TwoPlaces : public Drives {
+// One native file, whatever the name.
+class OneFile : public Drives {
 public:
-  static constexpr const char* In = "IN:";
-  static constexpr const char* Out = "OUT:";
-  std::string dataFile, outFolder;
-  std::string outFile; // when set, the output file, whatever its name
+  std::string dataFile;
 
-  std::string NativePath(const std::string& path) override {
-    if (path.rfind(std::string(In) + "\\", 0) == 0)
-      return dataFile;
-    if (!outFile.empty())
-      return outFile;
-    return outFolder + "/" + path.substr(std::string(Out).size() + 1);
-  }
+  std::string NativePath(const std::string&) override { return dataFile; }
   bool DriveExists(char) override { return false; }
   std::string RemoteName(char) override { return {}; }
   bool FileExists(const std::string&) override { return false; }
@@ -111,7 +101,7 @@ struct QuietPlatform {
   QuietSocket socket;
   QuietSound sound;
   QuietKeyboard keyboard;
-  TwoPlaces drives;
+  OneFile drives;
   QuietProcess process;
   QuietShell shell;
   Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
