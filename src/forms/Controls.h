@@ -121,21 +121,17 @@ private:
   std::string text;
 };
 
-// A list with one or several selected entries. Click is raised by the operator and by code that sets another ListIndex;
-// marking entries of a list with several (SetSelected) raises nothing. A click there toggles the mark of its entry.
+// A list with one selected entry. Click is raised by the operator and by code that sets another ListIndex.
 // Folder and file lists are lists too: their kind tells how they are stored, the logic fills them.
 class ListBox : public Control {
 public:
   ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}
-  bool MultiSelect = false;
   void Clear();
   void AddItem(std::string text);
   int ListCount() const { return static_cast<int>(items.size()); }
   const std::string& List(int i) const;
   int ListIndex() const { return current; }
   void SetListIndex(int i);
-  bool Selected(int i) const;
-  void SetSelected(int i, bool on);
   void Select(int i);   // the operator's click
   void DblClick(int i); // and double click
   bool Press(int keyCode, int shift);
@@ -144,7 +140,6 @@ public:
 
 private:
   std::vector<std::string> items;
-  std::vector<bool> chosen;
   int current = -1;
 };
 
@@ -223,7 +218,6 @@ public:
   bool ButtonEnabled(const std::string& key) const;
   void SetButtonEnabled(const std::string& key, bool on);
   void SetButtonTip(int i, std::string tip);
-  void SetButtonCaption(int i, std::string caption);
   void ClickButton(const std::string& key);
   std::function<void(const std::string& key)> OnButtonClick;
 

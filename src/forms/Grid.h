@@ -69,7 +69,6 @@ public:
   // Selection marks: whether the selection is painted, and whether the operator may move it.
   bool SelectionMarks() const { return marks; }
   void SetSelectionMarks(bool on);
-  bool Redraw() const { return redraw; }
   void SetRedraw(bool on);
   // Removes all rows but the fixed ones.
   void ClearToFixedRows();

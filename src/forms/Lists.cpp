@@ -80,14 +80,12 @@ void ComboBox::Select(int i) {
 
 void ListBox::Clear() {
   items.clear();
-  chosen.clear();
   current = -1;
   Tell(Change::List);
 }
 
 void ListBox::AddItem(std::string text) {
   items.push_back(std::move(text));
-  chosen.push_back(false);
   Tell(Change::List);
 }
 
@@ -103,25 +101,10 @@ void ListBox::SetListIndex(int i) {
   Raise(OnClick);
 }
 
-bool ListBox::Selected(int i) const {
-  return MultiSelect ? Has(chosen, i) && At(chosen, i) : i >= 0 && i == current;
-}
-
-void ListBox::SetSelected(int i, bool on) {
-  if (!Has(items, i) || Selected(i) == on)
-    return;
-  if (!MultiSelect)
-    return SetListIndex(on ? i : -1);
-  At(chosen, i) = on;
-  Tell(Change::Selection);
-}
-
 void ListBox::Select(int i) {
   if (!Enabled() || !Has(items, i))
     return;
   current = i;
-  if (MultiSelect)
-    At(chosen, i) = !At(chosen, i);
   Tell(Change::Selection);
   Raise(OnClick);
 }
@@ -197,13 +180,6 @@ void ToolBar::SetButtonTip(int i, std::string tip) {
   if (!Has(buttons, i) || At(buttons, i).ToolTip == tip)
     return;
   At(buttons, i).ToolTip = std::move(tip);
-  Tell(Change::List);
-}
-
-void ToolBar::SetButtonCaption(int i, std::string caption) {
-  if (!Has(buttons, i) || At(buttons, i).Caption == caption)
-    return;
-  At(buttons, i).Caption = std::move(caption);
   Tell(Change::List);
 }
 

@@ -28,7 +28,8 @@ public:
   void SetSectionName(const std::string& text);
   void SetSectionStart(const std::string& text);
   void SetSectionEnd(const std::string& text);
-  // Field names by number; the numbers are also the indexes of the Texts of the forms. "" where no field is.
+  // Field names by number; the numbers are also the indexes of the Texts of the forms. "" where no field is. Kept for
+  // the forms that show a section: none is built yet.
   static const std::array<std::string, 101>& SectionFields();
 
 private:

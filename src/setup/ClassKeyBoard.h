@@ -29,6 +29,7 @@ public:
   void Make_KeyRow(const std::vector<std::string>& keys, int row, double start, double end);
   void MakeKeyBoard(Grid& grid, bool floating);
   void MakeKeyPad(Grid& grid, bool floating);
+  // One key, all keys. A key alone is added by the editor of setups, which is still to come.
   void AddKey(int i) { Paint_Key(true, i); }
   void RemoveKey(int i) { Paint_Key(false, i); }
   void AddSetup() { Paint_Setup(true); }

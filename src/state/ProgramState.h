@@ -48,7 +48,7 @@ struct RunFlags {
 struct Positions {
   explicit Positions(const UnitSettings& units);
   Station PreviousStation, KeyStation, NextStation, StepSize, StationMaximum, StationMinimum;
-  Velocity SpeedValue; // read by nothing
+  Velocity SpeedValue; // one of the values that a start makes; kept though nothing reads it
   Station DmiStation;
   bool DmiIncreasing = false;
   int DmiSetValue = 0;   // the first word of SET DMI, sent back as it came
@@ -101,7 +101,7 @@ struct OptionState {
   bool ErrorText = false, ErrorVoice = false, WarningText = false, WarningVoice = false;
   bool AssistanceText = false, AssistanceVoice = false, DataColVoice = false;
   std::int32_t TrayColor = 0;
-  bool OptionsChanged = false;
+  bool OptionsChanged = false; // told by the options form, which is still to come
 };
 
 struct DbVersion {

@@ -28,13 +28,6 @@ bool Cursor::Step() {
   return !ended;
 }
 
-void Cursor::Restart() {
-  if (!statement)
-    return;
-  sqlite3_reset(statement);
-  ended = failed = false;
-}
-
 bool Cursor::IsNull(int place) const {
   return sqlite3_column_type(statement, place) == SQLITE_NULL;
 }

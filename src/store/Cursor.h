@@ -22,11 +22,10 @@ public:
   Cursor(const Cursor&) = delete;
   Cursor& operator=(const Cursor&) = delete;
 
-  // Parameter n of the query, from 1; before the first Step or after Restart.
+  // Parameter n of the query, from 1; before the first Step.
   void Bind(int n, std::int64_t value);
-  // To the next row. False at the end or after a failure, and from then on until Restart.
+  // To the next row. False at the end or after a failure, and from then on.
   bool Step();
-  void Restart(); // before the first row again; parameters stay bound
   bool Eof() const { return ended; }
   // The query was wrong, or the file could not be read to its end.
   bool Failed() const { return failed; }

@@ -64,11 +64,6 @@ std::string Recordset::FieldName(int place) const {
   return known ? parts->shape.columns[static_cast<std::size_t>(place)].name : std::string();
 }
 
-std::string Recordset::FieldTable(int place) const {
-  const bool known = place >= 0 && place < FieldCount();
-  return known ? parts->shape.columns[static_cast<std::size_t>(place)].table : std::string();
-}
-
 int Recordset::FieldPlace(std::string_view name) const {
   const std::vector<Column>& columns = parts->shape.columns;
   for (std::size_t i = 0; i < columns.size(); ++i)

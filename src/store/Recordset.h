@@ -50,7 +50,6 @@ public:
 
   int FieldCount() const;
   std::string FieldName(int place) const;
-  std::string FieldTable(int place) const;     // the table that a joined field comes from
   int FieldPlace(std::string_view name) const; // -1 when missing
   bool HasField(std::string_view name) const { return FieldPlace(name) >= 0; }
   // While a row is added or edited: the buffer; otherwise the current row.

@@ -54,7 +54,8 @@ void ValidateEntry(EntryVariable variable, Field& field, double lowest, double h
   guard = true;
 }
 
-// One of several fields that are checked together: `error` becomes true when any of them fails.
+// One of several fields that are checked together: `error` becomes true when any of them fails. Like ValidateEntry it
+// is for the forms of the editors, which are still to come.
 template <class Field>
 bool TestEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
                bool& error) {

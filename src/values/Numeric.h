@@ -34,6 +34,8 @@ public:
   // Text in the file's units, "." as decimal mark whatever the locale.
   std::string FileText() const;
   void SetFileText(std::string_view text);
+  // Limits and patterns can be read and set alike, as a value object offers it for every quantity; the classes below
+  // set theirs once, so that some of these have no caller.
   double Min() const { return Lower; }
   void SetMin(double x) { Lower = x; }
   std::string MinText() const;

@@ -77,7 +77,7 @@ protected:
   void keyPressEvent(QKeyEvent* e) override {
     const int before = currentRow();
     QListWidget::keyPressEvent(e);
-    if (currentRow() != before && selectionMode() == SingleSelection)
+    if (currentRow() != before)
       chosen(currentRow());
   }
 
@@ -92,7 +92,6 @@ public:
 private:
   QWidget* Make(QWidget* parent) override {
     box = new ListWidget(parent);
-    box->setSelectionMode(list.MultiSelect ? QAbstractItemView::MultiSelection : QAbstractItemView::SingleSelection);
     box->chosen = [this](int i) { list.Select(i); };
     connect(box, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) { list.DblClick(box->row(i)); });
     return box;
@@ -112,7 +111,7 @@ private:
       return;
     box->setCurrentRow(list.ListIndex(), QItemSelectionModel::NoUpdate);
     for (int i = 0; i < box->count(); ++i)
-      box->item(i)->setSelected(list.Selected(i));
+      box->item(i)->setSelected(i == list.ListIndex());
   }
   void FollowAll() override { Follow(Change::List); }
   ListBox& list;

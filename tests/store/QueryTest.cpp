@@ -45,7 +45,6 @@ TEST_F(QueryTest, AJoinGivesItsRowsInOrderTiesAsInserted) {
   rows->MoveFirst();
   EXPECT_EQ(rows->Get("Observations.Obscode"), FieldValue(20));
   EXPECT_EQ(rows->Get("observations.keyingcode"), FieldValue(2));
-  EXPECT_EQ(rows->FieldTable(rows->FieldPlace("ObsLinguistic.LanguageID")), "ObsLinguistic");
   EXPECT_EQ(rows->FieldCount(), 4 + 7 + 3);
   EXPECT_FALSE(rows->HasField("Setups.Language"));
   EXPECT_FALSE(rows->HasField("rowid"));

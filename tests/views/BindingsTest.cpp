@@ -29,16 +29,13 @@ struct ChoiceForm : Form {
     inside.Move(150, 150, 3000, 450);
     place(combo, 450);
     place(list, 2400);
-    place(several, 2400);
     place(locked, 450);
     locked.SetEnabled(false); // before it has a widget
-    several.MultiSelect = true;
     for (const char* entry : {"one", "two", "three"})
-      list.AddItem(entry), several.AddItem(entry);
+      list.AddItem(entry);
     for (const char* entry : {"KM", "M", "ML"})
       combo.AddItem(entry);
-    for (Handler* clicked :
-         {&check.OnClick, &a.OnClick, &b.OnClick, &inside.OnClick, &combo.OnClick, &list.OnClick, &several.OnClick})
+    for (Handler* clicked : {&check.OnClick, &a.OnClick, &b.OnClick, &inside.OnClick, &combo.OnClick, &list.OnClick})
       *clicked = [this] { ++raised; };
   }
   int Raised() { return std::exchange(raised, 0); }
@@ -48,7 +45,7 @@ struct ChoiceForm : Form {
   Frame frame{*this, "Frames", 1};
   OptionButton inside{*this, "Options", 2};
   ComboBox combo{*this, "cboUnits"};
-  ListBox list{*this, "lstOne"}, several{*this, "lstSeveral"};
+  ListBox list{*this, "lstOne"};
   int raised = 0;
 };
 
@@ -171,24 +168,6 @@ TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
   EXPECT_EQ(Marks(box), ".");
   EXPECT_EQ(form.list.ListIndex(), -1);
   EXPECT_EQ(form.Raised(), 0);
-}
-
-TEST_F(BindingsTest, AListOfSeveralTurnsTheMarkOfTheClickedEntry) {
-  auto* box = The<QListWidget>(1);
-  for (const int row : {0, 2, 0})
-    ClickOn(box, row);
-  EXPECT_EQ(Marks(box), "..x");
-  EXPECT_TRUE(form.several.Selected(2) && !form.several.Selected(0) && !form.several.Selected(3));
-  EXPECT_EQ(form.several.ListIndex(), 0);
-  EXPECT_EQ(form.Raised(), 3);
-  form.several.SetSelected(1, true);
-  EXPECT_EQ(Marks(box), ".xx");
-  QTest::keyClick(window->windowHandle(), Qt::Key_Down);
-  EXPECT_EQ(form.Raised(), 0) << "the arrows only lead there";
-  form.several.Clear();
-  for (const char* entry : {"one", "two", "three"})
-    form.several.AddItem(entry);
-  EXPECT_EQ(Marks(box), "...");
 }
 
 TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {

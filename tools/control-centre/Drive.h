@@ -33,7 +33,6 @@ struct Drive {
   double pace = 1;           // how many seconds of the drive pass in one: events, messages and the vehicle
   double dmiPerSecond = 10, gpsPerSecond = 1;
   std::vector<Event> events; // in order of time, as written when equal
-  double LengthSeconds() const { return events.empty() ? 0 : events.back().seconds; }
 };
 
 // Reads a script, or a bare GPX or NMEA file as a drive that replays it. Paths in a script are relative to it. False
