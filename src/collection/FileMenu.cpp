@@ -1,6 +1,8 @@
 #include "collection/FileMenu.h"
 
+#include "datafiles/CopyFiles.h"
 #include "datafiles/ExportSessions.h"
+#include "datafiles/NewNames.h"
 #include "values/Text.h"
 
 #include <algorithm>

@@ -4,7 +4,7 @@
 
 #include "forms/Form.h"
 #include "platform/Platform.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 
 #include <string>
 

@@ -6,7 +6,7 @@
 #include "datafiles/FileNewDialog2.h"
 #include "link/Outgoing.h"
 #include "link/SocketProp.h"
-#include "options/Options.h"
+#include "options/OptionsDatabase.h"
 #include "options/Sections.h"
 #include "platform/Platform.h"
 #include "services/cSendKeys.h"
@@ -14,8 +14,8 @@
 #include "setup/ParBar.h"
 #include "setup/TestSetup.h"
 #include "state/ProgramState.h"
-#include "texts/Message.h"
-#include "texts/Texts.h"
+#include "texts/MessageCatalogue.h"
+#include "texts/TextDatabase.h"
 
 namespace trekor {
 

@@ -1,5 +1,4 @@
-// The copies that a closed data file leaves on the backup drive.
-#include "datafiles/DataFiles.h"
+#include "datafiles/CopyFiles.h"
 
 #include "values/Text.h"
 

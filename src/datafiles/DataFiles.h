@@ -18,16 +18,6 @@
 
 namespace trekor {
 
-// A GUID as 32 capital hexadecimal digits, with dashes in four parts (8-4-4-16); "" when the system gives none.
-std::string NewGuid(bool withDashes, Process& process);
-// The path itself when it is free, else the next free one of its series: ROAD09.MDB with ROAD10.MDB beside it gives
-// ROAD11.MDB, ROAD.MDB gives ROAD1.MDB.
-std::string NextFreeName(const std::string& path, Drives& drives);
-// Copies NAME and NAME.* of a folder into another folder, over existing ones; what fails is skipped. Without a name
-// nothing is copied. Returns the files whose copies are whole and on the disk; only those may be deleted because they
-// were copied. A database with a log beside it is among them only when the log was copied too.
-std::vector<std::string> CopyFiles(const std::string& folder, const std::string& name, const std::string& target,
-                                   Drives& drives);
 // True when a data file of this path would replace one of the program's own databases, or lie in their folders.
 bool BelongsToProgram(const ProgramState& state, Drives& drives, const std::string& path);
 

@@ -1,6 +1,7 @@
 #include "datafiles/FileNewDialog2.h"
 
 #include "datafiles/BackupDrives.h"
+#include "datafiles/NewNames.h"
 #include "values/KeyCodes.h"
 #include "values/Text.h"
 

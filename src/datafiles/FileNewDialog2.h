@@ -4,8 +4,8 @@
 #include "datafiles/DataFiles.h"
 #include "forms/Form.h"
 #include "options/Sections.h"
-#include "texts/Message.h"
-#include "texts/Texts.h"
+#include "texts/MessageCatalogue.h"
+#include "texts/TextDatabase.h"
 
 #include <array>
 #include <functional>

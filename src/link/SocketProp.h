@@ -5,7 +5,7 @@
 #include "forms/Form.h"
 #include "platform/Platform.h"
 #include "state/ProgramState.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 
 #include <array>
 #include <functional>

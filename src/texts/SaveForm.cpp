@@ -1,7 +1,7 @@
 // Storing the look of a form in its table.
 #include "texts/FormTable.h"
 #include "texts/KindTable.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 #include "values/Text.h"
 
 #include <string_view>

@@ -1,4 +1,5 @@
-#include "datafiles/DataFiles.h"
+#include "datafiles/CopyFiles.h"
+#include "datafiles/NewNames.h"
 #include "support/FakePlatform.h"
 
 #include <gtest/gtest.h>

@@ -1,4 +1,4 @@
-#include "options/Options.h"
+#include "options/OptionsDatabase.h"
 #include "options/Sections.h"
 
 #include "support/Databases.h"

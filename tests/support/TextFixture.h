@@ -3,7 +3,7 @@
 #pragma once
 
 #include "support/Databases.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 
 #include <string>
 #include <vector>

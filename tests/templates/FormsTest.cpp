@@ -5,7 +5,7 @@
 #include "collection/Prompts.h"
 #include "datafiles/FileNewDialog2.h"
 #include "link/SocketProp.h"
-#include "texts/Message.h"
+#include "texts/MessageCatalogue.h"
 
 namespace trekor::tests {
 

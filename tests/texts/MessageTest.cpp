@@ -1,4 +1,4 @@
-#include "texts/Message.h"
+#include "texts/MessageCatalogue.h"
 
 #include "TextsFixture.h"
 

@@ -1,7 +1,7 @@
 // The catalogue of numbered messages and the form that shows one. What can't be read is not shown.
 #pragma once
 
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 
 namespace trekor {
 

@@ -2,7 +2,7 @@
 #include "texts/FormTable.h"
 #include "texts/KindTable.h"
 #include "texts/LanguageFont.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 #include "values/Text.h"
 
 #include <vector>

@@ -1,4 +1,4 @@
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 
 #include "dbupdate/UpdateDatabase.h"
 #include "values/Text.h"

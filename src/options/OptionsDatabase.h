@@ -5,7 +5,7 @@
 #include "platform/Platform.h"
 #include "state/ProgramState.h"
 #include "store/Database.h"
-#include "texts/Message.h"
+#include "texts/MessageCatalogue.h"
 
 #include <memory>
 

@@ -1,4 +1,4 @@
-#include "options/Options.h"
+#include "options/OptionsDatabase.h"
 
 #include "dbupdate/UpdateDatabase.h"
 #include "state/DateText.h"

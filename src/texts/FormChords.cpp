@@ -1,6 +1,6 @@
 // The keys that every form shares.
 #include "texts/FormTable.h"
-#include "texts/Texts.h"
+#include "texts/TextDatabase.h"
 #include "values/Text.h"
 
 namespace trekor {

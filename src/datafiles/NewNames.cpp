@@ -1,5 +1,4 @@
-// The name after this one: trailing digits of the base name count on, a name without any gets a 1.
-#include "datafiles/DataFiles.h"
+#include "datafiles/NewNames.h"
 
 namespace trekor {
 namespace {
@@ -16,6 +15,7 @@ std::string CountOn(std::string digits) {
   return "1" + digits;
 }
 
+// The name after this one: trailing digits of the base name count on, a name without any gets a 1.
 std::string NextName(const std::string& path) {
   const std::size_t slash = path.rfind('\\');
   const std::size_t nameStart = slash == std::string::npos ? 0 : slash + 1;
@@ -29,6 +29,23 @@ std::string NextName(const std::string& path) {
 }
 
 } // namespace
+
+std::string NewGuid(bool withDashes, Process& process) {
+  unsigned char bytes[16] = {};
+  if (!process.NewGuidBytes(bytes))
+    return "";
+  std::string text;
+  int count = 0;
+  for (const unsigned char b : bytes) {
+    // Three dashes, not the usual four: data files in the field have the last eight bytes together.
+    if (withDashes && (count == 4 || count == 6 || count == 8))
+      text += '-';
+    text += "0123456789ABCDEF"[b >> 4U];
+    text += "0123456789ABCDEF"[b & 15U];
+    ++count;
+  }
+  return text;
+}
 
 std::string NextFreeName(const std::string& path, Drives& drives) {
   std::string name = path;
