@@ -40,8 +40,8 @@ public:
   ~DataFile();
   DataFile(const DataFile&) = delete;
   DataFile& operator=(const DataFile&) = delete;
-  // The file with its four tables, in place of the one that is open. A reader of closed files opens read-only and
-  // changes nothing. False when it can't be opened or is some other program's database: none is open then.
+  // Opens a file with its four tables, and closes the one that was open. False when it can't be opened or has not all
+  // of them; none is open then. Readers of closed files open read-only and change nothing.
   bool Open(const std::string& nativePath, OpenMode mode);
   void CloseDataFile();
   void ReadSession(); // the current row of Sessions into `session`

@@ -28,10 +28,7 @@ void Control::Move(int left, int top, int width, int height) {
 }
 
 void Control::SetContainer(Control* frame) {
-  if (Container == frame)
-    return;
-  Container = frame;
-  Tell(Change::Geometry);
+  Put(Container, frame, Change::Geometry);
 }
 
 void Control::SetVisible(bool on) {
@@ -53,17 +50,11 @@ void Control::SetEnabled(bool on) {
 }
 
 void Control::SetToolTipText(std::string text) {
-  if (tip == text)
-    return;
-  tip = std::move(text);
-  Tell(Change::ToolTip);
+  Put(tip, std::move(text), Change::ToolTip);
 }
 
 void Control::SetFont(Font f) {
-  if (font == f)
-    return;
-  font = std::move(f);
-  Tell(Change::Font);
+  Put(font, std::move(f), Change::Font);
 }
 
 void Control::Tell(Change what) {

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
 namespace trekor {
 
@@ -114,6 +115,13 @@ public:
 
 protected:
   void Tell(Change what);
+  // Writes a property: when it is another value, the member takes it and the listener is told.
+  template <class Value> void Put(Value& member, Value value, Change what) {
+    if (member == value)
+      return;
+    member = std::move(value);
+    Tell(what);
+  }
 
 private:
   friend class Form;

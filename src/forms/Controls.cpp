@@ -4,27 +4,12 @@
 
 namespace trekor {
 
-namespace {
-
-void Raise(const Handler& handler) {
-  if (handler)
-    handler();
-}
-
-} // namespace
-
 void Label::SetCaption(std::string text) {
-  if (caption == text)
-    return;
-  caption = std::move(text);
-  Tell(Change::Caption);
+  Put(caption, std::move(text), Change::Caption);
 }
 
 void Label::SetForeColor(int rgb) {
-  if (colour == rgb)
-    return;
-  colour = rgb;
-  Tell(Change::Colour);
+  Put(colour, rgb, Change::Colour);
 }
 
 void Label::Click() {
@@ -33,10 +18,7 @@ void Label::Click() {
 }
 
 void CheckBox::SetCaption(std::string t) {
-  if (caption == t)
-    return;
-  caption = std::move(t);
-  Tell(Change::Caption);
+  Put(caption, std::move(t), Change::Caption);
 }
 
 void CheckBox::SetValue(int v) {
@@ -53,10 +35,7 @@ void CheckBox::Click() {
 }
 
 void OptionButton::SetCaption(std::string t) {
-  if (caption == t)
-    return;
-  caption = std::move(t);
-  Tell(Change::Caption);
+  Put(caption, std::move(t), Change::Caption);
 }
 
 void OptionButton::ClearOthers() {
@@ -88,10 +67,7 @@ void OptionButton::Click() {
 }
 
 void CommandButton::SetCaption(std::string t) {
-  if (caption == t)
-    return;
-  caption = std::move(t);
-  Tell(Change::Caption);
+  Put(caption, std::move(t), Change::Caption);
 }
 
 void CommandButton::Click() {
@@ -100,17 +76,11 @@ void CommandButton::Click() {
 }
 
 void Frame::SetCaption(std::string t) {
-  if (caption == t)
-    return;
-  caption = std::move(t);
-  Tell(Change::Caption);
+  Put(caption, std::move(t), Change::Caption);
 }
 
 void Image::SetPicture(std::string key) {
-  if (picture == key)
-    return;
-  picture = std::move(key);
-  Tell(Change::Picture);
+  Put(picture, std::move(key), Change::Picture);
 }
 
 void Image::Click() {
@@ -119,24 +89,15 @@ void Image::Click() {
 }
 
 void StatusBar::SetSimpleText(std::string t) {
-  if (text == t)
-    return;
-  text = std::move(t);
-  Tell(Change::Text);
+  Put(text, std::move(t), Change::Text);
 }
 
 void Menu::SetCaption(std::string t) {
-  if (caption == t)
-    return;
-  caption = std::move(t);
-  Tell(Change::Caption);
+  Put(caption, std::move(t), Change::Caption);
 }
 
 void Menu::SetChecked(bool on) {
-  if (checked == on)
-    return;
-  checked = on;
-  Tell(Change::Value);
+  Put(checked, on, Change::Value);
 }
 
 void Menu::Click() {
@@ -145,17 +106,11 @@ void Menu::Click() {
 }
 
 void Timer::SetInterval(int milliseconds) {
-  if (interval == milliseconds)
-    return;
-  interval = milliseconds;
-  Tell(Change::Interval);
+  Put(interval, milliseconds, Change::Interval);
 }
 
 void Timer::SetRunning(bool on) {
-  if (running == on)
-    return;
-  running = on;
-  Tell(Change::Interval);
+  Put(running, on, Change::Interval);
 }
 
 void Timer::Fire() {

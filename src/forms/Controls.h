@@ -9,6 +9,10 @@
 namespace trekor {
 
 using Handler = std::function<void()>;
+inline void Raise(const Handler& handler) { // when one is set
+  if (handler)
+    handler();
+}
 // A key goes to the handler as a Windows key code and shift state (1 Shift, 2 Ctrl, 4 Alt); true: the key is taken.
 using KeyHandler = std::function<bool(int keyCode, int shift)>;
 

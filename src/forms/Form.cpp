@@ -24,10 +24,7 @@ Control* Form::Find(const std::string& controlName, int index) const {
 }
 
 void Form::SetCaption(std::string text) {
-  if (caption == text)
-    return;
-  caption = std::move(text);
-  Tell(Change::Caption);
+  Put(caption, std::move(text), Change::Caption);
 }
 
 void Form::Move(int left, int top, int width, int height) {
@@ -41,17 +38,11 @@ void Form::Move(int left, int top, int width, int height) {
 }
 
 void Form::SetFont(Font f) {
-  if (FontOf == f)
-    return;
-  FontOf = std::move(f);
-  Tell(Change::Font);
+  Put(FontOf, std::move(f), Change::Font);
 }
 
 void Form::SetWindowState(WindowStates state) {
-  if (windowState == state)
-    return;
-  windowState = state;
-  Tell(Change::Geometry);
+  Put(windowState, state, Change::Geometry);
 }
 
 void Form::Refresh() {

@@ -78,6 +78,13 @@ public:
 private:
   friend class Control;
   void Tell(Change what);
+  // Writes a property: when it is another value, the member takes it and the listener is told.
+  template <class Value> void Put(Value& member, Value value, Change what) {
+    if (member == value)
+      return;
+    member = std::move(value);
+    Tell(what);
+  }
   void Register(Control& control);
   void Forget(Control& control);
   void HandOverFocus(const Control& from);

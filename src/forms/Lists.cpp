@@ -10,11 +10,6 @@ namespace {
 
 const std::string Nothing;
 
-void Raise(const Handler& handler) {
-  if (handler)
-    handler();
-}
-
 template <class List> bool Has(const List& list, int i) {
   return i >= 0 && i < static_cast<int>(list.size());
 }

@@ -3,15 +3,6 @@
 
 namespace trekor {
 
-namespace {
-
-void Raise(const Handler& handler) {
-  if (handler)
-    handler();
-}
-
-} // namespace
-
 void TextBox::SetText(std::string t) {
   if (text == t)
     return;
