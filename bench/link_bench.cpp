@@ -95,7 +95,7 @@ private:
 struct Bench {
   Bench() {
     program.emplace(platform);
-    program->socket.Load();
+    program->ForTests().socket.Load();
   }
   tests::FakePlatform fake;
   BurstSocket socket;
@@ -193,7 +193,7 @@ int Run() {
   Compare("link_loopback", bench, FromLoopback, burst, many);
   Compare("link_memory", bench, FromMemory, burst, many);
   Linearity(bench, Burst(many / 10), burst);
-  const bool heard = bench.program->state.position.DmiStation.Default() == 999.999;
+  const bool heard = bench.program->ForTests().state.position.DmiStation.Default() == 999.999;
   if (!heard)
     std::fprintf(stderr, "the last position did not arrive\n");
   return heard ? 0 : 1;

@@ -47,7 +47,7 @@ public:
       Say("FILE PATH C:\\Roads\r\nFILE NAME LONG\r\nFILE OPEN\r\n");
     Say("SET DMI 0 I 0\r\nCTRL PREPARE 0\r\nCTRL START\r\n");
   }
-  bool Running() const { return started && program.state.run.RunState == RunStates::Running; }
+  bool Running() { return started && program.ForTests().state.run.RunState == RunStates::Running; }
 
   // One boundary a step and a key in every fourth; what the fakes record is thrown away on the way.
   double Drive(int steps) {
@@ -56,8 +56,8 @@ public:
       ++tenths;
       Say("DMI " + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + "\r\n");
       if (i % 4 == 0)
-        program.measurements.Form_KeyDown('A', 0);
-      program.form.IdleTimer.Fire();
+        program.ForTests().measurements.Form_KeyDown('A', 0);
+      program.ForTests().form.IdleTimer.Fire();
       fakes.shell.acts.clear();
     }
     return Seconds(std::chrono::steady_clock::now() - begin).count() / steps * 1e6;

@@ -17,6 +17,22 @@ public:
   // Unloads the main form, stores all looks and ends the program. Only the first call counts.
   void UnloadMainForm();
 
+  // For tests and measurements, which act as the operator does and look at what came of it. The program itself has no
+  // use for it.
+  struct Seam {
+    ProgramState& state;
+    MeasurementsForm& form;
+    Measurements& measurements;
+    DataFiles& dataFiles;
+    SocketProp& socket;
+    FileNewDialog2& fileNew;
+    std::unique_ptr<Database>& HardwareDb;
+  };
+  Seam ForTests() { return {state, form, measurements, dataFiles, socket, fileNew, HardwareDb}; }
+
+private:
+  bool InitHardware();
+
   ProgramState state;
   Platform& platform;
   MeasurementsForm form;
@@ -34,9 +50,6 @@ public:
   std::unique_ptr<Database> HardwareDb;
   Measurements measurements;
   Dispatcher dispatcher;
-
-private:
-  bool InitHardware();
   bool unloaded = false;
 };
 

@@ -107,8 +107,8 @@ void DriveRunner::TellLines() {
 }
 
 void DriveRunner::TellRows() {
-  const auto& grid = program->form.Grid;
-  const RowBuffer& buffer = program->measurements.Subjects().ctx.buffer;
+  const auto& grid = program->ForTests().form.Grid;
+  const RowBuffer& buffer = program->ForTests().measurements.Subjects().ctx.buffer;
   if (buffer.Bottom() + 1 != grid.Rows())
     told += "the buffer has other rows than the grid\n";
   std::string bars;
@@ -118,7 +118,7 @@ void DriveRunner::TellRows() {
   if (!bars.empty())
     told += "bars" + bars + "\n";
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
-    Station station(program->state.units);
+    Station station(program->ForTests().state.units);
     station.SetFileValue(buffer.At(row) ? buffer.At(row)->station : NaN);
     told += "row " + grid.Text(row, 0) + " (" + station.FileText() + ")";
     for (int col = 0; col < grid.Cols(); ++col)
@@ -133,11 +133,11 @@ void DriveRunner::TellRows() {
 }
 
 void DriveRunner::TellForm() {
-  const auto& form = program->form;
+  const auto& form = program->ForTests().form;
   const auto shown = [](const Control& control, const std::string& text) {
     return control.Enabled() ? text : "(" + text + ")"; // greyed
   };
-  told += "state " + std::to_string(static_cast<int>(program->state.run.RunState)) + ", " + form.Caption() +
+  told += "state " + std::to_string(static_cast<int>(program->ForTests().state.run.RunState)) + ", " + form.Caption() +
           ", station " + shown(form.Texts6, form.Texts6.Text()) + " step " + shown(form.Texts7, form.Texts7.Text()) +
           " previous " + form.Texts8.Text() + " " + shown(form.UpDnPicture, form.UpDnPicture.Picture()) + ", " +
           shown(form.cboTestSetupNames, form.cboTestSetupNames.Text()) + ", " + shown(form.mnuFile, "file") +
@@ -151,7 +151,7 @@ void DriveRunner::TellForm() {
 
 void DriveRunner::TellStored(const std::string& path) {
   std::unique_ptr<Database> closed;
-  Database* database = program->dataFiles.database.get();
+  Database* database = program->ForTests().dataFiles.database.get();
   if (!path.empty() || database == nullptr) {
     closed = Database::Open(fakes.drives.NativePath(path), OpenMode::ReadOnly);
     database = closed.get();
@@ -175,7 +175,7 @@ void DriveRunner::TellFiles() {
 void DriveRunner::Tick(int n) {
   for (int i = 0; i < n; ++i) {
     fakes.clock.Advance(24); // the tick's own pump adds the 25th millisecond
-    program->form.IdleTimer.Fire();
+    program->ForTests().form.IdleTimer.Fire();
     TellLines();
   }
 }
@@ -184,18 +184,18 @@ void DriveRunner::Key(const std::string& name) {
   if (front)
     front->OnKeyDown(CodeOf(name), 0);
   else
-    program->measurements.Form_KeyDown(CodeOf(name), 0);
+    program->ForTests().measurements.Form_KeyDown(CodeOf(name), 0);
 }
 
 void DriveRunner::Type(TextBox& box, const std::string& text) {
   fakes.shell.SetFocus(box);
   box.Type(text);
-  fakes.shell.SetFocus(program->form.Grid);
+  fakes.shell.SetFocus(program->ForTests().form.Grid);
 }
 
 void DriveRunner::Click(const std::string& what) {
   const auto words = WordsOf(what);
-  Control* control = (front ? front : &program->form)->Find(words[0]);
+  Control* control = (front ? front : &program->ForTests().form)->Find(words[0]);
   if (auto* menu = dynamic_cast<Menu*>(control))
     menu->Click();
   else if (auto* button = dynamic_cast<CommandButton*>(control))
@@ -203,7 +203,7 @@ void DriveRunner::Click(const std::string& what) {
   else if (auto* list = dynamic_cast<ComboBox*>(control))
     list->Select(static_cast<int>(Val(words.at(1))));
   else
-    program->form.tbControlBar.ClickButton(words[0]);
+    program->ForTests().form.tbControlBar.ClickButton(words[0]);
 }
 
 void DriveRunner::AddVerbs() {
@@ -236,35 +236,36 @@ void DriveRunner::AddVerbs() {
   };
   verbs["cell"] = [this](Text text) {
     const auto words = WordsOf(text);
-    program->form.Grid.SelectCell(static_cast<int>(Val(words[0])), static_cast<int>(Val(words[1])));
+    program->ForTests().form.Grid.SelectCell(static_cast<int>(Val(words[0])), static_cast<int>(Val(words[1])));
   };
-  verbs["step"] = [this](Text text) { Type(program->form.Texts7, text); };
-  verbs["depth"] = [this](Text text) { Type(program->form.txtGridDepth, text); };
-  verbs["name"] = [this](Text text) { program->fileNew.form.Texts2.Type(text); };
+  verbs["step"] = [this](Text text) { Type(program->ForTests().form.Texts7, text); };
+  verbs["depth"] = [this](Text text) { Type(program->ForTests().form.txtGridDepth, text); };
+  verbs["name"] = [this](Text text) { program->ForTests().fileNew.form.Texts2.Type(text); };
   verbs["click"] = [this](Text what) { Click(what); };
   verbs["peer"] = [this](Text how) { how == "closes" ? fakes.socket.PeerClose() : fakes.socket.Fail(10054); };
-  verbs["watchdog"] = [this](Text) { program->socket.form.WDT.Fire(); };
-  verbs["exit"] = [this](Text) { program->measurements.mnuExit_Click(); };
+  verbs["watchdog"] = [this](Text) { program->ForTests().socket.form.WDT.Fire(); };
+  verbs["exit"] = [this](Text) { program->ForTests().measurements.mnuExit_Click(); };
   verbs["close"] = [this](Text) {
-    if (program->form.OnQueryUnload())
-      program->form.OnUnload();
+    if (program->ForTests().form.OnQueryUnload())
+      program->ForTests().form.OnUnload();
   };
   verbs["start"] = [this](Text) { Start(); };
   verbs["fail"] = [this](Text path) { fakes.drives.failing.push_back(Upper(path)); };
   verbs["heal"] = [this](Text) { fakes.drives.failing.clear(); };
   verbs["spoil"] = [this](Text) {
-    fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb", program->state.folders.MdbFolder + "\\DATAfile.mdb");
+    fakes.drives.CopyFile("C:\\Trekor\\Observations.vdb",
+                          program->ForTests().state.folders.MdbFolder + "\\DATAfile.mdb");
   };
   verbs["files"] = [this](Text) { TellFiles(); };
   verbs["damage"] = [this](Text sql) {
-    if (!program->dataFiles.database->Execute(sql))
+    if (!program->ForTests().dataFiles.database->Execute(sql))
       told += "not done: " + sql + "\n";
   };
   verbs["want"] = [this](Text text) {
-    (text.starts_with("KeepMdb") ? program->state.options.KeepMdb : program->state.options.WriteAscii) =
-        text.back() == '1';
+    (text.starts_with("KeepMdb") ? program->ForTests().state.options.KeepMdb
+                                 : program->ForTests().state.options.WriteAscii) = text.back() == '1';
   };
-  verbs["simulate"] = [this](Text) { program->state.run.Simulator = true; };
+  verbs["simulate"] = [this](Text) { program->ForTests().state.run.Simulator = true; };
   verbs["pictures"] = [this](Text bytes) { fakes.shell.pictureBytes = static_cast<std::size_t>(Val(bytes)); };
   verbs["rows"] = [this](Text) { TellRows(); };
   verbs["see"] = [this](Text) { TellForm(); };

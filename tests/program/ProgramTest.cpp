@@ -4,6 +4,7 @@
 #include "support/FakePlatform.h"
 #include "support/Places.h"
 #include "support/ReleasedTree.h"
+#include "values/KeyCodes.h"
 
 #include <gtest/gtest.h>
 
@@ -49,11 +50,11 @@ struct Vehicle {
   void ExpectNothingCameUp() {
     EXPECT_FALSE(Did("Show Measurements"));
     EXPECT_EQ(fakes.socket.connects, 0);
-    EXPECT_FALSE(program->form.IdleTimer.Running());
+    EXPECT_FALSE(program->ForTests().form.IdleTimer.Running());
   }
   void CloseBox() {
-    if (program->form.OnQueryUnload())
-      program->form.OnUnload();
+    if (program->ForTests().form.OnQueryUnload())
+      program->ForTests().form.OnUnload();
   }
   std::unique_ptr<Database> Open(const std::string& path, OpenMode mode) {
     return Database::Open(fakes.drives.NativePath(path), mode);
@@ -66,7 +67,7 @@ struct Vehicle {
   void Tick(int n) {
     for (int i = 0; i < n; ++i) {
       fakes.clock.Advance(24);
-      program->form.IdleTimer.Fire();
+      program->ForTests().form.IdleTimer.Fire();
     }
   }
   void Link(const std::string& line) {
@@ -82,12 +83,12 @@ struct Vehicle {
     for (const char* position : {"DMI 10.05", "DMI 10.12"}) {
       Link(position);
       for (const int key : {' ', 'A'})
-        program->measurements.Form_KeyDown(key, 0);
+        program->ForTests().measurements.Form_KeyDown(key, 0);
       Tick(4);
     }
     if (paused)
       Link("CTRL SUSPEND");
-    ASSERT_EQ(program->state.run.RunState, paused ? RunStates::Paused : RunStates::Running);
+    ASSERT_EQ(program->ForTests().state.run.RunState, paused ? RunStates::Paused : RunStates::Running);
     Sent();
   }
 
@@ -102,14 +103,14 @@ class ProgramTest : public testing::Test, protected Vehicle {};
 TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
   fakes.process.decimalChar = ',';
   ASSERT_TRUE(Main());
-  const std::string identity = "IDENTITY Trekor 1 " + program->state.folders.AppVersion + " 0 Default";
+  const std::string identity = "IDENTITY Trekor 1 " + program->ForTests().state.folders.AppVersion + " 0 Default";
   EXPECT_EQ(Sent(), (Texts{identity, identity, "HWND Trekor  4711",
                            "MESSAGE Trekor CTRL SET FACILITY SECTION FILE RTDMI GPS EVENT",
                            "SET SYSTEM TREKOR UNKNOWN 7707-104"}));
   EXPECT_LT(Place("Show Measurements"), Place("Load SocketProp")) << "the window first, then the link";
-  EXPECT_TRUE(program->form.IdleTimer.Running());
-  EXPECT_EQ(program->form.Texts8.Text(), "0,000") << "in the operator's own way";
-  EXPECT_TRUE(program->state.folders.HardwareCreated);
+  EXPECT_TRUE(program->ForTests().form.IdleTimer.Running());
+  EXPECT_EQ(program->ForTests().form.Texts8.Text(), "0,000") << "in the operator's own way";
+  EXPECT_TRUE(program->ForTests().state.folders.HardwareCreated);
   for (const Served& each : InOrder())
     EXPECT_TRUE(fakes.drives.FileExists(each.working)) << each.name;
   EXPECT_TRUE(Boxes().empty());
@@ -117,18 +118,18 @@ TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
 
 TEST_F(ProgramTest, FindsItsDatabasesCurrentAtTheNextStart) {
   ASSERT_TRUE(Main());
-  program->measurements.mnuExit_Click();
+  program->ForTests().measurements.mnuExit_Click();
   Sent();
   ASSERT_TRUE(Main());
   EXPECT_EQ(Sent().size(), 5U);
-  EXPECT_FALSE(program->state.folders.HardwareCreated);
+  EXPECT_FALSE(program->ForTests().state.folders.HardwareCreated);
   EXPECT_FALSE(fakes.drives.FolderExists("C:\\Veldmark\\Trekor\\BAK")) << "nothing to update";
 }
 
 TEST_F(ProgramTest, GoesOnAloneWhenNobodyListens) {
   fakes.socket.accepts = false;
   ASSERT_TRUE(Main());
-  EXPECT_TRUE(program->form.IdleTimer.Running());
+  EXPECT_TRUE(program->ForTests().form.IdleTimer.Running());
   EXPECT_TRUE(Sent().empty());
 }
 
@@ -191,8 +192,8 @@ TEST_F(ProgramTest, AnOldLogIsNotPlayedIntoAFreshCopyOfATemplate) {
   }
   fakes.process.commandLine = "7707-XXX /US";
   ASSERT_TRUE(Main());
-  EXPECT_FALSE(program->state.units.UnitsUS);
-  EXPECT_EQ(RowsOf(*program->HardwareDb, "Version").find("77"), std::string::npos);
+  EXPECT_FALSE(program->ForTests().state.units.UnitsUS);
+  EXPECT_EQ(RowsOf(*program->ForTests().HardwareDb, "Version").find("77"), std::string::npos);
 }
 
 // ---- leaving while it comes up
@@ -204,7 +205,7 @@ TEST_F(ProgramTest, AWindowClosedWhileItComesUpBringsUpNothingElse) {
   EXPECT_EQ(fakes.socket.connects, 0);
   EXPECT_TRUE(Sent().empty());
   EXPECT_FALSE(Did("Load SocketProp"));
-  EXPECT_FALSE(program->form.IdleTimer.Running());
+  EXPECT_FALSE(program->ForTests().form.IdleTimer.Running());
   EXPECT_FALSE(fakes.shell.hourglass);
   EXPECT_EQ(LeftOf("SocketProp", InOrder()[0].working), LeftOf("SocketProp", InOrder()[0].Template()))
       << "a window that was never dressed has no look to keep";
@@ -219,7 +220,7 @@ TEST_F(ProgramTest, AnExitFromTheLinkWhileItComesUpIsTheLastWord) {
     Main();
     const Texts lines = Sent();
     EXPECT_EQ(fakes.process.ended, 1);
-    EXPECT_FALSE(program->form.IdleTimer.Running());
+    EXPECT_FALSE(program->ForTests().form.IdleTimer.Running());
     EXPECT_EQ(std::count(lines.begin(), lines.end(), "CTRL EXIT"), 1);
     EXPECT_EQ(lines.back(), "CTRL EXIT");
     program.reset();
@@ -241,10 +242,10 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
       Vehicle left;
       FakePlatform& fakes = left.fakes;
       left.StartJob(paused);
-      MeasurementsForm& form = left.program->form;
+      MeasurementsForm& form = left.program->ForTests().form;
       form.Move(1234, 567, form.Width, form.Height);
       const double before = fakes.clock.Milliseconds();
-      const std::string station = WireNumber(left.program->state.position.KeyStation.Default());
+      const std::string station = WireNumber(left.program->ForTests().state.position.KeyStation.Default());
       way == "menu" ? form.mnuExit.Click() : way == "link" ? left.Link("CTRL EXIT") : left.CloseBox();
       EXPECT_EQ(FilesLeft(fakes.drives), expected);
       EXPECT_EQ(fakes.drives.Read("D:\\Roads\\JOB1.mdb"), fakes.drives.Read("C:\\Roads\\JOB1.mdb"));
@@ -266,22 +267,22 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
 
 TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   ASSERT_TRUE(Main());
-  program->form.SetWindowState(WindowStates::Minimised);
-  EXPECT_TRUE(program->form.OnQueryUnload());
-  EXPECT_EQ(program->form.WindowState(), WindowStates::Normal);
+  program->ForTests().form.SetWindowState(WindowStates::Minimised);
+  EXPECT_TRUE(program->ForTests().form.OnQueryUnload());
+  EXPECT_EQ(program->ForTests().form.WindowState(), WindowStates::Normal);
 }
 
 // While "CTRL EXIT" goes out the window is still there, but nothing may begin.
 TEST_F(ProgramTest, NothingBeginsInTheLastSecond) {
   ASSERT_TRUE(Main());
   fakes.pump.AtPump(200, [this] {
-    program->measurements.Form_KeyDown(113, 0);
-    program->form.mnuNew.Click();
+    program->ForTests().measurements.Form_KeyDown(keys::F2, 0);
+    program->ForTests().form.mnuNew.Click();
     fakes.socket.DeliverNow("FILE NAME LATE\r\n");
   });
-  program->measurements.mnuExit_Click();
+  program->ForTests().measurements.mnuExit_Click();
   EXPECT_FALSE(Did("Modal FileNewDialog2"));
-  EXPECT_EQ(program->state.file.DataName, "");
+  EXPECT_EQ(program->ForTests().state.file.DataName, "");
 }
 
 } // namespace
