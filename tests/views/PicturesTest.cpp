@@ -91,7 +91,7 @@ TEST_F(PicturesTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
   const std::pair<const char*, std::function<void(F&)>> changes[] = {
       {"around",
        [](F& f) {
-         f.mnuFile.SetCaption("&Data"), f.bar.SetButtonCaption(0, "Go"), f.status.SetSimpleText("Ready");
+         f.mnuFile.SetCaption("&Data"), f.status.SetSimpleText("Ready");
          f.tabs.SetCaption(1, "Keypad"), f.tabs.SetSelected(1);
        }},
       {"words",
