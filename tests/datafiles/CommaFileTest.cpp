@@ -94,7 +94,7 @@ TEST(CommaFile, WritesPointsOfNoObservationAndDropsUnknownOnes) {
   Job job;
   job.Begin();
   job.Step("1.000");
-  job.Fix(55.5, 12.5);
+  job.Fix(55.5, 12.5, 0, 1);
   const auto none = job.Event("1.010");
   job.Value(none, none, 0, "free \"text\", \xC3\xA9 \xE2\x82\xAC \xE2\x88\x9E", 12);
   const auto unknown = job.Event("1.020"); // not even its position
@@ -105,7 +105,7 @@ TEST(CommaFile, WritesPointsOfNoObservationAndDropsUnknownOnes) {
   job.Fix(-0.5, -170.25, 9999.96, 0, 3);
   const auto noFix = job.Event("1.040");
   job.Value(noFix, noFix, 5, "2");
-  EXPECT_EQ(Job::Records(job.Comma()), "5280,0,070811, 55.5000000,  12.5000000,   0.0,4, 9,    ,   \n"
+  EXPECT_EQ(Job::Records(job.Comma()), "5280,0,070811, 55.5000000,  12.5000000,   0.0,1, 9,    ,   \n"
                                        "5311,   1.010,  0,12,\"free \"text\", \xE9 \x80 ?\"\n"
                                        "5311,   1.030,  5,1,\"1\"\n"
                                        "5280,1,070814, -0.5000000,-170.2500000,10000.0,0, 3,    ,   \n"
@@ -132,6 +132,7 @@ TEST(CommaFile, TakesOnlyTheFirstValueOfAStretchThatDoesNotFollowOn) {
   job.Value(c, d, 6, "2"); // nothing was registered from b to c
   const std::string both = Stretch("   1.000", "   1.100", "1") + Stretch("   1.100", "   1.300", "2") + Last;
   EXPECT_EQ(Job::Records(job.Comma()), both);
+  EXPECT_FALSE(job.comma.HoldsAll()) << "its start is lost";
   job.Value(c, d, 5, "3"); // a second value of it stops the walk
   const auto e = job.Step("1.400");
   job.Value(d, e, 6, "1");
@@ -151,6 +152,7 @@ TEST(CommaFile, ClearsOnlyTheValuesOfTheRunningSetup) {
   const std::string text = job.machine.drives.Read("D:\\Data\\SMALLER.TKR");
   EXPECT_NE(text.find("5301,   1.000,   1.100,1,2,"), std::string::npos);
   EXPECT_NE(text.find("5301,   1.100,   1.200,0,2,"), std::string::npos);
+  EXPECT_FALSE(job.comma.HoldsAll()) << "one has no column";
 }
 
 TEST(CommaFile, WritesAHeadAloneForOneStationAndNothingForNone) {
@@ -229,6 +231,7 @@ TEST(CommaFile, TellsEachPercentOnceAndLeavesTheRunsStations) {
     job.Value(before, here, 5, "1");
     before = here;
   }
+  job.state.position.StepSize.SetFileValue(0.5);
   std::vector<int> percents;
   job.comma.AsciiFileProgress = [&percents](int p) { percents.push_back(p); };
   job.Comma();
@@ -237,6 +240,8 @@ TEST(CommaFile, TellsEachPercentOnceAndLeavesTheRunsStations) {
   EXPECT_EQ(percents, all);
   EXPECT_DOUBLE_EQ(job.state.position.KeyStation.Default(), 400);
   EXPECT_DOUBLE_EQ(job.state.position.PreviousStation.Default(), 399);
+  EXPECT_DOUBLE_EQ(job.state.position.StepSize.FileValue(), 0.1) << "the session's, for good";
+  EXPECT_TRUE(job.comma.HoldsAll());
 }
 
 TEST(CommaFile, SaysWhenTheFileIsShort) {
@@ -257,20 +262,24 @@ TEST(CommaFile, SaysWhenTheFileIsShort) {
 }
 
 // A head without its observations looks like one of a smaller setup, and the data file is deleted for it.
-TEST(CommaFile, SaysWhenItsObservationsCannotBeRead) {
-  Job job;
-  for (int i = 0; i < 90; ++i)
-    job.Offer(100 + i, "Observation " + std::to_string(i) + std::string(60, 'x'), "Obs", 1);
-  ASSERT_TRUE(job.Create("BROKEN"));
-  job.Value(job.Step("1.000"), job.Step("1.100"), 100, "1");
-  job.files.CloseDataFile();
-  const std::string file = job.DataFile("BROKEN");
-  std::string bytes = job.machine.drives.Read(file);
-  job.machine.drives.Write(file, bytes.replace(bytes.rfind("Observation 89") / 4096 * 4096, 4096, 4096, '\x7f'));
-  job.state.file.DataFilePath = file;
-  ASSERT_TRUE(job.files.OpenDataFile(OpenMode::ReadOnly));
-  job.Comma(1);
-  EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unreadable);
+TEST(CommaFile, SaysWhenItsObservationsOrValuesCannotBeRead) {
+  for (const char* lost : {"Observation 89", "value 199"}) {
+    Job job;
+    for (int i = 0; i < 90; ++i)
+      job.Offer(100 + i, "Observation " + std::to_string(i) + std::string(60, 'x'), "Obs", 1);
+    ASSERT_TRUE(job.Create("BROKEN"));
+    const auto from = job.Step("1.000"), to = job.Step("1.100");
+    for (int i = 0; i < 200; ++i)
+      job.Value(from, to, 100, "value " + std::to_string(i) + std::string(60, 'x'));
+    job.files.CloseDataFile();
+    const std::string file = job.DataFile("BROKEN");
+    std::string bytes = job.machine.drives.Read(file);
+    job.machine.drives.Write(file, bytes.replace(bytes.rfind(lost) / 4096 * 4096, 4096, 4096, '\x7f'));
+    job.state.file.DataFilePath = file;
+    ASSERT_TRUE(job.files.OpenDataFile(OpenMode::ReadOnly));
+    job.Comma(1);
+    EXPECT_EQ(job.comma.Outcome(), CommaOutcome::Unreadable) << lost;
+  }
 }
 
 } // namespace trekor::tests

@@ -51,6 +51,8 @@ TEST(FileNewDialog2, HandsOverNameFolderBackupAndRoad) {
     d.form.Texts0.Type("Ring Road");
     d.form.Texts1.Type("North");
     d.form.Texts9.Type("Bridge");
+    d.state.facility.SectionStart = "Tunnel"; // the link speaks later than the user
+    d.form.BlinkTimer.Fire();
     d.form.Texts2.Type("  ROAD01 ");
     EXPECT_TRUE(d.form.OnKeyDown(13, 0));
   });
@@ -146,6 +148,10 @@ TEST(FileNewDialog2, WalksFoldersAndProposesTheNextNameOfASeries) {
     d.form.DriveSelect.Select(d.form.DriveSelect.ListCount() - 1); // E
     EXPECT_EQ(d.form.FullPathLabel.Caption(), "E:\\");
     EXPECT_EQ(d.form.cboBackup.List(2), "D:") << "the data drive has moved";
+    std::filesystem::remove_all(d.drives.Root() + "/D"); // a medium that is taken out
+    d.form.DriveSelect.Select(1);
+    EXPECT_EQ(d.form.FullPathLabel.Caption() + d.form.DriveSelect.Text() + d.form.DriveSelect.List(1), "C:\\C:E:");
+    EXPECT_EQ(d.form.cboBackup.List(1), "E:");
   });
 }
 

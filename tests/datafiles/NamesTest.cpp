@@ -50,6 +50,10 @@ TEST(CopyFiles, CopiesTheFilesOfOneNameAndTellsWhichStandWhole) {
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "job.txt"}));
   drives.failing.pop_back();
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb", "JOB.mdb-wal", "job.txt"}));
+  drives.Write("D:\\Data\\JOB.mdb-journal", "pages");
+  drives.failing.emplace_back("E:\\DATA\\JOB.MDB-JOURNAL");
+  EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb-wal", "job.txt"}));
+  drives.DeleteFile("D:\\Data\\JOB.mdb-journal");
   WriteBytes(drives.NativePath("D:\\Data") + "/job.MDB", "a second job"); // one copy for two
   EXPECT_EQ(CopyFiles("D:\\Data", "JOB", "E:\\Data", drives), (Names{"JOB", "JOB.mdb-wal", "job.txt"}));
 }

@@ -14,6 +14,11 @@ TEST_F(UpdateDatabaseTest, AMissingWorkingFileIsInstalledFromItsTemplate) {
   EXPECT_EQ(Rows("Options", result.path), "3|shipped|-1\n");
   EXPECT_FALSE(drives.FolderExists(bak));
   EXPECT_TRUE(Boxes().empty());
+  const auto writable = std::filesystem::perms::owner_write;
+  std::filesystem::permissions(drives.NativePath(result.path), writable, std::filesystem::perm_options::remove);
+  Update("Car 7");
+  EXPECT_EQ(std::filesystem::status(drives.NativePath(result.path)).permissions() & writable, writable)
+      << "a medium's mark goes at any start";
   drives.failing = {working};
   EXPECT_FALSE(Update().programEnds) << "what can't be installed is told, and the program goes on";
   EXPECT_EQ(Boxes(), Words{"Cannot open " + working});
