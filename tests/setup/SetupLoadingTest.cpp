@@ -67,11 +67,12 @@ TEST_F(Loading, LetsTwoRowsKeepOneKeyAndTheLaterRuleUntilAnotherSetupIsChosen) {
 
 TEST_F(Loading, StoresAnAssignedKeyOfThisSetupOnly) {
   Add({.id = 1, .keyCode = 65});
-  Run("INSERT INTO Setups(SetupID,ObsParID,KeyCode) VALUES(2,1,70)");
+  Add({.id = 2, .position = 2, .keyCode = 66});
+  Run("INSERT INTO Setups(SetupID,ObsParID,KeyCode) VALUES(2,2,70)");
   setup.Load_TestSetup();
-  setup.Store_SetupKey(107, 1);
-  setup.Store_SetupKey(108, 2); // no such entry
-  EXPECT_EQ(StoredKeys(), "107\n70\n");
+  setup.Store_SetupKey(107, 2);
+  setup.Store_SetupKey(108, 3); // no such entry
+  EXPECT_EQ(StoredKeys(), "65\n107\n70\n");
 }
 
 TEST_F(Vocabulary, IsInstalledFromItsTemplateAndOpened) {
