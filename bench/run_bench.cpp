@@ -56,7 +56,7 @@ public:
       ++tenths;
       Say("DMI " + std::to_string(tenths / 10) + "." + std::to_string(tenths % 10) + "\r\n");
       if (i % 4 == 0)
-        program.ForTests().measurements.Form_KeyDown('A', 0);
+        program.ForTests().measurements.Subjects().formKeys.Form_KeyDown('A', 0);
       program.ForTests().form.IdleTimer.Fire();
       fakes.shell.acts.clear();
     }

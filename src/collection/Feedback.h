@@ -1,7 +1,11 @@
-// What the operator hears and reads beside the grid: the sound of each key, the caption of the form.
+// What the operator hears: the sound of each key, and the assistance, spoken or shown.
 #pragma once
 
-#include "collection/RunContext.h"
+#include "platform/Drives.h"
+#include "platform/SoundPlayer.h"
+#include "setup/TestSetup.h"
+#include "state/ProgramState.h"
+#include "texts/MessageCatalogue.h"
 
 #include <array>
 #include <string>
@@ -11,7 +15,9 @@ namespace trekor {
 
 class Feedback {
 public:
-  explicit Feedback(RunContext& context) : ctx(context) {}
+  Feedback(const ProgramState& state, SoundPlayer& sound, Drives& drives, const TestSetup& setup,
+           MessageCatalogue& messages)
+      : state(state), sound(sound), drives(drives), setup(setup), messages(messages) {}
 
   // Fills the tables for the running setup.
   void LoadSounds();
@@ -26,16 +32,17 @@ public:
   // Speaks or shows an assistance message.
   void Assist(int number);
 
-  void SetCaption();
-  void AsciiFileProgress(int percent);
-
 private:
   // Places of one sound, the best first. The player looks which are there when it plays, so that a wave which came or
   // went is noticed at the next key.
   using Places = std::vector<std::string>;
   Places Words(const std::string& name) const;
 
-  RunContext& ctx;
+  const ProgramState& state;
+  SoundPlayer& sound;
+  Drives& drives;
+  const TestSetup& setup;
+  MessageCatalogue& messages;
   std::array<std::string, 3> SystemSounds{"newsegment", "undefinedkey", "slowdown"};
   std::array<Places, 10> ToneFiles, DigitVoiceFiles;
   std::vector<Places> ObsVoiceFiles; // by observation; entry 0 stays empty

@@ -1,19 +1,18 @@
 // The data file as the menu and the link see it: new, prepared, announced, closed.
 #pragma once
 
-#include "collection/Feedback.h"
-#include "collection/RunContext.h"
-#include "collection/SetupChoice.h"
-
-#include <string>
-#include <vector>
+#include "collection/FormStatus.h"
+#include "collection/RunNews.h"
+#include "collection/RunStage.h"
+#include "collection/SessionFile.h"
+#include "datafiles/FileNewDialog2.h"
 
 namespace trekor {
 
 class FileMenu {
 public:
-  FileMenu(RunContext& context, SetupChoice& setupChoice, Feedback& feedback)
-      : ctx(context), setupChoice(setupChoice), feedback(feedback) {}
+  FileMenu(RunStage& stage, RunNews& news, FileNewDialog2& fileNew, SessionFile& file, FormStatus& status)
+      : stage(stage), news(news), fileNew(fileNew), file(file), status(status) {}
   void mnuNew_Click();
   // Builds and opens the file that the state names. Nothing without a name. When it can't be made, a file that is open
   // goes on. A file made under the new-file form takes the form away.
@@ -22,16 +21,14 @@ public:
   void mnuClose_Click();
 
 private:
-  void Announce_File();
   bool NameFile();
-  void WriteSessionComma();
-  std::vector<std::string> BackUpFile();
-  bool StandsElsewhere(const std::vector<std::string>& copied);
   void CloseFile();
 
-  RunContext& ctx;
-  SetupChoice& setupChoice;
-  Feedback& feedback;
+  RunStage& stage;
+  RunNews& news;
+  FileNewDialog2& fileNew;
+  SessionFile& file;
+  FormStatus& status;
 };
 
 } // namespace trekor

@@ -5,19 +5,25 @@
 namespace trekor {
 
 bool FormKeys::Form_KeyDown(int keyCode, int shift) {
-  if (ctx.fields.loading || ctx.fields.ending)
+  if (stage.Loading() || stage.Ending())
     return false;
-  const bool inRun = ctx.Flags().RunState != RunStates::Idle;
+  const bool inRun = stage.InRun();
   if (keyCode == keys::NumLock)
     KeepNumLock();
   if (keyCode == keys::F11) {
-    ctx.Send("EVENT CLICK");
+    news.SendClick();
     return true;
   }
   if (!inRun)
-    return IdleKey(keyCode, shift);
+    return idleKeys.IdleKey(keyCode, shift);
   ring.Put(keyCode, shift);
   return true;
+}
+
+// No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
+// would change the step that the session keeps.
+bool FormKeys::Form_KeyPress(char32_t) {
+  return !stage.AtRest();
 }
 
 // A lock key that is on goes off when it is released, on some systems.
@@ -28,37 +34,23 @@ void FormKeys::Form_KeyUp(int keyCode) {
 
 // From the moment when a start has saved the key's state.
 void FormKeys::KeepNumLock() {
-  if (ctx.Flags().RunState != RunStates::Idle || ctx.fields.NumLockAtStart)
-    asking.FreezeNumLock();
-}
-
-bool FormKeys::IdleKey(int keyCode, int shift) {
-  const bool increasing = ctx.Position().DmiIncreasing;
-  if (keyCode == keys::F2)
-    run.Start_Run();
-  if (keyCode == keys::Delete)
-    keyPictures.RemoveSelectedKey();
-  const bool turns = shift != 0 && (keyCode == keys::Up ? !increasing : keyCode == keys::Down && increasing);
-  if (turns)
-    ctx.form.UpDnPicture.Click(); // which does nothing while it is disabled
-  // Ctrl+Shift+M will open the message editor here when the form store has not taken the key.
-  return ctx.rooms.texts.FormKeyDown(ctx.form, keyCode, shift) || keyCode == keys::F2;
-}
-
-void FormKeys::tbControlBar_ButtonClick(const std::string& key) {
-  const RunStates state = ctx.Flags().RunState;
-  if (key == "play" && (state == RunStates::Idle || state == RunStates::Paused))
-    Form_KeyDown(keys::F2, 0);
-  else if (key == "pause" && state == RunStates::Running)
-    Form_KeyDown(keys::F3, 0);
-  else if (key == "stop" && (state == RunStates::Running || state == RunStates::Paused))
-    Form_KeyDown(keys::F4, 0);
-  else if (key == "Camera1")
-    Form_KeyDown(keys::F11, 0);
+  if (stage.InRun() || numLock.Saved())
+    numLock.FreezeNumLock();
 }
 
 void FormKeys::Form_Activate() {
   KeepNumLock();
+}
+
+void FormKeys::tbControlBar_ButtonClick(const std::string& key) {
+  if (key == "play" && !stage.Running())
+    Form_KeyDown(keys::F2, 0);
+  else if (key == "pause" && stage.Running())
+    Form_KeyDown(keys::F3, 0);
+  else if (key == "stop" && stage.InRun())
+    Form_KeyDown(keys::F4, 0);
+  else if (key == "Camera1")
+    Form_KeyDown(keys::F11, 0);
 }
 
 } // namespace trekor

@@ -1,11 +1,11 @@
 // The keys of the main form, which hears them before its controls do, and the toolbar, whose buttons are keys.
 #pragma once
 
-#include "collection/Asking.h"
-#include "collection/KeyPictures.h"
+#include "collection/IdleKeys.h"
 #include "collection/KeyRing.h"
-#include "collection/Run.h"
-#include "collection/RunContext.h"
+#include "collection/NumLock.h"
+#include "collection/RunNews.h"
+#include "collection/RunStage.h"
 
 #include <string>
 
@@ -13,23 +13,24 @@ namespace trekor {
 
 class FormKeys {
 public:
-  FormKeys(RunContext& context, KeyRing& ring, Run& run, Asking& asking, KeyPictures& keyPictures)
-      : ctx(context), ring(ring), run(run), asking(asking), keyPictures(keyPictures) {}
+  FormKeys(const RunStage& stage, KeyRing& ring, IdleKeys& idleKeys, NumLock& numLock, RunNews& news)
+      : stage(stage), ring(ring), idleKeys(idleKeys), numLock(numLock), news(news) {}
   // True: the key is taken. In a run every key goes into the ring and to nobody else.
   bool Form_KeyDown(int keyCode, int shift);
+  // True: the letter is thrown away.
+  bool Form_KeyPress(char32_t character);
   void Form_KeyUp(int keyCode);
-  void tbControlBar_ButtonClick(const std::string& key);
   void Form_Activate();
+  void tbControlBar_ButtonClick(const std::string& key);
 
 private:
-  bool IdleKey(int keyCode, int shift);
   void KeepNumLock();
 
-  RunContext& ctx;
+  const RunStage& stage;
   KeyRing& ring;
-  Run& run;
-  Asking& asking;
-  KeyPictures& keyPictures;
+  IdleKeys& idleKeys;
+  NumLock& numLock;
+  RunNews& news;
 };
 
 } // namespace trekor

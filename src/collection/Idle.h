@@ -2,34 +2,29 @@
 // in here asks a database or the window system, and nothing is written that has not changed.
 #pragma once
 
-#include "collection/Feedback.h"
-#include "collection/KeyPictures.h"
-#include "collection/Registrations.h"
-#include "collection/RunContext.h"
-#include "collection/Stepping.h"
+#include "collection/GridEditing.h"
+#include "collection/KeyOrders.h"
+#include "collection/RunStage.h"
+#include "collection/SlowWork.h"
+#include "forms/Controls.h"
 
 namespace trekor {
 
 class Idle {
 public:
-  Idle(RunContext& context, Registrations& registrations, Grids& grids, Stepping& stepping, Feedback& feedback,
-       KeyPictures& keyPictures)
-      : ctx(context), registrations(registrations), grids(grids), stepping(stepping), feedback(feedback),
-        keyPictures(keyPictures) {}
+  Idle(Timer& timer, const RunStage& stage, KeyOrders& keyOrders, GridEditing& gridEditing, SlowWork& slowWork)
+      : timer(timer), stage(stage), keyOrders(keyOrders), gridEditing(gridEditing), slowWork(slowWork) {}
   void Idle_Tick();
 
 private:
   void Tick();
-  void SlowWork();
-  void SimulateDMI();
-  void WatchMinimise();
 
-  RunContext& ctx;
-  Registrations& registrations;
-  Grids& grids;
-  Stepping& stepping;
-  Feedback& feedback;
-  KeyPictures& keyPictures;
+  Timer& timer;
+  const RunStage& stage;
+  KeyOrders& keyOrders;
+  GridEditing& gridEditing;
+  SlowWork& slowWork;
+  bool IdleStarted = false; // a tick has begun; kept for whoever asks, as yet nobody
 };
 
 } // namespace trekor

@@ -1,6 +1,6 @@
 #include "collection/KeyPictures.h"
 
-#include "collection/Grids.h"
+#include "collection/RunGrid.h"
 #include "values/KeyCodes.h"
 
 namespace trekor {
@@ -11,29 +11,30 @@ constexpr const char* NoCaption = "[ ]";
 constexpr int TabKeyboard = 1, TabKeypad = 2;
 } // namespace
 
-KeyPictures::KeyPictures(RunContext& context)
-    : ctx(context), KeyBoardClass(tables, context.rooms.setup), KeyPadClass(tables, context.rooms.setup),
-      floatingKeyBoard(tables, context.rooms.setup), floatingKeyPad(tables, context.rooms.setup) {}
+KeyPictures::KeyPictures(MeasurementsForm& form, Shell& shell, TextDatabase& texts, TestSetup& setup)
+    : form(form), shell(shell), texts(texts),
+      setup(setup), pictures{ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup),
+                             ClassKeyBoard(tables, setup)} {}
 
 void KeyPictures::Init_KeyTables() {
   tables = KeyTables();
-  KeyBoardClass.MakeKeyBoard(ctx.form.fxgKeyBoard, false);
-  KeyPadClass.MakeKeyPad(ctx.form.fxgKeyPad, false);
-  LoadFloating(frmKeyBoard, frmKeyBoard.fxgKeyBoard, ctx.form.mnuViewKeyBoard);
-  floatingKeyBoard.MakeKeyBoard(frmKeyBoard.fxgKeyBoard, true);
-  LoadFloating(frmKeyPad, frmKeyPad.fxgKeyPad, ctx.form.mnuViewKeyPad);
-  floatingKeyPad.MakeKeyPad(frmKeyPad.fxgKeyPad, true);
+  pictures[DockedBoard].MakeKeyBoard(form.fxgKeyBoard, false);
+  pictures[DockedPad].MakeKeyPad(form.fxgKeyPad, false);
+  LoadFloating(frmKeyBoard, frmKeyBoard.fxgKeyBoard, form.mnuViewKeyBoard);
+  pictures[FloatingBoard].MakeKeyBoard(frmKeyBoard.fxgKeyBoard, true);
+  LoadFloating(frmKeyPad, frmKeyPad.fxgKeyPad, form.mnuViewKeyPad);
+  pictures[FloatingPad].MakeKeyPad(frmKeyPad.fxgKeyPad, true);
 }
 
 void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
-  ctx.rooms.texts.LoadFormProperties(floating);
+  texts.LoadFormProperties(floating);
   floating.OnResize = [&floating, &grid] { grid.Move(0, 0, floating.Width, floating.Height); };
   floating.OnQueryUnload = [this, &floating, &entry] {
     PutAway(floating, entry);
     return false;
   };
   floating.OnKeyDown = [this, &floating, &entry](int key, int shift) {
-    if (ctx.rooms.texts.FormKeyDown(floating, key, shift))
+    if (texts.FormKeyDown(floating, key, shift))
       return true;
     const bool away = key == keys::Esc || key == keys::F4;
     if (away)
@@ -42,97 +43,105 @@ void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
   };
   grid.OnDblClick = [this, &floating, &entry] { PutAway(floating, entry); };
   // The keys are the main form's: it gets the focus back from the picture.
-  grid.OnClick = [this](int, int) { ctx.rooms.platform.shell.SetFocus(ctx.form.Grid); };
+  grid.OnClick = [this](int, int) { shell.SetFocus(form.Grid); };
   floating.OnResize();
   floating.Loaded = true;
 }
 
 void KeyPictures::LoadViews() {
-  ctx.rooms.platform.shell.Load(frmKeyBoard);
-  ctx.rooms.platform.shell.Load(frmKeyPad);
+  shell.Load(frmKeyBoard);
+  shell.Load(frmKeyPad);
 }
 
 void KeyPictures::PutAway(Form& floating, Menu& entry) {
-  ctx.rooms.platform.shell.Hide(floating);
+  shell.Hide(floating);
   entry.SetChecked(false);
 }
 
 void KeyPictures::AddSetup() {
-  KeyBoardClass.AddSetup();
-  KeyPadClass.AddSetup();
-  floatingKeyBoard.AddSetup();
-  floatingKeyPad.AddSetup();
+  for (ClassKeyBoard& picture : pictures)
+    picture.AddSetup();
 }
 
 void KeyPictures::RemoveSetup() {
-  KeyBoardClass.RemoveSetup();
-  KeyPadClass.RemoveSetup();
-  floatingKeyBoard.RemoveSetup();
-  floatingKeyPad.RemoveSetup();
+  for (ClassKeyBoard& picture : pictures)
+    picture.RemoveSetup();
 }
 
 std::string KeyPictures::KeyCaption(int code) const {
   if (code < 0 || code == SpaceBar)
     return NoCaption;
-  const auto text = KeyBoardClass.KeyText(code);
-  return text.empty() ? KeyPadClass.KeyText(code) : text;
+  const auto text = pictures[DockedBoard].KeyText(code);
+  return text.empty() ? pictures[DockedPad].KeyText(code) : text;
 }
 
 void KeyPictures::RemoveSelectedKey() {
-  const int tab = ctx.form.TabStrip1.Selected();
+  const int tab = form.TabStrip1.Selected();
   if (tab != TabKeyboard && tab != TabKeypad)
     return;
-  const Grid& picture = tab == TabKeyboard ? ctx.form.fxgKeyBoard : ctx.form.fxgKeyPad;
+  const Grid& picture = tab == TabKeyboard ? form.fxgKeyBoard : form.fxgKeyPad;
   const auto& text = picture.Text(picture.Row(), picture.Col());
   const int code = tab == TabKeyboard ? KeyBoard_KeyCode(text) : KeyPad_KeyCode(text);
-  const int obs = code < 0 ? -1 : ctx.rooms.setup.KeyToObs(code);
-  if (ctx.rooms.setup.Has(obs))
+  const int obs = code < 0 ? -1 : setup.KeyToObs(code);
+  if (setup.Has(obs))
     UnassignKey(obs, code);
 }
 
 // The pictures go first, as they find the key by the observation's own code. The header stays empty until the grid is
 // made anew.
 void KeyPictures::UnassignKey(int obs, int code) {
-  for (ClassKeyBoard* picture : {&KeyBoardClass, &KeyPadClass, &floatingKeyBoard, &floatingKeyPad})
-    picture->RemoveKey(obs);
-  ctx.form.Grid.SetText(Grids::KeyRow, obs, "");
-  ctx.rooms.setup.Clear_SetupKey(obs);
-  ctx.rooms.setup.Observations(obs).SetKeyCode(-1);
-  ctx.rooms.setup.SetKeyToObs(code, -1);
+  for (ClassKeyBoard& picture : pictures)
+    picture.RemoveKey(obs);
+  form.Grid.SetText(RunGrid::KeyRow, obs, "");
+  setup.Clear_SetupKey(obs);
+  setup.Observations(obs).SetKeyCode(-1);
+  setup.SetKeyToObs(code, -1);
 }
 
 void KeyPictures::mnuViewKeyBoard_Click() {
-  Toggle(frmKeyBoard, ctx.form.mnuViewKeyBoard, floatingKeyBoard);
+  Toggle(frmKeyBoard, form.mnuViewKeyBoard, pictures[FloatingBoard]);
 }
 
 void KeyPictures::mnuViewKeyPad_Click() {
-  Toggle(frmKeyPad, ctx.form.mnuViewKeyPad, floatingKeyPad);
+  Toggle(frmKeyPad, form.mnuViewKeyPad, pictures[FloatingPad]);
 }
 
 void KeyPictures::Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture) {
   entry.SetChecked(!entry.Checked());
   if (!entry.Checked())
-    return ctx.rooms.platform.shell.Hide(floating);
+    return shell.Hide(floating);
   picture.AddSetup();
-  ctx.rooms.platform.shell.Show(floating);
+  shell.Show(floating);
 }
 
 void KeyPictures::Show_KeyForms() {
-  if (ctx.form.mnuViewKeyBoard.Checked())
-    ctx.rooms.platform.shell.Show(frmKeyBoard);
-  if (ctx.form.mnuViewKeyPad.Checked())
-    ctx.rooms.platform.shell.Show(frmKeyPad);
+  if (form.mnuViewKeyBoard.Checked())
+    shell.Show(frmKeyBoard);
+  if (form.mnuViewKeyPad.Checked())
+    shell.Show(frmKeyPad);
 }
 
 void KeyPictures::Hide_KeyForms() {
   for (Form* floating : {static_cast<Form*>(&frmKeyBoard), static_cast<Form*>(&frmKeyPad)})
     if (floating->Shown)
-      ctx.rooms.platform.shell.Hide(*floating);
+      shell.Hide(*floating);
+}
+
+void KeyPictures::WatchMinimise() {
+  const bool minimised = form.WindowState() == WindowStates::Minimised;
+  if (minimised == KeyFormsHidden)
+    return;
+  KeyFormsHidden = minimised;
+  if (minimised)
+    return Hide_KeyForms();
+  form.SetWindowState(WindowStates::Minimised); // for a moment, or the floating windows would come up behind the form
+  Show_KeyForms();
+  form.SetWindowState(WindowStates::Normal);
 }
 
 void KeyPictures::Unload() {
-  ctx.rooms.texts.UnloadForm(frmKeyBoard);
-  ctx.rooms.texts.UnloadForm(frmKeyPad);
+  texts.UnloadForm(frmKeyBoard);
+  texts.UnloadForm(frmKeyPad);
 }
 
 } // namespace trekor

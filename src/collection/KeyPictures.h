@@ -2,15 +2,19 @@
 // and the taking away of a key.
 #pragma once
 
-#include "collection/RunContext.h"
+#include "collection/MeasurementsForm.h"
+#include "platform/Shell.h"
+#include "setup/ClassKeyBoard.h"
+#include "texts/TextDatabase.h"
 
+#include <array>
 #include <string>
 
 namespace trekor {
 
 class KeyPictures {
 public:
-  explicit KeyPictures(RunContext& context);
+  KeyPictures(MeasurementsForm& form, Shell& shell, TextDatabase& texts, TestSetup& setup);
   // Lays out all four pictures and dresses the floating windows without showing them. Their views are made by
   // LoadViews, when the main form can already be seen.
   void Init_KeyTables();
@@ -28,6 +32,8 @@ public:
   // The windows that are ticked in the menu, when the main form is shown or no longer minimised.
   void Show_KeyForms();
   void Hide_KeyForms();
+  // The floating windows go with the minimised form and come back with it.
+  void WatchMinimise();
   void Unload();
 
   KeyBoardForm frmKeyBoard;
@@ -39,9 +45,15 @@ private:
   void PutAway(Form& floating, Menu& entry);
   void UnassignKey(int obs, int code);
 
-  RunContext& ctx;
+  enum Picture { DockedBoard, DockedPad, FloatingBoard, FloatingPad };
+
+  MeasurementsForm& form;
+  Shell& shell;
+  TextDatabase& texts;
+  TestSetup& setup;
   KeyTables tables;
-  ClassKeyBoard KeyBoardClass, KeyPadClass, floatingKeyBoard, floatingKeyPad;
+  std::array<ClassKeyBoard, 4> pictures; // by Picture
+  bool KeyFormsHidden = false;           // the main form is minimised
 };
 
 } // namespace trekor

@@ -9,7 +9,7 @@ constexpr int TabHead = 390, Margin = 60, CurtainStep = 1000;
 } // namespace
 
 void Layout::Setup_Tabs() {
-  TabStrip& tabs = ctx.form.TabStrip1;
+  TabStrip& tabs = form.TabStrip1;
   tabs.Clear();
   tabs.Add("Info", "Info");
   tabs.Add("Keyboard", "Keyboard");
@@ -17,18 +17,17 @@ void Layout::Setup_Tabs() {
 }
 
 Frame* Layout::FrameOf(int tab) const {
-  Frame* const frames[] = {&ctx.form.tabFrames0, &ctx.form.tabFrames1, &ctx.form.tabFrames2};
+  Frame* const frames[] = {&form.tabFrames0, &form.tabFrames1, &form.tabFrames2};
   return frames[tab];
 }
 
 void Layout::TabStrip1_Click() {
-  const int selected = std::max(ctx.form.TabStrip1.Selected(), 0);
+  const int selected = std::max(form.TabStrip1.Selected(), 0);
   for (int tab = 0; tab < 3; ++tab)
     FrameOf(tab)->SetVisible(tab == selected);
 }
 
 void Layout::Resize() {
-  auto& form = ctx.form;
   if (form.WindowState() == WindowStates::Minimised)
     return;
   form.tbControlBar.Move(0, 0, form.Width, form.tbControlBar.Height);
@@ -38,39 +37,38 @@ void Layout::Resize() {
 }
 
 void Layout::PlaceFrames() {
-  const TabStrip& tabs = ctx.form.TabStrip1;
+  const TabStrip& tabs = form.TabStrip1;
   const int width = std::max(tabs.Width - 2 * Margin, 0), height = std::max(tabs.Height - TabHead - Margin, 0);
   for (int tab = 0; tab < 3; ++tab)
     FrameOf(tab)->Move(Margin, tabs.Top + TabHead, width, height);
-  for (Grid* keys : {&ctx.form.fxgKeyBoard, &ctx.form.fxgKeyPad})
+  for (Grid* keys : {&form.fxgKeyBoard, &form.fxgKeyPad})
     keys->Move(Margin, Margin, std::max(width - 2 * Margin, 0), std::max(height - 2 * Margin, 0));
 }
 
 int Layout::GridTop() const {
-  const auto& form = ctx.form;
-  return ctx.fields.gridCovers ? form.tbControlBar.Height : form.TabStrip1.Top + form.TabStrip1.Height;
+  return gridCovers ? form.tbControlBar.Height : form.TabStrip1.Top + form.TabStrip1.Height;
 }
 
 void Layout::PlaceGrid(int top) {
-  ctx.form.Grid.Move(0, top, ctx.form.Width, std::max(ctx.form.Height - top, 0));
+  form.Grid.Move(0, top, form.Width, std::max(form.Height - top, 0));
 }
 
 void Layout::CoverTabs() {
-  ctx.fields.gridCovers = true;
+  gridCovers = true;
   PlaceGrid(GridTop());
 }
 
 void Layout::UncoverTabs() {
-  ctx.fields.gridCovers = false;
+  gridCovers = false;
   PlaceGrid(GridTop());
 }
 
 void Layout::TimerCurtain_Timer() {
-  const int now = ctx.form.Grid.Top, goal = GridTop();
+  const int now = form.Grid.Top, goal = GridTop();
   const int next = now < goal ? std::min(now + CurtainStep, goal) : std::max(now - CurtainStep, goal);
   PlaceGrid(next);
   if (next == goal)
-    ctx.form.TimerCurtain.SetRunning(false);
+    form.TimerCurtain.SetRunning(false);
 }
 
 } // namespace trekor

@@ -2,13 +2,13 @@
 // them; during a run the grid covers everything under the toolbar. Twips.
 #pragma once
 
-#include "collection/RunContext.h"
+#include "collection/MeasurementsForm.h"
 
 namespace trekor {
 
 class Layout {
 public:
-  explicit Layout(RunContext& context) : ctx(context) {}
+  explicit Layout(MeasurementsForm& form) : form(form) {}
   void Setup_Tabs();
   void TabStrip1_Click();
   // Lays out everything to the inside of the form.
@@ -25,7 +25,8 @@ private:
   void PlaceFrames();
   Frame* FrameOf(int tab) const;
 
-  RunContext& ctx;
+  MeasurementsForm& form;
+  bool gridCovers = false; // the tabs, as it does in a run
 };
 
 } // namespace trekor

@@ -1,99 +1,83 @@
 #include "collection/Measurements.h"
 
-#include "collection/Parts.h"
+#include "collection/RunSubjects.h"
 
 namespace trekor {
 
-Measurements::Measurements(MeasurementsForm& mainForm, RunRooms runRooms)
-    : form(mainForm), rooms(runRooms), p(std::make_unique<Parts>(mainForm, runRooms)) {
-  p->grids.keyCaption = [this](int code) { return p->keyPictures.KeyCaption(code); };
-  rooms.comma.AsciiFileProgress = [this](int percent) { AsciiFileProgress(percent); };
-  rooms.fileNew.Assist = [this](int number) { p->feedback.Assist(number); };
-  WireEvents();
+Measurements::Measurements(MeasurementsForm& form, const RunRooms& rooms)
+    : form(form), rooms(rooms), subjects(std::make_unique<RunSubjects>(form, rooms)) {
+  rooms.comma.AsciiFileProgress = [this](int percent) { subjects->status.AsciiFileProgress(percent); };
+  rooms.fileNew.Assist = [this](int number) { subjects->feedback.Assist(number); };
+  WireKeys();
+  WireControls();
+  WireMenus();
 }
 
 Measurements::~Measurements() = default;
 
-bool Measurements::Form_KeyDown(int keyCode, int shift) {
-  return p->formKeys.Form_KeyDown(keyCode, shift);
+void Measurements::WireKeys() {
+  form.OnKeyDown = [this](int keyCode, int shift) { return subjects->formKeys.Form_KeyDown(keyCode, shift); };
+  form.OnKeyElsewhere = [this](int keyCode, int shift) {
+    return subjects->stage.InRun() && subjects->formKeys.Form_KeyDown(keyCode, shift);
+  };
+  form.OnKeyUp = [this](int keyCode) { subjects->formKeys.Form_KeyUp(keyCode); };
+  form.OnKeyPress = [this](char32_t typed) { return subjects->formKeys.Form_KeyPress(typed); };
+  form.OnActivate = [this] { subjects->formKeys.Form_Activate(); };
+  form.tbControlBar.OnButtonClick = [this](const std::string& key) {
+    subjects->formKeys.tbControlBar_ButtonClick(key);
+  };
 }
 
-// No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
-// would change the step that the session keeps.
-bool Measurements::Form_KeyPress(char32_t) {
-  return rooms.state.run.RunState != RunStates::Idle || p->ctx.fields.starting;
+void Measurements::WireControls() {
+  form.OnResize = [this] { subjects->layout.Resize(); };
+  form.OnQueryUnload = [this] { return QueryUnload(); };
+  form.IdleTimer.OnTimer = [this] {
+    subjects->idle.Idle_Tick();
+    subjects->wayOut.LeaveWhenDue();
+  };
+  form.TimerCurtain.OnTimer = [this] { subjects->layout.TimerCurtain_Timer(); };
+  form.TabStrip1.OnClick = [this] { subjects->layout.TabStrip1_Click(); };
+  form.UpDnPicture.OnClick = [this] { subjects->stepBoxes.UpDnPicture_Click(); };
+  // The form's stored look fills the list too, before there are keys and columns; the load chooses when they are there.
+  form.cboTestSetupNames.OnClick = [this] {
+    if (!subjects->stage.Loading())
+      subjects->setupChoice.cboTestSetupNames_Click();
+  };
+  subjects->boxes.Wire();
+  subjects->gridDepth.Wire();
 }
 
-void Measurements::Check_DMI() {
-  p->stepping.Check_DMI();
+void Measurements::WireMenus() {
+  form.mnuNew.OnClick = [this] { subjects->fileMenu.mnuNew_Click(); };
+  form.mnuClose.OnClick = [this] { subjects->fileMenu.mnuClose_Click(); };
+  form.mnuExit.OnClick = [this] { subjects->wayOut.mnuExit_Click(); };
+  form.mnuViewKeyBoard.OnClick = [this] { subjects->keyPictures.mnuViewKeyBoard_Click(); };
+  form.mnuViewKeyPad.OnClick = [this] { subjects->keyPictures.mnuViewKeyPad_Click(); };
+  form.mnuViewSocket.OnClick = [this] { rooms.platform.shell.Show(rooms.socket.form); };
 }
 
-void Measurements::Set_UpDnIcon() {
-  p->stepping.Set_UpDnIcon();
-}
-
-void Measurements::Prepare_File() {
-  p->fileMenu.Prepare_File();
-}
-
-void Measurements::mnuNew_Click() {
-  p->fileMenu.mnuNew_Click();
-}
-
-void Measurements::mnuClose_Click() {
-  p->fileMenu.mnuClose_Click();
-}
-
-void Measurements::mnuExit_Click() {
-  p->ctx.fields.leaveLater = p->ctx.fields.preparing;
-  if (unloadMainForm && !p->ctx.fields.preparing)
-    unloadMainForm();
-}
-
-void Measurements::SetUnitLabels() {
-  p->stepping.SetUnitLabels();
-}
-
-void Measurements::SetCaption() {
-  p->feedback.SetCaption();
-}
-
-void Measurements::EnterHugeNumber(int index) {
-  p->asking.EnterHugeNumber(index);
-}
-
-void Measurements::EnterHugeText(int index) {
-  p->asking.EnterHugeText(index);
-}
-
-void Measurements::Idle_Tick() {
-  p->idle.Idle_Tick();
-  if (p->ctx.fields.leaveLater && !p->ctx.fields.preparing)
-    mnuExit_Click();
-}
-
-void Measurements::AsciiFileProgress(int percent) {
-  p->feedback.AsciiFileProgress(percent);
-}
-
-void Measurements::PrepareStation(double km) {
-  rooms.state.position.KeyStation.SetDefault(km);
-  form.Texts6.SetText(rooms.state.position.KeyStation.Text());
-}
-
-void Measurements::StopAndClose() {
-  p->run.StopAndClose();
+// The close box: the windows come back first, then a run is stopped and a file closed. False: not now.
+bool Measurements::QueryUnload() {
+  if (!subjects->stage.MayLeave())
+    return false;
+  if (form.WindowState() == WindowStates::Minimised) {
+    subjects->keyPictures.Show_KeyForms();
+    form.SetWindowState(WindowStates::Normal);
+    form.Refresh();
+  }
+  subjects->wayOut.StopAndClose();
+  return true;
 }
 
 void Measurements::UnloadForms() {
-  p->frmBars.Loaded = false;
-  p->asking.TextPrompt.Unload();
-  p->asking.NumericPrompt.Unload();
+  subjects->frmBars.Loaded = false;
+  subjects->asking.TextPrompt.Unload();
+  subjects->asking.NumericPrompt.Unload();
   rooms.fileNew.GiveWay();
   rooms.messages.UnloadForm();
   rooms.fileNew.Unload();
   rooms.platform.sound.Close_SoundDevice();
-  p->keyPictures.Unload();
+  subjects->keyPictures.Unload();
 }
 
 } // namespace trekor

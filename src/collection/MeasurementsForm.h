@@ -56,6 +56,25 @@ struct MeasurementsForm : Form {
   Timer TimerCurtain{*this, "TimerCurtain"};
 };
 
+// The frame of station, step and direction, for those who work with it alone.
+struct StepControls {
+  TextBox &Texts6, &Texts7, &Texts8;
+  Label &labels6, &labels7, &labels8;
+  Label& StationUnitLabel;
+  Image& UpDnPicture;
+  Label& DmiDirLabel;
+};
+inline StepControls StepControlsOf(MeasurementsForm& form) {
+  return {form.Texts6,  form.Texts7,           form.Texts8,      form.labels6,    form.labels7,
+          form.labels8, form.StationUnitLabel, form.UpDnPicture, form.DmiDirLabel};
+}
+
+// The list of test setups and its hidden twins.
+struct SetupControls {
+  ComboBox &cboTestSetupNames, &cboSetupID;
+  Label& lblSetupID;
+};
+
 // The floating pictures of keyboard and keypad.
 struct KeyBoardForm : Form {
   KeyBoardForm() : Form("frmKeyBoard") { ToolWindow = true; }

@@ -22,75 +22,43 @@ int DigitOf(int key) {
 
 } // namespace
 
-void Registrations::Process_Key() {
-  // A key that comes while a row is being made waits for the next tick.
-  if (ring.Empty() || ctx.fields.rowOnStack)
-    return;
-  auto& at = ctx.Position();
-  if (ctx.Flags().RunState != RunStates::Idle)
-    at.KeyStation.SetDefault(at.DmiStation.Default());
-  const int key = ring.Front();
-  ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
-  CarryOut(key);
-  stepping.ReleaseHeldDmi();
-}
-
-void Registrations::CarryOut(int key) {
-  switch (key) {
-  case keys::F2:
-    return ctx.Flags().RunState != RunStates::Idle ? run.Resume_Run() : run.Start_Run();
-  case keys::F3:
-    return run.Pause_Run();
-  case keys::Esc:
-  case keys::F4:
-    return Paused() ? run.Stop_FromPause() : run.Stop_Run();
-  case keys::Delete:
-    return DeleteKey();
-  default:
-    return Register(key);
-  }
-}
-
 void Registrations::Register(int key) {
-  auto& f = ctx.fields;
-  if (Paused()) {
-    if (const GridRow* row = ctx.buffer.At(f.CurrentRow))
-      ctx.Position().KeyStation.SetFileValue(row->station);
-    if (ctx.buffer.EventAt(f.CurrentRow) > 0)
+  if (stage.Paused()) {
+    grids.values.TakeRowStation();
+    if (grid.rows.EventAt(grid.CurrentRow) > 0)
       return; // an event row keeps its one value
   }
-  if (f.AwaitValue)
+  if (grid.AwaitValue)
     return TakeSecondKey(key);
   if (!FindObservation(key))
     return feedback.PlaySystemSound(1);
   if (Current().KeyingCode == KeyingTwoKeys)
     return Arm();
-  if (Paused() && Current().MakesOwnRow() && !asking.Ask_EventStation(f.CurrentObs))
+  if (stage.Paused() && Current().MakesOwnRow() && !asking.Ask_EventStation(grid.CurrentObs))
     return;
-  if (!f.ending && ChangeValue() && !f.ending)
+  if (!stage.Ending() && ChangeValue() && !stage.Ending())
     Show();
 }
 
 bool Registrations::FindObservation(int key) {
   // A code beyond the table finds nothing and leaves the observation of the key before: that acts once more.
   if (key <= TestSetup::LastKeyCode)
-    ctx.fields.CurrentObs = ctx.rooms.setup.KeyToObs(key);
-  return ctx.rooms.setup.Has(ctx.fields.CurrentObs);
+    grid.CurrentObs = grid.setup.KeyToObs(key);
+  return grid.setup.Has(grid.CurrentObs);
 }
 
 void Registrations::Arm() {
-  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
-  ctx.fields.AwaitValue = true;
-  grids.SetBar(ctx.fields.CurrentObs, WaitingPicture);
+  feedback.PlayObservationSound(grid.CurrentObs, NoDigit);
+  grid.AwaitValue = true;
+  grids.values.SetBar(grid.CurrentObs, WaitingPicture);
 }
 
 void Registrations::TakeSecondKey(int key) {
-  auto& f = ctx.fields;
-  f.AwaitValue = false;
-  if (!ctx.rooms.setup.Has(f.CurrentObs)) // armed under a larger setup
+  grid.AwaitValue = false;
+  if (!grid.setup.Has(grid.CurrentObs)) // armed under a larger setup
     return;
-  f.GridBusy = true;
-  grids.SetBar(f.CurrentObs, 0);
+  grid.GridBusy = true;
+  grids.values.SetBar(grid.CurrentObs, 0);
   if (const int digit = DigitOf(key); digit != NoDigit) {
     Current().SetDefault(std::int32_t{digit});
     feedback.PlayDigitSound(CurrentInt());
@@ -102,7 +70,7 @@ void Registrations::TakeSecondKey(int key) {
 
 // False ends the key with nothing changed.
 bool Registrations::ChangeValue() {
-  const int obs = ctx.fields.CurrentObs;
+  const int obs = grid.CurrentObs;
   switch (Current().DataTypeID) {
   case DataType::Boolean:
     Current().IncValue();
@@ -120,20 +88,24 @@ bool Registrations::ChangeValue() {
 }
 
 bool Registrations::ChangeWhole() {
-  const int obs = ctx.fields.CurrentObs;
   ClassObservation& o = Current();
-  if (!o.MakesOwnRow()) {
-    o.IncValue();
-    if (o.DefaultNumber() == 1)
-      feedback.PlayObservationSound(obs, 1);
-    else
-      feedback.PlayDigitSound(CurrentInt());
-    return true;
-  }
+  if (o.MakesOwnRow())
+    return ChangeOfOwnRow();
+  o.IncValue();
+  if (o.DefaultNumber() == 1)
+    feedback.PlayObservationSound(grid.CurrentObs, 1);
+  else
+    feedback.PlayDigitSound(CurrentInt());
+  return true;
+}
+
+bool Registrations::ChangeOfOwnRow() {
+  const int obs = grid.CurrentObs;
+  ClassObservation& o = Current();
   feedback.PlayObservationSound(obs, NoDigit);
   if (o.Max() - o.Min() > 1) {
     const auto answer = asking.Ask_Number(obs);
-    if (answer.empty() || ctx.fields.ending)
+    if (answer.empty() || stage.Ending())
       return false;
     Asking::TakeNumber(o, answer);
   } else {
@@ -145,68 +117,65 @@ bool Registrations::ChangeWhole() {
 }
 
 bool Registrations::AskFloat() {
-  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
-  const auto answer = asking.Ask_Number(ctx.fields.CurrentObs);
-  if (answer.empty() || ctx.fields.ending)
+  feedback.PlayObservationSound(grid.CurrentObs, NoDigit);
+  const auto answer = asking.Ask_Number(grid.CurrentObs);
+  if (answer.empty() || stage.Ending())
     return false;
   Asking::TakeNumber(Current(), answer);
   return true;
 }
 
 bool Registrations::AskTextValue() {
-  feedback.PlayObservationSound(ctx.fields.CurrentObs, NoDigit);
-  const auto answer = asking.Ask_Text(ctx.fields.CurrentObs);
-  if (answer.empty() || ctx.fields.ending)
+  feedback.PlayObservationSound(grid.CurrentObs, NoDigit);
+  const auto answer = asking.Ask_Text(grid.CurrentObs);
+  if (answer.empty() || stage.Ending())
     return false;
   Current().SetDefault(answer);
   return true;
 }
 
 void Registrations::Show() {
-  auto& f = ctx.fields;
-  Grid& grid = ctx.form.Grid;
-  f.GridBusy = true;
+  grid.GridBusy = true;
   const DataType type = Current().DataTypeID;
   if (HasBar(type))
-    grids.ShowBar(f.CurrentObs);
-  grids.ShowCell(f.CurrentRow, f.CurrentObs);
+    grids.values.ShowBar(grid.CurrentObs);
+  grids.values.ShowCell(grid.CurrentRow, grid.CurrentObs);
   if (type == DataType::Text) {
-    grid.SetRow(f.CurrentRow);
-    grid.SetCol(f.CurrentObs);
-    grid.SetCellAlignment(f.CurrentRow, f.CurrentObs, Align::Left);
+    grid.picture.SetRow(grid.CurrentRow);
+    grid.picture.SetCol(grid.CurrentObs);
+    grid.picture.SetCellAlignment(grid.CurrentRow, grid.CurrentObs, Align::Left);
   }
   if (Current().MakesOwnRow())
-    grids.Add_EventRow(f.CurrentObs);
-  if (Paused())
-    grid.SetColSel(ctx.rooms.setup.ObsCount());
-  f.GridBusy = false;
+    grids.rows.Add_EventRow(grid.CurrentObs);
+  if (stage.Paused())
+    grid.picture.SetColSel(grid.setup.ObsCount());
+  grid.GridBusy = false;
 }
 
 void Registrations::DeleteKey() {
-  auto& f = ctx.fields;
-  if (f.AwaitValue) { // the first key of the pair is withdrawn
-    f.AwaitValue = false;
-    grids.SetBar(f.CurrentObs, 0);
-    f.CurrentObs = 0;
-  } else if (Paused() && ctx.buffer.EventAt(f.CurrentRow) > 0) {
-    grids.RemoveCurrentRow();
-  } else if (Paused()) {
+  if (grid.AwaitValue) { // the first key of the pair is withdrawn
+    grid.AwaitValue = false;
+    grids.values.SetBar(grid.CurrentObs, 0);
+    grid.CurrentObs = 0;
+  } else if (stage.Paused() && grid.rows.EventAt(grid.CurrentRow) > 0) {
+    grids.editing.RemoveCurrentRow();
+  } else if (stage.Paused()) {
     DeleteCell();
   }
 }
 
 void Registrations::DeleteCell() {
-  const int row = ctx.fields.CurrentRow, col = ctx.form.Grid.Col();
-  if (!ctx.rooms.setup.Has(col) || TrimView(ctx.buffer.Cell(row, col)).empty())
+  const int row = grid.CurrentRow, col = grid.picture.Col();
+  if (!grid.setup.Has(col) || TrimView(grid.rows.Cell(row, col)).empty())
     return;
-  ClassObservation& o = ctx.rooms.setup.Observations(col);
+  ClassObservation& o = grid.setup.Observations(col);
   if (HasBar(o.DataTypeID)) {
     o.Reset();
-    grids.ShowBar(col);
-    grids.ShowCell(row, col);
+    grids.values.ShowBar(col);
+    grids.values.ShowCell(row, col);
   } else {
     o.SetDefault(std::string());
-    ctx.buffer.SetCell(row, col, "");
+    grid.rows.SetCell(row, col, "");
   }
 }
 

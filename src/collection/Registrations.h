@@ -5,47 +5,39 @@
 #include "collection/Asking.h"
 #include "collection/Feedback.h"
 #include "collection/Grids.h"
-#include "collection/KeyRing.h"
-#include "collection/Run.h"
-#include "collection/RunContext.h"
-#include "collection/Stepping.h"
+#include "collection/RunStage.h"
 
 namespace trekor {
 
 class Registrations {
 public:
-  Registrations(RunContext& context, KeyRing& ring, Run& run, Asking& asking, Grids& grids, Stepping& stepping,
-                Feedback& feedback)
-      : ctx(context), ring(ring), run(run), asking(asking), grids(grids), stepping(stepping), feedback(feedback) {}
+  Registrations(const Grids& grids, Asking& asking, Feedback& feedback, const RunStage& stage)
+      : grids(grids), grid(grids.data), asking(asking), feedback(feedback), stage(stage) {}
 
-  // Takes one key from the ring, if there is one. The key is stamped with the live position now, not when it was
-  // pressed.
-  void Process_Key();
+  // A key that is no order to the run.
+  void Register(int key);
+  // Withdraws the first key of a pair; in a pause it empties the cell, or takes away an event row.
+  void DeleteKey();
 
 private:
-  void CarryOut(int key);
-  void Register(int key);
   bool FindObservation(int key);
   void TakeSecondKey(int key);
   void Arm();
   bool ChangeValue();
   bool ChangeWhole();
+  bool ChangeOfOwnRow();
   bool AskFloat();
   bool AskTextValue();
   void Show();
-  void DeleteKey();
   void DeleteCell();
-  ClassObservation& Current() const { return ctx.rooms.setup.Observations(ctx.fields.CurrentObs); }
+  ClassObservation& Current() const { return grid.setup.Observations(grid.CurrentObs); }
   int CurrentInt() const;
-  bool Paused() const { return ctx.Flags().RunState == RunStates::Paused; }
 
-  RunContext& ctx;
-  KeyRing& ring;
-  Run& run;
+  Grids grids;
+  RunGrid& grid;
   Asking& asking;
-  Grids& grids;
-  Stepping& stepping;
   Feedback& feedback;
+  const RunStage& stage;
 };
 
 } // namespace trekor

@@ -18,6 +18,10 @@ public:
   int Count() const { return static_cast<int>(rows.size()); }
   int Top() const { return grid.FixedRows(); } // place of the newest row
   int Bottom() const { return Top() + Count() - 1; }
+  // How many rows the buffer holds before the oldest must go.
+  int Depth() const { return GridDepth; }
+  void SetDepth(int depth) { GridDepth = depth; }
+  bool Overfull() const { return Count() > GridDepth; }
 
   // Nothing where there is no row. Good until the next row is inserted or removed.
   GridRow* At(int place);
@@ -37,6 +41,7 @@ public:
 private:
   Grid& grid;
   std::deque<GridRow> rows;
+  int GridDepth = 10;
 };
 
 } // namespace trekor

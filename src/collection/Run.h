@@ -2,57 +2,45 @@
 // through here. A run operation goes on after an error inside it; nothing is reported.
 #pragma once
 
-#include "collection/Asking.h"
-#include "collection/Boxes.h"
-#include "collection/FileMenu.h"
 #include "collection/Grids.h"
 #include "collection/KeyRing.h"
-#include "collection/Layout.h"
-#include "collection/RunContext.h"
-#include "collection/Stepping.h"
-#include "collection/Storing.h"
-
-#include <string>
+#include "collection/RunLook.h"
+#include "collection/RunNews.h"
+#include "collection/RunStage.h"
+#include "collection/StartPreparation.h"
 
 namespace trekor {
 
+// How a change of the run is told: on the form and to the control program.
+struct RunSigns {
+  RunLook& look;
+  RunNews& news;
+};
+
 class Run {
 public:
-  Run(RunContext& context, KeyRing& ring, Asking& asking, Boxes& boxes, Grids& grids, Storing& storing,
-      Stepping& stepping, Layout& layout, FileMenu& fileMenu)
-      : ctx(context), ring(ring), asking(asking), boxes(boxes), grids(grids), storing(storing), stepping(stepping),
-        layout(layout), fileMenu(fileMenu) {}
+  Run(RunStage& stage, KeyRing& ring, const Grids& grids, StartPreparation& preparation, const RunSigns& signs)
+      : stage(stage), ring(ring), grids(grids), preparation(preparation), look(signs.look), news(signs.news) {}
 
   void Start_Run();
   void Pause_Run();
   void Resume_Run();
   void Stop_Run();
   void Stop_FromPause();
-  // Ends the run and closes the file on the way out, even from the middle of another run command.
-  void StopAndClose();
+  // On the way out: of a start that has not come to its end, and of a run even from the middle of another command.
+  void CancelStart();
+  void StopAtOnce();
 
 private:
-  bool PrepareStart();
-  bool ReadStep();
-  void SettleStation();
-  bool AnnounceStart();
   void BeginInFile();
-  void ShowRunning();
-  void CancelStart();
-  void RestoreNumLock();
-  void StoreRows();
-  void SetButtons(bool play, bool pause, bool stop);
-  void SetMenusEnabled(bool on);
+  void SelectNewestRow();
 
-  RunContext& ctx;
+  RunStage& stage;
   KeyRing& ring;
-  Asking& asking;
-  Boxes& boxes;
-  Grids& grids;
-  Storing& storing;
-  Stepping& stepping;
-  Layout& layout;
-  FileMenu& fileMenu;
+  Grids grids;
+  StartPreparation& preparation;
+  RunLook& look;
+  RunNews& news;
 };
 
 } // namespace trekor

@@ -2,23 +2,30 @@
 #pragma once
 
 #include "collection/Feedback.h"
-#include "collection/Grids.h"
+#include "collection/GridHead.h"
 #include "collection/KeyPictures.h"
-#include "collection/RunContext.h"
+#include "collection/MeasurementsForm.h"
+#include "setup/SetupDatabase.h"
 
 namespace trekor {
 
+// Who shows the chosen setup, and sounds it.
+struct SetupViews {
+  KeyPictures& keyPictures;
+  GridHead& gridHead;
+  Feedback& feedback;
+};
+
 class SetupChoice {
 public:
-  SetupChoice(RunContext& context, KeyPictures& keyPictures, Grids& grids, Feedback& feedback)
-      : ctx(context), keyPictures(keyPictures), grids(grids), feedback(feedback) {}
+  SetupChoice(const SetupControls& controls, SetupDatabase& setupDatabase, TestSetup& setup, ProgramState& state,
+              const SetupViews& views)
+      : controls(controls), setupDatabase(setupDatabase), setup(setup), state(state), views(views) {}
   // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen. A list that
   // can't be read is told and changes nothing, and so it is with a setup.
   void Load_TestSetupNames();
   // The operator's choice in the list.
   void cboTestSetupNames_Click();
-  void Lock_SetupControls();
-  void Unlock_SetupControls();
 
 private:
   bool FillLists();
@@ -26,12 +33,12 @@ private:
   void Select(int index);
   void Choose();
   void ChooseNone();
-  void EnableControls(bool on);
 
-  RunContext& ctx;
-  KeyPictures& keyPictures;
-  Grids& grids;
-  Feedback& feedback;
+  SetupControls controls;
+  SetupDatabase& setupDatabase;
+  TestSetup& setup;
+  ProgramState& state;
+  SetupViews views;
   bool filling = false; // the list is moved by the program
   bool chosen = false;  // a setup is loaded, or the lack of one
 };

@@ -4,24 +4,38 @@
 
 namespace trekor {
 
+namespace {} // namespace
+
+bool Storing::CreateFile() {
+  if (!dataFiles.CreateDataFile(setup))
+    return false;
+  LastStationID = 0;
+  return true;
+}
+
+void Storing::TakeFix(GridRow& row) const {
+  row.time = clock.Now();
+  row.fix = state.gps.fix;
+}
+
 void Storing::Flush_Row(const GridRow& row) {
   const bool step = row.kind == RowKind::Step;
-  const auto before = ctx.fields.LastStationID;
-  ctx.rooms.dataFiles.BeginRow();
-  const auto station = ctx.rooms.dataFiles.AddStation({row.kind, row.station, row.time, row.fix});
+  const auto before = LastStationID;
+  dataFiles.BeginRow();
+  const auto station = dataFiles.AddStation({row.kind, row.station, row.time, row.fix});
   if (step)
     StoreSpan(row, station);
   else
     StorePoint(row, station);
   // A row that the disk had no room for leaves a gap, but the next span still begins at a station of the file.
-  if (!ctx.rooms.dataFiles.EndRow() && ctx.Flags().DataFileOpen)
-    ctx.fields.LastStationID = before;
+  if (!dataFiles.EndRow() && state.run.DataFileOpen)
+    LastStationID = before;
 }
 
 void Storing::StorePoint(const GridRow& row, std::int32_t station) {
-  if (!ctx.rooms.setup.Has(row.obs))
+  if (!setup.Has(row.obs))
     return;
-  const bool text = ctx.rooms.setup.Observations(row.obs).DataTypeID == DataType::Text;
+  const bool text = setup.Observations(row.obs).DataTypeID == DataType::Text;
   const auto column = static_cast<std::size_t>(text ? MergedTextColumn : row.obs);
   // A setup of one observation has no column for the merged text: its text events leave a station and nothing else.
   if (column < row.cells.size())
@@ -31,27 +45,26 @@ void Storing::StorePoint(const GridRow& row, std::int32_t station) {
 // A blank cell is stored too when its value lives on from step to step. Where no station of the file is known before,
 // the values stand at the step's end.
 void Storing::StoreSpan(const GridRow& row, std::int32_t station) {
-  const std::int32_t from = ctx.fields.LastStationID != 0 ? ctx.fields.LastStationID : station;
-  for (int i = 1; i <= ctx.rooms.setup.ObsCount(); ++i) {
-    const RegMode mode = ctx.rooms.setup.Observations(i).RegModeCode;
+  const std::int32_t from = LastStationID != 0 ? LastStationID : station;
+  for (int i = 1; i <= setup.ObsCount(); ++i) {
+    const RegMode mode = setup.Observations(i).RegModeCode;
     const std::string& cell = row.cells.at(static_cast<std::size_t>(i));
     if (!TrimView(cell).empty() || (mode != RegMode::Point && mode != RegMode::PresentStep))
       StoreRegistration(from, station, i, cell);
   }
-  ctx.fields.LastStationID = station;
+  LastStationID = station;
 }
 
 void Storing::StoreRegistration(std::int32_t from, std::int32_t to, int obs, const std::string& data) {
-  const auto& o = ctx.rooms.setup.Observations(obs);
-  ctx.rooms.dataFiles.AddRegistration(from, to, o.ObsCode, o.ParCode(), data);
+  const auto& o = setup.Observations(obs);
+  dataFiles.AddRegistration(from, to, o.ObsCode, o.ParCode(), data);
 }
 
 void Storing::StoreStartStation() {
-  ctx.rooms.dataFiles.BeginRow();
-  ctx.rooms.dataFiles.AddStation(
-      {RowKind::Step, ctx.Position().KeyStation.FiledValue(), ctx.rooms.platform.clock.Now(), ctx.State().gps.fix});
-  ctx.rooms.dataFiles.EndRow();
-  ctx.fields.LastStationID = ctx.State().file.StationID; // an older one, or 0, when the disk was full
+  dataFiles.BeginRow();
+  dataFiles.AddStation({RowKind::Step, state.position.KeyStation.FiledValue(), clock.Now(), state.gps.fix});
+  dataFiles.EndRow();
+  LastStationID = state.file.StationID; // an older one, or 0, when the disk was full
 }
 
 } // namespace trekor

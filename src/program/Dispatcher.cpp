@@ -142,9 +142,9 @@ void TakeText(FacilityRecord& record, const std::array<TextField, N>& fields, st
 
 } // namespace
 
-Dispatcher::Dispatcher(ProgramState& programState, Platform& seams, SocketProp& link, Sections& network,
-                       Measurements& run)
-    : state(programState), platform(seams), socket(link), sections(network), measurements(run) {}
+Dispatcher::Dispatcher(ProgramState& state, Drives& drives, SocketProp& socket, Sections& sections,
+                       const RunOrders& run)
+    : state(state), drives(drives), socket(socket), sections(sections), run(run) {}
 
 void Dispatcher::Dispatch(std::string_view line) {
   const std::string_view verb = NextWord(line);
@@ -169,7 +169,7 @@ void Dispatcher::Dispatch(std::string_view line) {
 void Dispatcher::Dmi(std::string_view message) {
   state.position.DmiStation.SetDefault(Val(message));
   state.run.DmiReceived = true;
-  measurements.Check_DMI();
+  run.stepping.Check_DMI();
 }
 
 // CTRL PREPARE 12.35
@@ -185,18 +185,18 @@ void Dispatcher::Ctrl(std::string_view message) {
 void Dispatcher::CtrlWord(const std::string& word, std::string_view rest) {
   if (word == "PREPARE") {
     if (!rest.empty())
-      measurements.PrepareStation(Val(rest));
+      run.stepBoxes.PrepareStation(Val(rest));
   } else if (word == "START" || word == "RESUME") { // the same key: RESUME in idle starts a run
-    measurements.Form_KeyDown(keys::F2, 0);
+    run.formKeys.Form_KeyDown(keys::F2, 0);
   } else if (word == "SUSPEND") {
-    measurements.Form_KeyDown(keys::F3, 0);
+    run.formKeys.Form_KeyDown(keys::F3, 0);
   } else if (word == "STOP") {
-    measurements.Form_KeyDown(keys::F4, 0);
+    run.formKeys.Form_KeyDown(keys::F4, 0);
   } else if (word == "INIT") {
     SendUnits(state, socket);
     Set_DMI(state, socket);
   } else if (word == "EXIT") {
-    measurements.mnuExit_Click();
+    run.wayOut.mnuExit_Click();
   } // ARM and ABORT ask for nothing: there is no way to abort a run
 }
 
@@ -228,7 +228,7 @@ void Dispatcher::SetDmi(std::string_view message) {
   position.DmiIncreasing = words[2] == "I" || words[2] == "1"; // a value: its case counts
   position.DmiStation.SetDefault(Val(words[3]));
   const LinkOrder order(state);
-  measurements.Set_UpDnIcon();
+  run.stepBoxes.Set_UpDnIcon();
 }
 
 // FILE PATH D:\Data\Roads
@@ -239,19 +239,19 @@ void Dispatcher::File(std::string_view message) {
   if (SameName(keyword, "GUID")) {
     file.DataGuid = message;
   } else if (SameName(keyword, "PATH")) {
-    TakeDataPath(file.DataPath, message, platform.drives);
+    TakeDataPath(file.DataPath, message, drives);
   } else if (SameName(keyword, "BACKUPPATH")) {
     file.BackupPath = message;
     if (!message.empty())
-      MakeFolders(platform.drives, std::string(message));
+      MakeFolders(drives, std::string(message));
   } else if (SameName(keyword, "NAME")) {
     file.DataName = message;
   } else if (SameName(keyword, "UNITS")) {
     FileUnits(message);
   } else if (SameName(keyword, "OPEN")) {
-    measurements.Prepare_File();
+    run.fileMenu.Prepare_File();
   } else if (SameName(keyword, "CLOSE")) {
-    measurements.mnuClose_Click();
+    run.fileMenu.mnuClose_Click();
   } // SESSION has no effect
 }
 

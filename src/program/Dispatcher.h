@@ -1,16 +1,27 @@
 // What each line of the control program means: changes the program state or calls an operation of the run.
 #pragma once
 
-#include "collection/Measurements.h"
+#include "collection/RunSubjects.h"
 
 #include <string_view>
 
 namespace trekor {
 
+// What the link may order of the run.
+struct RunOrders {
+  explicit RunOrders(RunSubjects& run)
+      : formKeys(run.formKeys), stepping(run.stepping), stepBoxes(run.stepBoxes), fileMenu(run.fileMenu),
+        wayOut(run.wayOut) {}
+  FormKeys& formKeys;
+  Stepping& stepping;
+  StepBoxes& stepBoxes;
+  FileMenu& fileMenu;
+  WayOut& wayOut;
+};
+
 class Dispatcher {
 public:
-  Dispatcher(ProgramState& state, Platform& platform, SocketProp& socket, Sections& sections,
-             Measurements& measurements);
+  Dispatcher(ProgramState& state, Drives& drives, SocketProp& socket, Sections& sections, const RunOrders& run);
   // One whole line, trimmed, UTF-8. An operation may pump, and another line may then be dispatched inside this one;
   // `line` is dead after a pump. Unknown lines are ignored.
   void Dispatch(std::string_view line);
@@ -27,10 +38,10 @@ private:
   void Section(std::string_view message);
 
   ProgramState& state;
-  Platform& platform;
+  Drives& drives;
   SocketProp& socket;
   Sections& sections;
-  Measurements& measurements;
+  RunOrders run;
 };
 
 } // namespace trekor

@@ -14,10 +14,10 @@ Program::Program(Platform& p)
       fileNew(state, p, texts, messages, sections),
       measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, dataFiles, comma,
                                   socket, fileNew, SendKeysObject}),
-      dispatcher(state, p, socket, sections, measurements) {
+      dispatcher(state, p.drives, socket, sections, RunOrders(measurements.Subjects())) {
   // The link is below the run and the dispatcher is above it: they are tied together here.
   socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
-  measurements.unloadMainForm = [this] { UnloadMainForm(); };
+  measurements.Subjects().wayOut.unloadMainForm = [this] { UnloadMainForm(); };
   form.OnUnload = [this] { UnloadMainForm(); };
 }
 

@@ -7,7 +7,7 @@ void Program::UnloadMainForm() {
   if (unloaded)
     return; // the window closes as a consequence of the first call
   unloaded = true;
-  measurements.StopAndClose();
+  measurements.Subjects().wayOut.StopAndClose();
   measurements.UnloadForms();
   texts.SaveFormProperties(form);
   socket.Unload();

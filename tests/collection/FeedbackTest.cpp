@@ -107,15 +107,15 @@ TEST_F(Sound, AssistanceIsSpokenOrShown) {
 
 TEST_F(Sound, SlowDownSoundsAtTheEndOfAStepAndIsCalledByNobody) {
   Dmi(10.05);
-  run.Subjects().stepping.Check_SlowDown(0);
+  run.Subjects().stepBar.Check_SlowDown(0);
   EXPECT_TRUE(Played().empty());
   state.position.DmiStation.SetDefault(10.2); // past the end: the bar stands at its full length
-  run.Subjects().stepping.Check_SlowDown(0);
+  run.Subjects().stepBar.Check_SlowDown(0);
   EXPECT_EQ(Sounds(), Texts{"slowdown.WAV"});
 }
 
 TEST_F(Sound, ProgressOfTheCommaFileStandsInTheCaption) {
-  run.AsciiFileProgress(42);
+  run.Subjects().status.AsciiFileProgress(42);
   EXPECT_EQ(form.Caption(), "Writing ASCII output file. Please wait ... (42%)");
   Tick(40);
   EXPECT_EQ(form.Caption(), "Veldmark Trekor");

@@ -351,7 +351,7 @@ TEST_F(FileMenuStories, DeleteOnAPictureTakesTheKeyAway) {
   Key(Del);
   EXPECT_EQ(setup.Observations(Crack).KeyCode(), -1);
   EXPECT_EQ(setup.KeyToObs('A'), -1);
-  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "");
+  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Crack), "");
   EXPECT_EQ(form.fxgKeyBoard.CellPicture(3, 3), "");
   const auto stored = vocabulary.ObsDB->OpenQuery("SELECT KeyCode FROM Setups WHERE SetupID=1 AND ObsParID=1");
   EXPECT_EQ(stored->Get(0).Integer(), -1);
@@ -359,7 +359,7 @@ TEST_F(FileMenuStories, DeleteOnAPictureTakesTheKeyAway) {
   EXPECT_EQ(setup.Observations(Hole).KeyCode(), 'B');
   form.cboTestSetupNames.Select(1);
   form.cboTestSetupNames.Select(0);
-  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "[ ]") << "from the next choice on";
+  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Crack), "[ ]") << "from the next choice on";
 }
 
 } // namespace trekor::tests

@@ -79,23 +79,23 @@ TEST_F(Focus, AStartTakesTheBoxesAsTheyStandAndTheOperatorsCountIsTheOneOfHisAns
   EXPECT_EQ(Sent(), (Texts{"SET DMI  0 1  11", "CTRL PREPARE  11", "STATUS PREPARE  11", "CTRL START  11",
                            "STATUS START  11  11 1"}));
   EXPECT_EQ(Roads(), Texts{"11.000 to 11.200"});
-  EXPECT_EQ(Fields().GridDepth, 5);
+  EXPECT_EQ(run.Subjects().runGrid.rows.Depth(), 5);
   Press(F4);
   Enter(form.txtGridDepth);
   form.txtGridDepth.Type("7");
   Answer("20");
   Key(F2);
-  EXPECT_EQ(Fields().GridDepth, 7);
+  EXPECT_EQ(run.Subjects().runGrid.rows.Depth(), 7);
 }
 
 TEST_F(Focus, TheBufferComesDownToItsDepthWhateverHappenedToTheDepth) {
   OpenFile();
-  Fields().GridDepth = 9;
+  run.Subjects().runGrid.rows.SetDepth(9);
   StartFromLink(10.0);
   for (int step = 1; step <= 8; ++step)
     Dmi(10.0 + step * 0.1);
   EXPECT_EQ(Rows(), 9);
-  Fields().GridDepth = 5;
+  run.Subjects().runGrid.rows.SetDepth(5);
   Dmi(10.9);
   EXPECT_EQ(Rows(), 5);
   EXPECT_EQ(Stations().size(), 6U);

@@ -9,11 +9,11 @@ protected:
 
 TEST_F(CollectionGrid, HeaderShowsKeyBarIconAndName) {
   EXPECT_EQ(form.Grid.Cols(), setup.ObsCount() + 1);
-  EXPECT_EQ(form.Grid.Text(Grids::NameRow, 0), "Stations");
-  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Crack), "A");
-  EXPECT_EQ(form.Grid.Text(Grids::KeyRow, Sign), "[ ]");
-  EXPECT_EQ(form.Grid.CellPicture(Grids::IconRow, Crack), "IMGNOICON");
-  EXPECT_EQ(form.Grid.Text(Grids::NameRow, Rut), "I5");
+  EXPECT_EQ(form.Grid.Text(RunGrid::NameRow, 0), "Stations");
+  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Crack), "A");
+  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Sign), "[ ]");
+  EXPECT_EQ(form.Grid.CellPicture(RunGrid::IconRow, Crack), "IMGNOICON");
+  EXPECT_EQ(form.Grid.Text(RunGrid::NameRow, Rut), "I5");
   EXPECT_EQ(Bar(Edge), "BAR:11");
 }
 
@@ -28,7 +28,7 @@ TEST_F(CollectionGrid, DepthIsBroughtToItsLimits) {
   for (const auto& [typed, shown] : {std::pair{"500", "100"}, {"2", "5"}, {"", "5"}, {"12", "12"}}) {
     Type(form.txtGridDepth, typed);
     EXPECT_EQ(form.txtGridDepth.Text(), shown);
-    EXPECT_EQ(std::to_string(Fields().GridDepth), shown);
+    EXPECT_EQ(std::to_string(run.Subjects().runGrid.rows.Depth()), shown);
   }
 }
 

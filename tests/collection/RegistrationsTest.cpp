@@ -11,9 +11,9 @@ protected:
 };
 
 TEST_F(KeyPresses, NoLetterReachesAControlInARun) {
-  EXPECT_TRUE(run.Form_KeyPress(U'A'));
+  EXPECT_TRUE(run.Subjects().formKeys.Form_KeyPress(U'A'));
   Press(F4);
-  EXPECT_FALSE(run.Form_KeyPress(U'A'));
+  EXPECT_FALSE(run.Subjects().formKeys.Form_KeyPress(U'A'));
 }
 
 TEST_F(KeyPresses, ATwoKeyPointInAPauseNeverAsksForTheStation) {

@@ -70,9 +70,9 @@ constexpr ItemRow Items[] = {
 RunFixture::RunFixture() {
   Install();
   socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };
-  run.unloadMainForm = [this] {
+  run.Subjects().wayOut.unloadMainForm = [this] {
     ++unloads;
-    run.StopAndClose();
+    run.Subjects().wayOut.StopAndClose();
     run.UnloadForms();
     socket.Unload();
   };

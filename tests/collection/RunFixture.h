@@ -2,7 +2,8 @@
 // verbs for what the operator, the vehicle and the control program do.
 #pragma once
 
-#include "collection/Parts.h"
+#include "collection/Measurements.h"
+#include "collection/RunSubjects.h"
 #include "program/Dispatcher.h"
 #include "support/FakePlatform.h"
 #include "values/KeyCodes.h"
@@ -50,7 +51,7 @@ protected:
   // The operator.
   void StartAt(double km, const std::string& step = "0.1"); // F2, and the station is typed into its prompt
   void Press(int key);                                      // and the tick that takes it
-  void Key(int key, int shift = 0) { run.Form_KeyDown(key, shift); }
+  void Key(int key, int shift = 0) { run.Subjects().formKeys.Form_KeyDown(key, shift); }
   void Answer(const std::string& text) { answers.push_back(text); } // of the next prompt; "<esc>" presses Esc
   void Type(TextBox& box, const std::string& text);                 // goes in, types, leaves
 
@@ -60,11 +61,10 @@ protected:
   // What is seen.
   int Rows() const { return form.Grid.Rows() - form.Grid.FixedRows(); }
   std::string Cell(int row, int col) const { return form.Grid.Text(form.Grid.FixedRows() + row, col); }
-  std::string Bar(int col) const { return form.Grid.CellPicture(Grids::BarRow, col); }
+  std::string Bar(int col) const { return form.Grid.CellPicture(RunGrid::BarRow, col); }
   Texts Roads() const; // column 0 of all rows, newest first
   Texts Sounds();      // file names played since the last call
   RunStates State() const { return state.run.RunState; }
-  RunFields& Fields() { return run.Subjects().ctx.fields; }
 
   // What is stored: a row each, fields joined by a blank.
   Texts Query(const std::string& sql);
@@ -91,7 +91,7 @@ protected:
   cSendKeys SendKeysObject{fakes.platform};
   Measurements run{form, RunRooms{state, fakes.platform, texts, messages, options, sections, vocabulary, setup, files,
                                   comma, socket, fileNew, SendKeysObject}};
-  Dispatcher dispatcher{state, fakes.platform, socket, sections, run};
+  Dispatcher dispatcher{state, fakes.platform.drives, socket, sections, RunOrders(run.Subjects())};
   std::vector<std::string> prompts; // titles asked
   int unloads = 0;
 

@@ -43,7 +43,7 @@ TEST_F(StatesOfTheRun, FirstBoundaryLiesOnTheStepsOfTheRoad) {
     state.position.DmiIncreasing = c.increasing;
     form.Texts6.SetText(c.start);
     state.position.KeyStation.SetText(c.start);
-    run.Subjects().stepping.SetFirstBoundary();
+    run.Subjects().stepBoxes.SetFirstBoundary();
     EXPECT_NEAR(state.position.NextStepKm, c.next, 1e-9);
     EXPECT_EQ(state.position.NextStation.Default(), state.position.NextStepKm);
   }

@@ -20,7 +20,7 @@ TEST_F(RoadSteps, StepTextsBecomeKilometresByTheShortFactor) {
         Case{3, "-1.2640", -(1 / 0.6213712 + 2640.0 / 5280 / 0.6213712)}, Case{4, "5280", 1 / 0.6213712},
         Case{5, "1760", 1 / 0.6213712}, Case{6, "100", 0}, Case{8, "1", 0}}) {
     state.units.StationUnit = c.unit;
-    EXPECT_NEAR(run.Subjects().stepping.StationTextToKm(c.text), c.km, 1e-9) << c.unit << " " << c.text;
+    EXPECT_NEAR(run.Subjects().stepBoxes.StationTextToKm(c.text), c.km, 1e-9) << c.unit << " " << c.text;
   }
 }
 
@@ -38,7 +38,6 @@ TEST_F(RoadSteps, BoxesAreCheckedWhenTheyAreLeft) {
   Type(form.Texts6, "12.5");
   EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 12.5);
   EXPECT_EQ(Sent(), Texts{"SET DMI  0 1  12.5"});
-  EXPECT_EQ(Fields().FocusIndex, -1);
 }
 
 TEST_F(RoadSteps, ADoubleClickOnABoxSendsAltAndThenDown) {
@@ -84,7 +83,7 @@ TEST_F(RoadSteps, StepBarFollowsThePositionEvery400MillisecondsInBothDirections)
     EXPECT_EQ(Bar(0), "BAR:3");
     Dmi(10 + way * 0.35); // one boundary crossed, far ahead of the row
     Tick(17);
-    EXPECT_EQ(run.Subjects().grids.Bar(0), 100);
+    EXPECT_EQ(run.Subjects().gridValues.Bar(0), 100);
     Press(F4);
   }
 }
@@ -101,17 +100,17 @@ TEST_F(RoadSteps, SimulationFollowsTheDirection) {
 
 TEST_F(RoadSteps, StartStationPromptSetsTheCountUnlessItIsEmptied) {
   Answer("3,5");
-  run.EnterHugeNumber(6);
+  run.Subjects().stepBoxes.EnterHugeNumber(6);
   EXPECT_EQ(form.Texts6.Text(), "3.500");
   EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 3.5);
   EXPECT_EQ(Sent().size(), 1U);
   Answer("");
-  run.EnterHugeNumber(6);
+  run.Subjects().stepBoxes.EnterHugeNumber(6);
   EXPECT_EQ(form.Texts6.Text(), "3.500");
   EXPECT_TRUE(Sent().empty());
   state.position.DmiStation.SetDefault(9);
   Answer("<esc>"); // answers with the old text, which is applied
-  run.EnterHugeNumber(6);
+  run.Subjects().stepBoxes.EnterHugeNumber(6);
   EXPECT_DOUBLE_EQ(state.position.DmiStation.Default(), 3.5);
   EXPECT_EQ(Sent().size(), 1U);
 }

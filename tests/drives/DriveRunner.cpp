@@ -1,6 +1,6 @@
 #include "drives/DriveRunner.h"
 
-#include "collection/Parts.h"
+#include "collection/RunSubjects.h"
 #include "support/ReleasedTree.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
@@ -108,13 +108,13 @@ void DriveRunner::TellLines() {
 
 void DriveRunner::TellRows() {
   const auto& grid = program->ForTests().form.Grid;
-  const RowBuffer& buffer = program->ForTests().measurements.Subjects().ctx.buffer;
+  const RowBuffer& buffer = program->ForTests().measurements.Subjects().runGrid.rows;
   if (buffer.Bottom() + 1 != grid.Rows())
     told += "the buffer has other rows than the grid\n";
   std::string bars;
   for (int col = 0; col < grid.Cols(); ++col)
-    if (const auto& bar = grid.CellPicture(Grids::BarRow, col); bar != "BAR:0" && bar != "BAR:11") // at rest
-      bars += " " + grid.Text(Grids::NameRow, col) + " " + bar;
+    if (const auto& bar = grid.CellPicture(RunGrid::BarRow, col); bar != "BAR:0" && bar != "BAR:11") // at rest
+      bars += " " + grid.Text(RunGrid::NameRow, col) + " " + bar;
   if (!bars.empty())
     told += "bars" + bars + "\n";
   for (int row = grid.FixedRows(); row < grid.Rows(); ++row) {
@@ -127,7 +127,7 @@ void DriveRunner::TellRows() {
     for (int col = 1; col < grid.Cols(); ++col)
       if (const auto& cell = grid.Text(row, col);
           !cell.empty() && !(grid.MergeRow(row) && cell == grid.Text(row, col - 1)))
-        told += " " + grid.Text(Grids::NameRow, col) + "=" + cell;
+        told += " " + grid.Text(RunGrid::NameRow, col) + "=" + cell;
     told += "\n";
   }
 }
@@ -184,7 +184,7 @@ void DriveRunner::Key(const std::string& name) {
   if (front)
     front->OnKeyDown(CodeOf(name), 0);
   else
-    program->ForTests().measurements.Form_KeyDown(CodeOf(name), 0);
+    program->ForTests().measurements.Subjects().formKeys.Form_KeyDown(CodeOf(name), 0);
 }
 
 void DriveRunner::Type(TextBox& box, const std::string& text) {
@@ -244,7 +244,7 @@ void DriveRunner::AddVerbs() {
   verbs["click"] = [this](Text what) { Click(what); };
   verbs["peer"] = [this](Text how) { how == "closes" ? fakes.socket.PeerClose() : fakes.socket.Fail(10054); };
   verbs["watchdog"] = [this](Text) { program->ForTests().socket.form.WDT.Fire(); };
-  verbs["exit"] = [this](Text) { program->ForTests().measurements.mnuExit_Click(); };
+  verbs["exit"] = [this](Text) { program->ForTests().measurements.Subjects().wayOut.mnuExit_Click(); };
   verbs["close"] = [this](Text) {
     if (program->ForTests().form.OnQueryUnload())
       program->ForTests().form.OnUnload();

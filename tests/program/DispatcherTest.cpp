@@ -1,6 +1,7 @@
 // What each line of the control program does, over rooms whose databases are closed: fields, keys, answers.
 #include "link/LinkFixture.h"
 
+#include "collection/Measurements.h"
 #include "program/Dispatcher.h"
 
 #include <memory>
@@ -26,7 +27,7 @@ protected:
   cSendKeys SendKeysObject{fake.platform};
   Measurements measurements{form, RunRooms{state, fake.platform, texts, messages, options, sections, setupDatabase,
                                            setup, files, comma, socket, fileNew, SendKeysObject}};
-  Dispatcher dispatcher{state, fake.platform, socket, sections, measurements};
+  Dispatcher dispatcher{state, fake.platform.drives, socket, sections, RunOrders(measurements.Subjects())};
 };
 
 TEST_F(DispatcherTest, EveryCtrlIsAnsweredByItsWordInCapitals) {

@@ -83,7 +83,7 @@ struct Vehicle {
     for (const char* position : {"DMI 10.05", "DMI 10.12"}) {
       Link(position);
       for (const int key : {' ', 'A'})
-        program->ForTests().measurements.Form_KeyDown(key, 0);
+        program->ForTests().measurements.Subjects().formKeys.Form_KeyDown(key, 0);
       Tick(4);
     }
     if (paused)
@@ -118,7 +118,7 @@ TEST_F(ProgramTest, ComesUpAndTellsTheLinkWhoItIs) {
 
 TEST_F(ProgramTest, FindsItsDatabasesCurrentAtTheNextStart) {
   ASSERT_TRUE(Main());
-  program->ForTests().measurements.mnuExit_Click();
+  program->ForTests().measurements.Subjects().wayOut.mnuExit_Click();
   Sent();
   ASSERT_TRUE(Main());
   EXPECT_EQ(Sent().size(), 5U);
@@ -276,11 +276,11 @@ TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
 TEST_F(ProgramTest, NothingBeginsInTheLastSecond) {
   ASSERT_TRUE(Main());
   fakes.pump.AtPump(200, [this] {
-    program->ForTests().measurements.Form_KeyDown(keys::F2, 0);
+    program->ForTests().measurements.Subjects().formKeys.Form_KeyDown(keys::F2, 0);
     program->ForTests().form.mnuNew.Click();
     fakes.socket.DeliverNow("FILE NAME LATE\r\n");
   });
-  program->ForTests().measurements.mnuExit_Click();
+  program->ForTests().measurements.Subjects().wayOut.mnuExit_Click();
   EXPECT_FALSE(Did("Modal FileNewDialog2"));
   EXPECT_EQ(program->ForTests().state.file.DataName, "");
 }

@@ -1,0 +1,26 @@
+// The columns of the collection grid and their head, which shows key, value bar, icon and name of each observation.
+#pragma once
+
+#include "collection/GridValues.h"
+#include "collection/KeyPictures.h"
+
+namespace trekor {
+
+class GridHead {
+public:
+  GridHead(RunGrid& runGrid, GridValues& values, const KeyPictures& keyPictures)
+      : grid(runGrid), values(values), keyPictures(keyPictures) {}
+  // Both after a change of the setup, in this order: the second brings back what the first leaves set for an empty
+  // setup.
+  void Setup_Grid();
+  void Format_GridHeader();
+
+private:
+  void MakeColumn(int i);
+
+  RunGrid& grid;
+  GridValues& values;
+  const KeyPictures& keyPictures;
+};
+
+} // namespace trekor

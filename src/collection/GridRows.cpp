@@ -1,0 +1,99 @@
+#include "collection/GridRows.h"
+
+namespace trekor {
+
+void GridRows::Add_StepRow() {
+  const WhileSet making = stage.MakeRow();
+  grid.SelectNewestRow();
+  grid.picture.SetRedraw(false);
+  grid.picture.SetCol(0);
+  pending = PendingRow{.kind = RowKind::Step, .place = grid.CurrentRow};
+  grid.rows.Insert(pending->place, {.kind = RowKind::Step, .station = position.NextStation.FiledValue()},
+                   position.PreviousStation.Text() + " to " + position.NextStation.Text());
+  stage.LetEventsIn();
+  CarryValues();
+  stage.LetEventsIn();
+  FinishRow();
+  DropOldest();
+}
+
+void GridRows::CarryValues() {
+  if (!pending || pending->valuesDone)
+    return;
+  pending->valuesDone = true;
+  values.CarryInto(pending->place);
+}
+
+void GridRows::Add_EventRow(int obs) {
+  const WhileSet making = stage.MakeRow();
+  const auto& key = position.KeyStation;
+  grid.GridBusy = true;
+  grid.picture.SetRedraw(false);
+  grid.picture.SetCol(0);
+  pending = PendingRow{.kind = RowKind::Event, .place = grid.CurrentRow + 1};
+  grid.rows.Insert(pending->place, {.kind = RowKind::Event, .obs = obs, .station = key.FiledValue()}, key.Text());
+  if (grid.setup.Has(obs))
+    stage.LetEventsIn();
+  FinishRow();
+  DropOldest();
+}
+
+void GridRows::FinishRow() {
+  if (!pending)
+    return;
+  if (pending->kind == RowKind::Step)
+    FinishStepRow(pending->place);
+  else
+    FinishEventRow(pending->place);
+  pending.reset();
+  grid.picture.SetRedraw(true);
+}
+
+// The row beneath was the running step until now; at the very start there is none.
+void GridRows::FinishStepRow(int place) {
+  CarryValues();
+  TakeFix(place + 1);
+}
+
+void GridRows::FinishEventRow(int place) {
+  values.WriteEventCells(place, grid.rows.EventAt(place));
+  grid.GridBusy = false;
+  TakeFix(place);
+}
+
+void GridRows::TakeFix(int place) {
+  if (GridRow* row = grid.rows.At(place))
+    storing.TakeFix(*row);
+}
+
+// Storing waits until a row leaves the buffer: it stays off the road of a key. Without a data file the row just goes.
+// Down to the depth, however many rows that takes: a buffer that has once missed its row would keep the whole run.
+void GridRows::DropOldest() {
+  while (grid.rows.Overfull()) {
+    if (stage.FileOpen()) {
+      stage.LetEventsIn();
+      if (!grid.rows.Overfull()) // an exit has stored all rows in that pump
+        return;
+      storing.Flush_Row(*grid.rows.At(grid.rows.Bottom()));
+    }
+    grid.rows.Remove(grid.rows.Bottom());
+  }
+}
+
+void GridRows::StoreStart() {
+  grid.SelectNewestRow();
+  storing.StoreStartStation();
+}
+
+// Bottom row first, so that the oldest is stored first.
+void GridRows::StoreAll() {
+  if (GridRow* running = grid.rows.At(grid.rows.Top())) {
+    running->station = position.KeyStation.FiledValue();
+    storing.TakeFix(*running);
+  }
+  for (int place = grid.rows.Bottom(); place >= grid.rows.Top(); --place)
+    storing.Flush_Row(*grid.rows.At(place));
+  storing.EndRun();
+}
+
+} // namespace trekor

@@ -1,0 +1,26 @@
+// What a key does while no run is on.
+#pragma once
+
+#include "collection/KeyPictures.h"
+#include "collection/MeasurementsForm.h"
+#include "collection/Run.h"
+#include "state/ProgramState.h"
+#include "texts/TextDatabase.h"
+
+namespace trekor {
+
+class IdleKeys {
+public:
+  IdleKeys(MeasurementsForm& form, const Positions& position, Run& run, KeyPictures& keyPictures, TextDatabase& texts)
+      : form(form), position(position), run(run), keyPictures(keyPictures), texts(texts) {}
+  bool IdleKey(int keyCode, int shift); // true: the key is taken
+
+private:
+  MeasurementsForm& form;
+  const Positions& position;
+  Run& run;
+  KeyPictures& keyPictures;
+  TextDatabase& texts;
+};
+
+} // namespace trekor

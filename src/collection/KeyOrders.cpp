@@ -1,0 +1,35 @@
+#include "collection/KeyOrders.h"
+
+#include "values/KeyCodes.h"
+
+namespace trekor {
+
+void KeyOrders::Process_Key() {
+  // A key that comes while a row is being made waits for the next tick.
+  if (ring.Empty() || stage.RowsWait())
+    return;
+  if (stage.InRun())
+    stepping.TakeKeyStation();
+  const int key = ring.Front();
+  ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
+  CarryOut(key);
+  stepping.ReleaseHeldDmi();
+}
+
+void KeyOrders::CarryOut(int key) {
+  switch (key) {
+  case keys::F2:
+    return stage.InRun() ? run.Resume_Run() : run.Start_Run();
+  case keys::F3:
+    return run.Pause_Run();
+  case keys::Esc:
+  case keys::F4:
+    return stage.Paused() ? run.Stop_FromPause() : run.Stop_Run();
+  case keys::Delete:
+    return registrations.DeleteKey();
+  default:
+    return registrations.Register(key);
+  }
+}
+
+} // namespace trekor

@@ -1,0 +1,30 @@
+#include "collection/NumLock.h"
+
+#include <utility>
+
+namespace trekor {
+
+void NumLock::SaveAtStart() {
+  if (Frozen())
+    NumLockAtStart = keyboard.NumLock();
+}
+
+// Whatever way the start or the run has come to its end. A start that had not looked at the key yet has not moved it.
+void NumLock::Restore() {
+  const auto before = std::exchange(NumLockAtStart, std::nullopt);
+  if (before && Frozen())
+    Set_NumLock(*before);
+}
+
+void NumLock::FreezeNumLock() {
+  if (Frozen())
+    Set_NumLock(true);
+}
+
+// The state is read first: a press is a real key event, which comes back to the form.
+void NumLock::Set_NumLock(bool on) {
+  if (keyboard.NumLock() != on)
+    keyboard.PressNumLock();
+}
+
+} // namespace trekor

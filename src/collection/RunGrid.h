@@ -1,0 +1,32 @@
+// The collection grid as data: its picture, the rows of the buffer behind it, and where the logic stands in it. One
+// column for each observation of the running setup; column 0 holds the stretch of road.
+#pragma once
+
+#include "collection/RowBuffer.h"
+#include "setup/TestSetup.h"
+
+namespace trekor {
+
+struct RunGrid {
+  RunGrid(Grid& picture, TestSetup& setup) : picture(picture), setup(setup) {}
+
+  // Rows of the head.
+  static constexpr int KeyRow = 0, BarRow = 1, IconRow = 2, NameRow = 3;
+
+  Grid& picture;
+  TestSetup& setup;
+  RowBuffer rows{picture};
+  // The cell that the logic regards as selected.
+  int CurrentRow = 0, CurrentCol = 0;
+  // The observation that the last key concerned; when AwaitValue is set, the next key is its value.
+  int CurrentObs = 0;
+  bool AwaitValue = false;
+  bool GridBusy = false; // the program moves the grid's cell itself
+
+  void SelectNewestRow() {
+    CurrentRow = picture.FixedRows();
+    CurrentCol = 0;
+  }
+};
+
+} // namespace trekor

@@ -1,0 +1,59 @@
+// What stands in the boxes Station, Step and Previous and beside them: read into the road, checked, asked for, and the
+// direction of the stations.
+#pragma once
+
+#include "collection/Asking.h"
+#include "collection/MeasurementsForm.h"
+#include "collection/RunNews.h"
+#include "collection/RunStage.h"
+
+#include <string>
+
+namespace trekor {
+
+class StepBoxes {
+public:
+  StepBoxes(const StepControls& controls, ProgramState& state, const RunStage& stage, RunNews& news, Asking& asking)
+      : controls(controls), state(state), stage(stage), news(news), asking(asking) {}
+
+  // Boxes 6, 7 and 8 of Texts. An emptied prompt changes nothing and sends nothing; Esc answers with the old text,
+  // which counts as an answer.
+  void EnterHugeNumber(int index);
+  void EnterHugeText(int index);
+  void Validate_Station(); // box 6
+  void Validate_Step();    // box 7
+  // At the form load the box Previous is brought into the operator's unit.
+  void ReadPrevious();
+  // PREPARE of the link: the station of the start, in kilometres.
+  void PrepareStation(double km);
+
+  // Step and station of a start, asked for where they lack. False: no step, no start.
+  bool ReadStart();
+  // The boundaries of a start at the station in box 6.
+  void SetFirstBoundary();
+  // Kilometres of a text in the operator's unit; 0 for blank text and for units that step and start are not offered in.
+  double StationTextToKm(const std::string& text) const;
+
+  void SetUnitLabels();
+  void ShowUnitLabel();
+  // Picture, label and direction agree afterwards; the label is the one that was stored.
+  void LoadDirection();
+  void Set_UpDnIcon();
+  void UpDnPicture_Click();
+
+private:
+  TextBox& Box(int index) const;
+  std::string LabelCaption(int index) const;
+  void ValidateBox(Station& value, TextBox& box);
+  bool ReadStep();
+  void SettleStation();
+
+  StepControls controls;
+  ProgramState& state;
+  const RunStage& stage;
+  RunNews& news;
+  Asking& asking;
+  bool entryGuard = true; // quiets a box's own change handler while it is checked
+};
+
+} // namespace trekor
