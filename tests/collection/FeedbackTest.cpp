@@ -41,6 +41,25 @@ TEST_F(Sound, WordsFallBackToEnglishFileByFileAndToTheDigit) {
                              "C:\\Trekor\\Audio\\English\\D1.WAV"}));
 }
 
+// Of the setup that runs; the value is the one taken, not the key.
+TEST_F(Sound, AnItemIsNamedFirstAndThenToldByItsDigits) {
+  state.options.DataColVoice = true;
+  for (const char* word : {"O105", "O108", "D3", "D9"})
+    Wave("English", word);
+  setup.Observations(Rut).SetMax(3.0F);
+  for (const int key : {'E', '9', 'A', 'A'})
+    Press(key);
+  EXPECT_EQ(Sounds(), (Texts{"O105.WAV", "D3.WAV", "O101.WAV", "D2.WAV"}));
+  Press(F4);
+  form.cboTestSetupNames.Select(1);
+  StartFromLink(10.0);
+  Press('A');
+  EXPECT_EQ(Sounds(), Texts{"O108.WAV"});
+  Wave("Tones", "401");
+  EXPECT_TRUE(feedback().PlayWave("401"));
+  EXPECT_EQ(Played(), Texts{"C:\\Trekor\\Audio\\Danish\\401.WAV"}) << "the word before the tone";
+}
+
 TEST_F(Sound, AToneThatOnlyTheLanguageHasPlaysFromThere) {
   EXPECT_TRUE(feedback().PlayWave(" 401 "));
   EXPECT_EQ(Played(), Texts{"C:\\Trekor\\Audio\\Danish\\401.WAV"});

@@ -239,6 +239,8 @@ TEST_F(FileMenuStories, ALaterSessionsCommaFileHasItsNumber) {
   ASSERT_TRUE(files.ReopenDataFile(setup));
   StartFromLink(11.0);
   Press(F4);
+  Tick(40);
+  EXPECT_EQ(form.Caption(), "Veldmark Trekor - C:\\Roads\\ROAD09.mdb (2)");
   CloseFile();
   EXPECT_EQ(state.file.AsciiName, "ROAD09-02");
   EXPECT_TRUE(Exists("C:\\Roads\\ROAD09-02.TKR"));
@@ -318,14 +320,18 @@ TEST_F(FileMenuStories, ASetupThatCannotBeReadLeavesTheOneBefore) {
 }
 
 // That it has none yet is no setup's number.
-TEST_F(FirstStart, LoadsTheSetupOfNumberZero) {
+TEST_F(FirstStart, TakesUpSetupDirectionAndDepthWhereTheLastOneLeftThem) {
   ASSERT_TRUE(texts.Open() && vocabulary.LoadDatabase());
   ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE SetupNames SET SetupID=0 WHERE SetupID=2;"
                                         "UPDATE Setups SET SetupID=0 WHERE SetupID=2"));
   const auto looks =
       Database::Open(fakes.drives.NativePath(state.folders.MdbFolder + "\\Trekor.mdb"), OpenMode::Shared);
-  ASSERT_TRUE(looks->Execute("UPDATE Measurements SET CapEnglish='0' WHERE Name='lblSetupID'")); // chosen last
+  ASSERT_TRUE(looks->Execute("UPDATE Measurements SET CapEnglish='0' WHERE Name IN ('lblSetupID', 'DmiDirLabel');"
+                             "UPDATE Measurements SET CapEnglish='20' WHERE Name='txtGridDepth'"));
   Load();
+  EXPECT_FALSE(state.position.DmiIncreasing);
+  EXPECT_EQ(Fields().GridDepth, 20);
+  EXPECT_FALSE(form.mnuMessaging.Visible()) << "stored as visible, by a maintenance user";
   EXPECT_EQ(state.TestSetupName, "Short");
   EXPECT_EQ(form.Grid.Cols(), 2);
 }

@@ -44,6 +44,7 @@ TEST_F(Focus, AStartAtSpeedLeavesTheCountAloneWhereverTheFocusWas) {
 
 TEST_F(Focus, ABoxThatIsLeftSendsWhatWasTypedAndNothingElse) {
   Enter(form.Texts6);
+  EXPECT_EQ(form.Texts6.SelLength, 1) << "the first key takes the place of the 0";
   Enter(form.txtGridDepth); // a look around
   Enter(form.Texts8);
   EXPECT_TRUE(Sent().empty());
@@ -76,6 +77,7 @@ TEST_F(Focus, AStartTakesTheBoxesAsTheyStandAndTheOperatorsCountIsTheOneOfHisAns
   Sent();
   Answer("11");
   Key(F2); // none of the last two boxes was left
+  EXPECT_EQ(form.ActiveControl, &form.Grid);
   EXPECT_EQ(Sent(), (Texts{"SET DMI  0 1  11", "CTRL PREPARE  11", "STATUS PREPARE  11", "CTRL START  11",
                            "STATUS START  11  11 1"}));
   EXPECT_EQ(Roads(), Texts{"11.000 to 11.200"});
@@ -128,6 +130,11 @@ TEST_F(Focus, InARunTheKeysOfEveryWindowAreTheRuns) {
 }
 
 TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
+  form.chkNumLockFreeze.SetValue(0);
+  StartFromLink(10.0);
+  form.OnActivate();
+  Press(F4);
+  EXPECT_EQ(fakes.keyboard.presses, 0) << "nobody has asked for it";
   form.chkNumLockFreeze.SetValue(1);
   auto& lock = fakes.keyboard.numLock;
   StartFromLink(10.0);
@@ -176,6 +183,24 @@ TEST_F(Focus, NothingIsTypedTurnedOrUnlockedWhileAStartWaits) {
   Press(F4);
   EXPECT_FALSE(fakes.keyboard.numLock);
   EXPECT_FALSE(form.OnKeyPress(U'1'));
+}
+
+TEST_F(Focus, APromptGivesWhatWasTypedAtEnterAndTabAloneElseWhatItAskedWith) {
+  constexpr int Tab = 9, Enter = 13, CloseBox = 0;
+  for (const int key : {Enter, Tab, Esc, F4, CloseBox}) {
+    SCOPED_TRACE(key);
+    const std::string old = "old " + std::to_string(key);
+    setup.Observations(Note).SetDefault(old);
+    fakes.shell.scripts["TextPrompt"] = [key](Form& prompt) {
+      auto& box = dynamic_cast<PromptForm&>(prompt).txtBox;
+      EXPECT_EQ(prompt.ActiveControl, &box);
+      box.Type(std::string(300, 'x'));
+      key == CloseBox ? prompt.OnQueryUnload() : prompt.OnKeyDown(key, 0);
+      EXPECT_FALSE(prompt.Shown);
+    };
+    const bool takes = key == Enter || key == Tab; // as many characters as a field of the file holds
+    EXPECT_EQ(run.Subjects().asking.Ask_Text(Note), takes ? std::string(255, 'x') : old);
+  }
 }
 
 TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {

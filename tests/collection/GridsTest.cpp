@@ -15,13 +15,20 @@ TEST_F(CollectionGrid, HeaderShowsKeyBarIconAndName) {
   EXPECT_EQ(form.Grid.CellPicture(RunGrid::IconRow, Crack), "IMGNOICON");
   EXPECT_EQ(form.Grid.Text(RunGrid::NameRow, Rut), "I5");
   EXPECT_EQ(Bar(Edge), "BAR:11");
+  EXPECT_GT(form.Grid.ColWidth(0), form.Grid.ColWidth(Sign)) << "stretches of road are long texts";
+  EXPECT_EQ(form.StationUnitLabel.Caption(), "km");
 }
 
 TEST_F(CollectionGrid, AStepRowCarriesWhatHasANegativeMode) {
+  OpenFile();
   StartFromLink(10.0);
-  Press(Space);
   Dmi(10.1);
+  Press(Space);
+  Dmi(10.2);
   EXPECT_EQ(Cell(0, Sign), "1");
+  Press(F4);
+  EXPECT_EQ(Query("SELECT DISTINCT RegData FROM Registrations WHERE ObsCode=111 ORDER BY RegData"), (Texts{"", "1"}))
+      << "and its blank cells are stored too";
 }
 
 TEST_F(CollectionGrid, DepthIsBroughtToItsLimits) {
@@ -45,12 +52,14 @@ TEST_F(CollectionGrid, ATextEventOfASingleItemLeavesAStationOnly) {
 
 TEST_F(CollectionGrid, AMillionthOfADegreeReachesTheFileWhole) {
   OpenFile();
-  StartFromLink(10.0);
   Link("GPS 1 56.12345678901234 -10.98765432109876 3.25");
+  StartFromLink(10.0);
   Press(F4);
-  const auto row = files.database->OpenQuery("SELECT * FROM Stations WHERE StationID=2");
-  EXPECT_EQ(row->Get("Latitude").Number(), 56.12345678901234);
-  EXPECT_EQ(row->Get("Longitude").Number(), -10.98765432109876);
+  const auto row = files.database->OpenTable("Stations");
+  for (; !row->Eof(); row->MoveNext()) { // of the start and of the stop
+    EXPECT_EQ(row->Get("Latitude").Number(), 56.12345678901234);
+    EXPECT_EQ(row->Get("Longitude").Number(), -10.98765432109876);
+  }
 }
 
 } // namespace trekor::tests

@@ -26,4 +26,13 @@ TEST_F(KeyPresses, ATwoKeyPointInAPauseNeverAsksForTheStation) {
   EXPECT_EQ(Cell(1, Rut), "4");
 }
 
+TEST_F(KeyPresses, TheBarOfATextWaitsForItsSecondKeyOnly) {
+  setup.Observations(Surface).KeyingCode = 2;
+  Press('I');
+  EXPECT_EQ(Bar(Surface), "BAR:13");
+  Press('W');
+  EXPECT_EQ(Cell(0, Surface), "W");
+  EXPECT_NE(Bar(Surface), "BAR:13");
+}
+
 } // namespace trekor::tests

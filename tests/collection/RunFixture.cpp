@@ -128,13 +128,11 @@ void RunFixture::FillVocabulary() {
     throw std::runtime_error("no vocabulary: " + (database ? database->LastError() : ""));
 }
 
-void RunFixture::Load(const std::string& direction) {
+void RunFixture::Load() {
   ASSERT_TRUE(texts.Open());
   ASSERT_TRUE(vocabulary.LoadDatabase());
   ASSERT_TRUE(files.InitDataFiles());
   run.LoadForm();
-  if (form.DmiDirLabel.Caption() != direction)
-    form.UpDnPicture.Click();
   Tick();
   Sent();
   fakes.shell.acts.clear();

@@ -38,7 +38,7 @@ protected:
   RunFixture();
 
   // Start-up, to the first tick.
-  void Load(const std::string& direction = "1");
+  void Load();
   // The control program.
   void Line(const std::string& line); // arrives at the next pump
   void Link(const std::string& line); // and is pumped in at once

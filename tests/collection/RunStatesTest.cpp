@@ -58,6 +58,49 @@ TEST_F(StatesOfTheRun, KeyFormsHideWithTheMinimisedForm) {
   form.SetWindowState(WindowStates::Normal);
   Tick(40);
   EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
+  EXPECT_EQ(form.WindowState(), WindowStates::Normal);
+}
+
+TEST_F(StatesOfTheRun, AFloatingPictureFollowsTheSetupAndLeavesTheKeysToTheMainForm) {
+  ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE Setups SET KeyCode=97 WHERE SetupID=1 AND ObsParID=1"));
+  form.cboTestSetupNames.Select(1);
+  form.cboTestSetupNames.Select(0);
+  auto& keypad = run.Subjects().keyPictures.frmKeyPad;
+  const auto one = [&] {
+    return keypad.fxgKeyPad.Text(3, 0) + form.fxgKeyPad.CellPicture(3, 0) + keypad.fxgKeyPad.CellPicture(3, 0);
+  };
+  form.mnuViewKeyPad.Click();
+  EXPECT_EQ(one(), "1IMGNOICONIMGNOICON");
+  form.cboTestSetupNames.Select(1);
+  EXPECT_EQ(one(), "1");
+  form.cboTestSetupNames.Select(0);
+  EXPECT_EQ(one(), "1IMGNOICONIMGNOICON");
+  fakes.shell.SetFocus(form.Texts7);
+  keypad.fxgKeyPad.OnClick(3, 0);
+  EXPECT_EQ(form.ActiveControl, &form.Grid);
+  keypad.fxgKeyPad.OnDblClick();
+  EXPECT_FALSE(keypad.Shown || form.mnuViewKeyPad.Checked());
+  form.TabStrip1.Select(2);
+  EXPECT_EQ(form.fxgKeyPad.Width, form.fxgKeyBoard.Width);
+  form.fxgKeyPad.SetRow(3);
+  form.fxgKeyPad.SetCol(0);
+  Key(Del);
+  EXPECT_EQ(one(), "1");
+  EXPECT_EQ(setup.Observations(Crack).KeyCode(), -1);
+  form.mnuViewSocket.Click();
+  EXPECT_TRUE(socket.form.Shown);
+}
+
+TEST_F(StatesOfTheRun, APauseMarksItsRowAndASetupIsChosenInIdleAlone) {
+  StartFromLink(10.0);
+  EXPECT_FALSE(form.mnuSetup.Enabled());
+  Press(F3);
+  EXPECT_TRUE(form.Grid.SelectionMarks());
+  EXPECT_EQ(form.Grid.Row(), form.Grid.FixedRows());
+  Press(F2);
+  EXPECT_FALSE(form.Grid.SelectionMarks());
+  Press(F4);
+  EXPECT_TRUE(form.mnuSetup.Enabled());
 }
 
 } // namespace trekor::tests

@@ -96,6 +96,13 @@ TEST_F(RoadSteps, SimulationFollowsTheDirection) {
   form.UpDnPicture.Click();
   Tick(66);
   EXPECT_NEAR(state.position.DmiStation.Default(), 0.999, 1e-9);
+  StartFromLink(5.0);
+  Tick(66);
+  EXPECT_EQ(state.position.DmiStation.Default(), 5) << "a vehicle tells its own";
+  state.run.DmiReceived = false;
+  Press(F3);
+  Tick(66);
+  EXPECT_EQ(state.position.DmiStation.Default(), 5) << "a pause stands";
 }
 
 TEST_F(RoadSteps, StartStationPromptSetsTheCountUnlessItIsEmptied) {
@@ -122,6 +129,9 @@ TEST_F(RoadSteps, DanishKeysGiveTheirLettersInABoxWhateverTheLayout) {
     form.Texts6.OnKeyDown(key, 0);
     EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), letter) << key;
   }
+  form.Texts6.OnKeyDown(222, 0); // with Ctrl: no character follows
+  form.Texts6.OnKeyDown('1', 0);
+  EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), U'1');
 }
 
 } // namespace trekor::tests

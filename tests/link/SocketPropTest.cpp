@@ -168,9 +168,11 @@ TEST_F(SocketPropTest, TheWatchdogBringsBackAllButAPeersClose) {
   EXPECT_EQ(Sent().size(), 4U); // the whole greeting once more
   socket.form.WDT.Fire();
   EXPECT_EQ(socket.form.txtState.Text(), "Connected");
-  fake.socket.state = SocketState::Error;
-  socket.form.WDT.Fire();
-  EXPECT_EQ(fake.socket.state, SocketState::Closed);
+  for (const SocketState stuck : {SocketState::Error, SocketState::Open}) {
+    fake.socket.state = stuck;
+    socket.form.WDT.Fire();
+    EXPECT_EQ(fake.socket.state, SocketState::Closed);
+  }
 
   socket.form.WDT.Fire();
   Pump();

@@ -110,7 +110,7 @@ TEST_F(DispatcherTest, AGpsOfAnyLengthReachesItsFields) {
 }
 
 TEST_F(DispatcherTest, SetDmiIsForIdleOnly) {
-  Line("SET DMI 1000 I 0.5");
+  Line("SET DMI 1000 1 0.5");
   EXPECT_EQ(state.position.DmiSetValue, 1000);
   EXPECT_TRUE(state.position.DmiIncreasing);
   EXPECT_EQ(state.position.DmiStation.Default(), 0.5);
@@ -158,6 +158,7 @@ TEST_F(DispatcherTest, DataFoldersAreMadeAndDriveCIsTheSecondTry) {
   Line("FILE BACKUPPATH");
   EXPECT_EQ(state.file.BackupPath, "");
   Line("FILE PATH E:" + std::string(500000, '\\') + "x"); // no end of levels
+  EXPECT_EQ(state.file.DataPath[0], 'E') << "neither drive can take it";
   fake.drives.failing = {"C:\\CLOSED"};
   Line("FILE PATH C:\\Closed");
   EXPECT_EQ(state.file.DataPath, "C:\\Closed");

@@ -1,6 +1,8 @@
 // The whole program without windows: how it comes up, what keeps it from coming up, and its three ways out.
 #include "program/Program.h"
 
+#include "collection/Parts.h"
+
 #include "support/FakePlatform.h"
 #include "support/Places.h"
 #include "support/ReleasedTree.h"
@@ -243,7 +245,15 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
       FakePlatform& fakes = left.fakes;
       left.StartJob(paused);
       MeasurementsForm& form = left.program->ForTests().form;
-      form.Move(1234, 567, form.Width, form.Height);
+      auto& parts = left.program->ForTests().measurements.Subjects();
+      Form* const windows[] = {&form,
+                               &parts.keyPictures.frmKeyBoard,
+                               &parts.keyPictures.frmKeyPad,
+                               &parts.asking.NumericPrompt.form,
+                               &parts.asking.TextPrompt.form,
+                               &left.program->ForTests().socket.form};
+      for (Form* window : windows)
+        window->Move(1234, 567, window->Width, window->Height);
       const double before = fakes.clock.Milliseconds();
       const std::string station = WireNumber(left.program->ForTests().state.position.KeyStation.Default());
       way == "menu" ? form.mnuExit.Click() : way == "link" ? left.Link("CTRL EXIT") : left.CloseBox();
@@ -255,7 +265,8 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
       EXPECT_GE(fakes.clock.Milliseconds() - before, 1000) << "time for the last line to go out";
       EXPECT_EQ(fakes.socket.State(), SocketState::Closed);
       EXPECT_FALSE(fakes.sound.open);
-      EXPECT_EQ(left.LeftOf("Measurements", InOrder()[0].working), "1234");
+      for (const Form* window : windows)
+        EXPECT_EQ(left.LeftOf(window->Name(), InOrder()[0].working), "1234") << window->Name();
       for (const Served& each : InOrder())
         EXPECT_TRUE(left.Open(each.working, OpenMode::Exclusive)) << each.name << " is still held";
       left.CloseBox(); // the window's own close follows
@@ -267,9 +278,12 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
 
 TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   ASSERT_TRUE(Main());
+  program->ForTests().form.mnuViewKeyPad.Click();
   program->ForTests().form.SetWindowState(WindowStates::Minimised);
+  Tick(40);
   EXPECT_TRUE(program->ForTests().form.OnQueryUnload());
   EXPECT_EQ(program->ForTests().form.WindowState(), WindowStates::Normal);
+  EXPECT_TRUE(program->ForTests().measurements.Subjects().keyPictures.frmKeyPad.Shown);
 }
 
 // While "CTRL EXIT" goes out the window is still there, but nothing may begin.
