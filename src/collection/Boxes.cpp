@@ -16,7 +16,6 @@ void Boxes::Wire() {
 void Boxes::Wire(TextBox& box, int index) {
   box.OnGotFocus = [this, &box, index] {
     FocusIndex = index;
-    kept = box.Text();
     box.SelectAll();
   };
   box.OnLostFocus = [this, &box, index] { LostFocus(box, index); };

@@ -27,7 +27,6 @@ private:
   cSendKeys& SendKeysObject;
   const std::string& Language;
   int FocusIndex = -1;   // the box of Texts that has the focus; kept, read by nothing yet
-  std::string kept;      // what the box held when it got the focus
   char32_t national = 0; // the letter that the key now going down stands for
 };
 

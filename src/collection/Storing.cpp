@@ -46,9 +46,11 @@ void Storing::StorePoint(const GridRow& row, std::int32_t station) {
 // the values stand at the step's end.
 void Storing::StoreSpan(const GridRow& row, std::int32_t station) {
   const std::int32_t from = LastStationID != 0 ? LastStationID : station;
+  const std::string blank;
   for (int i = 1; i <= setup.ObsCount(); ++i) {
     const RegMode mode = setup.Observations(i).RegModeCode;
-    const std::string& cell = row.cells.at(static_cast<std::size_t>(i));
+    const auto column = static_cast<std::size_t>(i);
+    const std::string& cell = column < row.cells.size() ? row.cells[column] : blank;
     if (!TrimView(cell).empty() || (mode != RegMode::Point && mode != RegMode::PresentStep))
       StoreRegistration(from, station, i, cell);
   }

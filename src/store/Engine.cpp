@@ -19,11 +19,13 @@ namespace {
 // The largest wait of the operator's thread for another program's short write, milliseconds.
 constexpr int BusyMilliseconds = 250;
 // Pages that the log may hold before it is folded into the file: folding costs two more syncs, so it is made rare.
-constexpr int logPages = 1000;
+constexpr int LogPages = 1000;
 // Pages that a large transaction may write beyond them before the log is folded.
-constexpr int sparePages = 64;
+constexpr int SparePages = 64;
 // Bytes of the log: its head, then a head for each page.
-constexpr std::int64_t logHead = 32, logPageHead = 24;
+constexpr std::int64_t LogHead = 32, LogPageHead = 24;
+// The disk must have as many times the log's room free before the log takes it.
+constexpr std::uintmax_t RoomBesideLog = 16;
 
 std::string_view TextOf(sqlite3_value* value) {
   const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
@@ -162,7 +164,7 @@ bool Engine::PrepareDurable() {
   if (PragmaText("journal_mode=WAL") != "wal")
     return Fail("log");
   hasLog = true;
-  if (!Execute("PRAGMA synchronous=FULL") || !Execute("PRAGMA wal_autocheckpoint=" + std::to_string(logPages)) ||
+  if (!Execute("PRAGMA synchronous=FULL") || !Execute("PRAGMA wal_autocheckpoint=" + std::to_string(LogPages)) ||
       !Execute("BEGIN EXCLUSIVE; COMMIT"))
     return false;
   ReserveLog();
@@ -171,7 +173,8 @@ bool Engine::PrepareDurable() {
 
 // A commit that lengthens the log makes the file system write the new length as well, and the sync takes twice as long.
 // So all of its room is written here once, as zeros, which the library takes for the end of the log; commits then write
-// over them. When the disk has no room for it, the log grows as it is written.
+// over them. A disk that is nearly full keeps its room for the rows, the folding and the comma file: there the log
+// grows as it is written.
 void Engine::ReserveLog() {
   sqlite3_file* log = nullptr;
   sqlite3_int64 length = 0;
@@ -179,7 +182,12 @@ void Engine::ReserveLog() {
       log->pMethods->xFileSize(log, &length) != SQLITE_OK)
     return;
   const std::int64_t page = FieldValue(PragmaText("page_size")).Integer();
-  const std::int64_t wanted = logHead + (logPages + sparePages) * (logPageHead + page);
+  const std::int64_t wanted = LogHead + (LogPages + SparePages) * (LogPageHead + page);
+  std::error_code error;
+  const std::string_view file = sqlite3_db_filename(db, "main");
+  const auto disk = std::filesystem::space(std::u8string(file.begin(), file.end()), error);
+  if (error || disk.available / RoomBesideLog < static_cast<std::uintmax_t>(wanted))
+    return;
   const std::vector<char> zeros(64 * 1024);
   bool written = true;
   for (std::int64_t at = length; written && at < wanted; at += static_cast<std::int64_t>(zeros.size()))

@@ -32,8 +32,10 @@ void TextDatabase::Close() {
   database.reset();
 }
 
+// A form that somebody has shown before its load counts as loaded, too, but has no look yet: it would be stored
+// without.
 void TextDatabase::LoadForm(Form& form) {
-  if (form.Loaded)
+  if (!brought.insert(&form).second && form.Loaded)
     return;
   LoadFormProperties(form);
   form.Loaded = true;
@@ -46,6 +48,7 @@ void TextDatabase::UnloadForm(Form& form) {
   SaveFormProperties(form);
   platform.shell.Unload(form);
   form.Loaded = false;
+  brought.erase(&form);
 }
 
 std::string TextDatabase::GetText(const std::string& key) {

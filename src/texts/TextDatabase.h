@@ -43,6 +43,7 @@ private:
   std::unique_ptr<Database> database;
   std::unique_ptr<Recordset> TextTable; // after the database, so that it is destroyed first
   std::set<const Form*> undressed;      // forms whose look could not be read at their last load
+  std::set<const Form*> brought;        // forms that LoadForm has brought up, and UnloadForm not yet away
 };
 
 } // namespace trekor
