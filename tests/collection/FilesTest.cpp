@@ -330,7 +330,7 @@ TEST_F(FirstStart, TakesUpSetupDirectionAndDepthWhereTheLastOneLeftThem) {
                              "UPDATE Measurements SET CapEnglish='20' WHERE Name='txtGridDepth'"));
   Load();
   EXPECT_FALSE(state.position.DmiIncreasing);
-  EXPECT_EQ(Fields().GridDepth, 20);
+  EXPECT_EQ(run.Subjects().runGrid.rows.Depth(), 20);
   EXPECT_FALSE(form.mnuMessaging.Visible()) << "stored as visible, by a maintenance user";
   EXPECT_EQ(state.TestSetupName, "Short");
   EXPECT_EQ(form.Grid.Cols(), 2);
