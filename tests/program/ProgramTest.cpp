@@ -1,7 +1,6 @@
 // The whole program without windows: how it comes up, what keeps it from coming up, and its three ways out.
 #include "program/Program.h"
 
-
 #include "support/FakePlatform.h"
 #include "support/Places.h"
 #include "support/ReleasedTree.h"
