@@ -1,4 +1,4 @@
-// Questions to the operator: what each prompt is titled, what stands in its box at first, what becomes of the answer.
+// Questions to the operator: the title of each prompt, what its box shows at first, and what the answer changes.
 #pragma once
 
 #include "collection/NumLock.h"
@@ -14,18 +14,18 @@ class Asking {
 public:
   Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation, NumLock& numLock);
 
-  // False when the box was emptied; Esc goes on with the station that KeyStation has.
+  // Asks for the station of an event. False when the box was emptied; Esc keeps the station of KeyStation.
   bool Ask_EventStation(int obs);
-  // The trimmed box; empty when it was emptied.
+  // The answer, trimmed; empty when the box was emptied.
   std::string Ask_Number(int obs);
   std::string Ask_Text(int obs);
-  // For a box of the form under its caption: what stands in the prompt when it closes, not trimmed. Esc answers with
-  // the text of the box.
+  // The text of a prompt for a box of the form, not trimmed; empty when it was emptied. Esc answers with the text of
+  // the box.
   std::string AskBoxNumber(const std::string& caption, const std::string& text);
   std::string AskBoxText(const std::string& caption, const std::string& text);
 
-  // The answer for an Integer or a Float becomes the observation's value. An Integer passes a 16-bit conversion: what
-  // does not fit or is no number leaves the old value. A Float passes single precision.
+  // Stores the answer for an Integer or a Float as the value of the observation. An Integer is converted to 16 bits; a
+  // text that does not fit or is no number leaves the old value. A Float is rounded to single precision.
   static void TakeNumber(ClassObservation& observation, const std::string& answer);
 
   Prompt NumericPrompt, TextPrompt;

@@ -19,7 +19,7 @@ void Boxes::Wire(TextBox& box, int index) {
     box.SelectAll();
   };
   box.OnLostFocus = [this, &box, index] { LostFocus(box, index); };
-  // Opens the list of a box that has one; what the keyboard cannot send is no news to the operator.
+  // Opens the list of a box that has one. A failure is not reported.
   box.OnDblClick = [this] { SendKeysObject.SendKeys("%{DOWN}", false); };
   box.OnKeyDown = [this](int keyCode, int) { return NationalKey(keyCode); };
   box.OnKeyPress = [this](char32_t typed) { return national != 0 ? std::exchange(national, 0) : typed; };
@@ -35,7 +35,7 @@ void Boxes::LostFocus(const TextBox& box, int index) {
     stepBoxes.Validate_Step();
 }
 
-// The keys that a Danish keyboard labels with its own letters give these whatever the layout.
+// With Danish as language the keys that a Danish keyboard labels with its own letters give these, whatever the layout.
 bool Boxes::NationalKey(int keyCode) {
   const bool danish = Upper(Language) == "DANISH";
   const char32_t letter = keyCode == keys::Backquote      ? U'\u00C6'

@@ -1,6 +1,6 @@
-// The boxes Station, Step and Previous under the operator's hand: focus, national keys, checks. A box that is left is
-// checked when the operator has changed it, and in idle alone: the focus wanders for many a reason, and what the check
-// of the station sends sets the vehicle's count. A start takes the boxes as they stand.
+// The boxes Station, Step and Previous: focus, national keys, checks. A box that loses
+// the focus is checked only in idle and only when the operator has changed it: the focus often moves without him, and
+// the check of the station sends the vehicle's count. A start takes the boxes as they are.
 #pragma once
 
 #include "collection/StepBoxes.h"
@@ -27,7 +27,7 @@ private:
   cSendKeys& SendKeysObject;
   const std::string& Language;
   int FocusIndex = -1;   // the box of Texts that has the focus; kept, read by nothing yet
-  char32_t national = 0; // the letter that the key now going down stands for
+  char32_t national = 0; // the letter of the key that is being pressed, 0 for none
 };
 
 } // namespace trekor

@@ -18,7 +18,7 @@ void Feedback::LoadSounds() {
     const std::string name = "D" + std::to_string(d), tone = folders.AudioTonesPath + WaveName(name);
     DigitVoiceFiles[d] = Words(name);
     ToneFiles[d] = {tone};
-    // A digit that had its tone when the setup was chosen is spoken when the tone has gone; one that had none is
+    // A digit that has its tone when the setup is chosen is spoken when the tone is gone later; one that has none is
     // silent.
     if (drives.FileExists(tone))
       ToneFiles[d].push_back(folders.AudioLanguagePath + WaveName(name));
@@ -54,7 +54,7 @@ void Feedback::PlaySystemWave(const std::string& name) {
   sound.Play({state.folders.AudioSystemPath + WaveName(name)});
 }
 
-// System sounds heed no option and no language.
+// System sounds depend on no option and no language.
 void Feedback::PlaySystemSound(int n) {
   if (n >= 0 && n < 3)
     PlaySystemWave(SystemSounds[static_cast<std::size_t>(n)]);

@@ -1,4 +1,4 @@
-// What the operator hears: the sound of each key, and the assistance, spoken or shown.
+// What the operator hears: the sound of each key, and assistance messages, spoken or shown.
 #pragma once
 
 #include "platform/Drives.h"
@@ -21,20 +21,20 @@ public:
 
   // Fills the tables for the running setup.
   void LoadSounds();
-  // Plays NAME.WAV from the folder of the chosen kind (words or tones) or from the one behind it. False: nothing plays.
-  // Looks into the folders, which no key may wait for.
+  // Plays NAME.WAV from the folder of the chosen kind (words or tones), else from the second folder of that kind. False
+  // when neither has it. Looks into the folders itself, which is too slow for keys.
   bool PlayWave(const std::string& name);
   void PlaySystemWave(const std::string& name);
   void PlaySystemSound(int n); // 0 newsegment, 1 undefinedkey, 2 slowdown
-  // `value` is a digit; anything else (-1: no digit) has no digit sound.
+  // `value` is a digit 0 to 9; for anything else there is no digit sound.
   void PlayObservationSound(int obs, int value);
   void PlayDigitSound(int value);
   // Speaks or shows an assistance message.
   void Assist(int number);
 
 private:
-  // Places of one sound, the best first. The player looks which are there when it plays, so that a wave which came or
-  // went is noticed at the next key.
+  // Paths of one sound, the best first. The player looks which of them exist when it plays, so that an added or removed
+  // wave counts from the next key on.
   using Places = std::vector<std::string>;
   Places Words(const std::string& name) const;
 

@@ -9,7 +9,7 @@ void FileMenu::mnuNew_Click() {
     mnuClose_Click();
   if (!NameFile())
     return;
-  // Telling the road pumps. What the link orders in there meets a file that is named, made and told.
+  // Sending the road pumps. Lines of the link wait until the file is named, made and announced.
   const SocketProp::Hold later = news.HoldLines();
   fileNew.TakeOver();
   file.NewName();
@@ -17,8 +17,7 @@ void FileMenu::mnuNew_Click() {
   news.AnnounceFile();
 }
 
-// False when the operator has named none, and when the link was quicker: a file that it has opened behind the close or
-// under the form stays.
+// False when the operator has named none, or when the link has opened a file meanwhile, which stays.
 bool FileMenu::NameFile() {
   if (stage.FileOpen())
     return false;
@@ -26,8 +25,8 @@ bool FileMenu::NameFile() {
   return fileNew.ShowDialog() && !stage.FileOpen() && !stage.Ending();
 }
 
-// Storing a large picture lets events run. A start that came there would find no file yet and ask for one, and an exit
-// would leave it half made: the link and the exit wait, and the operator's own orders are refused.
+// Storing a large picture lets events run. A start then would find no file yet and ask for one, and an exit would leave
+// the file half made: the link and the exit wait, and the operator's own commands are refused.
 void FileMenu::Prepare_File() {
   if (!file.Named() || stage.Preparing() || stage.Ending())
     return;
@@ -47,7 +46,7 @@ void FileMenu::mnuClose_Click() {
   status.UnlockStep();
   if (!stage.FileOpen())
     return;
-  const SocketProp::Hold later = news.HoldLines(); // a file opened in here would be closed with the one before it
+  const SocketProp::Hold later = news.HoldLines(); // a file opened by the link now would be closed with this one
   CloseFile();
   status.SetCaption();
   status.Unlock_SetupControls();
@@ -55,7 +54,7 @@ void FileMenu::mnuClose_Click() {
 }
 
 void FileMenu::CloseFile() {
-  const RunStage::Command command(stage); // no start in the pumps in here
+  const RunStage::Command command(stage); // no start within the pumps
   const WhileSet closing = stage.Close();
   const std::string unwanted = file.Finish();
   news.AnnounceClose();

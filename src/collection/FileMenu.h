@@ -1,4 +1,4 @@
-// The data file as the menu and the link see it: new, prepared, announced, closed.
+// The data file as the menu and the link handle it: new, prepared, announced, closed.
 #pragma once
 
 #include "collection/FormStatus.h"
@@ -14,10 +14,11 @@ public:
   FileMenu(RunStage& stage, RunNews& news, FileNewDialog2& fileNew, SessionFile& file, FormStatus& status)
       : stage(stage), news(news), fileNew(fileNew), file(file), status(status) {}
   void mnuNew_Click();
-  // Builds and opens the file that the state names. Nothing without a name. When it can't be made, a file that is open
-  // goes on. A file made under the new-file form takes the form away.
+  // Makes and opens the file that the state names; nothing without a name. On failure a file that is open stays open.
+  // Hides the new-file form when the file is made while that is shown.
   void Prepare_File();
-  // Only in idle: comma file, close, copies, "FILE CLOSE", and the data file goes when only the comma file is wanted.
+  // Only in idle: writes the comma file, closes, copies to the backup drive, sends "FILE CLOSE", and deletes the data
+  // file when only the comma file is wanted.
   void mnuClose_Click();
 
 private:

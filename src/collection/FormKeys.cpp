@@ -20,13 +20,13 @@ bool FormKeys::Form_KeyDown(int keyCode, int shift) {
   return true;
 }
 
-// No control gets a typed letter during a run, nor while one is being announced: the first key of an eager operator
-// would change the step that the session keeps.
+// No control gets a typed letter during a run or while one is announced: an early first key would change the step that
+// the session stores.
 bool FormKeys::Form_KeyPress(char32_t) {
   return !stage.AtRest();
 }
 
-// A lock key that is on goes off when it is released, on some systems.
+// On some systems a lock key that is on goes off at its release.
 void FormKeys::Form_KeyUp(int keyCode) {
   if (keyCode == keys::NumLock)
     KeepNumLock();

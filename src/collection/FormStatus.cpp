@@ -16,7 +16,7 @@ void FormStatus::AsciiFileProgress(int percent) {
 }
 
 void FormStatus::Refresh() {
-  if (!stage.Closing()) // the caption then tells how far the comma file is
+  if (!stage.Closing()) // during a close it shows the progress of the comma file
     SetCaption();
   keyPictures.WatchMinimise();
 }
@@ -36,7 +36,7 @@ void FormStatus::SetMenusEnabled(bool on) {
 void FormStatus::EnableSetupControls(bool on) {
   form.cboTestSetupNames.SetEnabled(on);
   form.labels9.SetEnabled(on);
-  form.mnuExport.SetEnabled(on && form.mnuExport.OnClick); // not before it does something
+  form.mnuExport.SetEnabled(on && form.mnuExport.OnClick); // once it is built
 }
 
 void FormStatus::EnableStep(bool on) {

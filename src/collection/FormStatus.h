@@ -1,5 +1,5 @@
-// What the main form tells and allows: its caption, and which buttons, menus and boxes may be used in idle, in a run
-// and with an open data file.
+// The caption of the main form, and which of its buttons, menus and boxes are enabled in idle, in a run and with an
+// open data file.
 #pragma once
 
 #include "collection/KeyPictures.h"
@@ -14,19 +14,19 @@ public:
       : form(form), state(state), stage(stage), keyPictures(keyPictures) {}
 
   void SetCaption();
-  void AsciiFileProgress(int percent); // the caption tells how far the comma file is
-  // Now and then: the caption, and the floating windows of a form that was minimised or restored.
+  void AsciiFileProgress(int percent); // in the caption, while a comma file is written
+  // Called now and then: the caption, and the floating windows when the form was minimised or restored.
   void Refresh();
 
   void SetButtons(bool play, bool pause, bool stop);
   void SetMenusEnabled(bool on);
-  // From the moment when a file stores the setup's observations until it is closed.
+  // The choice of the setup, from the storing of its observations in a file until that is closed.
   void Lock_SetupControls() { EnableSetupControls(false); }
   void Unlock_SetupControls() { EnableSetupControls(true); }
   // Step and direction, from the first run in a file until it is closed.
   void LockStep() { EnableStep(false); }
   void UnlockStep() { EnableStep(true); }
-  // The box Previous shows where the run has ended.
+  // Shows the station of the end of the run in the box Previous.
   void ShowEndOfRun();
 
 private:

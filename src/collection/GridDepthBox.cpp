@@ -5,7 +5,7 @@
 namespace trekor {
 
 namespace {
-constexpr double SmallestDepth = 5, LargestDepth = 100; // the tip says 2: kept as it always was
+constexpr double SmallestDepth = 5, LargestDepth = 100; // rows; the tip says 2. Kept: no buffer in the field is smaller
 } // namespace
 
 void GridDepthBox::Wire() {

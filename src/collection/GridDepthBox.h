@@ -13,7 +13,7 @@ public:
   // Checked like the other boxes of the form: on leaving, when the operator has changed it, in idle.
   void Wire();
   void ValidateGridDepth();
-  // For a start, which may come while the box has not been left yet.
+  // For a start, which may come while the box still has the focus.
   void TakeTyped();
 
 private:

@@ -1,4 +1,4 @@
-// The grid in a pause: which row is current, and the changing of event rows.
+// The grid in a pause: which row is current, and editing of event rows.
 #pragma once
 
 #include "collection/Asking.h"
@@ -12,12 +12,11 @@ public:
   GridEditing(RunGrid& runGrid, GridValues& values, Asking& asking, RunStage& stage)
       : grid(runGrid), values(values), asking(asking), stage(stage) {}
 
-  // Once a tick: looks whether the operator has moved the selection.
+  // Called once a tick: looks whether the operator has moved the selection.
   void FollowSelection();
-  // The selected cell is another than the logic regards as selected.
+  // The operator has selected another cell than the current one.
   void Grid_CellChanged();
-  // The row that moves up in its place becomes current with its own values, or those of the row that went would be
-  // written into it.
+  // The row that moves up becomes current with its own values, or those of the removed row would be written into it.
   void RemoveCurrentRow();
 
 private:

@@ -1,4 +1,4 @@
-// The columns of the collection grid and their head, which shows key, value bar, icon and name of each observation.
+// The columns of the collection grid and their heads: key, value bar, icon and name of each observation.
 #pragma once
 
 #include "collection/GridValues.h"
@@ -10,8 +10,8 @@ class GridHead {
 public:
   GridHead(RunGrid& runGrid, GridValues& values, const KeyPictures& keyPictures)
       : grid(runGrid), values(values), keyPictures(keyPictures) {}
-  // Both after a change of the setup, in this order: the second brings back what the first leaves set for an empty
-  // setup.
+  // Both after a change of the setup, in this order: for an empty setup the second restores the flags that the first
+  // leaves set.
   void Setup_Grid();
   void Format_GridHeader();
 

@@ -49,7 +49,7 @@ void GridRows::FinishRow() {
   grid.picture.SetRedraw(true);
 }
 
-// The row beneath was the running step until now; at the very start there is none.
+// The row below was the running step until now; at the very start there is none.
 void GridRows::FinishStepRow(int place) {
   CarryValues();
   TakeFix(place + 1);
@@ -66,13 +66,13 @@ void GridRows::TakeFix(int place) {
     storing.TakeFix(*row);
 }
 
-// Storing waits until a row leaves the buffer: it stays off the road of a key. Without a data file the row just goes.
-// Down to the depth, however many rows that takes: a buffer that has once missed its row would keep the whole run.
+// Rows are stored when they leave the buffer, so that no key waits for the disk. Without a data file they are only
+// removed. Removes as many as are above the depth, which may have been lowered.
 void GridRows::DropOldest() {
   while (grid.rows.Overfull()) {
     if (stage.FileOpen()) {
       stage.LetEventsIn();
-      if (!grid.rows.Overfull()) // an exit has stored all rows in that pump
+      if (!grid.rows.Overfull()) // an exit within the pump has stored all rows
         return;
       storing.Flush_Row(*grid.rows.At(grid.rows.Bottom()));
     }

@@ -1,8 +1,7 @@
-// The rows of the run as they come and go: made at a boundary or a point, stored when the buffer has no more room for
-// them or the run ends.
+// The rows of the run: made at a boundary or a point, stored when the buffer has no more room for them or the run ends.
 //
-// Making a row pumps messages in its middle. Boundaries and keys that come there wait until the row is complete; an
-// EXIT that comes there finishes the row first (FinishRow), so that it is stored whole.
+// Making a row lets events run in its middle. Boundaries and keys that come then wait until the row is complete; an
+// EXIT finishes the row first (FinishRow), so that it is stored whole.
 #pragma once
 
 #include "collection/GridValues.h"
@@ -18,20 +17,20 @@ public:
   GridRows(RunGrid& runGrid, GridValues& values, Storing& storing, RunStage& stage, const Positions& position)
       : grid(runGrid), values(values), storing(storing), stage(stage), position(position) {}
 
-  // A row that begins at the boundary just passed.
+  // Adds a row that begins at the boundary just passed.
   void Add_StepRow();
-  // A row beneath the current one, for the point of an observation at KeyStation.
+  // Adds a row below the current one, for the point of an observation at KeyStation.
   void Add_EventRow(int obs);
   // Completes the row that is being made, without pumping; nothing when there is none.
   void FinishRow();
 
-  // The first station of a run in its file.
+  // Stores the station at which the first span of a run begins.
   void StoreStart();
-  // The running step ends here and now, and all rows are stored.
+  // Ends the running step here and stores all rows.
   void StoreAll();
 
 private:
-  // The row that is being made: it stands in the buffer and lacks its values and what belongs to its end.
+  // The row that is being made: it is in the buffer and lacks its values and what belongs to its end.
   struct PendingRow {
     RowKind kind = RowKind::Step;
     int place = 0;

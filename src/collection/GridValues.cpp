@@ -59,7 +59,7 @@ void GridValues::Carry(int obs, int row) {
     SetBar(obs, 0); // the text itself stays
   } else {
     o.Reset();
-    if (Bar(obs) >= 0) // below 0 it waits for a second key, and goes on waiting
+    if (Bar(obs) >= 0) // below 0 it waits for a second key
       ShowBar(obs);
   }
 }
@@ -74,8 +74,8 @@ void GridValues::WriteEventCells(int row, int obs) {
     WriteText(row, obs);
 }
 
-// The abbreviation, then the text in every cell of the rest: a merged row shows them as one. Only the row is merged;
-// merged columns would glue equal numbers of different rows together.
+// The abbreviation, then the text in all further cells, which a merged row shows as one. Columns are not merged: equal
+// numbers of two rows would show as one.
 void GridValues::WriteText(int row, int obs) {
   const auto& o = grid.setup.Observations(obs);
   grid.rows.SetCell(row, MergedTextColumn - 1, o.ObsAbrvDisp());

@@ -1,4 +1,4 @@
-// The observations' values as the grid shows them: a bar each in the head, a cell each in the rows.
+// The values of the observations as the grid shows them: a bar each in the head, a cell each in the rows.
 #pragma once
 
 #include "collection/RunGrid.h"
@@ -13,24 +13,24 @@ class GridValues {
 public:
   GridValues(RunGrid& runGrid, Station& keyStation) : grid(runGrid), KeyStation(keyStation) {}
 
-  // For a setup that was just chosen: no bar, then one a column, the step bar (column 0) first.
+  // After a setup was chosen: drop the bars, then make one a column, the step bar (column 0) first.
   void DropBars() { ParBars.clear(); }
   void MakeBar(int col);
   void SetBar(int col, float value);
   float Bar(int col) const; // 0 where there is none
-  // The observation's value into its bar and into a cell.
+  // Shows the observation's value in its bar; in a cell.
   void ShowBar(int obs);
   void ShowCell(int row, int obs);
-  // The cells of an event row: the value, or a text over all of them.
+  // Writes the cells of an event row: the value, or a text across all of them.
   void WriteEventCells(int row, int obs);
-  // What holds until it is changed goes into the new row; what belongs to one step starts afresh.
+  // Fills a new step row: carried values are written into it, values of one step start at their minimum.
   void CarryInto(int row);
 
-  // Makes the values of the current row those of the observations, and the point of an event row KeyStation.
+  // Takes the values of the current row as those of the observations, and the station of an event row as KeyStation.
   void Load_RowValues();
   // KeyStation becomes the station of the current row, where there is one.
   void TakeRowStation();
-  // Puts all bars to 0 and all observations to their minimum.
+  // Sets all bars to 0 and all observations, except texts, to their minimum.
   void ResetValues();
 
 private:

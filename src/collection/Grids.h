@@ -1,4 +1,4 @@
-// The collection grid from its several sides, for those who need more than one of them.
+// The parts of the collection grid, for a class that needs several of them.
 #pragma once
 
 #include "collection/GridEditing.h"

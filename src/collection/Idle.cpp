@@ -2,7 +2,7 @@
 
 namespace trekor {
 
-// The timer rests meanwhile, so that slow ticks cannot pile up; a prompt that a key opens keeps it at rest.
+// The timer is off meanwhile, so that slow ticks cannot pile up; while a key has a prompt open there are no ticks.
 void Idle::Idle_Tick() {
   timer.SetRunning(false);
   Tick();

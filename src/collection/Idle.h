@@ -1,5 +1,5 @@
-// The tick that carries the whole run: every 25 ms one pump, one key at most, and now and then the slow work. Nothing
-// in here asks a database or the window system, and nothing is written that has not changed.
+// The tick that drives the run: every 25 ms one pump, one key at most, and now and then the slow work. A tick without a
+// key or a message asks no database and no window system, and writes nothing that has not changed.
 #pragma once
 
 #include "collection/GridEditing.h"

@@ -11,7 +11,7 @@ void KeyOrders::Process_Key() {
   if (stage.InRun())
     stepping.TakeKeyStation();
   const int key = ring.Front();
-  ring.Advance(); // first: an order that has waited for a stop may begin the next run, and a new ring with it
+  ring.Advance(); // first: a command that waited for a stop may begin the next run, which clears the ring
   CarryOut(key);
   stepping.ReleaseHeldDmi();
 }

@@ -1,4 +1,4 @@
-// One key of the ring: an order to the run, or a registration.
+// Carries out the keys of the ring: commands of the run, and registrations.
 #pragma once
 
 #include "collection/KeyRing.h"
@@ -14,8 +14,7 @@ public:
   KeyOrders(RunStage& stage, KeyRing& ring, Run& run, Registrations& registrations, Stepping& stepping)
       : stage(stage), ring(ring), run(run), registrations(registrations), stepping(stepping) {}
 
-  // Takes one key from the ring, if there is one. The key is stamped with the live position now, not when it was
-  // pressed.
+  // Carries out one key of the ring, if there is one. It gets the position of now, not of when it was pressed.
   void Process_Key();
 
 private:

@@ -42,7 +42,7 @@ void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
     return away;
   };
   grid.OnDblClick = [this, &floating, &entry] { PutAway(floating, entry); };
-  // The keys are the main form's: it gets the focus back from the picture.
+  // The main form gets the focus back, as the keys belong to it.
   grid.OnClick = [this](int, int) { shell.SetFocus(form.Grid); };
   floating.OnResize();
   floating.Loaded = true;
@@ -87,8 +87,8 @@ void KeyPictures::RemoveSelectedKey() {
     UnassignKey(obs, code);
 }
 
-// The pictures go first, as they find the key by the observation's own code. The header stays empty until the grid is
-// made anew.
+// The pictures first, as they find the key by the observation's code. The column head stays empty until the grid is set
+// up anew.
 void KeyPictures::UnassignKey(int obs, int code) {
   for (ClassKeyBoard& picture : pictures)
     picture.RemoveKey(obs);

@@ -1,5 +1,5 @@
-// The on-screen keyboard and keypad, docked in their tabs and floating in windows of their own: who is painted when,
-// and the taking away of a key.
+// The on-screen keyboard and keypad, docked in their tabs and floating in windows of their own: when each is painted,
+// and taking a key from its observation.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
@@ -15,16 +15,16 @@ namespace trekor {
 class KeyPictures {
 public:
   KeyPictures(MeasurementsForm& form, Shell& shell, TextDatabase& texts, TestSetup& setup);
-  // Lays out all four pictures and dresses the floating windows without showing them. Their views are made by
-  // LoadViews, when the main form can already be seen.
+  // Lays out all four pictures and loads the looks of the floating windows without showing them. LoadViews makes their
+  // views, when the main form is on the screen.
   void Init_KeyTables();
   void LoadViews();
-  // The setup's icons on all four pictures, or away from them.
+  // Puts the setup's icons on all four pictures, or removes them.
   void AddSetup();
   void RemoveSetup();
   // The text on the key as a column header shows it; the space bar and no key (-1) read "[ ]".
   std::string KeyCaption(int code) const;
-  // Delete in idle, on the tab Keyboard or Keypad: the key under the cursor no longer carries its observation.
+  // Delete in idle, on the tab Keyboard or Keypad: takes the key under the cursor from its observation, for good.
   void RemoveSelectedKey();
 
   void mnuViewKeyBoard_Click();

@@ -1,5 +1,5 @@
-// Where the large pieces of the main form stand: toolbar on top, the tabs with one frame at a time, the grid under
-// them; during a run the grid covers everything under the toolbar. Twips.
+// Places the parts of the main form: the toolbar on top, the tabs with one frame at a time, the grid below; during a
+// run the grid covers everything below the toolbar. Twips.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
@@ -15,8 +15,7 @@ public:
   void Resize();
   void CoverTabs();
   void UncoverTabs();
-  // One firing of the curtain: the grid slides towards its place. Nothing turns the timer on; the places are taken at
-  // once.
+  // One step of the curtain that slides the grid to its place. Nothing turns that timer on: the grid is moved at once.
   void TimerCurtain_Timer();
 
 private:

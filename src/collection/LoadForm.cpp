@@ -1,4 +1,4 @@
-// The load of the main form: the stored look, the first setup, the window, the other forms, the link.
+// The load of the main form: event handlers, the stored look, the first setup, the window, the link.
 #include "collection/Icons.h"
 #include "collection/Measurements.h"
 #include "collection/RunSubjects.h"
@@ -8,9 +8,9 @@ namespace trekor {
 void Measurements::LoadForm() {
   rooms.platform.shell.Hourglass(true);
   {
-    const WhileSet loading = subjects->stage.Load(); // the link may command a start as soon as it stands
+    const WhileSet loading = subjects->stage.Load(); // from here on the link may command a start
     Load_Icons(form, rooms.state.folders.GraphicsPath, rooms.platform.drives);
-    subjects->frmBars.Loaded = true; // the pictures of the bars are the views' own
+    subjects->frmBars.Loaded = true; // views draw the bars themselves
     subjects->layout.Setup_Tabs();
     rooms.texts.LoadFormProperties(form);
     LoadControls();
@@ -29,11 +29,12 @@ void Measurements::LoadForm() {
 }
 
 void Measurements::LoadControls() {
-  subjects->layout.Resize(); // the grid comes to stand under the tabs
+  subjects->layout.Resize(); // places the grid below the tabs
   subjects->layout.TabStrip1_Click();
-  for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's row has no place for the tips of its buttons
+  for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's table row has no column for its buttons' tips
     form.tbControlBar.SetButtonTip(i, rooms.texts.GetText("T_" + form.tbControlBar.Buttons(i).Key));
-  form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >= 1); // both ways: an ordinary user's session is stored too
+  form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >=
+                               1); // on and off, as the look of another user's session is stored
   // What these open is not built yet.
   for (Menu* entry : {&form.mnuOpen, &form.mnuExport, &form.mnuObsEdit, &form.mnuOptions, &form.mnuMessaging,
                       &form.mnuHelpTopics, &form.mnuAbout})
@@ -53,10 +54,10 @@ void Measurements::ShowForm() {
   shell.Load(form);
   form.Loaded = true;
   shell.Show(form);
-  // The first word on units has no socket to go to, but its wait is part of the start: spent here, the form is painted
-  // in it. The sound device, too, can wait until there is something to see.
+  // The first SET UNITS finds no connection, but its wait is part of the start: the form is painted in it. The sound
+  // device can wait for that, too.
   subjects->news.SendUnits();
-  if (!subjects->stage.Ending()) // closed in the wait: nothing else may come up, the link least of all
+  if (!subjects->stage.Ending()) // closed during the wait: nothing more is loaded
     LoadOtherForms();
 }
 

@@ -38,7 +38,7 @@ void Measurements::WireControls() {
   form.TimerCurtain.OnTimer = [this] { subjects->layout.TimerCurtain_Timer(); };
   form.TabStrip1.OnClick = [this] { subjects->layout.TabStrip1_Click(); };
   form.UpDnPicture.OnClick = [this] { subjects->stepBoxes.UpDnPicture_Click(); };
-  // The form's stored look fills the list too, before there are keys and columns; the load chooses when they are there.
+  // The stored look fills the list too, before keys and columns exist; the end of the load then chooses.
   form.cboTestSetupNames.OnClick = [this] {
     if (!subjects->stage.Loading())
       subjects->setupChoice.cboTestSetupNames_Click();
@@ -56,7 +56,7 @@ void Measurements::WireMenus() {
   form.mnuViewSocket.OnClick = [this] { rooms.platform.shell.Show(rooms.socket.form); };
 }
 
-// The close box: the windows come back first, then a run is stopped and a file closed. False: not now.
+// The close box: shows the windows again, then stops a run and closes a file. False: not now.
 bool Measurements::QueryUnload() {
   if (!subjects->stage.MayLeave())
     return false;

@@ -1,6 +1,5 @@
-// The main form: builds the subjects of the run, binds them to the form's events, loads and unloads. The subjects have
-// a file pair each in this folder (stepping, grid, registrations, feedback ...), and whoever needs one takes it from
-// here.
+// The main form: builds the subjects of the run, binds them to the form's events, loads and unloads. Each subject has a
+// file pair in this folder (stepping, grid, registrations, feedback ...); a class that needs one gets it from here.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
@@ -19,7 +18,7 @@ public:
   ~Measurements();
 
   void LoadForm(); // the whole form load, to the enabled IdleTimer
-  // Unloads the forms that belong to the run and closes the sound device: the second to fourth step of the unload.
+  // Unloads the forms that belong to the run and closes the sound device.
   void UnloadForms();
 
   // They live as long as this.

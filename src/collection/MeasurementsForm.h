@@ -56,7 +56,7 @@ struct MeasurementsForm : Form {
   Timer TimerCurtain{*this, "TimerCurtain"};
 };
 
-// The frame of station, step and direction, for those who work with it alone.
+// The controls of station, step and direction, for classes that work with them alone.
 struct StepControls {
   TextBox &Texts6, &Texts7, &Texts8;
   Label &labels6, &labels7, &labels8;

@@ -9,7 +9,7 @@ void NumLock::SaveAtStart() {
     NumLockAtStart = keyboard.NumLock();
 }
 
-// Whatever way the start or the run has come to its end. A start that had not looked at the key yet has not moved it.
+// At the end of a run or of a start, however it ends. A start that had not read the key yet has not changed it.
 void NumLock::Restore() {
   const auto before = std::exchange(NumLockAtStart, std::nullopt);
   if (before && Frozen())

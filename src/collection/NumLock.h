@@ -1,5 +1,5 @@
-// The lock key of the pad, whose digits are what a run and its prompts are typed with. With "Freeze NumLock" ticked it
-// is on during a run and at every prompt, and has its old state back afterwards.
+// NumLock, as runs and prompts are typed on the pad's digits. With "Freeze NumLock" ticked it is on during a run and at
+// every prompt, and gets its old state back afterwards.
 #pragma once
 
 #include "forms/Controls.h"
@@ -14,7 +14,7 @@ public:
   NumLock(Keyboard& keyboard, const CheckBox& freeze) : keyboard(keyboard), freeze(freeze) {}
 
   void SaveAtStart();
-  // A start has saved the state, and its run has not given it back yet.
+  // Whether a start has saved the state and its run has not restored it yet.
   bool Saved() const { return NumLockAtStart.has_value(); }
   void Restore();
   void FreezeNumLock();

@@ -41,7 +41,8 @@ void Registrations::Register(int key) {
 }
 
 bool Registrations::FindObservation(int key) {
-  // A code beyond the table finds nothing and leaves the observation of the key before: that acts once more.
+  // A code beyond the table leaves the observation of the key before, which acts once more. Kept: on European keyboards
+  // the key 226 repeats the last one.
   if (key <= TestSetup::LastKeyCode)
     grid.CurrentObs = grid.setup.KeyToObs(key);
   return grid.setup.Has(grid.CurrentObs);
@@ -55,7 +56,7 @@ void Registrations::Arm() {
 
 void Registrations::TakeSecondKey(int key) {
   grid.AwaitValue = false;
-  if (!grid.setup.Has(grid.CurrentObs)) // armed under a larger setup
+  if (!grid.setup.Has(grid.CurrentObs)) // the first key was pressed under a larger setup
     return;
   grid.GridBusy = true;
   grids.values.SetBar(grid.CurrentObs, 0);
@@ -68,7 +69,7 @@ void Registrations::TakeSecondKey(int key) {
   Show();
 }
 
-// False ends the key with nothing changed.
+// False: nothing was changed.
 bool Registrations::ChangeValue() {
   const int obs = grid.CurrentObs;
   switch (Current().DataTypeID) {
@@ -153,7 +154,7 @@ void Registrations::Show() {
 }
 
 void Registrations::DeleteKey() {
-  if (grid.AwaitValue) { // the first key of the pair is withdrawn
+  if (grid.AwaitValue) { // takes back the first key of the pair
     grid.AwaitValue = false;
     grids.values.SetBar(grid.CurrentObs, 0);
     grid.CurrentObs = 0;

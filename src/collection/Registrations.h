@@ -1,5 +1,5 @@
-// From a key to a value: which observation it concerns, how its value changes, what it sounds like, where it shows.
-// Nothing reaches the data file here; values wait in the grids.
+// From a key to a value: which observation a key is for, how the value changes, how it sounds and where it is shown.
+// Nothing goes to the data file here; values wait in the rows of the buffer.
 #pragma once
 
 #include "collection/Asking.h"
@@ -14,9 +14,9 @@ public:
   Registrations(const Grids& grids, Asking& asking, Feedback& feedback, const RunStage& stage)
       : grids(grids), grid(grids.data), asking(asking), feedback(feedback), stage(stage) {}
 
-  // A key that is no order to the run.
+  // A key that is no command of the run.
   void Register(int key);
-  // Withdraws the first key of a pair; in a pause it empties the cell, or takes away an event row.
+  // Takes back the first key of a pair; in a pause, empties the cell or removes an event row.
   void DeleteKey();
 
 private:

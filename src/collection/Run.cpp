@@ -2,8 +2,8 @@
 
 namespace trekor {
 
-// The waits let ticks and link messages in while the state is still idle; the guard keeps their commands out, and an
-// exit among them begins the ending, after which this start has nothing more to do.
+// The waits let ticks and link messages run while the run is still idle. The guard keeps their commands out; an exit
+// among them sets `ending`, and this start then stops.
 void Run::Start_Run() {
   if (!stage.TakesCommand() || stage.Preparing())
     return;
@@ -45,12 +45,12 @@ void Run::Pause_Run() {
   news.AnnouncePause();
 }
 
-// Also reached while running, where it repeats its two lines, as the control program has always been answered.
+// F2 comes here while running too, and the two lines are sent again. Kept: control programs in the field rely on it.
 void Run::Resume_Run() {
   SelectNewestRow();
   look.ShowResumed();
   news.AnnounceResume();
-  if (!stage.Ending()) // an exit in these sends has ended the run
+  if (!stage.Ending()) // an exit during the sends has ended the run
     stage.Enter(RunStates::Running);
 }
 
@@ -59,7 +59,7 @@ void Run::SelectNewestRow() {
   grids.values.Load_RowValues();
 }
 
-// Tests the guard and leaves it: a cleared one would keep its own Stop_Run out.
+// Tests the guard without clearing it, which would keep its own Stop_Run out.
 void Run::Stop_FromPause() {
   if (!stage.TakesCommand())
     return;
@@ -68,14 +68,14 @@ void Run::Stop_FromPause() {
   Stop_Run();
 }
 
-// What the link says within the sends is heard behind it all: a boundary would lie behind the closing station, and an
-// order that answers the stop, as a close does, needs a program at rest.
+// Lines of the link that come during the sends wait until the run has stopped: a boundary would be stored behind the
+// closing station, and an answer to the stop, such as a close, needs the program in idle.
 void Run::Stop_Run() {
   if (!stage.TakesCommand())
     return;
   const SocketProp::Hold later = news.HoldLines();
   const RunStage::Command command(stage);
-  if (news.AnnounceStop() && stage.Idle()) // the close box in these sends has done all that follows
+  if (news.AnnounceStop() && stage.Idle()) // the close box during the sends has done the rest
     return;
   look.ShowStopping();
   if (stage.FileOpen())
@@ -90,11 +90,11 @@ void Run::Stop_Run() {
 }
 
 void Run::StopAtOnce() {
-  stage.ForceCommand(); // also from inside a command: it lets go when it comes back from its pump
+  stage.ForceCommand(); // also inside a command, which ends when its pump returns
   Stop_Run();
 }
 
-// A start that has not come to its end has stored nothing.
+// A start that is not finished has stored nothing.
 void Run::CancelStart() {
   grids.data.rows.Clear();
   preparation.Undo();

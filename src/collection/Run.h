@@ -1,5 +1,5 @@
-// The states of the run and what moves between them: start, pause, resume, stop. Keys, toolbar and link all come
-// through here. A run operation goes on after an error inside it; nothing is reported.
+// The states of the run and the changes between them: start, pause, resume, stop. Keys, toolbar and link all come here.
+// Failures inside an operation are skipped and not reported.
 #pragma once
 
 #include "collection/Grids.h"
@@ -11,7 +11,7 @@
 
 namespace trekor {
 
-// How a change of the run is told: on the form and to the control program.
+// Where a change of the run is shown and sent.
 struct RunSigns {
   RunLook& look;
   RunNews& news;
@@ -27,7 +27,7 @@ public:
   void Resume_Run();
   void Stop_Run();
   void Stop_FromPause();
-  // On the way out: of a start that has not come to its end, and of a run even from the middle of another command.
+  // On the way out: a start that is not finished; a run, even in the middle of another command.
   void CancelStart();
   void StopAtOnce();
 

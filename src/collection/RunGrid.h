@@ -1,5 +1,5 @@
-// The collection grid as data: its picture, the rows of the buffer behind it, and where the logic stands in it. One
-// column for each observation of the running setup; column 0 holds the stretch of road.
+// The collection grid as data: its model, the rows of the buffer behind it, and the current cell. One column for each
+// observation of the running setup; column 0 holds the stretch of road.
 #pragma once
 
 #include "collection/RowBuffer.h"
@@ -16,12 +16,12 @@ struct RunGrid {
   Grid& picture;
   TestSetup& setup;
   RowBuffer rows{picture};
-  // The cell that the logic regards as selected.
+  // The current cell: the one that the logic works with.
   int CurrentRow = 0, CurrentCol = 0;
-  // The observation that the last key concerned; when AwaitValue is set, the next key is its value.
+  // The observation of the last key; with AwaitValue the next key is its value.
   int CurrentObs = 0;
   bool AwaitValue = false;
-  bool GridBusy = false; // the program moves the grid's cell itself
+  bool GridBusy = false; // the program is moving the current cell itself
 
   void SelectNewestRow() {
     CurrentRow = picture.FixedRows();

@@ -14,7 +14,7 @@ void RunLook::ShowRunning() {
 
 void RunLook::ShowPaused() {
   grid.picture.SetRow(grid.CurrentRow);
-  grid.picture.SetCol(0); // where the logic is too, so that the next tick sees no change of cell
+  grid.picture.SetCol(0); // as CurrentCol, so that the next tick sees no change of cell
   grid.picture.SetColSel(grid.setup.ObsCount());
   grid.picture.SetSelectionMarks(true);
   shell.SetFocus(grid.picture);

@@ -1,4 +1,4 @@
-// How the form looks in each state of the run: the grid over the tabs or under them, its selection, buttons and menus.
+// How the form looks in each state of the run: the grid over or under the tabs, its selection, buttons and menus.
 #pragma once
 
 #include "collection/FormStatus.h"
@@ -17,7 +17,7 @@ public:
   void ShowRunning();
   void ShowPaused();
   void ShowResumed();
-  // A run is stopped in three steps: the form as before it, then its rows are stored, then the rest.
+  // A stop has three steps: the form, then its rows are stored, then the rest.
   void UncoverTabs();
   void ShowStopping();
   void ShowEndOfRun() { status.ShowEndOfRun(); }

@@ -8,7 +8,7 @@ namespace {
 constexpr double LinkPause = 1; // seconds between PREPARE and START, and behind START
 } // namespace
 
-// "SET SYSTEM TREKOR UNKNOWN 7707-104". Before the connection stands it would go nowhere.
+// "SET SYSTEM TREKOR UNKNOWN 7707-104". Sent after the first connection attempt, as it would be dropped before.
 void RunNews::Send_SystemInfo() {
   socket.WaitForFirstConnection();
   socket.SendData(std::string("SET SYSTEM TREKOR ") + (state.run.Simulator ? "SIMULATOR" : "UNKNOWN") + " " +
@@ -32,7 +32,7 @@ void RunNews::SendClick() {
 }
 
 // "CTRL PREPARE  12.3", "STATUS PREPARE  12.3", a second, "CTRL START  12.3", "STATUS START  12.3  0 1", a second.
-// A start from the link is silent, unless a message that came in a pump before has ended that.
+// Nothing for a start by the link, unless a message within a pump has cleared FromLink.
 bool RunNews::AnnounceStart() {
   const Positions& at = state.position;
   if (FromLink())

@@ -1,5 +1,5 @@
-// What the run tells the control program. What it has ordered itself isn't sent back to it as news: the flag FromLink
-// is read afresh at each line, as an order that came in a pump before may have ended.
+// What the run sends to the control program. Effects of the control program's own commands are not sent back: FromLink
+// is read afresh at each line, as a command that came in an earlier pump may have ended.
 #pragma once
 
 #include "collection/RunStage.h"
@@ -13,7 +13,7 @@ public:
   RunNews(const ProgramState& state, SocketProp& socket, const RunStage& stage)
       : state(state), socket(socket), stage(stage) {}
 
-  // While it stands, lines of the link wait.
+  // While it exists, lines of the link wait.
   [[nodiscard]] SocketProp::Hold HoldLines() const { return SocketProp::Hold(socket); }
   bool FromLink() const { return state.run.FromLink; }
 
@@ -23,13 +23,13 @@ public:
   void SendDmi();
   void SendClick(); // of the camera
 
-  // Takes two seconds, with events in them. False when an exit came in these.
+  // Takes two seconds, in which events run. False when an exit came in them.
   bool AnnounceStart();
   void AnnouncePause();
   void AnnounceResume();
-  bool AnnounceStop(); // true: said
+  bool AnnounceStop(); // true: it was sent
   void AnnounceFile();
-  // The control program wants to hear it also when it has asked for it.
+  // Sent also when the control program has asked for the close: control programs rely on it.
   void AnnounceClose();
 
 private:

@@ -1,6 +1,6 @@
-// Where the run and the life of the program stand: which operations are on the stack right now. They all pump, so that
-// a key, a click or a line of the link can come in the middle of each. Whoever acts on one asks here first, and
-// whatever returns from a pump asks whether the way out has begun meanwhile.
+// The state of the run, and which operations are on the stack. They all pump, so a key, a click or a line of the link
+// can come in the middle of each: every operation asks here before it begins, and after a pump whether the program is
+// being closed.
 #pragma once
 
 #include "platform/Pump.h"
@@ -8,7 +8,7 @@
 
 namespace trekor {
 
-// A flag that is up while something works. Afterwards it is what it was: operations lie inside one another.
+// Sets a flag for the life of the object; then the flag is what it was, as operations nest.
 class [[nodiscard]] WhileSet {
 public:
   explicit WhileSet(bool& flag) : flag(flag), before(flag) { flag = true; }
@@ -33,13 +33,12 @@ public:
   void Enter(RunStates next) { flags.RunState = next; }
   bool FileOpen() const { return flags.DataFileOpen; }
 
-  // Lets everything in that waits. What was true before need not be true afterwards.
+  // Lets pending events run. What was true before need not be true afterwards.
   void LetEventsIn() const { pump.ProcessEvents(); }
 
-  // A run command while it works. The form takes no other until the outermost one has ended, except on the way out,
-  // which must stop the run also from inside a command: that one lets go when it comes back from its pump. A start
-  // waits two seconds with ticks and link messages running inside, and its own echo must not begin a second start
-  // there.
+  // A run command at work. The form takes no other one until the outermost has ended: a start waits two seconds with
+  // ticks and link messages running inside, and its own echo must not begin a second start. Closing the program stops
+  // the run all the same (ForceCommand), and the command below ends when its pump returns.
   class [[nodiscard]] Command {
   public:
     explicit Command(RunStage& stage) : stage(stage) {
@@ -59,15 +58,14 @@ public:
   // Start_Run is on the stack, the run still idle.
   WhileSet Start() { return WhileSet(starting); }
   bool Starting() const { return starting; }
-  // Nobody has begun a run: the boxes and the direction are the operator's.
+  // No run and no start: the boxes and the direction are the operator's.
   bool AtRest() const { return Idle() && !starting; }
 
-  // The new-file form is up, or has gone for a file of the link and its showing ends soon.
+  // The new-file form is shown, or was hidden for a file of the link and its call has not returned yet.
   WhileSet Ask() { return WhileSet(asking); }
   bool Asking() const { return asking; }
 
-  // Prepare_File is on the stack, the file not yet open. The rows of a run wait: one that left the grid now would find
-  // no file.
+  // Prepare_File is on the stack, the file not yet open. The rows of a run wait: one stored now would find no file.
   WhileSet Prepare() { return WhileSet(preparing); }
   bool Preparing() const { return preparing; }
 
@@ -79,18 +77,19 @@ public:
   WhileSet Load() { return WhileSet(loading); }
   bool Loading() const { return loading; }
 
-  // A grid row is being made; keys and boundaries wait for it, and so they do for a file that is being made.
+  // A grid row is being made; keys and boundaries wait for it, and for a file that is being made.
   WhileSet MakeRow() { return WhileSet(rowOnStack); }
   bool RowsWait() const { return rowOnStack || preparing; }
-  // The boundary tests of the positions that came meanwhile are made up for one by one. True: one was held and is due.
+  // Positions that came meanwhile are tested for boundaries later, one by one. TakeHeldDmi is true when one is due.
   void HoldDmi() { ++heldDmi; }
   bool TakeHeldDmi();
   void DropHeldDmi() { heldDmi = 0; }
 
-  // The way out has begun: whatever returns from a pump now must let go.
+  // The program is being closed: what returns from a pump must end.
   void BeginEnding() { ending = true; }
   bool Ending() const { return ending; }
-  // Whether an exit may be carried out now. One that comes while a file is being made is due in the tick behind it.
+  // Whether an exit may be carried out now. One that comes while a file is being made is carried out by the tick after
+  // it.
   bool MayLeave();
   bool LeaveIsDue() const { return leaveLater && !preparing; }
 

@@ -1,5 +1,5 @@
-// The subjects of the run, tied together. Each knows those it needs and no more; whoever calls one from outside (the
-// dispatcher, the program) takes that one.
+// Builds the subjects of the run and ties them together. Each gets those it needs; the dispatcher and the program take
+// the one that they call.
 #pragma once
 
 #include "collection/Asking.h"

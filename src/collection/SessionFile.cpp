@@ -32,7 +32,7 @@ void SessionFile::LetGo(const std::string& unwanted) {
     platform.drives.DeleteFile(unwanted);
 }
 
-// The files whose copies stand whole. A job called like a database of the program must not replace it by its copy.
+// The files whose copies are whole. A job named like a database of the program is not copied over it.
 std::vector<std::string> SessionFile::BackUpFile() {
   const auto& file = state.file;
   Drives& drives = platform.drives;
@@ -41,10 +41,9 @@ std::vector<std::string> SessionFile::BackUpFile() {
   return CopyFiles(file.DataPath, file.AsciiName, file.BackupPath, drives);
 }
 
-// Whether nothing is lost with the closed data file: its comma file lies beside it under its own name, holds every
-// registration and is on the disk, not in the system's memory alone; or a copy stands whole on the backup drive. The
-// names are those of this close: the link may have named the next file before it, and later sessions have names of
-// their own.
+// Whether the closed data file may be deleted without loss: its comma file is beside it under its own name, holds every
+// registration and is synced; or a whole copy is on the backup drive. The names compared are those of this close: the
+// link may have named the next file already, and later sessions have names of their own.
 bool SessionFile::StandsElsewhere(const std::vector<std::string>& copied) {
   const auto& file = state.file;
   const std::string own = file.DataPath + "\\" + file.AsciiName;

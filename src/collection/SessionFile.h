@@ -1,5 +1,5 @@
-// The data file of the job from its making to its end: named, made, and at the close followed by its comma file and the
-// copies on the backup drive, after which it may go.
+// The data file of a job, from its name to its end: made, and at the close followed by its comma file and the copies on
+// the backup drive.
 #pragma once
 
 #include "collection/Storing.h"
@@ -19,14 +19,14 @@ public:
       : state(state), platform(platform), storing(storing), comma(comma), setup(setup) {}
 
   bool Named() const { return !state.file.DataName.empty(); }
-  void NewName(); // of the file that comes, for the control program
-  // When it can't be made, a file that is open goes on.
+  void NewName(); // a GUID for the next file, for the control program
+  // On failure a file that is open stays open.
   bool Create() { return storing.CreateFile(); }
 
-  // Comma file, close, copies. Answers the path of a data file that may go, as only the comma file is wanted, and
-  // nothing else.
+  // Writes the comma file, closes, makes the copies. Gives the path of the data file when it may be deleted, as only
+  // the comma file is wanted; else "".
   std::string Finish();
-  // The file counts as closed from here; `unwanted` is the answer of Finish.
+  // From here the file counts as closed; `unwanted`, the result of Finish, is deleted.
   void LetGo(const std::string& unwanted);
   void StampClose() { state.file.LastCloseTime = platform.clock.Now(); }
 

@@ -20,7 +20,7 @@ void SetupChoice::Load_TestSetupNames() {
   controls.cboTestSetupNames.SetEnabled(true);
   const int running = Listed(controls.lblSetupID.Caption());
   Select(running < 0 ? 0 : running);
-  // The hidden label is kept with the form's looks, so at a start it names a setup that is not loaded yet.
+  // The hidden label is stored with the form's look, so at a start it names a setup that is not loaded yet.
   if (running < 0 || !chosen || std::to_string(state.TestSetupID) != controls.lblSetupID.Caption())
     Choose();
 }
@@ -69,7 +69,7 @@ void SetupChoice::cboTestSetupNames_Click() {
     Choose();
 }
 
-// A setup that can't be read is not one without columns: the one before goes on.
+// When a setup can't be read, the one before stays.
 void SetupChoice::Choose() {
   const std::int32_t before = state.TestSetupID;
   views.keyPictures.RemoveSetup();

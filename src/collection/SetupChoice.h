@@ -1,4 +1,4 @@
-// The list of test setups and the choice of one.
+// The list of test setups and the choice of one of them.
 #pragma once
 
 #include "collection/Feedback.h"
@@ -9,7 +9,7 @@
 
 namespace trekor {
 
-// Who shows the chosen setup, and sounds it.
+// What shows the chosen setup and plays its sounds.
 struct SetupViews {
   KeyPictures& keyPictures;
   GridHead& gridHead;
@@ -21,8 +21,8 @@ public:
   SetupChoice(const SetupControls& controls, SetupDatabase& setupDatabase, TestSetup& setup, ProgramState& state,
               const SetupViews& views)
       : controls(controls), setupDatabase(setupDatabase), setup(setup), state(state), views(views) {}
-  // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen. A list that
-  // can't be read is told and changes nothing, and so it is with a setup.
+  // Fills the list; the running setup stays when it is still there, otherwise the first one is chosen. When the list or
+  // the chosen setup can't be read, the operator is told and the old setup stays.
   void Load_TestSetupNames();
   // The operator's choice in the list.
   void cboTestSetupNames_Click();

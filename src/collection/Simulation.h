@@ -1,4 +1,4 @@
-// The vehicle that drives when there is none: a metre now and then, until the first position comes in on the link.
+// The simulated vehicle: moves a metre now and then, until the first position comes on the link.
 #pragma once
 
 #include "collection/RunNews.h"

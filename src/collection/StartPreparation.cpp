@@ -12,13 +12,13 @@ bool StartPreparation::Prepare() {
 
 bool StartPreparation::AskOperator() {
   if (!stage.FileOpen())
-    fileMenu.mnuNew_Click(); // left without a file, the run goes on: it stores nothing
+    fileMenu.mnuNew_Click(); // without a file the run starts all the same and stores nothing
   if (stage.Ending())
     return false;
   const bool stored = stage.FileOpen();
   numLock.SaveAtStart();
   gridDepth.TakeTyped();
-  // The link may have closed the file under a prompt: a run that nobody stores is not begun for that.
+  // The link may have closed the file under a prompt: no run begins then.
   return stepBoxes.ReadStart() && !stage.Ending() && stage.FileOpen() == stored;
 }
 

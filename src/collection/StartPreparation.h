@@ -1,4 +1,4 @@
-// What a start needs before a run may begin: a file, the lock key, the buffer's size, step and station.
+// What a start needs before the run begins: a file, NumLock, the size of the buffer, step and station.
 #pragma once
 
 #include "collection/FileMenu.h"
@@ -15,7 +15,7 @@ public:
       : stage(stage), fileMenu(fileMenu), numLock(numLock), gridDepth(gridDepth), stepBoxes(stepBoxes) {}
   // False: no run, silently.
   bool Prepare();
-  // Whatever way the start or the run has come to its end.
+  // At the end of the run or of the start, however it ends.
   void Undo() { numLock.Restore(); }
 
 private:

@@ -10,8 +10,7 @@ double StepBar::StepPercent() const {
 void StepBar::RefreshStepBar() {
   if (!stage.Running() || position.StepSize.Default() == 0)
     return;
-  // A vehicle that has backed up behind the boundary gives a negative number, which the bar takes for that of a
-  // picture.
+  // For a vehicle behind the last boundary this is negative, which the bar takes as the number of a picture.
   values.SetBar(0, static_cast<float>(StepPercent()));
 }
 

@@ -1,4 +1,4 @@
-// The bar over the column of stations: how much of the step is driven, in per cent.
+// The bar above the column of stations: how much of the step is driven, in per cent.
 #pragma once
 
 #include "collection/Feedback.h"

@@ -11,7 +11,8 @@ namespace trekor {
 
 namespace {
 
-// Shorter than the factor of the Station object, and meant so: a mile-based step differs in the seventh digit.
+// Fewer digits than the factor of Station: a mile-based step differs in the seventh digit. Kept: data files in the
+// field have their boundaries there.
 constexpr double MilesPerKmOfSteps = 0.6213712;
 constexpr double SmallestStep = 0.001; // km
 
@@ -90,7 +91,7 @@ void StepBoxes::PrepareStation(double km) {
 bool StepBoxes::ReadStart() {
   auto& at = state.position;
   at.DmiAtStart = at.DmiStation.Default();
-  // Asked also when the link has commanded the start. A box that was just set to 0 is not seen here, only below.
+  // Asked also when the link has commanded the start. A box that was just set to 0 is noticed only below.
   if (at.StepSize.Default() == 0)
     EnterHugeNumber(7);
   if (stage.Ending() || !ReadStep())
@@ -122,11 +123,11 @@ void StepBoxes::SettleStation() {
 void StepBoxes::SetFirstBoundary() {
   auto& at = state.position;
   double s = StationTextToKm(controls.Texts6.Text());
-  // The whole steps before the start, also left of zero; the small addend forgives a start that is a hair short.
+  // Whole steps before the start, also for negative stations; the small addend is for a start just short of a boundary.
   s = std::floor(s / at.StepKm + 0.00001) * at.StepKm;
   if (at.DmiIncreasing)
     s += at.StepKm;
-  else if (s == at.KeyStation.Default()) // exactly: a start that is a bit off the step counts as between two
+  else if (s == at.KeyStation.Default()) // exactly: a start slightly off a boundary counts as between two
     s -= at.StepKm;
   at.NextStepKm = s;
   at.NextStation.SetDefault(at.NextStepKm);
@@ -164,8 +165,8 @@ void StepBoxes::SetUnitLabels() {
   news.SendUnits();
 }
 
-// The opposite of what the label says, then the click that turns it: so picture, label and direction agree, and the
-// label "1" starts with stations increasing.
+// Sets the opposite of the label and then clicks, so that picture, label and direction agree: with the label "1"
+// stations increase.
 void StepBoxes::LoadDirection() {
   state.position.DmiIncreasing = controls.DmiDirLabel.Caption() != "1";
   UpDnPicture_Click();
@@ -180,7 +181,7 @@ void StepBoxes::Set_UpDnIcon() {
 }
 
 void StepBoxes::UpDnPicture_Click() {
-  if (!stage.AtRest()) // the first boundary lies ahead already
+  if (!stage.AtRest()) // the first boundary is already set
     return;
   state.position.DmiIncreasing = !state.position.DmiIncreasing;
   Set_UpDnIcon();

@@ -1,5 +1,4 @@
-// What stands in the boxes Station, Step and Previous and beside them: read into the road, checked, asked for, and the
-// direction of the stations.
+// The boxes Station, Step and Previous and the direction: read into the state, checked, asked for.
 #pragma once
 
 #include "collection/Asking.h"
@@ -16,22 +15,22 @@ public:
   StepBoxes(const StepControls& controls, ProgramState& state, const RunStage& stage, RunNews& news, Asking& asking)
       : controls(controls), state(state), stage(stage), news(news), asking(asking) {}
 
-  // Boxes 6, 7 and 8 of Texts. An emptied prompt changes nothing and sends nothing; Esc answers with the old text,
-  // which counts as an answer.
+  // Asks for box 6, 7 or 8 of Texts. An emptied prompt changes nothing and sends nothing; Esc answers with the old
+  // text, which counts as an answer.
   void EnterHugeNumber(int index);
   void EnterHugeText(int index);
   void Validate_Station(); // box 6
   void Validate_Step();    // box 7
-  // At the form load the box Previous is brought into the operator's unit.
+  // At the load of the form: writes the box Previous in the operator's unit.
   void ReadPrevious();
   // PREPARE of the link: the station of the start, in kilometres.
   void PrepareStation(double km);
 
-  // Step and station of a start, asked for where they lack. False: no step, no start.
+  // Reads step and station of a start, and asks for what is missing. False: no step, no start.
   bool ReadStart();
   // The boundaries of a start at the station in box 6.
   void SetFirstBoundary();
-  // Kilometres of a text in the operator's unit; 0 for blank text and for units that step and start are not offered in.
+  // Kilometres of a text in the operator's unit; 0 for blank text and for the units above yards.
   double StationTextToKm(const std::string& text) const;
 
   void SetUnitLabels();

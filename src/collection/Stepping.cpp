@@ -13,8 +13,8 @@ void Stepping::Check_DMI() {
   ReleaseHeldDmi();
 }
 
-// One boundary for each message that was held. Making its row may pump and hold further ones, so this loops and never
-// nests.
+// One boundary for each message that waited. Making its row may pump, and further ones may wait then, so this is a loop
+// and never nests.
 void Stepping::ReleaseHeldDmi() {
   while (stage.TakeHeldDmi())
     if (stage.Running())

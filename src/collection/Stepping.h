@@ -17,7 +17,7 @@ public:
   // Called for each position; one boundary at most each time, so after a jump the following positions catch up.
   void Check_DMI();
   void New_Segment();
-  // Runs the boundary tests that came while a row was being made.
+  // Carries out the positions that came while a row was being made.
   void ReleaseHeldDmi();
   // The place that a key registers is the live one.
   void TakeKeyStation() { position.KeyStation.SetDefault(position.DmiStation.Default()); }

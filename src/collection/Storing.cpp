@@ -27,7 +27,7 @@ void Storing::Flush_Row(const GridRow& row) {
     StoreSpan(row, station);
   else
     StorePoint(row, station);
-  // A row that the disk had no room for leaves a gap, but the next span still begins at a station of the file.
+  // A row that does not fit on the disk leaves a gap, but the next span still begins at a station of the file.
   if (!dataFiles.EndRow() && state.run.DataFileOpen)
     LastStationID = before;
 }
@@ -42,8 +42,8 @@ void Storing::StorePoint(const GridRow& row, std::int32_t station) {
     StoreRegistration(station, station, row.obs, row.cells[column]);
 }
 
-// A blank cell is stored too when its value lives on from step to step. Where no station of the file is known before,
-// the values stand at the step's end.
+// A blank cell is stored too when its value is carried from step to step. When no earlier station of the file is known,
+// the span begins at its own end.
 void Storing::StoreSpan(const GridRow& row, std::int32_t station) {
   const std::int32_t from = LastStationID != 0 ? LastStationID : station;
   const std::string blank;

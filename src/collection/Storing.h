@@ -1,5 +1,5 @@
-// The data file as the run writes it. A row on its way out of the buffer: a step row becomes a station and a span from
-// the step before, an event row a station and a point.
+// Stores a row that leaves the buffer: a step row becomes a station and a span from the step before, an event row a
+// station and a point.
 #pragma once
 
 #include "collection/GridRow.h"
@@ -19,9 +19,9 @@ public:
 
   // The present time and position.
   void TakeFix(GridRow& row) const;
-  // What becomes of one row reaches the disk together. What fails is missing in the file and told to nobody.
+  // One transaction. What fails is missing in the file and is not reported.
   void Flush_Row(const GridRow& row);
-  // The station from which the first span of a run goes out.
+  // Stores the station at which the first span of a run begins.
   void StoreStartStation();
   // The session tells the limits of its stations.
   void EndRun() { dataFiles.EditSession(); }
