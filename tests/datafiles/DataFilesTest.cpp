@@ -172,8 +172,9 @@ TEST(DataFiles, HoldsEveryStoredRowAndNoHalfRowWhenTheProgramIsKilled) {
                                          {300, OpenMode::ExclusiveDurable}}) {
     Job job;
     Child child([&](Child& me) {
-      const bool open = job.Create("KILLED");
-      for (int row = 0; open; ++row) {
+      if (!job.Create("KILLED"))
+        return;
+      for (int row = 0;; ++row) {
         StoreRow(job, row);
         me.Sign();
       }

@@ -58,7 +58,7 @@ TEST_F(ShellTest, TheHourglassGoesAndABoxShowsItsSign) {
                                    {BoxIcon::Exclamation, QMessageBox::Warning},
                                    {BoxIcon::Information, QMessageBox::Information},
                                    {BoxIcon::None, QMessageBox::NoIcon}}) {
-    QTimer::singleShot(0, [&] {
+    QTimer::singleShot(0, [&, sign = sign] {
       auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
       EXPECT_EQ(box->icon(), sign);
       box->accept();
