@@ -9,7 +9,7 @@ bool IdleKeys::IdleKey(int keyCode, int shift) {
   if (keyCode == keys::F2)
     run.Start_Run();
   if (keyCode == keys::Delete)
-    keyPictures.RemoveSelectedKey();
+    keyAssignment.RemoveSelectedKey();
   const bool turns = shift != 0 && (keyCode == keys::Up ? !increasing : keyCode == keys::Down && increasing);
   if (turns)
     form.UpDnPicture.Click(); // which does nothing while it is disabled

@@ -1,7 +1,7 @@
 // What a key does while no run is on.
 #pragma once
 
-#include "collection/KeyPictures.h"
+#include "collection/KeyAssignment.h"
 #include "collection/MeasurementsForm.h"
 #include "collection/Run.h"
 #include "state/ProgramState.h"
@@ -11,15 +11,16 @@ namespace trekor {
 
 class IdleKeys {
 public:
-  IdleKeys(MeasurementsForm& form, const Positions& position, Run& run, KeyPictures& keyPictures, TextDatabase& texts)
-      : form(form), position(position), run(run), keyPictures(keyPictures), texts(texts) {}
+  IdleKeys(MeasurementsForm& form, const Positions& position, Run& run, KeyAssignment& keyAssignment,
+           TextDatabase& texts)
+      : form(form), position(position), run(run), keyAssignment(keyAssignment), texts(texts) {}
   bool IdleKey(int keyCode, int shift); // true: the key is taken
 
 private:
   MeasurementsForm& form;
   const Positions& position;
   Run& run;
-  KeyPictures& keyPictures;
+  KeyAssignment& keyAssignment;
   TextDatabase& texts;
 };
 

@@ -3,12 +3,20 @@
 #include "collection/RunGrid.h"
 #include "values/KeyCodes.h"
 
+#include <algorithm>
+
 namespace trekor {
 
 namespace {
 constexpr int SpaceBar = 32;
-constexpr const char* NoCaption = "[ ]";
-constexpr int TabKeyboard = 1, TabKeypad = 2;
+constexpr int FrameWidth = 15; // twips
+
+// A look that was stored too small is made larger, too.
+void Fit(Form& floating, Grid& grid) {
+  const int width = std::max(floating.Width, floating.MinWidth), height = std::max(floating.Height, floating.MinHeight);
+  floating.Move(floating.Left, floating.Top, width, height);
+  grid.Move(0, 0, width - 6 * FrameWidth, height - 6 * FrameWidth);
+}
 } // namespace
 
 KeyPictures::KeyPictures(MeasurementsForm& form, Shell& shell, TextDatabase& texts, TestSetup& setup)
@@ -28,7 +36,7 @@ void KeyPictures::Init_KeyTables() {
 
 void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
   texts.LoadFormProperties(floating);
-  floating.OnResize = [&floating, &grid] { grid.Move(0, 0, floating.Width, floating.Height); };
+  floating.OnResize = [&floating, &grid] { Fit(floating, grid); };
   floating.OnQueryUnload = [this, &floating, &entry] {
     PutAway(floating, entry);
     return false;
@@ -68,34 +76,40 @@ void KeyPictures::RemoveSetup() {
     picture.RemoveSetup();
 }
 
-std::string KeyPictures::KeyCaption(int code) const {
-  if (code < 0 || code == SpaceBar)
-    return NoCaption;
+void KeyPictures::AddKey(int obs) {
+  for (ClassKeyBoard& picture : pictures)
+    picture.AddKey(obs);
+}
+
+void KeyPictures::RemoveKey(int obs) {
+  for (ClassKeyBoard& picture : pictures)
+    picture.RemoveKey(obs);
+}
+
+bool KeyPictures::OnKeyPad(const Grid& keys) const {
+  return &keys == &form.fxgKeyPad || &keys == &frmKeyPad.fxgKeyPad;
+}
+
+bool KeyPictures::OnKeyBoard(const Grid& keys) const {
+  return &keys == &form.fxgKeyBoard || &keys == &frmKeyBoard.fxgKeyBoard;
+}
+
+bool KeyPictures::SameKeys(const Grid& a, const Grid& b) const {
+  return (OnKeyPad(a) && OnKeyPad(b)) || (OnKeyBoard(a) && OnKeyBoard(b));
+}
+
+int KeyPictures::KeyCode(const Grid& keys, int row, int col) const {
+  const std::string& text = keys.Text(row, col);
+  return OnKeyPad(keys) ? KeyPad_KeyCode(text) : KeyBoard_KeyCode(text);
+}
+
+std::string KeyPictures::KeyText(int code) const {
   const auto text = pictures[DockedBoard].KeyText(code);
   return text.empty() ? pictures[DockedPad].KeyText(code) : text;
 }
 
-void KeyPictures::RemoveSelectedKey() {
-  const int tab = form.TabStrip1.Selected();
-  if (tab != TabKeyboard && tab != TabKeypad)
-    return;
-  const Grid& picture = tab == TabKeyboard ? form.fxgKeyBoard : form.fxgKeyPad;
-  const auto& text = picture.Text(picture.Row(), picture.Col());
-  const int code = tab == TabKeyboard ? KeyBoard_KeyCode(text) : KeyPad_KeyCode(text);
-  const int obs = code < 0 ? -1 : setup.KeyToObs(code);
-  if (setup.Has(obs))
-    UnassignKey(obs, code);
-}
-
-// The pictures first, as they find the key by the observation's code. The column head stays empty until the grid is set
-// up anew.
-void KeyPictures::UnassignKey(int obs, int code) {
-  for (ClassKeyBoard& picture : pictures)
-    picture.RemoveKey(obs);
-  form.Grid.SetText(RunGrid::KeyRow, obs, "");
-  setup.Clear_SetupKey(obs);
-  setup.Observations(obs).SetKeyCode(-1);
-  setup.SetKeyToObs(code, -1);
+std::string KeyPictures::KeyCaption(int code) const {
+  return code < 0 || code == SpaceBar ? NoCaption : KeyText(code);
 }
 
 void KeyPictures::mnuViewKeyBoard_Click() {

@@ -1,5 +1,5 @@
-// The on-screen keyboard and keypad, docked in their tabs and floating in windows of their own: when each is painted,
-// and taking a key from its observation.
+// The on-screen keyboard and keypad, docked in their tabs and floating in windows of their own, and when each is
+// painted.
 #pragma once
 
 #include "collection/MeasurementsForm.h"
@@ -22,10 +22,18 @@ public:
   // Puts the setup's icons on all four pictures, or removes them.
   void AddSetup();
   void RemoveSetup();
-  // The text on the key as a column header shows it; the space bar and no key (-1) read "[ ]".
+  // The icon of one observation, on the key that it has now.
+  void AddKey(int obs);
+  void RemoveKey(int obs);
+  // The code of the key in a cell of one of the four pictures, -1 for a key that carries nothing.
+  int KeyCode(const Grid& keys, int row, int col) const;
+  // Whether both are keyboards, or both keypads.
+  bool SameKeys(const Grid& a, const Grid& b) const;
+  // The text on the key; "" for a code that is on no picture.
+  std::string KeyText(int code) const;
+  // The same as the head of a new column shows it; the space bar and no key (-1) read NoCaption.
   std::string KeyCaption(int code) const;
-  // Delete in idle, on the tab Keyboard or Keypad: takes the key under the cursor from its observation, for good.
-  void RemoveSelectedKey();
+  static constexpr const char* NoCaption = "[ ]";
 
   void mnuViewKeyBoard_Click();
   void mnuViewKeyPad_Click();
@@ -43,7 +51,8 @@ private:
   void LoadFloating(Form& floating, Grid& grid, Menu& entry);
   void Toggle(Form& floating, Menu& entry, ClassKeyBoard& picture);
   void PutAway(Form& floating, Menu& entry);
-  void UnassignKey(int obs, int code);
+  bool OnKeyPad(const Grid& keys) const;
+  bool OnKeyBoard(const Grid& keys) const;
 
   enum Picture { DockedBoard, DockedPad, FloatingBoard, FloatingPad };
 

@@ -9,6 +9,8 @@ namespace trekor {
 class Layout {
 public:
   explicit Layout(MeasurementsForm& form) : form(form) {}
+  // The tabs, by their places.
+  static constexpr int TabInfo = 0, TabKeyboard = 1, TabKeypad = 2;
   void Setup_Tabs();
   void TabStrip1_Click();
   // Lays out everything to the inside of the form.

@@ -45,6 +45,7 @@ void Measurements::WireControls() {
   };
   subjects->boxes.Wire();
   subjects->gridDepth.Wire();
+  subjects->keyAssignment.Wire();
 }
 
 void Measurements::WireMenus() {

@@ -77,11 +77,19 @@ struct SetupControls {
 
 // The floating pictures of keyboard and keypad.
 struct KeyBoardForm : Form {
-  KeyBoardForm() : Form("frmKeyBoard") { ToolWindow = true; }
+  KeyBoardForm() : Form("frmKeyBoard") {
+    ToolWindow = true;
+    MinWidth = 735;
+    MinHeight = 3000;
+  }
   trekor::Grid fxgKeyBoard{*this, "fxgKeyBoard"};
 };
 struct KeyPadForm : Form {
-  KeyPadForm() : Form("frmKeyPad") { ToolWindow = true; }
+  KeyPadForm() : Form("frmKeyPad") {
+    ToolWindow = true;
+    MinWidth = 765;
+    MinHeight = 3000;
+  }
   trekor::Grid fxgKeyPad{*this, "fxgKeyPad"};
 };
 // The store of the value-bar pictures; never shown, the views draw the bars themselves.

@@ -12,6 +12,7 @@
 #include "collection/GridHead.h"
 #include "collection/Grids.h"
 #include "collection/Idle.h"
+#include "collection/KeyAssignment.h"
 #include "collection/KeyOrders.h"
 #include "collection/Layout.h"
 #include "collection/Registrations.h"
@@ -56,6 +57,8 @@ struct RunSubjects {
   GridEditing gridEditing{runGrid, gridValues, asking, stage};
   Grids grids{runGrid, gridValues, gridRows, gridEditing};
 
+  KeyAssignment keyAssignment{form, keyPictures, runGrid, stage};
+
   // The road.
   StepBoxes stepBoxes{stepControls, state, stage, news, asking};
   Boxes boxes{stepControls, stepBoxes, stage, rooms.SendKeysObject, state.command};
@@ -79,7 +82,7 @@ struct RunSubjects {
   WayOut wayOut{stage, form.IdleTimer, gridRows, run, fileMenu};
   Registrations registrations{grids, asking, feedback, stage};
   KeyOrders keyOrders{stage, ring, run, registrations, stepping};
-  IdleKeys idleKeys{form, position, run, keyPictures, rooms.texts};
+  IdleKeys idleKeys{form, position, run, keyAssignment, rooms.texts};
   FormKeys formKeys{stage, ring, idleKeys, numLock, news};
   SlowWork slowWork{platform.clock, stage, stepBar, simulation, status};
   Idle idle{form.IdleTimer, stage, keyOrders, gridEditing, slowWork};

@@ -28,6 +28,7 @@ public:
   // Twips; Height is the inside, without the title bar. Write through Move.
   int Left = 0, Top = 0, Width = 0, Height = 0;
   void Move(int left, int top, int width, int height);
+  int MinWidth = 0, MinHeight = 0; // the window can't be made smaller; set before it is first shown
   std::string Tag;
   Font FontOf; // write through SetFont
   void SetFont(Font f);

@@ -81,6 +81,11 @@ public:
   std::function<void()> OnEnterCell;
   std::function<void(int r, int c)> OnClick;
   std::function<void()> OnDblClick;
+  // Dragging with the mouse. OnPickUp: the button went down on a cell; gives the picture that is dragged from there, ""
+  // for none. OnDrop: what was picked up from `source`, which may be in another window, was let go on a cell of this
+  // grid.
+  std::function<std::string(int r, int c)> OnPickUp;
+  std::function<void(const Grid& source, int r, int c)> OnDrop;
 
   // What was done since the last call, for the view.
   struct Changes {

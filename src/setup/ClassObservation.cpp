@@ -119,9 +119,12 @@ std::string ClassObservation::FileText() const {
   return fileText.empty() ? BlankName : fileText;
 }
 
+bool ClassObservation::MayTakeKey(int code) const {
+  return code != -1 && !KeyIsTaken(code) && Valid_KeyCode(code);
+}
+
 void ClassObservation::SetKeyCode(int code) {
-  const bool allowed = code != -1 && !KeyIsTaken(code) && Valid_KeyCode(code);
-  keyCode = allowed ? code : -1;
+  keyCode = MayTakeKey(code) ? code : -1;
 }
 
 // The same item twice (same ObsParID) is no conflict.

@@ -50,8 +50,9 @@ public:
   DataType DataTypeID = DataType::Boolean;
   std::int32_t ObsParID = 0;
   int KeyCode() const { return keyCode; }
-  void SetKeyCode(int code); // -1 when the key is invalid or another observation holds it
-  int Shift = -1;            // stored only
+  bool MayTakeKey(int code) const; // a key that is valid and no other observation's
+  void SetKeyCode(int code);       // -1 when the key is invalid or another observation holds it
+  int Shift = -1;                  // stored only
   int ObsCode = 0;
   std::string ObsNameDisp() const, ObsNameFile() const, ObsAbrvDisp() const, ObsAbrvFile() const, ObsIcon() const;
   void SetObsNames(std::string nameDisp, std::string nameFile, std::string abrvDisp, std::string abrvFile);

@@ -1,5 +1,6 @@
 // Bindings of combo and list boxes, frames, pictures and grids.
 #include "views/Binding.h"
+#include "views/GridView.h"
 #include "views/KeyGridView.h"
 #include "views/Theme.h"
 

@@ -89,6 +89,7 @@ void FormView::MakeWindow() {
     window->MenuBar();
   for (const auto& b : bindings)
     b->WindowMade();
+  window->setMinimumSize(Pixels(form.MinWidth), Pixels(form.MinHeight));
   FollowGeometry();
   EnsureWidgets();
 }

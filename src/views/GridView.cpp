@@ -31,7 +31,7 @@ int Flags(Align a) {
 } // namespace
 
 GridView::GridView(Grid& model, PictureStore& store, QWidget* parent)
-    : QAbstractScrollArea(parent), grid(model), pictures(store) {
+    : QAbstractScrollArea(parent), grid(model), pictures(store), drag(*this, store, *viewport()) {
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that rows can be moved as pixels
@@ -277,13 +277,29 @@ void GridView::PaintCurrentCell(QPainter& p) {
 
 // ---- the operator's acts
 
+std::optional<GridCell> GridView::CellAt(QPoint global) const {
+  const QPoint at = viewport()->mapFromGlobal(global);
+  const GridCell cell{layout.RowAt(at.y()), layout.ColumnAt(at.x())};
+  if (!viewport()->rect().contains(at) || cell.row >= grid.Rows() || cell.col < 0)
+    return std::nullopt;
+  return cell;
+}
+
 void GridView::mousePressEvent(QMouseEvent* e) {
-  const QPoint at = e->position().toPoint();
-  const int row = layout.RowAt(at.y()), col = layout.ColumnAt(at.x());
-  if (e->button() != Qt::LeftButton || row >= grid.Rows() || col < 0)
+  const auto cell = CellAt(e->globalPosition().toPoint());
+  if (e->button() != Qt::LeftButton || !cell)
     return;
-  grid.SelectCell(row, col);
-  grid.Click(row, col);
+  drag.Press(*e);
+  grid.SelectCell(cell->row, cell->col);
+  grid.Click(cell->row, cell->col);
+}
+
+void GridView::mouseMoveEvent(QMouseEvent* e) {
+  drag.Move(*e);
+}
+
+void GridView::mouseReleaseEvent(QMouseEvent* e) {
+  drag.Release(*e);
 }
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* e) {

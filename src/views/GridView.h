@@ -4,6 +4,7 @@
 #pragma once
 
 #include "forms/Grid.h"
+#include "views/GridDrag.h"
 #include "views/GridLayout.h"
 #include "views/PictureStore.h"
 
@@ -11,17 +12,12 @@
 
 namespace trekor {
 
-// What a grid's binding needs of its widget.
-class GridWidget {
-public:
-  virtual ~GridWidget() = default;
-  virtual void GridChanged() = 0;
-};
-
 class GridView : public QAbstractScrollArea, public GridWidget {
 public:
   GridView(Grid& grid, PictureStore& pictures, QWidget* parent);
   void GridChanged() override;
+  Grid& GridModel() override { return grid; }
+  std::optional<GridCell> CellAt(QPoint global) const override;
 
 protected:
   bool event(QEvent* e) override;
@@ -30,6 +26,8 @@ protected:
   void changeEvent(QEvent* e) override;
   void scrollContentsBy(int dx, int dy) override;
   void mousePressEvent(QMouseEvent* e) override;
+  void mouseMoveEvent(QMouseEvent* e) override;
+  void mouseReleaseEvent(QMouseEvent* e) override;
   void mouseDoubleClickEvent(QMouseEvent* e) override;
 
 private:
@@ -51,6 +49,7 @@ private:
   Grid& grid;
   PictureStore& pictures;
   GridLayout layout;
+  GridDrag drag;
   bool awaited = false;   // an Absorb is queued
   bool overtaken = false; // something was painted meanwhile, so the pixels can't be moved
   bool marked = false;    // selection marks as last painted

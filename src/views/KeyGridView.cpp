@@ -10,7 +10,7 @@
 namespace trekor {
 
 KeyGridView::KeyGridView(Grid& model, PictureStore& store, QWidget* parent)
-    : QWidget(parent), grid(model), pictures(store) {
+    : QWidget(parent), grid(model), pictures(store), drag(*this, store, *this) {
   setFocusPolicy(Qt::ClickFocus);
 }
 
@@ -76,19 +76,30 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   p.drawPixmap(QPointF(x, inside.center().y() - size.height() / 2), drawn);
 }
 
+std::optional<GridCell> KeyGridView::CellAt(QPoint global) const {
+  const QPoint at = mapFromGlobal(global);
+  if (!rect().contains(at) || grid.Rows() == 0 || grid.Cols() == 0)
+    return std::nullopt;
+  return GridCell{at.y() * grid.Rows() / height(), at.x() * grid.Cols() / width()};
+}
+
 void KeyGridView::mousePressEvent(QMouseEvent* e) {
-  const QPointF at = e->position();
-  const int col = static_cast<int>(at.x()) * grid.Cols() / std::max(1, width());
-  const int row = static_cast<int>(at.y()) * grid.Rows() / std::max(1, height());
-  if (!grid.Enabled() || grid.Rows() == 0 || grid.Cols() == 0)
+  const auto cell = CellAt(e->globalPosition().toPoint());
+  if (!grid.Enabled() || !cell)
     return;
-  grid.SetRow(std::min(row, grid.Rows() - 1));
-  grid.SetCol(std::min(col, grid.Cols() - 1));
+  drag.Press(*e);
+  grid.SetRow(cell->row);
+  grid.SetCol(cell->col);
   update();
 }
 
+void KeyGridView::mouseMoveEvent(QMouseEvent* e) {
+  drag.Move(*e);
+}
+
 // On the release, when the window has got the keyboard for its click and can give it away again.
-void KeyGridView::mouseReleaseEvent(QMouseEvent*) {
+void KeyGridView::mouseReleaseEvent(QMouseEvent* e) {
+  drag.Release(*e);
   grid.Click(grid.Row(), grid.Col());
 }
 

@@ -1,7 +1,7 @@
 // The on-screen picture of the keyboard or the keypad: a grid whose merged cells are drawn as keys filling the view.
 #pragma once
 
-#include "views/GridView.h"
+#include "views/GridDrag.h"
 
 #include <QWidget>
 
@@ -11,10 +11,13 @@ class KeyGridView : public QWidget, public GridWidget {
 public:
   KeyGridView(Grid& grid, PictureStore& pictures, QWidget* parent);
   void GridChanged() override;
+  Grid& GridModel() override { return grid; }
+  std::optional<GridCell> CellAt(QPoint global) const override;
 
 protected:
   void paintEvent(QPaintEvent* e) override;
   void mousePressEvent(QMouseEvent* e) override;
+  void mouseMoveEvent(QMouseEvent* e) override;
   void mouseReleaseEvent(QMouseEvent* e) override;
   void mouseDoubleClickEvent(QMouseEvent* e) override;
 
@@ -28,6 +31,7 @@ private:
 
   Grid& grid;
   PictureStore& pictures;
+  GridDrag drag;
 };
 
 } // namespace trekor

@@ -347,25 +347,4 @@ TEST_F(FileMenuStories, WithoutSetupsTheListSaysSo) {
   EXPECT_EQ(setup.ObsCount(), 0);
 }
 
-TEST_F(FileMenuStories, DeleteOnAPictureTakesTheKeyAway) {
-  form.TabStrip1.Select(1);
-  EXPECT_TRUE(form.tabFrames1.Visible());
-  EXPECT_FALSE(form.tabFrames0.Visible());
-  form.fxgKeyBoard.SetRow(3);
-  form.fxgKeyBoard.SetCol(3); // the letter A
-  ASSERT_EQ(form.fxgKeyBoard.Text(3, 3), "A");
-  Key(Del);
-  EXPECT_EQ(setup.Observations(Crack).KeyCode(), -1);
-  EXPECT_EQ(setup.KeyToObs('A'), -1);
-  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Crack), "");
-  EXPECT_EQ(form.fxgKeyBoard.CellPicture(3, 3), "");
-  const auto stored = vocabulary.ObsDB->OpenQuery("SELECT KeyCode FROM Setups WHERE SetupID=1 AND ObsParID=1");
-  EXPECT_EQ(stored->Get(0).Integer(), -1);
-  Key(Del); // nothing more to take
-  EXPECT_EQ(setup.Observations(Hole).KeyCode(), 'B');
-  form.cboTestSetupNames.Select(1);
-  form.cboTestSetupNames.Select(0);
-  EXPECT_EQ(form.Grid.Text(RunGrid::KeyRow, Crack), "[ ]") << "from the next choice on";
-}
-
 } // namespace trekor::tests

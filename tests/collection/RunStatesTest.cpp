@@ -61,6 +61,20 @@ TEST_F(StatesOfTheRun, KeyFormsHideWithTheMinimisedForm) {
   EXPECT_EQ(form.WindowState(), WindowStates::Normal);
 }
 
+TEST_F(StatesOfTheRun, AFloatingPictureFillsItsWindowDownToASmallestSize) {
+  KeyBoardForm& board = run.Subjects().keyPictures.frmKeyBoard;
+  const int border = 6 * 15;
+  board.Width = 6000, board.Height = 4500;
+  board.OnResize();
+  EXPECT_EQ(board.fxgKeyBoard.Width, 6000 - border);
+  EXPECT_EQ(board.fxgKeyBoard.Height, 4500 - border);
+  board.Width = 300, board.Height = 300;
+  board.OnResize();
+  EXPECT_EQ(board.Width, 735);
+  EXPECT_EQ(board.Height, 3000);
+  EXPECT_EQ(board.fxgKeyBoard.Height, 3000 - border);
+}
+
 TEST_F(StatesOfTheRun, AFloatingPictureFollowsTheSetupAndLeavesTheKeysToTheMainForm) {
   ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE Setups SET KeyCode=97 WHERE SetupID=1 AND ObsParID=1"));
   form.cboTestSetupNames.Select(1);
