@@ -1,23 +1,11 @@
 #include "forms/Grid.h"
 
+#include "forms/Entries.h"
+
 #include <algorithm>
 #include <utility>
 
 namespace trekor {
-
-namespace {
-
-const std::string Nothing;
-
-template <class List> bool Has(const List& list, int i) {
-  return i >= 0 && i < static_cast<int>(list.size());
-}
-
-template <class List> decltype(auto) At(List& list, int i) {
-  return list[static_cast<std::size_t>(i)];
-}
-
-} // namespace
 
 bool Grid::HasCell(int r, int c) const {
   return Has(rows, r) && c >= 0 && c < columns;

@@ -1,24 +1,11 @@
 // The kinds that hold a list of entries.
 #include "forms/Controls.h"
+#include "forms/Entries.h"
 #include "values/Text.h"
 
 #include <algorithm>
 
 namespace trekor {
-
-namespace {
-
-const std::string Nothing;
-
-template <class List> bool Has(const List& list, int i) {
-  return i >= 0 && i < static_cast<int>(list.size());
-}
-
-template <class List> decltype(auto) At(List& list, int i) {
-  return list[static_cast<std::size_t>(i)];
-}
-
-} // namespace
 
 void ComboBox::Clear() {
   items.clear();
