@@ -26,21 +26,9 @@ std::string Release() {
   return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
 }
 
-int Run(int argc, char** argv) {
+// The toolkit's application stands already. Whatever is left of the program when it ends goes before that.
+int RunProgram(trekor::FileDrives& drives, trekor::QtProcess& process) {
   using namespace trekor;
-  FileDrives drives;
-  const InstanceLock lock(PathFromText(drives.Root()));
-  // Before the toolkit removes its own arguments.
-  QtProcess process(argc, argv, lock.HeldByAnother(), drives.CurrentFolder());
-  if (process.PreviousInstance()) { // nothing on the screen, which is the other one's
-    std::fprintf(stderr, "Trekor already runs%s%s\n", drives.Root().empty() ? "" : " over ", drives.Root().c_str());
-    return 0;
-  }
-  qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop: the other takes twice as long from a line to its answer
-  QApplication app(argc, argv);
-  theme::Apply(app);
-  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
-                    Release());
   QtClock clock;
   QtPump pump;
   QtSocket socket;
@@ -60,6 +48,24 @@ int Run(int argc, char** argv) {
   if (!sound.LetsGo()) // all files are closed by now
     std::_Exit(0);
   return 0;
+}
+
+int Run(int argc, char** argv) {
+  using namespace trekor;
+  FileDrives drives;
+  const InstanceLock lock(PathFromText(drives.Root()));
+  // Before the toolkit removes its own arguments.
+  QtProcess process(argc, argv, lock.HeldByAnother(), drives.CurrentFolder());
+  if (process.PreviousInstance()) { // nothing on the screen, which is the other one's
+    std::fprintf(stderr, "Trekor already runs%s%s\n", drives.Root().empty() ? "" : " over ", drives.Root().c_str());
+    return 0;
+  }
+  qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop: the other takes twice as long from a line to its answer
+  QApplication app(argc, argv);
+  theme::Apply(app);
+  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
+                    Release());
+  return RunProgram(drives, process);
 }
 
 } // namespace

@@ -26,6 +26,14 @@ std::string StationQuery(const char* fields, std::int32_t sessionID) {
   return std::string("SELECT ") + fields + " FROM Stations" + where + " ORDER BY StationID";
 }
 
+// The limits hold this place, too.
+void Widen(Positions& limits, double km) {
+  if (km < limits.StationMinimum.Default())
+    limits.StationMinimum.SetDefault(km);
+  if (km > limits.StationMaximum.Default())
+    limits.StationMaximum.SetDefault(km);
+}
+
 } // namespace
 
 struct CommaFile::Walk {
@@ -120,11 +128,7 @@ bool CommaFile::PassStations(Walk& w, std::int32_t sessionID) {
     w.LastID = row.Integer(LimID);
     if (!row.IsNull(LimStation))
       RecordStation.SetFileValue(row.Real(LimStation));
-    const double km = RecordStation.Default();
-    if (km < p.StationMinimum.Default())
-      p.StationMinimum.SetDefault(km);
-    if (km > p.StationMaximum.Default())
-      p.StationMaximum.SetDefault(km);
+    Widen(p, RecordStation.Default());
     if (row.Integer(LimType) == std::int64_t{static_cast<int>(RowKind::Step)}) {
       p.PreviousStation.SetFileValue(p.KeyStation.FileValue());
       p.KeyStation.SetFileValue(RecordStation.FileValue());

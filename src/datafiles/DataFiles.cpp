@@ -15,6 +15,12 @@ constexpr const char* TemplateFile = "\\DATAfile.mdb";
 // Wider than any road, so that the first station of a session sets both.
 constexpr double FirstMinimum = 999999.999, FirstMaximum = -999999.999;
 
+// The operator may choose or write the name of a file as it stands in its folder.
+void DropExtension(std::string& name) {
+  if (name.size() >= 4 && SameText(std::string_view(name).substr(name.size() - 4), ".MDB"))
+    name.resize(name.size() - 4);
+}
+
 } // namespace
 
 DataFiles::DataFiles(ProgramState& programState, Platform& seams)
@@ -68,8 +74,7 @@ bool DataFiles::BeginFile(const std::string& path, const TestSetup& setup) {
 
 bool DataFiles::ReopenDataFile(const TestSetup& setup) {
   std::string& name = state.file.DataName;
-  if (name.size() >= 4 && SameText(std::string_view(name).substr(name.size() - 4), ".MDB"))
-    name.resize(name.size() - 4);
+  DropExtension(name);
   if (name.empty() || preparing)
     return false;
   const std::string path = PathOfNames();

@@ -6,18 +6,27 @@ std::string SessionSuffix(std::int32_t sessionID) {
   return FormatNumber(sessionID, "00").insert(0, 1, '-');
 }
 
+namespace {
+
+// Takes the outcome of the comma file of this name into the result of them all.
+void Note(const CommaFile& comma, const std::string& name, ExportResult& result) {
+  if (comma.Outcome() == CommaOutcome::Written)
+    result.written.push_back(name);
+  result.unreadable = result.unreadable || comma.Outcome() == CommaOutcome::Unreadable;
+  if (comma.Outcome() != CommaOutcome::Unwritable)
+    return;
+  result.unwritable = true;
+  result.writeError = comma.WriteError();
+}
+
+} // namespace
+
 ExportResult ExportSessions(FileNaming& file, DataFile& data, CommaFile& comma, const ExportWish& wish) {
   ExportResult result;
   const auto write = [&](std::int32_t sessionID, const std::string& name) {
     file.AsciiName = name;
     comma.WriteCommaFile(sessionID, wish.CheckTKR, wish.CheckTKR ? wish.loadedObservations(sessionID) : 0);
-    if (comma.Outcome() == CommaOutcome::Written)
-      result.written.push_back(name);
-    result.unreadable = result.unreadable || comma.Outcome() == CommaOutcome::Unreadable;
-    if (comma.Outcome() != CommaOutcome::Unwritable)
-      return;
-    result.unwritable = true;
-    result.writeError = comma.WriteError();
+    Note(comma, name, result);
   };
   Recordset& sessions = *data.rsSessions;
   sessions.MoveFirst();

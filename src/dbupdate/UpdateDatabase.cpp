@@ -29,6 +29,7 @@ public:
   UpdateResult Run();
 
 private:
+  void BringUp();
   std::unique_ptr<Database> Open(const std::string& path, OpenMode mode);
   std::optional<DbVersion> VersionOf(const std::string& path, OpenMode mode);
   void InstallMissing();
@@ -40,7 +41,7 @@ private:
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
   void Box(const std::string& text) { platform.shell.MsgBox(text, folders.programName, BoxIcon::None); }
-  UpdateResult End();
+  void End();
 
   const FolderPaths& folders;
   Platform& platform;
@@ -136,16 +137,32 @@ bool Update::Install() {
 }
 
 // Copying from a medium can leave the read-only attribute set.
-UpdateResult Update::End() {
+void Update::End() {
   platform.drives.ClearReadOnly(names.working);
   platform.shell.ShowNotice("");
-  return result;
 }
 
 // Major and minor are compared separately, so 2.1 over 3.0 updates too. Kept: it lets a site go back to an older major
 // release.
 bool IsCurrent(const DbVersion& released, const DbVersion& working) {
   return released.Major <= working.Major && released.Minor <= working.Minor;
+}
+
+// The working file is there and of the template's version when all goes well; otherwise the operator has been told.
+void Update::BringUp() {
+  InstallMissing();
+  const auto released = VersionOf(names.templateFile, OpenMode::ReadOnly);
+  if (!released)
+    return Refuse("Cannot open ", names.templateFile);
+  result.version = *released;
+  if (released->Major == 1 && released->Minor == 1) // never updates anything
+    return End();
+  const auto working = VersionOf(names.working, OpenMode::Shared);
+  if (!working)
+    return Refuse("Cannot open ", names.working);
+  if (!IsCurrent(*released, *working))
+    Replace(working->Major);
+  End();
 }
 
 UpdateResult Update::Run() {
@@ -157,23 +174,8 @@ UpdateResult Update::Run() {
   }
   platform.drives.MakeFolder(folders.RootFolder + "\\MDB");
   platform.drives.DeleteFile(names.lock); // a lock left by a crash would block the update
-  InstallMissing();
-  const auto released = VersionOf(names.templateFile, OpenMode::ReadOnly);
-  if (!released) {
-    Refuse("Cannot open ", names.templateFile);
-    return result;
-  }
-  result.version = *released;
-  if (released->Major == 1 && released->Minor == 1) // never updates anything
-    return End();
-  const auto working = VersionOf(names.working, OpenMode::Shared);
-  if (!working) {
-    Refuse("Cannot open ", names.working);
-    return result;
-  }
-  if (!IsCurrent(*released, *working))
-    Replace(working->Major);
-  return End();
+  BringUp();
+  return result;
 }
 
 } // namespace

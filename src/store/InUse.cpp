@@ -50,21 +50,29 @@ bool LiesIn(const std::string& nativePath, const std::string& nativeFolder) {
   return Same(above, folder);
 }
 
-// An exclusive lock mode keeps the library from making an index of the log beside the file. A file with a log can't be
-// read so, but the lock of a writer is met before that.
-Sight LookAt(const std::string& nativePath) {
-  std::error_code error;
-  if (!std::filesystem::is_regular_file(PathOf(nativePath), error))
-    return Sight::Missing;
-  if (std::filesystem::file_size(PathOf(nativePath), error) == 0)
-    return Sight::NoDatabase;
+namespace {
+
+// The library's answer to a first read. An exclusive lock mode keeps it from making an index of the log beside the
+// file. A file with a log can't be read so, but the lock of a writer is met before that.
+int FirstRead(const std::string& nativePath) {
   sqlite3* db = nullptr;
   sqlite3_open_v2(nativePath.c_str(), &db, SQLITE_OPEN_READONLY | SQLITE_OPEN_NOMUTEX, nullptr);
   const int result = db ? sqlite3_exec(db, "PRAGMA locking_mode=EXCLUSIVE; SELECT count(*) FROM sqlite_master", nullptr,
                                        nullptr, nullptr)
                         : SQLITE_CANTOPEN;
   sqlite3_close_v2(db);
-  switch (result & 0xFF) {
+  return result & 0xFF;
+}
+
+} // namespace
+
+Sight LookAt(const std::string& nativePath) {
+  std::error_code error;
+  if (!std::filesystem::is_regular_file(PathOf(nativePath), error))
+    return Sight::Missing;
+  if (std::filesystem::file_size(PathOf(nativePath), error) == 0)
+    return Sight::NoDatabase;
+  switch (FirstRead(nativePath)) {
   case SQLITE_BUSY:
     return Sight::InUse;
   case SQLITE_NOTADB:
