@@ -29,7 +29,6 @@ public:
   bool ReadText(const QByteArray& text, QString* reason);
   const std::vector<TrackPoint>& Points() const { return points; }
   bool Empty() const { return points.size() < 2; }
-  double LengthKm() const { return Empty() ? 0 : points.back().km; }
   double Seconds() const { return Empty() ? 0 : points.back().seconds; }
   // One line for the user about times that were missing; empty when none were.
   QString Note() const { return note; }
