@@ -4,6 +4,8 @@
 #include "platform_os/ProgramFolder.h"
 #include "platform_os/SdlSoundPlayer.h"
 #include "platform_os/SystemKeyboard.h"
+#include "platform_qt/DesktopScreen.h"
+#include "platform_qt/EndRequests.h"
 #include "platform_qt/QtClock.h"
 #include "platform_qt/QtProcess.h"
 #include "platform_qt/QtPump.h"
@@ -18,6 +20,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <optional>
 
 namespace {
 
@@ -35,12 +38,15 @@ int RunProgram(trekor::FileDrives& drives, trekor::QtProcess& process) {
   SdlSoundPlayer sound(drives);
   SystemKeyboard keyboard(QGuiApplication::platformName() == "xcb");
   QtShell shell(drives);
-  shell.OnFirstPicture = [&sound] {
+  std::optional<EndRequests> requests; // until the first picture there is nothing to lose
+  shell.OnFirstPicture = [&] {
+    requests.emplace([&shell] { shell.AskToClose(); });
     if (std::getenv("TREKOR_TRACE"))
       std::fputs("first picture\n", stderr);
     sound.PictureShown();
   };
-  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
+  DesktopScreen screen;
+  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell, screen};
   Program program(platform);
   if (program.Main() && !process.Ended())
     QApplication::exec();

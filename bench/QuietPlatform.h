@@ -95,6 +95,11 @@ public:
   std::string CurrentFolder() override { return {}; }
 };
 
+class QuietScreen : public Screen {
+public:
+  void KeepOn(bool) override {}
+};
+
 struct QuietPlatform {
   QuietClock clock;
   QuietPump pump;
@@ -104,7 +109,8 @@ struct QuietPlatform {
   OneFile drives;
   QuietProcess process;
   QuietShell shell;
-  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
+  QuietScreen screen;
+  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell, screen};
 };
 
 } // namespace trekor

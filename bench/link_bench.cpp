@@ -99,7 +99,8 @@ struct Bench {
   }
   tests::FakePlatform fake;
   BurstSocket socket;
-  Platform platform{fake.clock, fake.pump, socket, fake.sound, fake.keyboard, fake.drives, fake.process, fake.shell};
+  Platform platform{fake.clock,  fake.pump,    socket,     fake.sound, fake.keyboard,
+                    fake.drives, fake.process, fake.shell, fake.screen};
   std::optional<Program> program;
 };
 

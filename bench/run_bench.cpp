@@ -70,8 +70,8 @@ private:
   }
   tests::FakePlatform fakes;
   Deaf sound;
-  Platform platform{fakes.clock,    fakes.pump,   fakes.socket,  sound,
-                    fakes.keyboard, fakes.drives, fakes.process, fakes.shell};
+  Platform platform{fakes.clock,  fakes.pump,    fakes.socket, sound,       fakes.keyboard,
+                    fakes.drives, fakes.process, fakes.shell,  fakes.screen};
   Program program{platform};
   bool started = false;
   long long tenths = 0; // of a kilometre: one step each

@@ -1,6 +1,6 @@
-// The boxes Station, Step and Previous: focus, national keys, checks. A box that loses
-// the focus is checked only in idle and only when the operator has changed it: the focus often moves without him, and
-// the check of the station sends the vehicle's count. A start takes the boxes as they are.
+// The boxes Station, Step and Previous: focus, national keys, checks. A box that loses the focus is checked only in
+// idle and only when the operator has changed it: the focus often moves without him, and the check of the station sends
+// the vehicle's count. A start takes the boxes as they are.
 #pragma once
 
 #include "collection/StepBoxes.h"

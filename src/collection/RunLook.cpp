@@ -3,6 +3,7 @@
 namespace trekor {
 
 void RunLook::ShowRunning() {
+  screen.KeepOn(true);
   grid.picture.SetSelectionMarks(false);
   shell.SetFocus(grid.picture);
   shell.BringToFront(grid.picture);
@@ -36,6 +37,11 @@ void RunLook::ShowStopping() {
   UncoverTabs();
   grid.picture.SetSelectionMarks(false);
   status.SetButtons(true, false, false);
+}
+
+void RunLook::ShowStopped() {
+  screen.KeepOn(false);
+  status.SetMenusEnabled(true);
 }
 
 } // namespace trekor

@@ -47,7 +47,7 @@ struct RunSubjects {
   KeyPictures keyPictures{form, platform.shell, rooms.texts, rooms.setup};
   FormStatus status{form, state, stage, keyPictures};
   Layout layout{form};
-  RunLook look{runGrid, platform.shell, layout, status};
+  RunLook look{runGrid, platform.shell, platform.screen, layout, status};
 
   // The grid.
   Storing storing{rooms.dataFiles, rooms.setup, state, platform.clock};

@@ -30,7 +30,7 @@ public:
   bool ReadStart();
   // The boundaries of a start at the station in box 6.
   void SetFirstBoundary();
-  // Kilometres of a text in the operator's unit; 0 for blank text and for the units above yards.
+  // Kilometres of a text in the operator's unit; 0 for blank text for a unit code that is none of the operator's.
   double StationTextToKm(const std::string& text) const;
 
   void SetUnitLabels();

@@ -10,7 +10,7 @@ namespace trekor {
 
 class Stepping {
 public:
-  // `previousBox` is the box Previous.
+  // `previous` is the box Previous.
   Stepping(Positions& position, RunStage& stage, GridRows& rows, Feedback& feedback, TextBox& previous)
       : position(position), stage(stage), rows(rows), feedback(feedback), previous(previous) {}
 

@@ -29,8 +29,7 @@ std::vector<std::string> CopyFiles(const std::string& folder, const std::string&
   const std::vector<std::string> names = FilesOf(folder, name, drives);
   std::vector<std::string> whole;
   for (const std::string& file : names)
-    if (drives.CopyFile(folder + "\\" + file,
-                        target + "\\" + file)) // skipped when it fails: a drive that was pulled out is not reported
+    if (drives.CopyFile(folder + "\\" + file, target + "\\" + file)) // a drive that was pulled out is not reported
       whole.push_back(file);
   const std::vector<std::string> copied = whole;
   std::erase_if(whole, [&](const std::string& file) {

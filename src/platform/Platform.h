@@ -6,6 +6,7 @@
 #include "platform/Keyboard.h"
 #include "platform/Process.h"
 #include "platform/Pump.h"
+#include "platform/Screen.h"
 #include "platform/Shell.h"
 #include "platform/Socket.h"
 #include "platform/SoundPlayer.h"
@@ -21,6 +22,7 @@ struct Platform {
   trekor::Drives& drives;
   trekor::Process& process;
   trekor::Shell& shell;
+  trekor::Screen& screen;
 };
 
 } // namespace trekor

@@ -1,5 +1,5 @@
-// What the numbers of an observation mean. Setups and data files hold them, so each word keeps its number; a database
-// may hold others, which a variable of these types then carries.
+// What the numbers of an observation mean. They are stored in setups and data files, so each word keeps its number. A
+// database may hold a number that has no word; a variable of these types then has that number.
 #pragma once
 
 namespace trekor {

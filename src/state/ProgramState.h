@@ -83,7 +83,7 @@ struct FacilityRecord {
 
 // Where the data file is and what it is called.
 struct FileNaming {
-  std::string DataPath;   // folder, no trailing backslash
+  std::string DataPath;   // folder; the link gives it as it likes, with a backslash at its end or without
   std::string BackupPath; // empty: no backup
   std::string DataName;   // without extension
   std::string DataFilePath, DataGuid;

@@ -27,7 +27,7 @@ public:
   void SetValue(double x);
   double FileValue() const;
   void SetFileValue(double x);
-  // Text in the user's units, "" for NaN. FixedText is right-aligned to the width of its pattern, blanks for NaN.
+  // Text in the user's units, "" for NaN. FixedText is right-aligned to the width of its pattern; six blanks for NaN.
   std::string Text() const;
   virtual std::string FixedText() const;
   void SetText(std::string_view text);

@@ -45,6 +45,11 @@ void QtShell::UnloadAll() {
   notice.reset();
 }
 
+void QtShell::AskToClose() {
+  if (const auto place = views.find(mainForm); place != views.end())
+    place->second->CloseAsked();
+}
+
 void QtShell::Load(Form& form) {
   auto& view = views[&form];
   if (!view) {

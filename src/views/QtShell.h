@@ -35,6 +35,8 @@ public:
   void ShowNotice(const std::string& text) override;
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
 
+  // Acts as a click on the main window's close box, whatever is in front.
+  void AskToClose();
   // Removes all views. To be called while the forms still exist.
   void UnloadAll();
   // Raised once, when the first window has shown its first picture.

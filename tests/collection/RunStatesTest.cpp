@@ -49,6 +49,27 @@ TEST_F(StatesOfTheRun, FirstBoundaryLiesOnTheStepsOfTheRoad) {
   }
 }
 
+TEST_F(StatesOfTheRun, TheScreenStaysOnFromTheStartToTheStop) {
+  const auto& on = fakes.screen.on;
+  const auto sequence = [&](std::initializer_list<int> presses) {
+    std::string seen;
+    for (const int key : presses) {
+      Press(key);
+      seen += on ? 'x' : '.';
+    }
+    return seen;
+  };
+  EXPECT_FALSE(on);
+  StartFromLink(10.0);
+  EXPECT_TRUE(on);
+  EXPECT_EQ(sequence({'A', F3, F2, F4}), "xxx.");
+  StartFromLink(10.0);
+  EXPECT_EQ(sequence({F3, F4}), "x.") << "from a pause";
+  StartFromLink(10.0);
+  form.OnQueryUnload();
+  EXPECT_FALSE(on) << "at the close box";
+}
+
 TEST_F(StatesOfTheRun, KeyFormsHideWithTheMinimisedForm) {
   form.mnuViewKeyPad.Click();
   EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);

@@ -28,7 +28,8 @@ protected:
   QtSocket socket;
   QtPump pump;
   FakePlatform fake;
-  Platform platform{fake.clock, pump, socket, fake.sound, fake.keyboard, fake.drives, fake.process, fake.shell};
+  Platform platform{fake.clock,  pump,         socket,     fake.sound, fake.keyboard,
+                    fake.drives, fake.process, fake.shell, fake.screen};
   ProgramState state;
   TextDatabase texts{state, platform};
   Form mainForm{"Measurements"};

@@ -41,8 +41,8 @@ protected:
 
   tests::FakePlatform fakes;
   PictureShell shell;
-  Platform platform{fakes.clock,    fakes.pump,   fakes.socket,  fakes.sound,
-                    fakes.keyboard, fakes.drives, fakes.process, shell};
+  Platform platform{fakes.clock,  fakes.pump,    fakes.socket, fakes.sound, fakes.keyboard,
+                    fakes.drives, fakes.process, shell,        fakes.screen};
   FolderPaths folders;
   std::unique_ptr<Database> database;
   std::unique_ptr<Recordset> row;

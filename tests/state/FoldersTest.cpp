@@ -21,8 +21,8 @@ protected:
   FakePlatform machine;
   FakeDrives& drives = machine.drives;
   PlacedProcess process;
-  Platform platform{machine.clock,    machine.pump, machine.socket, machine.sound,
-                    machine.keyboard, drives,       process,        machine.shell};
+  Platform platform{machine.clock, machine.pump, machine.socket, machine.sound, machine.keyboard,
+                    drives,        process,      machine.shell,  machine.screen};
   FolderPaths folders;
 };
 

@@ -221,6 +221,12 @@ private:
   void Note(std::string act) { acts.push_back(std::move(act)); }
 };
 
+class FakeScreen : public Screen {
+public:
+  void KeepOn(bool wanted) override { on = wanted; }
+  bool on = false;
+};
+
 // All fakes together, and the Platform over them.
 struct FakePlatform {
   FakeClock clock;
@@ -231,7 +237,8 @@ struct FakePlatform {
   FakeSoundPlayer sound{drives};
   FakeProcess process;
   FakeShell shell;
-  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell};
+  FakeScreen screen;
+  Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell, screen};
 };
 
 } // namespace trekor::tests
