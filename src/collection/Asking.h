@@ -2,7 +2,7 @@
 #pragma once
 
 #include "collection/NumLock.h"
-#include "collection/Prompts.h"
+#include "collection/Prompt.h"
 #include "setup/TestSetup.h"
 #include "values/Station.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "collection/MeasurementsForm.h"
-#include "collection/Rooms.h"
+#include "collection/RunRooms.h"
 
 #include <memory>
 

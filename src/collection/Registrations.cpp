@@ -1,5 +1,6 @@
 #include "collection/Registrations.h"
 
+#include "values/CodePage.h"
 #include "values/KeyCodes.h"
 #include "values/Text.h"
 

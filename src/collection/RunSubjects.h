@@ -16,8 +16,8 @@
 #include "collection/KeyOrders.h"
 #include "collection/Layout.h"
 #include "collection/Registrations.h"
-#include "collection/Rooms.h"
 #include "collection/Run.h"
+#include "collection/RunRooms.h"
 #include "collection/SetupChoice.h"
 #include "collection/WayOut.h"
 

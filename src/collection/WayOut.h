@@ -22,7 +22,7 @@ public:
   // Stop a run and close a file. May be called from the middle of a run operation (an EXIT that came in at a pump):
   // what stands in the grid is stored whole, and the operation below ends at its pump.
   void StopAndClose();
-  // The unload of the main form is the program's business (program/Shutdown); this asks for it.
+  // The unload of the main form is the program's business (program/Program); this asks for it.
   std::function<void()> unloadMainForm;
 
 private:

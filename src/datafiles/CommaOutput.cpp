@@ -1,5 +1,6 @@
 #include "datafiles/CommaOutput.h"
 
+#include "values/CodePage.h"
 #include "values/Text.h"
 
 #include <array>

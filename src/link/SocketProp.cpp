@@ -1,6 +1,7 @@
 #include "link/SocketProp.h"
 
 #include "platform/WaitSeconds.h"
+#include "values/CodePage.h"
 #include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"

@@ -1,3 +1,5 @@
+#include "store/Statement.h"
+
 #include "store/Engine.h"
 
 #include <algorithm>

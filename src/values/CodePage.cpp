@@ -1,5 +1,5 @@
-// Windows-1252, the code page of the link and of the comma file. It is Latin-1 except for the 32 codes from 0x80 on.
-#include "values/Text.h"
+#include "values/CodePage.h"
+
 #include "values/Utf8.h"
 
 #include <algorithm>
@@ -8,7 +8,8 @@
 namespace trekor {
 namespace {
 
-// 0x81, 0x8D, 0x8F, 0x90 and 0x9D are undefined and stand for themselves.
+// The codes from 0x80 on in which it differs from Latin-1. 0x81, 0x8D, 0x8F, 0x90 and 0x9D are undefined and stand for
+// themselves.
 constexpr std::array<char16_t, 32> High = {0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                            0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                            0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,

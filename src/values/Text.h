@@ -44,10 +44,4 @@ std::string FixedWidth(std::string_view text, int n);
 // The parts between the separators; one empty part for the empty text.
 std::vector<std::string> SplitText(std::string_view text, char separator);
 
-// The code page of the link and of the comma file. What it lacks becomes "?"; the five bytes that it leaves undefined
-// stand for the control characters of the same number. Bytes of invalid UTF-8 become "?" too.
-std::string ToWindows1252(std::string_view utf8);
-void AppendWindows1252(std::string& out, std::string_view utf8);
-std::string FromWindows1252(std::string_view bytes);
-
 } // namespace trekor

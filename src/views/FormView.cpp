@@ -1,6 +1,7 @@
 #include "views/FormView.h"
 
 #include "values/KeyCodes.h"
+#include "views/FormWindow.h"
 #include "views/Theme.h"
 #include "views/Twips.h"
 

@@ -1,3 +1,5 @@
+#include "views/FormWindow.h"
+
 #include "views/FormView.h"
 #include "views/Theme.h"
 

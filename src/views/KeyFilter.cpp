@@ -1,6 +1,7 @@
 #include "views/KeyFilter.h"
 
 #include "views/FormView.h"
+#include "views/FormWindow.h"
 #include "views/KeyTranslation.h"
 
 #include <QApplication>

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "support/Databases.h"
+#include "values/CodePage.h"
 #include "values/Text.h"
 
 #include <filesystem>

@@ -2,7 +2,7 @@
 #include "templates/Share.h"
 
 #include "collection/MeasurementsForm.h"
-#include "collection/Prompts.h"
+#include "collection/Prompt.h"
 #include "datafiles/FileNewDialog2.h"
 #include "link/SocketProp.h"
 #include "texts/MessageCatalogue.h"

@@ -1,5 +1,6 @@
 // The link and the keyboard may bring any bytes: the readers of numbers, stations and texts keep to their contracts for
 // all of them. Seeded, so that a failure can be repeated.
+#include "values/CodePage.h"
 #include "values/NumberText.h"
 #include "values/Station.h"
 #include "values/Text.h"

@@ -1,5 +1,6 @@
 // Text in characters, not bytes, and the code page of the link.
 #include "values/Text.h"
+#include "values/CodePage.h"
 
 #include "support/Case.h"
 

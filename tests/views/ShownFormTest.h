@@ -3,6 +3,7 @@
 
 #include "support/FakePlatform.h"
 #include "views/FormView.h"
+#include "views/FormWindow.h"
 #include "views/QtShell.h"
 
 #include <QApplication>

@@ -1,7 +1,7 @@
 // A second program that connects is turned away: the vehicle has one.
 #include "LinkServer.h"
 
-#include "values/Text.h"
+#include "values/CodePage.h"
 
 #include <cstdio>
 

@@ -55,16 +55,16 @@ struct EveryKind : Form {
   StatusBar status{*this, "sbrState"};
 };
 
-class PicturesTest : public testing::Test {
+class ScreenTest : public testing::Test {
 protected:
-  PicturesTest() {
+  ScreenTest() {
     QApplication::setCursorFlashTime(0);
     drives.MakeFolders("C:\\Trekor\\builtin");
     QImage star(32, 32, QImage::Format_ARGB32);
     star.fill(Qt::red);
     EXPECT_TRUE(star.save(QString::fromStdString(drives.NativePath("C:\\Trekor\\builtin\\STAR.png"))));
   }
-  ~PicturesTest() override { shell.UnloadAll(); }
+  ~ScreenTest() override { shell.UnloadAll(); }
   // Without drawing anything for the question.
   static QImage Seen() {
     QApplication::processEvents();
@@ -86,7 +86,7 @@ int Count(const QImage& image, QRgb colour) {
   return pixels;
 }
 
-TEST_F(PicturesTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
+TEST_F(ScreenTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
   using F = EveryKind;
   const std::pair<const char*, std::function<void(F&)>> changes[] = {
       {"around",
@@ -133,7 +133,7 @@ TEST_F(PicturesTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
 }
 
 // A press counts where it is let go, and only of the left button.
-TEST_F(PicturesTest, AButtonOfTheBarAndAPictureTakeAWholeClickOfTheLeftButton) {
+TEST_F(ScreenTest, AButtonOfTheBarAndAPictureTakeAWholeClickOfTheLeftButton) {
   EveryKind form;
   std::string story;
   form.bar.SetButtonEnabled("STAR2", false);

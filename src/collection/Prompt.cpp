@@ -1,4 +1,4 @@
-#include "collection/Prompts.h"
+#include "collection/Prompt.h"
 
 #include "values/KeyCodes.h"
 

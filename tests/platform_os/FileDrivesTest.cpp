@@ -11,7 +11,7 @@ namespace trekor::tests {
 namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
 
-class DrivesTest : public testing::Test {
+class FileDrivesTest : public testing::Test {
 protected:
   fs::path Native(const std::string& below) const { return folder / "drives" / below; }
   void Write(const std::string& below, const std::string& bytes) { WriteBytes(Native(below), bytes); }
@@ -30,7 +30,7 @@ protected:
   FileDrives drives{folder / "drives"};
 };
 
-TEST_F(DrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
+TEST_F(FileDrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
   Write("C/Data/Road.MDB", "x");
   WriteBytes(folder / "outside.txt", "secret");
   for (const Case c : {"C:\\Data\\Road.MDB -> C/Data/Road.MDB", "c:\\DATA\\road.mdb -> C/Data/Road.MDB",
@@ -52,7 +52,7 @@ TEST_F(DrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive) {
   EXPECT_EQ(Everything(), (Names{"drives/C/Data/Road.MDB", "outside.txt"}));
 }
 
-TEST_F(DrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
+TEST_F(FileDrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
   const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "/";
   for (const char* variable : {"HOME", "TREKOR_DRIVES", "XDG_DATA_HOME"})
     ::unsetenv(variable);
@@ -63,7 +63,7 @@ TEST_F(DrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
   ::setenv("HOME", home.c_str(), 1);
 }
 
-TEST_F(DrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
+TEST_F(FileDrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
   fs::create_directories(Native("d"));
   for (const char letter : {'.', '/', '1', ':', '\0'})
     EXPECT_FALSE(drives.DriveExists(letter)) << letter;
@@ -78,7 +78,7 @@ TEST_F(DrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
   EXPECT_FALSE(drives.DriveExists('E'));
 }
 
-TEST_F(DrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
+TEST_F(FileDrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
   Write("C/from.vdb", "new content");
   Write("C/old.mdb", "old");
   fs::permissions(Native("C/from.vdb"), fs::perms::owner_read); // as shipped files often are
@@ -109,7 +109,7 @@ protected:
   }
 };
 
-TEST_F(DrivesTest, ACopyIsOnTheDiskBeforeTheOlderOneAndItsLogGo) {
+TEST_F(FileDrivesTest, ACopyIsOnTheDiskBeforeTheOlderOneAndItsLogGo) {
   const auto logs = {"-wal", "-shm", "-journal"};
   WatchedDrives watched(folder / "drives");
   watched.target = Native("C/road.mdb");
@@ -143,7 +143,7 @@ TEST_F(DrivesTest, ACopyIsOnTheDiskBeforeTheOlderOneAndItsLogGo) {
 }
 
 // The program is killed again and again while it copies.
-TEST_F(DrivesTest, WhatAKilledCopyLeavesGoesAtTheNextCopy) {
+TEST_F(FileDrivesTest, WhatAKilledCopyLeavesGoesAtTheNextCopy) {
   const std::string old(1 << 20, 'o'), content(std::size_t{32} << 20, 'n');
   Write("D/from.mdb", content);
   Write("E/road.mdb", old);
@@ -165,7 +165,7 @@ TEST_F(DrivesTest, WhatAKilledCopyLeavesGoesAtTheNextCopy) {
   EXPECT_FALSE(leftover());
 }
 
-TEST_F(DrivesTest, AReadOnlyFileStaysUntilItsMarkIsTaken) {
+TEST_F(FileDrivesTest, AReadOnlyFileStaysUntilItsMarkIsTaken) {
   Write("C/a.txt", "a");
   Write("C/b.txt", "b");
   fs::permissions(Native("C/a.txt"), fs::perms::owner_read);
@@ -177,7 +177,7 @@ TEST_F(DrivesTest, AReadOnlyFileStaysUntilItsMarkIsTaken) {
   EXPECT_TRUE(drives.DeleteFile("C:\\a.txt"));
 }
 
-TEST_F(DrivesTest, ListingsAreByNameAndByPattern) {
+TEST_F(FileDrivesTest, ListingsAreByNameAndByPattern) {
   for (const std::string name : {"b.MDB", "A.mdb", "c.tkr", "note", ".hidden", "å1.mdb"})
     Write("C/L/" + name, "");
   fs::create_directories(Native("C/L/sub.mdb"));
@@ -192,7 +192,7 @@ TEST_F(DrivesTest, ListingsAreByNameAndByPattern) {
   EXPECT_EQ(drives.Folders("C:\\l"), Names{"sub.mdb"});
 }
 
-TEST_F(DrivesTest, TheProgramsFolderIsFilledOnceForEachRelease) {
+TEST_F(FileDrivesTest, TheProgramsFolderIsFilledOnceForEachRelease) {
   const fs::path shipped = folder / "share";
   for (const std::string file : {"Software.vdb", "HardWare.vdb", "Graphics/pothole.png", "Audio/Tones/D1.wav"})
     WriteBytes(shipped / file, "first " + file);

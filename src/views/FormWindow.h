@@ -1,0 +1,34 @@
+// The window of a form; it passes on what happens to it.
+#pragma once
+
+#include <QWidget>
+
+class QMenuBar;
+
+namespace trekor {
+
+class FormView;
+
+class FormWindow : public QWidget {
+public:
+  FormWindow(FormView& view, Qt::WindowFlags flags);
+  FormView* View() const { return view; }
+  void Forsake() { view = nullptr; }
+  QWidget* Sheet() const { return sheet; }
+  QMenuBar* MenuBar(); // makes it
+  int MenuHeight() const;
+
+protected:
+  bool event(QEvent* e) override;
+  void closeEvent(QCloseEvent* e) override;
+  void resizeEvent(QResizeEvent* e) override;
+  void moveEvent(QMoveEvent* e) override;
+
+private:
+  FormView* view;
+  QWidget* sheet;
+  QMenuBar* menus = nullptr;
+  bool painted = false;
+};
+
+} // namespace trekor
