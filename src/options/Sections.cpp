@@ -7,6 +7,9 @@ namespace trekor {
 
 namespace {
 
+// The codes of a heading, as data files hold them. Files from elsewhere may hold others: those have no word.
+constexpr int NoHeading = 0, North = 1, South = 2, East = 3, West = 4;
+
 struct NumberedField {
   std::size_t number;
   const char* name;
@@ -30,19 +33,29 @@ std::array<std::string, 101> NumberedNames() {
 } // namespace
 
 int HeadingCode(std::string_view heading) {
-  const std::size_t at = heading.empty() ? std::string_view::npos : std::string_view("NSEW").find(Upper(heading)[0]);
-  return at == std::string_view::npos ? 0 : static_cast<int>(at) + 1;
+  switch (heading.empty() ? ' ' : Upper(heading)[0]) {
+  case 'N':
+    return North;
+  case 'S':
+    return South;
+  case 'E':
+    return East;
+  case 'W':
+    return West;
+  default:
+    return NoHeading;
+  }
 }
 
 std::string HeadingName(int code) {
   switch (code) {
-  case 1:
+  case North:
     return "North";
-  case 2:
+  case South:
     return "South";
-  case 3:
+  case East:
     return "East";
-  case 4:
+  case West:
     return "West";
   default:
     return "";
