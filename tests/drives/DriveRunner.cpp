@@ -2,6 +2,7 @@
 
 #include "collection/RunSubjects.h"
 #include "support/ReleasedTree.h"
+#include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -19,20 +20,20 @@ int CodeOf(const std::string& key) {
   if (key[0] == '#')
     return static_cast<int>(Val(key.substr(1)));
   if (key.rfind("Num", 0) == 0 && key.size() == 4) {
-    const std::string operators = "*+ -,/"; // 106 to 111, 108 is no key
+    const std::string operators = "*+ -,/"; // from PadTimes on; no key is PadSeparator
     const auto at = operators.find(key[3]);
-    return at == std::string::npos ? key[3] - '0' + 96 : static_cast<int>(at) + 106;
+    return at == std::string::npos ? keys::Pad0 + key[3] - '0' : keys::PadTimes + static_cast<int>(at);
   }
   if (key[0] == 'F' && key.size() > 1)
-    return 111 + static_cast<int>(Val(key.substr(1)));
+    return keys::F1 - 1 + static_cast<int>(Val(key.substr(1)));
   if (key == "Space")
-    return 32;
+    return keys::Space;
   if (key == "Esc")
-    return 27;
+    return keys::Esc;
   if (key == "Enter")
-    return 13;
+    return keys::Enter;
   if (key == "Del")
-    return 46;
+    return keys::Delete;
   return static_cast<unsigned char>(key[0]);
 }
 
@@ -96,7 +97,7 @@ void DriveRunner::Asked(Form& form) {
   answers.pop_front();
   const bool escapes = answer == "<esc>";
   box->Type(escapes ? "given up" : answer);
-  form.OnKeyDown(escapes ? 27 : 13, 0);
+  form.OnKeyDown(escapes ? keys::Esc : keys::Enter, 0);
 }
 
 void DriveRunner::TellLines() {
