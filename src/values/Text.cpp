@@ -7,84 +7,51 @@
 namespace trekor {
 namespace {
 
-bool Between(char32_t c, char32_t first, char32_t last) {
-  return c >= first && c <= last;
+// A run of capitals, `step` apart, whose small letters stand `toSmall` behind them.
+struct CaseRun {
+  char32_t first, last;
+  int toSmall;
+  char32_t step = 1;
+
+  bool Has(char32_t capital) const { return capital >= first && capital <= last && (capital - first) % step == 0; }
+  char32_t Distance() const { return static_cast<char32_t>(toSmall); } // a negative one wraps, and so does the sum
+};
+
+// Runs of pairs: each capital stands right before its small letter.
+constexpr CaseRun Pairs(char32_t firstCapital, char32_t lastSmall) {
+  return {firstCapital, lastSmall - 1, 1, 2};
 }
 
-// Runs of letters in which capital and small stand side by side, the capital on the even number.
-bool InEvenPairs(char32_t c) {
-  return (Between(c, 0x100, 0x137) && !Between(c, 0x130, 0x131)) || Between(c, 0x14A, 0x177) ||
-         Between(c, 0x460, 0x481) || Between(c, 0x48A, 0x4BF) || Between(c, 0x4D0, 0x52F) ||
-         Between(c, 0x1E00, 0x1E95) || Between(c, 0x1EA0, 0x1EFF);
-}
+// Latin, Greek, Cyrillic. The most frequent come first.
+constexpr CaseRun CaseRuns[] = {
+    {'A', 'Z', 0x20},     {0xC0, 0xD6, 0x20},   {0xD8, 0xDE, 0x20},    {0x391, 0x3A1, 0x20},
+    {0x3A3, 0x3AB, 0x20}, {0x410, 0x42F, 0x20}, {0x400, 0x40F, 0x50},  {0x178, 0x178, 0xFF - 0x178},
+    {0x386, 0x386, 0x26}, {0x388, 0x38A, 0x25}, {0x38C, 0x38C, 0x40},  {0x38E, 0x38F, 0x3F},
+    {0x4C0, 0x4C0, 0xF},  Pairs(0x100, 0x12F),  Pairs(0x132, 0x137),   Pairs(0x139, 0x148),
+    Pairs(0x14A, 0x177),  Pairs(0x179, 0x17E),  Pairs(0x460, 0x481),   Pairs(0x48A, 0x4BF),
+    Pairs(0x4C1, 0x4CE),  Pairs(0x4D0, 0x52F),  Pairs(0x1E00, 0x1E95), Pairs(0x1EA0, 0x1EFF),
+};
 
-// The same with the capital on the odd number.
-bool InOddPairs(char32_t c) {
-  return Between(c, 0x139, 0x148) || Between(c, 0x179, 0x17E) || Between(c, 0x4C1, 0x4CE);
-}
+constexpr char32_t CapitalSigma = 0x3A3, SmallSigmaAtEnd = 0x3C2; // the sigma at a word's end has the same capital
 
 char32_t UpperOf(char32_t c) {
-  if (Between(c, 'a', 'z') || (Between(c, 0xE0, 0xFE) && c != 0xF7) || Between(c, 0x430, 0x44F))
-    return c - 0x20;
-  if (InEvenPairs(c))
-    return c & ~char32_t{1};
-  if (InOddPairs(c))
-    return c % 2 == 0 ? c - 1 : c;
-  if (Between(c, 0x3B1, 0x3CB))
-    return c == 0x3C2 ? 0x3A3 : c - 0x20; // the sigma at a word's end has the same capital
-  if (Between(c, 0x450, 0x45F))
-    return c - 0x50;
-  switch (c) {
-  case 0xFF:
-    return 0x178;
-  case 0x3AC:
-    return 0x386;
-  case 0x3AD:
-  case 0x3AE:
-  case 0x3AF:
-    return c - 0x25;
-  case 0x3CC:
-    return 0x38C;
-  case 0x3CD:
-  case 0x3CE:
-    return c - 0x3F;
-  case 0x4CF:
-    return 0x4C0;
-  default:
+  if (c < 'a')
     return c;
-  }
+  if (c == SmallSigmaAtEnd)
+    return CapitalSigma;
+  for (const CaseRun& run : CaseRuns)
+    if (run.Has(c - run.Distance()))
+      return c - run.Distance();
+  return c;
 }
 
 char32_t LowerOf(char32_t c) {
-  if (Between(c, 'A', 'Z') || (Between(c, 0xC0, 0xDE) && c != 0xD7) || Between(c, 0x410, 0x42F))
-    return c + 0x20;
-  if (InEvenPairs(c))
-    return c | 1;
-  if (InOddPairs(c))
-    return c % 2 == 1 ? c + 1 : c;
-  if (Between(c, 0x391, 0x3AB) && c != 0x3A2)
-    return c + 0x20;
-  if (Between(c, 0x400, 0x40F))
-    return c + 0x50;
-  switch (c) {
-  case 0x178:
-    return 0xFF;
-  case 0x386:
-    return 0x3AC;
-  case 0x388:
-  case 0x389:
-  case 0x38A:
-    return c + 0x25;
-  case 0x38C:
-    return 0x3CC;
-  case 0x38E:
-  case 0x38F:
-    return c + 0x3F;
-  case 0x4C0:
-    return 0x4CF;
-  default:
+  if (c < 'A')
     return c;
-  }
+  for (const CaseRun& run : CaseRuns)
+    if (run.Has(c))
+      return c + run.Distance();
+  return c;
 }
 
 template <class Turn> std::string Turned(std::string_view text, Turn turn) {
