@@ -9,41 +9,57 @@ constexpr int FixedGridRows = 4;  // key, bar, icon, abbreviation
 constexpr int StationColumns = 9; // as many widths are stored of StationsGrid
 constexpr int FormWidth = 14400, FormHeight = 9600, ToolBarHeight = 630, TabsHeight = 3900; // twips
 
+void FillToolBar(ToolBar& bar) {
+  bar.Add({"play", "", "", "PLAY", true});
+  bar.Add({"pause", "", "", "PAUSE", true});
+  bar.Add({"stop", "", "", "STOP", true});
+  bar.Add({"Camera1", "", "", "CAMERA1", true});
+}
+
 void Hold(Frame& frame, std::initializer_list<Control*> controls) {
   for (Control* c : controls)
     c->Container = &frame;
+}
+
+void FillFrames(MeasurementsForm& f) {
+  Hold(f.tabFrames0, {&f.labels9, &f.cboTestSetupNames, &f.cboSetupID, &f.lblSetupID, &f.StepFrame, &f.BufferFrame});
+  Hold(f.StepFrame, {&f.labels6, &f.labels7, &f.labels8, &f.Texts6, &f.Texts7, &f.Texts8, &f.StationUnitLabel,
+                     &f.UpDnPicture, &f.DmiDirLabel});
+  Hold(f.BufferFrame, {&f.lblGridDepth, &f.txtGridDepth, &f.chkNumLockFreeze});
+  Hold(f.tabFrames1, {&f.fxgKeyBoard});
+  Hold(f.tabFrames2, {&f.fxgKeyPad});
+}
+
+// These hold values for the logic, or a stored look.
+void HideUnseen(MeasurementsForm& form) {
+  for (Control* c :
+       std::initializer_list<Control*>{&form.cboSetupID, &form.lblSetupID, &form.DmiDirLabel, &form.StationsGrid})
+    c->SetVisible(false);
+}
+
+void ShapeGrids(MeasurementsForm& form) {
+  for (Grid* g : {&form.Grid, &form.StationsGrid}) {
+    g->SetFixedRows(FixedGridRows);
+    g->SetRows(FixedGridRows);
+  }
+  form.StationsGrid.SetCols(StationColumns);
 }
 
 } // namespace
 
 // The look is in the texts database; this is what the logic needs before it is read.
 MeasurementsForm::MeasurementsForm() : Form("Measurements") {
-  tbControlBar.Add({"play", "", "", "PLAY", true});
-  tbControlBar.Add({"pause", "", "", "PAUSE", true});
-  tbControlBar.Add({"stop", "", "", "STOP", true});
-  tbControlBar.Add({"Camera1", "", "", "CAMERA1", true});
+  FillToolBar(tbControlBar);
+  FillFrames(*this);
   FocusHome = &Grid;
-  Hold(tabFrames0, {&labels9, &cboTestSetupNames, &cboSetupID, &lblSetupID, &StepFrame, &BufferFrame});
-  Hold(StepFrame,
-       {&labels6, &labels7, &labels8, &Texts6, &Texts7, &Texts8, &StationUnitLabel, &UpDnPicture, &DmiDirLabel});
-  Hold(BufferFrame, {&lblGridDepth, &txtGridDepth, &chkNumLockFreeze});
-  Hold(tabFrames1, {&fxgKeyBoard});
-  Hold(tabFrames2, {&fxgKeyPad});
   Width = FormWidth;
   Height = FormHeight;
   tbControlBar.Height = ToolBarHeight;
   TabStrip1.Height = TabsHeight;
-  cboSetupID.SetVisible(false);
-  lblSetupID.SetVisible(false);
-  DmiDirLabel.SetVisible(false);
+  HideUnseen(*this);
   DmiDirLabel.SetCaption("1");
-  StationsGrid.SetVisible(false);
   txtGridDepth.SetText("10");
-  for (trekor::Grid* g : {&Grid, &StationsGrid}) {
-    g->SetFixedRows(FixedGridRows);
-    g->SetRows(FixedGridRows);
-  }
-  StationsGrid.SetCols(StationColumns);
+  ShapeGrids(*this);
   IdleTimer.SetInterval(TickMilliseconds);
   TimerCurtain.SetInterval(CurtainMilliseconds);
 }
