@@ -48,6 +48,33 @@ KeySym Modifier(const QString& name) {
   return name == "Ctrl" ? XK_Control_L : name == "Shift" ? XK_Shift_L : name == "Alt" ? XK_Alt_L : NoSymbol;
 }
 
+// Takes "Ctrl+" and the like off the front of a key's name.
+std::vector<KeyCode> TakeModifiers(Display* display, QString& key) {
+  std::vector<KeyCode> held;
+  for (auto plus = key.indexOf('+'); plus > 0 && Modifier(key.left(plus)) != NoSymbol; plus = key.indexOf('+')) {
+    held.push_back(XKeysymToKeycode(display, Modifier(key.left(plus))));
+    key = key.mid(plus + 1);
+  }
+  return held;
+}
+
+// The pad's digits stand on the second level, which NumLock reaches: without it the pad would give arrows.
+bool WantsShift(Display* display, const QString& key) {
+  unsigned locks = 0;
+  XkbGetIndicatorState(display, XkbUseCoreKbd, &locks);
+  return key.startsWith("Num ") && key.size() == 5 && key[4].isDigit() && (locks & 2) == 0;
+}
+
+void Strike(Display* display, const std::vector<KeyCode>& held, KeyCode code) {
+  for (const KeyCode modifier : held)
+    XTestFakeKeyEvent(display, modifier, True, CurrentTime);
+  XTestFakeKeyEvent(display, code, True, CurrentTime);
+  XTestFakeKeyEvent(display, code, False, CurrentTime);
+  for (auto modifier = held.rbegin(); modifier != held.rend(); ++modifier)
+    XTestFakeKeyEvent(display, *modifier, False, CurrentTime);
+  XSync(display, False);
+}
+
 bool TitleHolds(Display* display, Window window, const std::string& title) {
   XWindowAttributes attributes;
   if (!XGetWindowAttributes(display, window, &attributes))
@@ -86,31 +113,18 @@ bool KeyPresser::Available() const {
 }
 
 bool KeyPresser::Press(const std::string& name) {
-  if (!parts->display)
+  Display* display = parts->display;
+  if (!display)
     return false;
-  std::vector<KeyCode> held;
   QString key = QString::fromStdString(name);
-  for (auto plus = key.indexOf('+'); plus > 0 && Modifier(key.left(plus)) != NoSymbol; plus = key.indexOf('+')) {
-    held.push_back(XKeysymToKeycode(parts->display, Modifier(key.left(plus))));
-    key = key.mid(plus + 1);
-  }
+  std::vector<KeyCode> held = TakeModifiers(display, key);
   const KeySym symbol = KeyNamed(key);
-  const KeyCode code = symbol == NoSymbol ? KeyCode(0) : XKeysymToKeycode(parts->display, symbol);
+  const KeyCode code = symbol == NoSymbol ? KeyCode(0) : XKeysymToKeycode(display, symbol);
   if (code == 0)
     return false;
-  // The pad's digits stand on the second level, which NumLock reaches: without it the pad would give arrows.
-  unsigned locks = 0;
-  XkbGetIndicatorState(parts->display, XkbUseCoreKbd, &locks);
-  const bool shiftPad = key.startsWith("Num ") && key.size() == 5 && key[4].isDigit() && (locks & 2) == 0;
-  if (shiftPad)
-    held.push_back(XKeysymToKeycode(parts->display, XK_Shift_L));
-  for (const KeyCode modifier : held)
-    XTestFakeKeyEvent(parts->display, modifier, True, CurrentTime);
-  XTestFakeKeyEvent(parts->display, code, True, CurrentTime);
-  XTestFakeKeyEvent(parts->display, code, False, CurrentTime);
-  for (auto modifier = held.rbegin(); modifier != held.rend(); ++modifier)
-    XTestFakeKeyEvent(parts->display, *modifier, False, CurrentTime);
-  XSync(parts->display, False);
+  if (WantsShift(display, key))
+    held.push_back(XKeysymToKeycode(display, XK_Shift_L));
+  Strike(display, held, code);
   return true;
 }
 

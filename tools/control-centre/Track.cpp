@@ -76,6 +76,33 @@ std::optional<double> NmeaSeconds(const QByteArray& hhmmss) {
   return seconds + (raw - whole);
 }
 
+// What one sentence tells.
+struct NmeaFix {
+  std::optional<double> time; // seconds since midnight
+  double latitude = 0, longitude = 0;
+  std::optional<double> height; // GGA alone has one
+};
+
+// $GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47
+//   1 time, 2/3 latitude, 4/5 longitude, 6 fix (0 none), 7 satellites, 9 height
+// $GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A
+//   1 time, 2 valid (A), 3/4 latitude, 5/6 longitude
+std::optional<NmeaFix> ReadSentence(const QByteArray& sentence) {
+  const auto star = sentence.indexOf('*');
+  if (!sentence.startsWith('$') || (star > 0 && !ChecksumHolds(sentence, star)))
+    return std::nullopt;
+  const auto f = sentence.left(star > 0 ? star : sentence.size()).split(',');
+  const bool gga = f[0].endsWith("GGA") && f.size() > 9 && f[6] != "0" && !f[6].isEmpty();
+  const bool rmc = f[0].endsWith("RMC") && f.size() > 6 && f[2] == "A";
+  if (!gga && !rmc)
+    return std::nullopt;
+  const int at = gga ? 2 : 3;
+  const auto latitude = NmeaDegrees(f[at], f[at + 1]), longitude = NmeaDegrees(f[at + 2], f[at + 3]);
+  if (!latitude || !longitude)
+    return std::nullopt;
+  return NmeaFix{NmeaSeconds(f[1]), *latitude, *longitude, gga ? std::optional(f[9].toDouble()) : std::nullopt};
+}
+
 TrackPoint Between(const TrackPoint& a, const TrackPoint& b, double part) {
   TrackPoint p = part < 1 ? a : b;
   p.seconds = std::lerp(a.seconds, b.seconds, part);
@@ -152,40 +179,24 @@ bool Track::ReadGpx(const QByteArray& text, QString* reason) {
   return !xml.hasError();
 }
 
-// $GPGGA,123519,4807.038,N,01131.000,E,1,08,0.9,545.4,M,46.9,M,,*47
-//   1 time, 2/3 latitude, 4/5 longitude, 6 fix (0 none), 7 satellites, 9 height
-// $GPRMC,123519,A,4807.038,N,01131.000,E,022.4,084.4,230394,003.1,W*6A
-//   1 time, 2 valid (A), 3/4 latitude, 5/6 longitude
-// A receiver sends both for one fix, in any order: the second of the same time and place only gives its height.
+// A receiver sends GGA and RMC for one fix, in any order: the second of the same time and place only gives its height.
 void Track::ReadNmea(const QByteArray& text) {
-  double day = 0;
-  double height = 0;
+  double day = 0, height = 0;
   for (const QByteArray& raw : text.split('\n')) {
-    const QByteArray sentence = raw.trimmed();
-    const auto star = sentence.indexOf('*');
-    if (!sentence.startsWith('$') || (star > 0 && !ChecksumHolds(sentence, star)))
+    const auto fix = ReadSentence(raw.trimmed());
+    if (!fix)
       continue;
-    const auto f = sentence.left(star > 0 ? star : sentence.size()).split(',');
-    const bool gga = f[0].endsWith("GGA") && f.size() > 9 && f[6] != "0" && !f[6].isEmpty();
-    const bool rmc = f[0].endsWith("RMC") && f.size() > 6 && f[2] == "A";
-    if (!gga && !rmc)
-      continue;
-    const int at = gga ? 2 : 3;
-    const auto latitude = NmeaDegrees(f[at], f[at + 1]), longitude = NmeaDegrees(f[at + 2], f[at + 3]);
-    if (!latitude || !longitude)
-      continue;
-    if (gga)
-      height = f[9].toDouble();
-    auto time = NmeaSeconds(f[1]);
+    height = fix->height.value_or(height);
+    auto time = fix->time;
     if (time && !times.empty() && times.back() && *time + day < *times.back() - Day / 2)
       day += Day; // past midnight; by less it is a clock that goes back
     if (time)
       *time += day;
-    if (!points.empty() && time == times.back() && points.back().latitude == *latitude &&
-        points.back().longitude == *longitude)
+    if (!points.empty() && time == times.back() && points.back().latitude == fix->latitude &&
+        points.back().longitude == fix->longitude)
       points.back().height = height;
     else
-      Append({0, *latitude, *longitude, height, 0, 0}, time);
+      Append({0, fix->latitude, fix->longitude, height, 0, 0}, time);
   }
 }
 
@@ -208,6 +219,14 @@ void Track::SetTimes() {
                .arg(points.size());
 }
 
+// Of a time that does not follow `before`: a single one is skipped. The time after it tells whether the clock was set
+// back and runs on.
+bool Track::IsStray(std::size_t place, double shift, double before) const {
+  const auto next = std::find_if(times.begin() + static_cast<std::ptrdiff_t>(place) + 1, times.end(),
+                                 [](const auto& time) { return time.has_value(); });
+  return *times[place] + shift == before || (next != times.end() && **next + shift > before);
+}
+
 // Converts the times that follow one another to the drive's own clock, and marks the points that have one then.
 std::size_t Track::TakeReadings(std::vector<bool>& known) {
   std::size_t taken = 0, last = 0;
@@ -221,10 +240,7 @@ std::size_t Track::TakeReadings(std::vector<bool>& known) {
       shift = p.km * SecondsPerKm - *times[i]; // the points before it take its time too
     p.seconds = *times[i] + shift;
     if (taken > 0 && p.seconds <= points[last].seconds) {
-      // A single time that goes back is skipped. The time after it tells whether the clock was set back.
-      const auto next = std::find_if(times.begin() + static_cast<std::ptrdiff_t>(i) + 1, times.end(),
-                                     [](const auto& time) { return time.has_value(); });
-      if (p.seconds == points[last].seconds || (next != times.end() && **next + shift > points[last].seconds))
+      if (IsStray(i, shift, points[last].seconds))
         continue;
       p.seconds = points[last].seconds + (p.km - points[last].km) * SecondsPerKm;
       shift = p.seconds - *times[i];

@@ -43,6 +43,7 @@ private:
   void ReadNmea(const QByteArray& text);
   void Append(TrackPoint point, std::optional<double> time);
   void SetTimes();
+  bool IsStray(std::size_t place, double shift, double before) const;
   std::size_t TakeReadings(std::vector<bool>& known);
   void FillTimes(const std::vector<bool>& known);
   std::vector<TrackPoint> points;

@@ -18,6 +18,11 @@ namespace {
 
 using namespace control;
 
+int Complain(const QString& what) {
+  std::fprintf(stderr, "trekor-control: %s\n", qUtf8Printable(what));
+  return 1;
+}
+
 QString VersionText() {
   return QString("%1.%2.%3").arg(trekor::VersionMajor).arg(trekor::VersionMinor).arg(trekor::VersionRevision);
 }
@@ -64,23 +69,24 @@ std::unique_ptr<Player> Play(Drive drive, LinkServer& link, KeyPresser& keys, QP
   return player;
 }
 
+bool ListenOn(const QString& port, LinkServer& link) {
+  bool isNumber = false;
+  const uint number = port.toUInt(&isNumber);
+  if (!isNumber || number > 65535 || !link.Listen(static_cast<quint16>(number)))
+    return false;
+  link.Tell("--", QString("listening on 127.0.0.1:%1").arg(link.Port()));
+  return true;
+}
+
 int Run(QCoreApplication& app, const QCommandLineParser& options) {
   Drive drive;
   QString reason;
-  if (options.isSet("drive") && !ReadDrive(options.value("drive"), drive, &reason)) {
-    std::fprintf(stderr, "trekor-control: %s\n", qUtf8Printable(reason));
-    return 1;
-  }
+  if (options.isSet("drive") && !ReadDrive(options.value("drive"), drive, &reason))
+    return Complain(reason);
   LinkServer link;
   link.tellsPositions = !options.isSet("brief");
-  bool portOk = false;
-  const uint port = options.value("port").toUInt(&portOk);
-  if (!portOk || port > 65535 || !link.Listen(static_cast<quint16>(port))) {
-    std::fprintf(stderr, "trekor-control: cannot listen on 127.0.0.1:%s; is another one running?\n",
-                 qUtf8Printable(options.value("port")));
-    return 1;
-  }
-  link.Tell("--", QString("listening on 127.0.0.1:%1").arg(link.Port()));
+  if (!ListenOn(options.value("port"), link))
+    return Complain("cannot listen on 127.0.0.1:" + options.value("port") + "; is another one running?");
   KeyPresser keys;
   std::unique_ptr<QProcess> child;
   if (options.isSet("launch"))
@@ -94,10 +100,8 @@ int Run(QCoreApplication& app, const QCommandLineParser& options) {
   return app.exec();
 }
 
-} // namespace
-
-int main(int argc, char** argv) {
-  // Pictures of the screen need a windowing system; everything else runs without.
+// Pictures of the screen need a windowing system; everything else runs without. The application keeps `argc`.
+std::unique_ptr<QCoreApplication> MakeApplication(int& argc, char** argv) {
   const bool screen = !qEnvironmentVariableIsEmpty("DISPLAY") || !qEnvironmentVariableIsEmpty("WAYLAND_DISPLAY");
   std::unique_ptr<QCoreApplication> app;
   if (screen)
@@ -106,7 +110,10 @@ int main(int argc, char** argv) {
     app = std::make_unique<QCoreApplication>(argc, argv);
   QCoreApplication::setApplicationName("trekor-control");
   QCoreApplication::setApplicationVersion(VersionText());
-  QCommandLineParser options;
+  return app;
+}
+
+void DescribeOptions(QCommandLineParser& options) {
   options.setApplicationDescription("Starts the data-collection program, feeds it a drive, shows the link both ways.\n"
                                     "Lines typed here go to the program.");
   options.addHelpOption();
@@ -116,11 +123,16 @@ int main(int argc, char** argv) {
                       {"drive", "A script, or a GPX or NMEA track.", "file"},
                       {"brief", "Leave out the positions that are sent."},
                       {"port", "Listen on another port than 15959.", "number", "15959"}});
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+  const std::unique_ptr<QCoreApplication> app = MakeApplication(argc, argv);
+  QCommandLineParser options;
+  DescribeOptions(options);
   options.process(*app);
-  if (!options.positionalArguments().isEmpty()) {
-    std::fprintf(stderr, "trekor-control: not understood: %s; see --help\n",
-                 qUtf8Printable(options.positionalArguments().first()));
-    return 1;
-  }
+  if (!options.positionalArguments().isEmpty())
+    return Complain("not understood: " + options.positionalArguments().first() + "; see --help");
   return Run(*app, options);
 }

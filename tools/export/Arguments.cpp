@@ -80,6 +80,20 @@ bool TakeOption(const std::string& option, Arguments& into, std::string& error) 
   return error.empty();
 }
 
+// One option; `at` moves on to its value when that is the next word.
+bool TakeWord(const std::vector<std::string>& words, std::size_t& at, Arguments& into, std::string& error) {
+  const std::string& word = words[at];
+  const std::size_t equals = word.find('=');
+  if (equals != std::string::npos)
+    return TakeValue(word.substr(0, equals), word.substr(equals + 1), into, error);
+  if (!TakesValue(word))
+    return TakeOption(word, into, error);
+  if (at + 1 < words.size())
+    return TakeValue(word, words[++at], into, error);
+  error = word + " wants a value";
+  return false;
+}
+
 // Names that differ in case alone are one name on an office's disk. "" when each file gives its own.
 std::string TwoOfOneName(const Arguments& wishes) {
   namespace fs = std::filesystem;
@@ -103,22 +117,12 @@ bool ReadArguments(const std::vector<std::string>& words, Arguments& into, std::
   bool onlyFiles = false; // behind "--"
   for (std::size_t i = 0; i < words.size(); ++i) {
     const std::string& word = words[i];
-    const std::size_t equals = word.find('=');
-    if (onlyFiles || word.size() < 2 || word.compare(0, 2, "--") != 0) {
+    if (onlyFiles || !word.starts_with("--"))
       into.files.push_back(word);
-    } else if (word == "--") {
+    else if (word == "--")
       onlyFiles = true;
-    } else if (equals != std::string::npos) {
-      if (!TakeValue(word.substr(0, equals), word.substr(equals + 1), into, error))
-        return false;
-    } else if (TakesValue(word)) {
-      if (i + 1 == words.size())
-        error = word + " wants a value";
-      if (!error.empty() || !TakeValue(word, words[++i], into, error))
-        return false;
-    } else if (!TakeOption(word, into, error)) {
+    else if (!TakeWord(words, i, into, error))
       return false;
-    }
   }
   if (into.files.empty() && !into.help && !into.version)
     error = "no data file given; see --help";
