@@ -1,6 +1,7 @@
 #include "platform_os/SdlSoundPlayer.h"
 
 #include "platform_os/SoundLibrary.h"
+#include "platform_os/WaveFile.h"
 
 // The program has its own main.
 #define SDL_MAIN_HANDLED
@@ -16,7 +17,6 @@ namespace trekor {
 
 namespace {
 
-constexpr int Rate = 44100, Channels = 2;
 constexpr int Frames = 512; // 12 ms from the key to the loudspeaker
 constexpr std::chrono::seconds LongestWaitForPicture{2}, LongestWaitForServer{1};
 
@@ -79,9 +79,9 @@ void SdlSoundPlayer::OpenDevice() {
   SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
   const bool started = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
   SDL_AudioSpec stream{};
-  stream.freq = Rate;
+  stream.freq = WaveRate;
   stream.format = AUDIO_S16SYS;
-  stream.channels = Channels;
+  stream.channels = WaveChannels;
   stream.samples = Frames;
   stream.callback = &SdlSoundPlayer::Feed;
   stream.userdata = this;
@@ -121,33 +121,12 @@ bool SdlSoundPlayer::StartFirst(const Paths& paths) {
   const auto path = std::find_if(paths.begin(), paths.end(), [this](const auto& p) { return drives.FileExists(p); });
   if (path == paths.end())
     return false;
-  Samples loaded = Load(drives.NativePath(*path));
+  Samples loaded = LoadWave(drives.NativePath(*path));
   SDL_LockAudioDevice(device);
   sound.swap(loaded);
   next = 0;
   SDL_UnlockAudioDevice(device);
   return true;
-}
-
-// In the device's format; nothing when the file can't be read as a wave.
-SdlSoundPlayer::Samples SdlSoundPlayer::Load(const std::string& nativePath) {
-  Samples samples;
-  SDL_AudioSpec file{};
-  Uint8* bytes = nullptr;
-  Uint32 length = 0;
-  if (!SDL_LoadWAV(nativePath.c_str(), &file, &bytes, &length))
-    return samples;
-  SDL_AudioCVT cvt{};
-  if (SDL_BuildAudioCVT(&cvt, file.format, file.channels, file.freq, AUDIO_S16SYS, Channels, Rate) >= 0) {
-    samples.resize(std::size_t{length} * static_cast<std::size_t>(std::max(1, cvt.len_mult)));
-    std::copy_n(bytes, length, samples.begin());
-    cvt.buf = samples.data();
-    cvt.len = static_cast<int>(length);
-    cvt.len_cvt = cvt.len;
-    samples.resize(!cvt.needed || SDL_ConvertAudio(&cvt) == 0 ? static_cast<std::size_t>(cvt.len_cvt) : 0);
-  }
-  SDL_FreeWAV(bytes);
-  return samples;
 }
 
 // On the library's thread, under the device's lock.

@@ -45,7 +45,6 @@ private:
   void CloseDevice();
   void PlayWhatIsAsked(const std::stop_token& stop);
   bool StartFirst(const Paths& paths);
-  static Samples Load(const std::string& nativePath);
   static void Feed(void* self, std::uint8_t* out, int length);
 
   Drives& drives;

@@ -115,6 +115,26 @@ TEST_F(SoundPlayerTest, EachSoundIsReadAfreshAndTheNewestIsHeard) {
   EXPECT_TRUE(Hears(0));
 }
 
+TEST_F(SoundPlayerTest, AFolderOfBrokenWavesHoldsUpNeitherTheCallerNorTheNextSound) {
+  const fs::path broken = folder / "drives" / "C" / "broken.wav";
+  Wave("a.wav", 1000);
+  Wave("b.wav", 2000);
+  Wave("huge.wav", 3000);
+  fs::resize_file(folder / "drives" / "C" / "huge.wav", 200'000'000);
+  player.Open_SoundDevice();
+  Listen();
+  for (const std::size_t length : {std::size_t{0}, std::size_t{12}, std::size_t{44}, std::size_t{45}}) {
+    fs::copy_file(folder / "drives" / "C" / "a.wav", broken, fs::copy_options::overwrite_existing);
+    fs::resize_file(broken, length);
+    player.Play({"C:\\broken.wav"});
+    EXPECT_TRUE(Hears(0)) << length;
+    player.Play({"C:\\huge.wav"});
+    EXPECT_TRUE(Hears(3000));
+    player.Play({"C:\\b.wav"});
+    EXPECT_TRUE(Hears(2000)) << length;
+  }
+}
+
 TEST_F(SoundPlayerTest, AMachineWithoutACardIsSilentOnStandardErrorToo) {
   ::setenv("SDL_AUDIODRIVER", "alsa", 1);
   ::setenv("ALSA_CONFIG_PATH", "/dev/null", 1); // no card whatever the machine has
