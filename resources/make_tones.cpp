@@ -1,32 +1,17 @@
-// Makes the wave files that the program answers keys with: make_tones AUDIOFOLDER
+// Makes the tones that the program answers keys with: make_tones AUDIOFOLDER
 //
 //   Tones/D0.wav ... D9.wav      a key's digit as a tone, rising with the digit
 //   SystemSounds/*.wav           a new step, a key without meaning, slow down
-//   English/D0.wav ... D9.wav    a digit counted: a long beep is five, a short one is one, a deep one alone is nought
-//
-// 16 bits, mono, 22050 samples a second; little-endian whatever the machine.
-#include <algorithm>
+#include "WaveFile.h"
+
 #include <array>
-#include <cmath>
-#include <cstdint>
-#include <filesystem>
-#include <fstream>
 #include <iostream>
 #include <numbers>
-#include <string>
-#include <vector>
 
 namespace {
 
-constexpr int Rate = 22050;
 constexpr double Loudness = 0.55;     // of full scale: a cab is loud, a distorting speaker is worse
 constexpr double FadeSeconds = 0.012; // a cut-off tone clicks
-
-using Samples = std::vector<double>;
-
-int Count(double seconds) {
-  return static_cast<int>(std::lround(seconds * Rate));
-}
 
 double Fade(int i, int n) {
   const double edge = std::min({1.0, i / (FadeSeconds * Rate), (n - 1 - i) / (FadeSeconds * Rate)});
@@ -59,39 +44,6 @@ void AddSilence(Samples& to, double seconds) {
   to.insert(to.end(), static_cast<std::size_t>(Count(seconds)), 0.0);
 }
 
-void Put(std::string& to, std::uint32_t value, int bytes) {
-  for (int i = 0; i < bytes; ++i)
-    to.push_back(static_cast<char>((value >> (8 * i)) & 0xFF));
-}
-
-std::string WaveFile(const Samples& samples) {
-  const auto dataBytes = static_cast<std::uint32_t>(samples.size() * 2);
-  std::string out = "RIFF";
-  Put(out, 36 + dataBytes, 4);
-  out += "WAVEfmt ";
-  Put(out, 16, 4); // length of the format part
-  Put(out, 1, 2);  // plain samples
-  Put(out, 1, 2);  // one channel
-  Put(out, Rate, 4);
-  Put(out, Rate * 2, 4); // bytes a second
-  Put(out, 2, 2);        // bytes a sample
-  Put(out, 16, 2);       // bits a sample
-  out += "data";
-  Put(out, dataBytes, 4);
-  for (const double s : samples)
-    Put(out, static_cast<std::uint32_t>(std::lround(std::clamp(s, -1.0, 1.0) * 32767)), 2);
-  return out;
-}
-
-bool Write(const std::filesystem::path& path, const Samples& samples) {
-  std::error_code ignored;
-  std::filesystem::create_directories(path.parent_path(), ignored);
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  const std::string bytes = WaveFile(samples);
-  out.write(bytes.data(), static_cast<std::streamsize>(bytes.size()));
-  return out.flush().good();
-}
-
 double Semitones(double base, int n) {
   return base * std::pow(2.0, n / 12.0);
 }
@@ -101,21 +53,6 @@ Samples DigitTone(int digit) {
   constexpr std::array<int, 10> scale = {0, 2, 4, 7, 9, 12, 14, 16, 19, 21};
   Samples s;
   AddTone(s, Semitones(392.0, scale[static_cast<std::size_t>(digit)]), 0.12);
-  return s;
-}
-
-Samples CountedDigit(int digit) {
-  Samples s;
-  if (digit == 0)
-    AddTone(s, 220, 0.3);
-  if (digit >= 5) {
-    AddTone(s, 660, 0.25);
-    AddSilence(s, 0.07);
-  }
-  for (int i = 0; i < digit % 5; ++i) {
-    AddTone(s, 880, 0.07);
-    AddSilence(s, 0.07);
-  }
   return s;
 }
 
@@ -145,12 +82,11 @@ bool WriteAll(const std::filesystem::path& audio) {
   bool good = true;
   for (int digit = 0; digit < 10; ++digit) {
     const std::string name = "D" + std::to_string(digit) + ".wav";
-    good &= Write(audio / "Tones" / name, DigitTone(digit));
-    good &= Write(audio / "English" / name, CountedDigit(digit));
+    good &= WriteWave(audio / "Tones" / name, DigitTone(digit));
   }
-  good &= Write(audio / "SystemSounds" / "newsegment.wav", NewSegment());
-  good &= Write(audio / "SystemSounds" / "undefinedkey.wav", UndefinedKey());
-  return Write(audio / "SystemSounds" / "slowdown.wav", SlowDown()) && good;
+  good &= WriteWave(audio / "SystemSounds" / "newsegment.wav", NewSegment());
+  good &= WriteWave(audio / "SystemSounds" / "undefinedkey.wav", UndefinedKey());
+  return WriteWave(audio / "SystemSounds" / "slowdown.wav", SlowDown()) && good;
 }
 
 } // namespace
