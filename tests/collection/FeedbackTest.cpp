@@ -1,5 +1,8 @@
 #include "collection/RunFixture.h"
 
+#include <filesystem>
+#include <sstream>
+
 namespace trekor::tests {
 
 class Sound : public RunFixture {
@@ -90,6 +93,46 @@ TEST_F(Sound, AWaveThatComesOrGoesIsNoticedAtTheNextKey) {
   drop("English\\O101.wav");
   feedback().PlayObservationSound(Crack, 2);
   EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\Danish\\O101.WAV", "C:\\Trekor\\Audio\\Danish\\D2.WAV"}));
+}
+
+// Crack, with its digit, and the message 401: which options let which of the shipped kinds of wave be heard.
+TEST_F(Sound, IsChosenByTheOptionsAndByWhatIsThere) {
+  const struct Case {
+    bool voice, words;
+    std::string there; // below Audio
+    int value;
+    std::string key, message; // what is heard of the two; nothing: silence, and the message is shown
+  } cases[] = {
+      {true, true, "English\\O101 Danish\\D3 Tones\\D3 English\\401", 3, "English\\O101", "English\\401"},
+      {true, true, "Danish\\O101 English\\O101", 3, "Danish\\O101", ""},
+      {true, true, "Danish\\D3 English\\D3 Tones\\D3", 3, "Danish\\D3", ""},
+      {true, true, "English\\D3 Tones\\D3", 3, "English\\D3", ""},
+      {true, true, "Tones\\D3 Tones\\401", 3, "", ""},
+      {true, true, "English\\O101 Danish\\D3", -1, "English\\O101", ""},
+      {true, true, "Danish\\D3", -1, "", ""},
+      {true, false, "English\\O101 Danish\\D3 Tones\\D3 English\\401", 3, "Tones\\D3", ""},
+      {true, false, "Danish\\O101 Danish\\D3 Danish\\401", 3, "", "Danish\\401"},
+      {true, false, "Tones\\D3", -1, "", ""},
+      {false, true, "English\\O101 Danish\\D3 Tones\\D3 English\\401", 3, "", ""},
+      {false, false, "Tones\\D3 Danish\\401", 3, "", ""},
+  };
+  const auto path = [](const std::string& below) {
+    return below.empty() ? Texts() : Texts{"C:\\Trekor\\Audio\\" + below + ".WAV"};
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.there + (c.voice ? " voice" : "") + (c.words ? " words" : ""));
+    std::filesystem::remove_all(fakes.drives.NativePath("C:\\Trekor\\Audio"));
+    std::istringstream there(c.there);
+    for (std::string below; there >> below;)
+      Wave(below.substr(0, below.find('\\')), below.substr(below.find('\\') + 1));
+    state.options.AssistanceVoice = c.voice;
+    state.options.DataColVoice = c.words;
+    feedback().LoadSounds();
+    feedback().PlayObservationSound(Crack, c.value);
+    EXPECT_EQ(Played(), path(c.key));
+    feedback().Assist(401);
+    EXPECT_EQ(Played(), path(c.message));
+  }
 }
 
 TEST_F(Sound, WithoutVoiceTheSystemSoundsStillPlay) {
