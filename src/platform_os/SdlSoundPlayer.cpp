@@ -17,7 +17,6 @@ namespace trekor {
 
 namespace {
 
-constexpr int Frames = 512; // 12 ms from the key to the loudspeaker
 constexpr std::chrono::seconds LongestWaitForPicture{2}, LongestWaitForServer{1};
 
 void Trace(const char* what, const char* why) {
@@ -44,11 +43,13 @@ int SdlSoundPlayer::Devices() {
 }
 
 void SdlSoundPlayer::Play(const Paths& paths) {
-  const std::lock_guard lock(mutex);
-  if (device == 0)
-    return;
-  asked.push_back(paths);
-  changed.notify_all();
+  {
+    const std::lock_guard lock(mutex);
+    if (device == 0)
+      return;
+    asked.push_back(paths);
+  }
+  changed.notify_all(); // without the mutex, for which the worker would have to wait at once
 }
 
 void SdlSoundPlayer::Work(const std::stop_token& stop) {

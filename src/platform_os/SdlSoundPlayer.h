@@ -16,6 +16,9 @@ namespace trekor {
 
 class SdlSoundPlayer : public SoundPlayer {
 public:
+  // How many samples the device asks for at once: a sound waits for up to 6 ms for its turn.
+  static constexpr int Frames = 256;
+
   // The drives are used on the player's thread too, and must outlive the player.
   explicit SdlSoundPlayer(Drives& drives) : drives(drives) {}
   // Waits until the library has released the device: for ever when LetsGo was false.

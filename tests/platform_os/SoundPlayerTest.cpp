@@ -3,6 +3,7 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
@@ -15,6 +16,19 @@ namespace trekor {
 namespace {
 
 namespace fs = std::filesystem;
+
+// Counts what the thread that plays asks of the disk.
+class WatchedDrives : public FileDrives {
+public:
+  using FileDrives::FileDrives;
+  std::string NativePath(const std::string& path) override { return Count(), FileDrives::NativePath(path); }
+  bool FileExists(const std::string& path) override { return Count(), FileDrives::FileExists(path); }
+  std::atomic<int> byTheCaller{0};
+
+private:
+  void Count() { byTheCaller += std::this_thread::get_id() == caller ? 1 : 0; }
+  std::thread::id caller = std::this_thread::get_id();
+};
 
 // The library's device that writes what would be heard into a file; here into a pipe, whose opening hangs, as a sound
 // server may, until somebody listens.
@@ -64,7 +78,7 @@ protected:
 
   std::set<std::int16_t> before;
   fs::path folder = fs::temp_directory_path() / ("trekor-sound-" + std::to_string(::getpid()));
-  FileDrives drives{folder / "drives"};
+  WatchedDrives drives{folder / "drives"};
   SdlSoundPlayer player{drives};
   int ear = -1;
 };
@@ -110,6 +124,7 @@ TEST_F(SoundPlayerTest, EachSoundIsReadAfreshAndTheNewestIsHeard) {
     player.Play({"C:\\b.wav"}); // more than can be read meanwhile
   player.Play(either);
   EXPECT_TRUE(Hears(-16384)) << "the newest of them, eight bits brought to sixteen";
+  EXPECT_EQ(drives.byTheCaller, 0) << "the key would have waited for the disk";
   std::ofstream(folder / "drives" / "C" / "a.wav") << "no wave";
   player.Play(either);
   EXPECT_TRUE(Hears(0));
