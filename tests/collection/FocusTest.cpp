@@ -139,8 +139,9 @@ TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
   auto& lock = fakes.keyboard.numLock;
   StartFromLink(10.0);
   ASSERT_TRUE(lock);
-  for (const std::function<void()>& again :
-       {std::function([this] { Key(144); }), {[this] { form.OnKeyUp(144); }}, {[this] { form.OnActivate(); }}}) {
+  for (const std::function<void()>& again : {std::function([this] { Key(keys::NumLock); }),
+                                             {[this] { form.OnKeyUp(keys::NumLock); }},
+                                             {[this] { form.OnActivate(); }}}) {
     lock = false;
     again();
     EXPECT_TRUE(lock) << "key, release or another window has unlocked it";
@@ -148,7 +149,7 @@ TEST_F(Focus, NumLockIsLockedAgainAtItsReleaseAndGivenBackByEveryWayOut) {
   Press(F4);
   Tick();
   EXPECT_FALSE(lock);
-  form.OnKeyUp(144);
+  form.OnKeyUp(keys::NumLock);
   EXPECT_FALSE(lock) << "nothing is frozen in idle";
   state.position.StepSize.SetDefault(0);
   Answer("0"); // no run with such a step: the prompt has frozen the key for nothing
@@ -171,9 +172,9 @@ TEST_F(Focus, NothingIsTypedTurnedOrUnlockedWhileAStartWaits) {
     ++waits;
     EXPECT_TRUE(form.OnKeyPress(U'1'));
     form.UpDnPicture.Click();
-    Key(40, 1);
+    Key(keys::Down, 1);
     fakes.keyboard.numLock = false;
-    form.OnKeyUp(144);
+    form.OnKeyUp(keys::NumLock);
   });
   StartAt(5.0);
   EXPECT_EQ(waits, 1);
@@ -186,7 +187,8 @@ TEST_F(Focus, NothingIsTypedTurnedOrUnlockedWhileAStartWaits) {
 }
 
 TEST_F(Focus, APromptGivesWhatWasTypedAtEnterAndTabAloneElseWhatItAskedWith) {
-  constexpr int Tab = 9, Enter = 13, CloseBox = 0;
+  using keys::Enter, keys::Tab;
+  constexpr int CloseBox = 0;
   for (const int key : {Enter, Tab, Esc, F4, CloseBox}) {
     SCOPED_TRACE(key);
     const std::string old = "old " + std::to_string(key);
@@ -210,9 +212,9 @@ TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   const auto refuse = [](Form& asking) {
     asking.Move(300, 450, 12600, 8100);
     dynamic_cast<FileNewForm&>(asking).Texts2.Type("ROAD01");
-    asking.OnKeyDown(13, 0);
+    asking.OnKeyDown(keys::Enter, 0);
     EXPECT_TRUE(asking.Shown);
-    asking.OnKeyDown(27, 0);
+    asking.OnKeyDown(Esc, 0);
   };
   fakes.shell.scripts["FileNewDialog2"] = refuse;
   Sounds();

@@ -200,7 +200,7 @@ void RunFixture::AnswerPrompt(Form& prompt) {
   const auto answer = answers.front();
   answers.pop_front();
   box.Type(answer == "<esc>" ? "something else" : answer);
-  prompt.OnKeyDown(answer == "<esc>" ? Esc : 13, 0);
+  prompt.OnKeyDown(answer == "<esc>" ? Esc : keys::Enter, 0);
 }
 
 Texts RunFixture::Roads() const {

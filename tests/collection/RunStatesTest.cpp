@@ -97,7 +97,8 @@ TEST_F(StatesOfTheRun, AFloatingPictureFillsItsWindowDownToASmallestSize) {
 }
 
 TEST_F(StatesOfTheRun, AFloatingPictureFollowsTheSetupAndLeavesTheKeysToTheMainForm) {
-  ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE Setups SET KeyCode=97 WHERE SetupID=1 AND ObsParID=1"));
+  ASSERT_TRUE(vocabulary.ObsDB->Execute("UPDATE Setups SET KeyCode=" + std::to_string(keys::Pad0 + 1) +
+                                        " WHERE SetupID=1 AND ObsParID=1"));
   form.cboTestSetupNames.Select(1);
   form.cboTestSetupNames.Select(0);
   auto& keypad = run.Subjects().keyPictures.frmKeyPad;

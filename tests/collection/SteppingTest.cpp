@@ -51,7 +51,8 @@ TEST_F(RoadSteps, ADoubleClickOnABoxSendsAltAndThenDown) {
 }
 
 TEST_F(RoadSteps, DirectionTurnsByPictureAndKeysUntilAFileFixesIt) {
-  constexpr int Up = 38, Down = 40, Shift = 1;
+  using keys::Down, keys::Up;
+  constexpr int Shift = 1;
   Key(Up, Shift); // increasing already
   EXPECT_TRUE(state.position.DmiIncreasing);
   Key(Down); // no modifier
@@ -124,12 +125,12 @@ TEST_F(RoadSteps, StartStationPromptSetsTheCountUnlessItIsEmptied) {
 
 TEST_F(RoadSteps, DanishKeysGiveTheirLettersInABoxWhateverTheLayout) {
   state.command.Language = "Danish";
-  for (const auto& [key, letter] :
-       std::map<int, char32_t>{{192, U'\u00C6'}, {222, U'\u00D8'}, {221, U'\u00C5'}, {'1', U'1'}}) {
+  for (const auto& [key, letter] : std::map<int, char32_t>{
+           {keys::Backquote, U'\u00C6'}, {keys::Quote, U'\u00D8'}, {keys::CloseBracket, U'\u00C5'}, {'1', U'1'}}) {
     form.Texts6.OnKeyDown(key, 0);
     EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), letter) << key;
   }
-  form.Texts6.OnKeyDown(222, 0); // with Ctrl: no character follows
+  form.Texts6.OnKeyDown(keys::Quote, 0); // with Ctrl: no character follows
   form.Texts6.OnKeyDown('1', 0);
   EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), U'1');
 }

@@ -29,7 +29,7 @@ TEST_F(UnderAForm, TheRoadThatTheLinkTellsIsTakenUpByTheForm) {
     EXPECT_EQ(fileNew.form.Texts0.Text(), "Road 21");
     Link("SECTION END Exit 12");
     fileNew.form.Texts2.Type("ROAD09");
-    fileNew.form.OnKeyDown(13, 0);
+    fileNew.form.OnKeyDown(keys::Enter, 0);
   });
   EXPECT_EQ(Query("SELECT FacilityName, SectionName, Start, End FROM Sessions"), Texts{"Road 21 South Bridge Exit 12"});
   WhileAsked([this] {

@@ -2,6 +2,7 @@
 
 #include "datafiles/BackupDrives.h"
 #include "datafiles/DataFileFixture.h"
+#include "values/KeyCodes.h"
 
 #include <algorithm>
 
@@ -54,7 +55,7 @@ TEST(FileNewDialog2, HandsOverNameFolderBackupAndRoad) {
     d.state.facility.SectionStart = "Tunnel"; // the link speaks later than the user
     d.form.BlinkTimer.Fire();
     d.form.Texts2.Type("  ROAD01 ");
-    EXPECT_TRUE(d.form.OnKeyDown(13, 0));
+    EXPECT_TRUE(d.form.OnKeyDown(keys::Enter, 0));
   });
   EXPECT_EQ(d.state.file.DataName + d.state.file.DataPath + d.state.file.BackupPath, "ROAD01D:\\DataE:\\Data");
   EXPECT_EQ(d.state.facility.SectionStart, "Bridge");
@@ -86,11 +87,11 @@ TEST(FileNewDialog2, MakesItsFileWithoutACopyWhenThereIsNoOtherDriveOrNoneIsWant
 }
 
 TEST(FileNewDialog2, ForgetsTheNameWhenTheUserCancels) {
-  for (const int key : {27, 115, 13}) { // Enter with an empty name is a cancel, too
+  for (const int key : {keys::Esc, keys::F4, keys::Enter}) { // Enter with an empty name is a cancel, too
     Dialog d;
     d.state.file.DataName = "OLD";
     d.Ask([&d, key] {
-      d.form.Texts2.Type(key == 13 ? "   " : "NEW");
+      d.form.Texts2.Type(key == keys::Enter ? "   " : "NEW");
       d.form.OnKeyDown(key, 0);
     });
     EXPECT_EQ(d.state.file.DataName + d.state.file.DataPath, "") << key;

@@ -1,6 +1,8 @@
 // The transport: connecting and reconnecting, cutting bytes into lines and lines into words, sending.
 #include "LinkFixture.h"
 
+#include "values/KeyCodes.h"
+
 #include <ctime>
 
 namespace trekor::tests {
@@ -211,7 +213,7 @@ TEST_F(SocketPropTest, DisconnectSaysGoodbyeAndTheWatchdogComesBack) {
 TEST_F(SocketPropTest, TheWindowOnlyHides) {
   Connect();
   fake.shell.Show(socket.form);
-  EXPECT_TRUE(socket.form.OnKeyDown(27, 0));
+  EXPECT_TRUE(socket.form.OnKeyDown(keys::Esc, 0));
   EXPECT_FALSE(socket.form.Shown);
   fake.shell.Show(socket.form);
   EXPECT_FALSE(socket.form.OnQueryUnload());

@@ -1,6 +1,7 @@
 #include "Vocabulary.h"
 
 #include "setup/ClassKeyBoard.h"
+#include "values/KeyCodes.h"
 
 namespace trekor::tests {
 
@@ -49,8 +50,8 @@ TEST_F(KeyPictures, HaveExactlyTheValidKeysInTheirTables) {
     EXPECT_EQ(onBoard.empty() ? -1 : code, KeyBoard_KeyCode(onBoard)) << "code " << code;
     EXPECT_EQ(onPad.empty() ? -1 : code, KeyPad_KeyCode(onPad)) << "code " << code;
   }
-  EXPECT_EQ(board.KeyText(-1) + board.KeyText(201), "");
-  EXPECT_EQ(tables.KeyPadRow.at(108), 2) << "the plus key keeps its lower row";
+  EXPECT_EQ(board.KeyText(-1) + board.KeyText(TestSetup::LastKeyCode + 1), "");
+  EXPECT_EQ(tables.KeyPadRow.at(keys::PadPlus + 1), 2) << "the plus key keeps its lower row";
   for (const char* text : {"F4", "F11", "Enter", " ", "", "q", "+", "QQ"})
     EXPECT_EQ(KeyBoard_KeyCode(text), -1) << text;
   for (const char* text : {"Enter", "A", ".", " ", ""})
@@ -58,7 +59,7 @@ TEST_F(KeyPictures, HaveExactlyTheValidKeysInTheirTables) {
 }
 
 TEST_F(KeyPictures, CarryTheIconInAllCellsOfAKey) {
-  OnKeys({'Q', 32, -1, 107, 96});
+  OnKeys({'Q', keys::Space, -1, keys::PadPlus, keys::Pad0});
   board.AddSetup();
   pad.AddSetup();
   EXPECT_EQ(Painted(keys.fxgKeyBoard), "2:2-5 4:33-47 ");
@@ -76,7 +77,7 @@ TEST_F(KeyPictures, FloatWithOneCellAKeyAndLeaveTheTablesAlone) {
   floating.AddSetup(); // not attached yet: nothing
   floating.MakeKeyBoard(floatingKeys.fxgKeyBoard, true);
   EXPECT_EQ(before.KeyBoardCol, tables.KeyBoardCol);
-  OnKeys({'Q', 32});
+  OnKeys({'Q', keys::Space});
   floating.AddSetup();
   EXPECT_EQ(Painted(floatingKeys.fxgKeyBoard), "2:2-2 4:33-33 ");
 }

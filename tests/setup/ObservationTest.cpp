@@ -1,5 +1,7 @@
 #include "Vocabulary.h"
 
+#include "values/KeyCodes.h"
+
 namespace trekor::tests {
 
 class Observation : public Vocabulary {
@@ -74,11 +76,11 @@ TEST_F(Observation, TakesAFreeKeyAndItsOwnKeyAgain) {
   ClassObservation &crack = setup.AddObservation(), &patch = setup.AddObservation();
   crack.ObsParID = 1;
   patch.ObsParID = 2;
-  crack.SetKeyCode(65);
-  crack.SetKeyCode(65);
-  EXPECT_EQ(crack.KeyCode(), 65);
+  crack.SetKeyCode('A');
+  crack.SetKeyCode('A');
+  EXPECT_EQ(crack.KeyCode(), 'A');
   for (const auto& [wanted, got] :
-       {std::pair(65, -1), {112, -1}, {67, 67}, {65, -1}}) { // the refused one loses its own
+       {std::pair<int, int>('A', -1), {keys::F1, -1}, {'C', 'C'}, {'A', -1}}) { // the refused one loses its own
     patch.SetKeyCode(wanted);
     EXPECT_EQ(patch.KeyCode(), got) << wanted;
   }

@@ -1,5 +1,7 @@
 #include "Vocabulary.h"
 
+#include "values/KeyCodes.h"
+
 namespace trekor::tests {
 
 class Loading : public Vocabulary {
@@ -8,8 +10,8 @@ protected:
 };
 
 TEST_F(Loading, BecomesColumnsInTheOrderOfTheirPlaces) {
-  Add({.id = 5, .position = 2, .keyCode = 65});
-  Add({.id = 9, .dataType = 2, .position = 1, .keyCode = 116, .min = "10", .max = "2", .mode = 3, .keying = 2});
+  Add({.id = 5, .position = 2, .keyCode = 'A'});
+  Add({.id = 9, .dataType = 2, .position = 1, .keyCode = keys::F5, .min = "10", .max = "2", .mode = 3, .keying = 2});
   setup.Load_TestSetup();
   ASSERT_EQ(setup.ObsCount(), 2);
   const ClassObservation& first = setup.Observations(1);
@@ -22,14 +24,14 @@ TEST_F(Loading, BecomesColumnsInTheOrderOfTheirPlaces) {
   EXPECT_EQ(first.Min() * 100 + first.Max(), 210);
   EXPECT_EQ(first.DefaultText(), "2") << "every value starts at its lower limit";
   EXPECT_EQ(setup.Observations(2).ObsParID, 5);
-  EXPECT_EQ(setup.KeyToObs(116), 1);
-  EXPECT_EQ(setup.KeyToObs(65), 2);
-  EXPECT_EQ(setup.KeyToObs(66), -1);
+  EXPECT_EQ(setup.KeyToObs(keys::F5), 1);
+  EXPECT_EQ(setup.KeyToObs('A'), 2);
+  EXPECT_EQ(setup.KeyToObs('B'), -1);
 }
 
 TEST_F(Loading, LeavesOutCodeZeroAndItemsThatAreGoneAndErasesAKeyThatMayCarryNothing) {
-  Add({.id = 1, .keyCode = 113});
-  Add({.id = 2, .position = 2, .keyCode = 66});
+  Add({.id = 1, .keyCode = keys::F2});
+  Add({.id = 2, .position = 2, .keyCode = 'B'});
   Add({.id = 3, .position = 3}, 0);
   Add({.id = 4, .position = 4});
   Run("DELETE FROM Observations WHERE ObsParID=4");
@@ -41,9 +43,9 @@ TEST_F(Loading, LeavesOutCodeZeroAndItemsThatAreGoneAndErasesAKeyThatMayCarryNot
 }
 
 TEST_F(Loading, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
-  Add({.id = 1, .dataType = 2, .keyCode = 65, .mode = 3, .keying = 2});
+  Add({.id = 1, .dataType = 2, .keyCode = 'A', .mode = 3, .keying = 2});
   Run("UPDATE Observations SET RegModeCode=NULL, KeyingCode=70000, DataType=NULL");
-  Run("UPDATE Setups SET KeyCode=4294967361"); // 65 in its lower half
+  Run("UPDATE Setups SET KeyCode=4294967361"); // 'A' in its lower half
   setup.Load_TestSetup();
   const ClassObservation& obs = setup.Observations(1);
   EXPECT_EQ((std::vector<int>{static_cast<int>(obs.RegModeCode), obs.KeyingCode, static_cast<int>(obs.DataTypeID),
@@ -53,25 +55,25 @@ TEST_F(Loading, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
 }
 
 TEST_F(Loading, LetsTwoRowsKeepOneKeyAndTheLaterRuleUntilAnotherSetupIsChosen) {
-  Add({.id = 1, .keyCode = 65});
-  Add({.id = 2, .position = 2, .keyCode = 65});
+  Add({.id = 1, .keyCode = 'A'});
+  Add({.id = 2, .position = 2, .keyCode = 'A'});
   setup.Load_TestSetup();
-  EXPECT_EQ(setup.Observations(1).KeyCode(), 65);
-  EXPECT_EQ(setup.KeyToObs(65), 2);
+  EXPECT_EQ(setup.Observations(1).KeyCode(), 'A');
+  EXPECT_EQ(setup.KeyToObs('A'), 2);
   state.TestSetupID = 2;
   setup.Load_TestSetup();
   EXPECT_EQ(setup.ObsCount(), 0);
-  EXPECT_EQ(setup.KeyToObs(65), -1);
+  EXPECT_EQ(setup.KeyToObs('A'), -1);
   EXPECT_FALSE(setup.Has(1));
 }
 
 TEST_F(Loading, StoresAnAssignedKeyOfThisSetupOnly) {
-  Add({.id = 1, .keyCode = 65});
-  Add({.id = 2, .position = 2, .keyCode = 66});
+  Add({.id = 1, .keyCode = 'A'});
+  Add({.id = 2, .position = 2, .keyCode = 'B'});
   Run("INSERT INTO Setups(SetupID,ObsParID,KeyCode) VALUES(2,2,70)");
   setup.Load_TestSetup();
-  setup.Store_SetupKey(107, 2);
-  setup.Store_SetupKey(108, 3); // no such entry
+  setup.Store_SetupKey(keys::PadPlus, 2);
+  setup.Store_SetupKey(keys::PadSeparator, 3); // no such entry
   EXPECT_EQ(StoredKeys(), "65\n107\n70\n");
 }
 
@@ -95,7 +97,7 @@ TEST_F(Vocabulary, TellsOfADatabaseWithoutTablesAndIsEmptyWithoutIt) {
   EXPECT_FALSE(database.ObsDB);
   setup.Load_TestSetup();
   EXPECT_EQ(setup.ObsCount(), 0);
-  setup.Store_SetupKey(65, 1);
+  setup.Store_SetupKey('A', 1);
 }
 
 } // namespace trekor::tests

@@ -3,6 +3,7 @@
 
 #include "setup/TestSetup.h"
 #include "support/Places.h"
+#include "values/KeyCodes.h"
 
 #include <algorithm>
 
@@ -33,18 +34,18 @@ TEST(SampleVocabulary, LoadsEachSetupWithAValidKeyOfItsOwnForEachItem) {
   std::set<std::int64_t> used;
   for (setups->MoveFirst(); !setups->Eof(); setups->MoveNext()) {
     SCOPED_TRACE(setups->Get("SetupName").Text());
-    std::set<std::int64_t> keys;
+    std::set<std::int64_t> taken;
     std::int64_t place = 0;
     const auto rows = LoadSetup(*database, setups->Get("SetupID").Text());
     for (; rows && !rows->Eof(); rows->MoveNext()) {
       SCOPED_TRACE(rows->Get("ObsNameDisp").Text());
       EXPECT_EQ(rows->Get("GridPosition").Integer(), ++place);
       EXPECT_TRUE(Valid_KeyCode(static_cast<int>(rows->Get("KeyCode").Integer())));
-      EXPECT_TRUE(keys.insert(rows->Get("KeyCode").Integer()).second);
+      EXPECT_TRUE(taken.insert(rows->Get("KeyCode").Integer()).second);
       used.insert(rows->Get("Setups.ObsParID").Integer());
     }
     EXPECT_GE(place, 10);
-    EXPECT_TRUE(keys.count(32)); // the thumb's key
+    EXPECT_TRUE(taken.count(keys::Space)); // the thumb's key
   }
   EXPECT_EQ(used.size(), static_cast<std::size_t>(database->OpenTable("Observations")->RecordCount()));
 }

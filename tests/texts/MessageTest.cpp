@@ -1,6 +1,7 @@
 #include "texts/MessageCatalogue.h"
 
 #include "TextsFixture.h"
+#include "values/KeyCodes.h"
 
 namespace trekor::tests {
 namespace {
@@ -60,7 +61,7 @@ TEST_F(MessageTest, AMessageTakesThePlaceOfTheOneThatIsUp) {
 
 TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
   const std::string closed = "401 No file, closed";
-  for (int key : {32, 115, 27, 13}) {
+  for (int key : {keys::Space, keys::F4, keys::Esc, keys::Enter}) {
     EXPECT_EQ(Show(401, [&] { EXPECT_TRUE(messages.form.OnKeyDown(key, 0)); }), closed) << key;
     EXPECT_EQ(Show(401, [&] { EXPECT_TRUE(messages.form.MessageText.Press(key, 0)); }), closed) << key;
   }

@@ -10,7 +10,7 @@ namespace {
 // Where the toolkit and Windows differ: the pad with NumLock on, with a decimal comma too, and off; signs of the plain
 // keyboard that are not those of the pad; the extra key of European boards, which is neither the comma's shifted sign
 // nor the British backslash; shifted digits, by the key's number whatever the language (a Danish Shift+7 is "/"), by
-// the sign without it.
+// the sign without it. Codes stand here as numbers, since databases hold those.
 TEST(KeyCodesTest, AKeyIsKnownByItsPlaceAndNotByItsSign) {
   const std::tuple<int, bool, unsigned, int> cases[] = {
       {Qt::Key_Z, false, 44, 90},        {Qt::Key_F24, false, 194, 135},  {Qt::Key_Backtab, false, 15, 9},
