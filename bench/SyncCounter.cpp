@@ -66,7 +66,7 @@ int DeviceCharacteristics(sqlite3_file* f) {
 }
 
 // Version 1 knows no shared memory: an exclusively held file needs none, and no other is measured here.
-constexpr sqlite3_io_methods methods = {1,
+constexpr sqlite3_io_methods Methods = {1,
                                         Close,
                                         Read,
                                         Write,
@@ -94,7 +94,7 @@ int OpenCounted(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, i
   if (!system)
     return SQLITE_CANTOPEN;
   const int result = system->xOpen(system, name, counted->real, flags, outFlags);
-  counted->base.pMethods = counted->real->pMethods ? &methods : nullptr;
+  counted->base.pMethods = counted->real->pMethods ? &Methods : nullptr;
   return result;
 }
 

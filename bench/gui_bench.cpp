@@ -143,7 +143,7 @@ std::vector<double> Times(int count, int mostPause, const std::function<void(int
 }
 
 void Keys() {
-  constexpr int Few = 200, Many = 2000;
+  constexpr int few = 200, many = 2000;
   tests::FakeDrives drives;
   QtShell shell(drives);
   GridForm form;
@@ -171,11 +171,11 @@ void Keys() {
   QTest::qWait(300);
   form.tick.SetRunning(true);
   const auto ourKeys = Times(
-      Few, 60, [&](int) { QTest::sendKeyEvent(QTest::Press, window, Qt::Key_A, QString("a"), {}); }, watch.painted);
+      few, 60, [&](int) { QTest::sendKeyEvent(QTest::Press, window, Qt::Key_A, QString("a"), {}); }, watch.painted);
   form.tick.SetRunning(false);
-  const auto ourCells = Times(Many, 0, write, watch.painted);
+  const auto ourCells = Times(many, 0, write, watch.painted);
   const auto ourRows = Times(
-      Many, 0,
+      many, 0,
       [&](int) {
         form.grid.SetRedraw(false);
         form.grid.AddItem("0.100 to 0.200", HeadRows);
@@ -203,12 +203,12 @@ void Keys() {
   QTest::qWait(300);
   tick.start(Beat);
   const auto bareKeys = Times(
-      Few, 60, [&](int) { QTest::sendKeyEvent(QTest::Press, bare.windowHandle(), Qt::Key_A, QString("a"), {}); },
+      few, 60, [&](int) { QTest::sendKeyEvent(QTest::Press, bare.windowHandle(), Qt::Key_A, QString("a"), {}); },
       bare.painted);
   tick.stop();
-  const auto bareCells = Times(Many, 0, bareWrite, bare.painted);
+  const auto bareCells = Times(many, 0, bareWrite, bare.painted);
   const auto bareRows = Times(
-      Many, 0, [&](int) { bare.NewRow(); }, bare.painted);
+      many, 0, [&](int) { bare.NewRow(); }, bare.painted);
   Tell("key behind the tick", SpreadOf(ourKeys), SpreadOf(bareKeys), "ms");
   Tell("cell and bar", SpreadOf(ourCells), SpreadOf(bareCells), "ms");
   Tell("new row", SpreadOf(ourRows), SpreadOf(bareRows), "ms");
@@ -271,9 +271,9 @@ void Processes(const QString& self, const QString& trekor) {
     floor.push_back(Child(self, {"--empty"}, drives.path()).MillisecondsToPicture());
   }
   Tell("start to first picture", SpreadOf(ours), SpreadOf(floor), "ms");
-  constexpr int Seconds = 15;
-  const double idle = Child(trekor, line, drives.path()).ShareOfACore(Seconds);
-  const double bare = Child(self, {"--empty"}, drives.path()).ShareOfACore(Seconds);
+  constexpr int seconds = 15;
+  const double idle = Child(trekor, line, drives.path()).ShareOfACore(seconds);
+  const double bare = Child(self, {"--empty"}, drives.path()).ShareOfACore(seconds);
   Tell("idle", {idle, idle}, {bare, bare}, "% of a core");
 }
 

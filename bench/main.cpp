@@ -15,7 +15,7 @@ struct Measurement {
 
 using namespace trekor::bench;
 
-constexpr Measurement measurements[] = {
+constexpr Measurement Measurements[] = {
     {"store", RunStore, "FILE ROWS"},
     {"storefloor", RunStoreFloor, "FILE ROWS"},
     {"storeratio", RunStoreRatio, "ROWS"},
@@ -27,7 +27,7 @@ constexpr Measurement measurements[] = {
 
 void Usage(std::FILE* out) {
   std::fputs("usage:\n", out);
-  for (const Measurement& each : measurements)
+  for (const Measurement& each : Measurements)
     std::fprintf(out, "  trekor-bench %s %s\n", each.name.data(), each.words);
 }
 
@@ -43,7 +43,7 @@ int main(int argc, char** argv) {
     Usage(stdout);
     return 0;
   }
-  for (const Measurement& each : measurements)
+  for (const Measurement& each : Measurements)
     if (each.name == wanted)
       return each.run(argc - 2, argv + 2);
   Usage(stderr);

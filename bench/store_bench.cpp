@@ -23,8 +23,8 @@ namespace {
 namespace fs = std::filesystem;
 using Clock = std::chrono::steady_clock;
 
-constexpr int registrationsPerRow = 20;
-constexpr LocalTime rowTime = {2024, 5, 6, 7, 8, 9};
+constexpr int RegistrationsPerRow = 20;
+constexpr LocalTime RowTime = {2024, 5, 6, 7, 8, 9};
 
 // A file that is there gets the rows behind its own; a missing one is made from the released layout.
 bool MakeDataFile(const std::string& path) {
@@ -58,7 +58,7 @@ public:
   bool StoreRow(int row) override {
     NewStation station;
     station.FileStation = KilometresOfRow(row);
-    station.Time = rowTime;
+    station.Time = RowTime;
     station.fix = {.GpsTime = 123456,
                    .GpsLatitude = 55.5 + row * 1e-6,
                    .GpsLongitude = 12.25 + row * 1e-6,
@@ -68,7 +68,7 @@ public:
     files.BeginRow();
     const std::int32_t from = last;
     last = files.AddStation(station);
-    for (int i = 0; i < registrationsPerRow; ++i)
+    for (int i = 0; i < RegistrationsPerRow; ++i)
       files.AddRegistration(from, last, i + 1, 0, "3");
     return files.EndRow();
   }
@@ -105,7 +105,7 @@ public:
     stored = StoreStation(row) && stored;
     const sqlite3_int64 from = last;
     last = sqlite3_last_insert_rowid(db);
-    for (int i = 0; i < registrationsPerRow; ++i)
+    for (int i = 0; i < RegistrationsPerRow; ++i)
       stored = StoreRegistration(from, i + 1) && stored;
     return Run(commit) && stored;
   }

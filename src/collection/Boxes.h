@@ -10,10 +10,9 @@ namespace trekor {
 
 class Boxes {
 public:
-  Boxes(const StepControls& controls, StepBoxes& stepBoxes, const RunStage& stage, cSendKeys& SendKeysObject,
+  Boxes(const StepControls& controls, StepBoxes& stepBoxes, const RunStage& stage, cSendKeys& sendKeys,
         const CommandLineFlags& command)
-      : controls(controls), stepBoxes(stepBoxes), stage(stage), SendKeysObject(SendKeysObject),
-        Language(command.Language) {}
+      : controls(controls), stepBoxes(stepBoxes), stage(stage), SendKeysObject(sendKeys), Language(command.Language) {}
   void Wire();
 
 private:

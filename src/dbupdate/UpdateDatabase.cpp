@@ -13,7 +13,7 @@ namespace trekor {
 
 namespace {
 
-constexpr char locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
+constexpr char Locale[] = ";LANGID=0x0409;CP=1252;COUNTRY=0";
 constexpr double CopyPauseSeconds = 0.5; // until a virus scanner or a slow share has closed the file
 
 // The files of one update, as paths of the program.
@@ -73,7 +73,7 @@ void Update::InstallMissing() {
   if (platform.drives.FileExists(names.templateFile))
     platform.drives.CopyFile(names.templateFile, names.working);
   else
-    Database::Create(platform.drives.NativePath(names.working), locale);
+    Database::Create(platform.drives.NativePath(names.working), Locale);
 }
 
 void Update::Refuse(const std::string& text, const std::string& path) {

@@ -188,8 +188,8 @@ TEST_F(Focus, NothingIsTypedTurnedOrUnlockedWhileAStartWaits) {
 
 TEST_F(Focus, APromptGivesWhatWasTypedAtEnterAndTabAloneElseWhatItAskedWith) {
   using keys::Enter, keys::Tab;
-  constexpr int CloseBox = 0;
-  for (const int key : {Enter, Tab, Esc, F4, CloseBox}) {
+  constexpr int closeBox = 0;
+  for (const int key : {Enter, Tab, Esc, F4, closeBox}) {
     SCOPED_TRACE(key);
     const std::string old = "old " + std::to_string(key);
     setup.Observations(Note).SetDefault(old);
@@ -197,7 +197,7 @@ TEST_F(Focus, APromptGivesWhatWasTypedAtEnterAndTabAloneElseWhatItAskedWith) {
       auto& box = dynamic_cast<PromptForm&>(prompt).txtBox;
       EXPECT_EQ(prompt.ActiveControl, &box);
       box.Type(std::string(300, 'x'));
-      key == CloseBox ? prompt.OnQueryUnload() : prompt.OnKeyDown(key, 0);
+      key == closeBox ? prompt.OnQueryUnload() : prompt.OnKeyDown(key, 0);
       EXPECT_FALSE(prompt.Shown);
     };
     const bool takes = key == Enter || key == Tab; // as many characters as a field of the file holds

@@ -52,23 +52,23 @@ TEST_F(RoadSteps, ADoubleClickOnABoxSendsAltAndThenDown) {
 
 TEST_F(RoadSteps, DirectionTurnsByPictureAndKeysUntilAFileFixesIt) {
   using keys::Down, keys::Up;
-  constexpr int Shift = 1;
-  Key(Up, Shift); // increasing already
+  constexpr int shift = 1;
+  Key(Up, shift); // increasing already
   EXPECT_TRUE(state.position.DmiIncreasing);
   Key(Down); // no modifier
   EXPECT_TRUE(state.position.DmiIncreasing);
-  Key(Down, Shift);
+  Key(Down, shift);
   EXPECT_FALSE(state.position.DmiIncreasing);
   EXPECT_EQ(form.DmiDirLabel.Caption() + form.UpDnPicture.Picture(), "0DNICON");
-  Key(Up, Shift);
+  Key(Up, shift);
   EXPECT_EQ(Sent(), (Texts{"SET DMI  0 -1  0", "SET DMI  0 1  0"}));
   OpenFile();
   StartFromLink(1.0);
   Press(F4);
-  Key(Down, Shift);
+  Key(Down, shift);
   EXPECT_TRUE(state.position.DmiIncreasing) << "fixed for the life of the session";
   CloseFile();
-  Key(Down, Shift);
+  Key(Down, shift);
   EXPECT_FALSE(state.position.DmiIncreasing);
 }
 

@@ -19,10 +19,10 @@ TEST(DriveTest, ReadsASettingsAndEventsInOrderOfTime) {
       << reason.toStdString();
   EXPECT_EQ(std::vector({drive.startKm, drive.speed, drive.pace}), std::vector({10.05, 80.0, 2.5}));
   EXPECT_FALSE(drive.increasing);
-  const QString Actions[] = {"send ", "key ", "speed ", "wait ", "window ", "picture ", "end "};
+  const QString actions[] = {"send ", "key ", "speed ", "wait ", "window ", "picture ", "end "};
   QString events;
   for (const Event& e : drive.events)
-    events += Actions[static_cast<int>(e.action)] + e.text + "|";
+    events += actions[static_cast<int>(e.action)] + e.text + "|";
   EXPECT_EQ(events, "key F5|send CTRL SUSPEND|wait ACK  Trekor|end |");
 }
 

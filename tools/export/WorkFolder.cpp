@@ -10,7 +10,7 @@ namespace fs = std::filesystem;
 
 namespace {
 
-constexpr char nameBegin[] = ".trekor-export-";
+constexpr char NameBegin[] = ".trekor-export-";
 constexpr std::chrono::hours LongestUse(24); // for one data file, on whatever machine
 
 } // namespace
@@ -20,7 +20,7 @@ void ClearLeftWorkFolders(const fs::path& in) {
   const auto left = fs::file_time_type::clock::now() - LongestUse;
   for (fs::directory_iterator i(in, failed), end; !failed && i != end; i.increment(failed)) {
     std::error_code stays;
-    const bool ours = i->path().filename().u8string().starts_with(fs::path(nameBegin).u8string());
+    const bool ours = i->path().filename().u8string().starts_with(fs::path(NameBegin).u8string());
     if (ours && i->symlink_status(stays).type() == fs::file_type::directory && i->last_write_time(stays) < left &&
         !stays)
       fs::remove_all(i->path(), stays);
@@ -31,7 +31,7 @@ void ClearLeftWorkFolders(const fs::path& in) {
 WorkFolder::WorkFolder(const fs::path& in) {
   std::random_device number;
   do
-    path = in / (nameBegin + std::to_string(number()));
+    path = in / (NameBegin + std::to_string(number()));
   while (!fs::create_directory(path, error) && !error);
 }
 
