@@ -17,16 +17,6 @@ std::string Control::FullName() const {
   return index < 0 ? name : name + "(" + std::to_string(index) + ")";
 }
 
-void Control::Move(int left, int top, int width, int height) {
-  if (left == Left && top == Top && width == Width && height == Height)
-    return;
-  Left = left;
-  Top = top;
-  Width = width;
-  Height = height;
-  Tell(Change::Geometry);
-}
-
 void Control::SetContainer(Control* frame) {
   Put(Container, frame, Change::Geometry);
 }

@@ -1,10 +1,12 @@
 // The base of all control models. A form is a list of named controls: a database sets their looks, a view shows them,
-// the logic listens to them. Geometry is in twips, 1440 to the inch, 15 to a pixel at 96 dots an inch.
+// the logic listens to them.
 //
 // There are two ways to write. Set... is the program writing: the model changes and the view follows. The operator's
 // acts come in through verbs (Type, Click, Select, Press ...), which store them and raise the control's handler.
 // Whether a write by the program raises the handler too is the same for a whole kind and said above it.
 #pragma once
+
+#include "forms/Visual.h"
 
 #include <string>
 #include <utility>
@@ -13,25 +15,6 @@ namespace trekor {
 
 class Form;
 class Control;
-
-// What has changed, as the listener is told.
-enum class Change {
-  Caption,
-  Text,
-  Value,
-  Enabled,
-  Visible,
-  ToolTip,
-  Geometry,
-  List,      // the entries of a list, tabs, buttons
-  Selection, // ListIndex, selected tab, selected text, current cell
-  Picture,
-  Colour,
-  Font,
-  Focus,    // the program has given this control the focus
-  Interval, // timers: interval or enabled
-  Cells,    // grids: see Grid::TakeChanges
-};
 
 class ControlListener {
 public:
@@ -73,7 +56,7 @@ struct Font {
   bool operator==(const Font&) const = default;
 };
 
-class Control {
+class Control : public Visual {
 public:
   // Registers itself with the form, which must outlive it, in the order of declaration. `index` is -1 for a control
   // that is no element of an array.
@@ -89,8 +72,6 @@ public:
   // "Texts(7)" for an element of an array, else the name.
   std::string FullName() const;
 
-  int Left = 0, Top = 0, Width = 0, Height = 0; // twips within the container; write through Move
-  void Move(int left, int top, int width, int height);
   // The frame that holds this control; null for the form itself. Once a view may listen, write through SetContainer,
   // which is told as Geometry.
   Control* Container = nullptr;
@@ -114,14 +95,7 @@ public:
   ControlListener* Listener() const { return listener; }
 
 protected:
-  void Tell(Change what);
-  // Writes a property: when it is another value, the member takes it and the listener is told.
-  template <class Value> void Put(Value& member, Value value, Change what) {
-    if (member == value)
-      return;
-    member = std::move(value);
-    Tell(what);
-  }
+  void Tell(Change what) override;
 
 private:
   friend class Form;

@@ -27,16 +27,6 @@ void Form::SetCaption(std::string text) {
   Put(caption, std::move(text), Change::Caption);
 }
 
-void Form::Move(int left, int top, int width, int height) {
-  if (left == Left && top == Top && width == Width && height == Height)
-    return;
-  Left = left;
-  Top = top;
-  Width = width;
-  Height = height;
-  Tell(Change::Geometry);
-}
-
 void Form::SetFont(Font f) {
   Put(FontOf, std::move(f), Change::Font);
 }

@@ -11,7 +11,7 @@ namespace trekor {
 
 enum class WindowStates { Normal, Minimised, Maximised };
 
-class Form {
+class Form : public Visual {
 public:
   explicit Form(std::string name);
   virtual ~Form();
@@ -25,9 +25,6 @@ public:
 
   const std::string& Caption() const { return caption; }
   void SetCaption(std::string text);
-  // Twips; Height is the inside, without the title bar. Write through Move.
-  int Left = 0, Top = 0, Width = 0, Height = 0;
-  void Move(int left, int top, int width, int height);
   int MinWidth = 0, MinHeight = 0; // the window can't be made smaller; set before it is first shown
   std::string Tag;
   Font FontOf; // write through SetFont
@@ -78,14 +75,7 @@ public:
 
 private:
   friend class Control;
-  void Tell(Change what);
-  // Writes a property: when it is another value, the member takes it and the listener is told.
-  template <class Value> void Put(Value& member, Value value, Change what) {
-    if (member == value)
-      return;
-    member = std::move(value);
-    Tell(what);
-  }
+  void Tell(Change what) override;
   void Register(Control& control);
   void Forget(Control& control);
   void HandOverFocus(const Control& from);
