@@ -5,6 +5,7 @@
 #include "values/Text.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace trekor {
@@ -13,6 +14,25 @@ namespace {
 constexpr double FeetPerMile = 5280, YardsPerMile = 1760, InchesPerFoot = 12;
 
 enum Units { Km, Metre, Mile, MileFeet, Feet, Yards, Inch, StnFeet, StnMetre };
+
+// How many of a unit make one kilometre, as factors that are applied from left to right, in both directions: another
+// order, or their product, changes the last digits, which data files hold.
+using Factors = std::array<double, 3>;
+constexpr std::array<Factors, 9> UnitsPerKm{{
+    {1, 1, 1},
+    {1000, 1, 1},
+    {MilesPerKm, 1, 1},
+    {}, // miles and feet are no multiple
+    {FeetPerMile, MilesPerKm, 1},
+    {YardsPerMile, MilesPerKm, 1},
+    {FeetPerMile, InchesPerFoot, MilesPerKm},
+    {FeetPerMile, MilesPerKm, 1},
+    {1000, 1, 1},
+}};
+
+const Factors* FactorsOf(int unit) {
+  return unit >= Km && unit <= StnMetre ? &UnitsPerKm[static_cast<std::size_t>(unit)] : nullptr;
+}
 
 // 12.3456 is 12 miles and 3456 feet.
 double MileFeetToKm(double v) {
@@ -80,52 +100,19 @@ double Station::FiledValue() const {
 double Station::StationToKm(double v, int unit) {
   if (v == NaN)
     return v;
-  switch (unit) {
-  case Km:
-    return v;
-  case Metre:
-  case StnMetre:
-    return v / 1000;
-  case Mile:
-    return v / MilesPerKm;
-  case MileFeet:
+  if (unit == MileFeet)
     return MileFeetToKm(v);
-  case Feet:
-  case StnFeet:
-    return v / FeetPerMile / MilesPerKm;
-  case Yards:
-    return v / YardsPerMile / MilesPerKm;
-  case Inch:
-    return v / FeetPerMile / InchesPerFoot / MilesPerKm;
-  default:
-    return 0;
-  }
+  const Factors* factors = FactorsOf(unit);
+  return factors ? v / (*factors)[0] / (*factors)[1] / (*factors)[2] : 0;
 }
 
-// Multiplied from left to right: another order changes the last digits, which data files hold.
 double Station::KmToStation(double v, int unit) {
   if (v == NaN)
     return v;
-  switch (unit) {
-  case Km:
-    return v;
-  case Metre:
-  case StnMetre:
-    return v * 1000;
-  case Mile:
-    return v * MilesPerKm;
-  case MileFeet:
+  if (unit == MileFeet)
     return KmToMileFeet(v);
-  case Feet:
-  case StnFeet:
-    return v * FeetPerMile * MilesPerKm;
-  case Yards:
-    return v * YardsPerMile * MilesPerKm;
-  case Inch:
-    return v * FeetPerMile * InchesPerFoot * MilesPerKm;
-  default:
-    return 0;
-  }
+  const Factors* factors = FactorsOf(unit);
+  return factors ? v * (*factors)[0] * (*factors)[1] * (*factors)[2] : 0;
 }
 
 double Station::ToInternal(double x) const {
