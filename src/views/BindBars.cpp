@@ -1,5 +1,6 @@
 // Bindings of what lies around the controls or is not seen: tabs, tool bar, status bar, menus, timers, image lists.
 #include "views/Binding.h"
+#include "views/PaintedBinding.h"
 #include "views/Theme.h"
 #include "views/Twips.h"
 
@@ -150,17 +151,13 @@ private:
   int hover = -1, pressed = -1;
 };
 
-class BarBinding : public Binding {
+class BarBinding : public PaintedBinding<ToolBar, BarWidget> {
 public:
-  BarBinding(ToolBar& c, BindingPlace& p) : Binding(c, p), bar(c) {}
+  using PaintedBinding::PaintedBinding;
 
 private:
-  QWidget* Make(QWidget* parent) override { return new BarWidget(bar, place.Pictures(), parent); }
   // Always along the upper edge, as wide as the form.
   QRect Place() const override { return {0, 0, Pixels(place.Model().Width), Pixels(control.Height)}; }
-  void Follow(Change) override { widget->update(); }
-  void FollowAll() override {}
-  ToolBar& bar;
 };
 
 class StatusBinding : public Binding {

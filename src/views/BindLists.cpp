@@ -2,6 +2,7 @@
 #include "views/Binding.h"
 #include "views/GridView.h"
 #include "views/KeyGridView.h"
+#include "views/PaintedBinding.h"
 #include "views/Theme.h"
 
 #include <QComboBox>
@@ -18,6 +19,14 @@ namespace trekor {
 
 namespace {
 
+// Entries are only ever added at the end, or all taken away.
+template <class Box, class Model> void TakeEntries(Box& box, const Model& list) {
+  if (box.count() > list.ListCount() || list.ListCount() == 0)
+    box.clear();
+  for (int i = box.count(); i < list.ListCount(); ++i)
+    box.addItem(Q(list.List(i)));
+}
+
 class ComboBinding : public Binding {
 public:
   ComboBinding(ComboBox& c, BindingPlace& p) : Binding(c, p), combo(c) {}
@@ -31,19 +40,11 @@ private:
     connect(box, &QComboBox::editTextChanged, this, [this](const QString& t) { combo.SetText(t.toStdString()); });
     return box;
   }
-  // Entries are only ever added at the end, or all taken away.
-  void FollowList() {
-    if (box->count() > combo.ListCount() || combo.ListCount() == 0)
-      box->clear();
-    for (int i = box->count(); i < combo.ListCount(); ++i)
-      box->addItem(Q(combo.List(i)));
-    Follow(Change::Selection);
-  }
   void Follow(Change what) override {
     const QSignalBlocker quiet(box);
     if (what == Change::List)
-      FollowList();
-    if (what == Change::Selection)
+      TakeEntries(*box, combo);
+    if (what == Change::List || what == Change::Selection)
       box->setCurrentIndex(combo.ListIndex());
     if (what == Change::Text && box->isEditable() && box->currentText() != Q(combo.Text()))
       box->setEditText(Q(combo.Text()));
@@ -97,18 +98,11 @@ private:
     connect(box, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) { list.DblClick(box->row(i)); });
     return box;
   }
-  void FollowList() {
-    if (box->count() > list.ListCount() || list.ListCount() == 0)
-      box->clear();
-    for (int i = box->count(); i < list.ListCount(); ++i)
-      box->addItem(Q(list.List(i)));
-    Follow(Change::Selection);
-  }
   void Follow(Change what) override {
     const QSignalBlocker quiet(box);
     if (what == Change::List)
-      FollowList();
-    if (what != Change::Selection)
+      TakeEntries(*box, list);
+    if (what != Change::List && what != Change::Selection)
       return;
     box->setCurrentRow(list.ListIndex(), QItemSelectionModel::NoUpdate);
     for (int i = 0; i < box->count(); ++i)
@@ -191,17 +185,6 @@ private:
   PictureStore& pictures;
 };
 
-class ImageBinding : public Binding {
-public:
-  ImageBinding(Image& c, BindingPlace& p) : Binding(c, p), image(c) {}
-
-private:
-  QWidget* Make(QWidget* parent) override { return new PictureWidget(image, place.Pictures(), parent); }
-  void Follow(Change) override { widget->update(); }
-  void FollowAll() override {}
-  Image& image;
-};
-
 // The two key pictures are grids that are drawn as keyboards.
 bool IsKeyGrid(const Grid& grid) {
   return grid.Name().starts_with("fxgKey");
@@ -241,7 +224,7 @@ std::unique_ptr<Binding> Bind(Frame& c, BindingPlace& p) {
   return std::make_unique<FrameBinding>(c, p);
 }
 std::unique_ptr<Binding> Bind(Image& c, BindingPlace& p) {
-  return std::make_unique<ImageBinding>(c, p);
+  return std::make_unique<PaintedBinding<Image, PictureWidget>>(c, p);
 }
 std::unique_ptr<Binding> Bind(Grid& c, BindingPlace& p) {
   return std::make_unique<GridBinding>(c, p);

@@ -73,15 +73,21 @@ private:
   Clickable<QLabel>* shown = nullptr;
 };
 
+// The widget of a text box.
+template <class Widget> Clickable<Widget>* MakeEdit(TextBox& box, QWidget* parent) {
+  auto* edit = new Clickable<Widget>(parent);
+  edit->click = [&box] { box.Click(); };
+  edit->doubleClick = [&box] { box.DblClick(); };
+  return edit;
+}
+
 class LineBinding : public Binding {
 public:
   LineBinding(TextBox& c, BindingPlace& p) : Binding(c, p), box(c) {}
 
 private:
   QWidget* Make(QWidget* parent) override {
-    edit = new Clickable<QLineEdit>(parent);
-    edit->click = [this] { box.Click(); };
-    edit->doubleClick = [this] { box.DblClick(); };
+    edit = MakeEdit<QLineEdit>(box, parent);
     connect(edit, &QLineEdit::textEdited, this, [this](const QString& t) { box.Type(t.toStdString()); });
     connect(edit, &QLineEdit::selectionChanged, this, [this] { ReadSelection(); });
     connect(edit, &QLineEdit::cursorPositionChanged, this, [this] { ReadSelection(); });
@@ -118,9 +124,7 @@ public:
 
 private:
   QWidget* Make(QWidget* parent) override {
-    edit = new Clickable<QPlainTextEdit>(parent);
-    edit->click = [this] { box.Click(); };
-    edit->doubleClick = [this] { box.DblClick(); };
+    edit = MakeEdit<QPlainTextEdit>(box, parent);
     edit->setTabChangesFocus(true);
     connect(edit, &QPlainTextEdit::textChanged, this, [this] { box.Type(edit->toPlainText().toStdString()); });
     return edit;
@@ -142,15 +146,24 @@ private:
   Clickable<QPlainTextEdit>* edit = nullptr;
 };
 
-class CheckBinding : public Binding {
+void ShowValue(QCheckBox& button, const CheckBox& check) {
+  button.setCheckState(check.Value() == 0 ? Qt::Unchecked : check.Value() == 1 ? Qt::Checked : Qt::PartiallyChecked);
+}
+void ShowValue(QRadioButton& button, const OptionButton& option) {
+  button.setChecked(option.Value());
+}
+
+// A check box or an option.
+template <class Sort, class Button> class ToggleBinding : public Binding {
 public:
-  CheckBinding(CheckBox& c, BindingPlace& p) : Binding(c, p), check(c) {}
+  ToggleBinding(Sort& c, BindingPlace& p) : Binding(c, p), model(c) {}
 
 private:
   QWidget* Make(QWidget* parent) override {
-    button = new QCheckBox(parent);
-    connect(button, &QCheckBox::clicked, this, [this] {
-      check.Click();
+    button = new Button(parent);
+    button->setAutoExclusive(false); // the model clears the others of its group
+    connect(button, &Button::clicked, this, [this] {
+      model.Click();
       Follow(Change::Value); // what the model made of it
     });
     return button;
@@ -158,47 +171,16 @@ private:
   void Follow(Change what) override {
     const QSignalBlocker quiet(button);
     if (what == Change::Caption)
-      button->setText(Q(check.Caption()));
+      button->setText(Q(model.Caption()));
     if (what == Change::Value)
-      button->setCheckState(check.Value() == 0   ? Qt::Unchecked
-                            : check.Value() == 1 ? Qt::Checked
-                                                 : Qt::PartiallyChecked);
+      ShowValue(*button, model);
   }
   void FollowAll() override {
     Follow(Change::Caption);
     Follow(Change::Value);
   }
-  CheckBox& check;
-  QCheckBox* button = nullptr;
-};
-
-class OptionBinding : public Binding {
-public:
-  OptionBinding(OptionButton& c, BindingPlace& p) : Binding(c, p), option(c) {}
-
-private:
-  QWidget* Make(QWidget* parent) override {
-    button = new QRadioButton(parent);
-    button->setAutoExclusive(false); // the model clears the others of its group
-    connect(button, &QRadioButton::clicked, this, [this] {
-      option.Click();
-      Follow(Change::Value);
-    });
-    return button;
-  }
-  void Follow(Change what) override {
-    const QSignalBlocker quiet(button);
-    if (what == Change::Caption)
-      button->setText(Q(option.Caption()));
-    if (what == Change::Value)
-      button->setChecked(option.Value());
-  }
-  void FollowAll() override {
-    Follow(Change::Caption);
-    Follow(Change::Value);
-  }
-  OptionButton& option;
-  QRadioButton* button = nullptr;
+  Sort& model;
+  Button* button = nullptr;
 };
 
 class ButtonBinding : public Binding {
@@ -233,10 +215,10 @@ std::unique_ptr<Binding> Bind(TextBox& c, BindingPlace& p) {
 }
 
 std::unique_ptr<Binding> Bind(CheckBox& c, BindingPlace& p) {
-  return std::make_unique<CheckBinding>(c, p);
+  return std::make_unique<ToggleBinding<CheckBox, QCheckBox>>(c, p);
 }
 std::unique_ptr<Binding> Bind(OptionButton& c, BindingPlace& p) {
-  return std::make_unique<OptionBinding>(c, p);
+  return std::make_unique<ToggleBinding<OptionButton, QRadioButton>>(c, p);
 }
 std::unique_ptr<Binding> Bind(CommandButton& c, BindingPlace& p) {
   return std::make_unique<ButtonBinding>(c, p);
