@@ -43,26 +43,27 @@ bool GridEditing::EditEventCell(int obs) {
 
 bool GridEditing::EditNumberCell(int obs) {
   const auto answer = asking.Ask_Number(obs);
-  if (stage.Ending())
+  if (!TakeAnswer(answer))
     return false;
-  if (answer.empty()) {
-    RemoveCurrentRow();
-    return false;
-  }
   Asking::TakeNumber(grid.setup.Observations(obs), answer);
   return true;
 }
 
 bool GridEditing::EditTextCell(int obs) {
   const auto answer = asking.Ask_Text(obs);
-  if (stage.Ending())
+  if (!TakeAnswer(answer))
     return false;
-  if (answer.empty()) {
-    RemoveCurrentRow();
-    return false;
-  }
   grid.setup.Observations(obs).SetDefault(answer);
   return true;
+}
+
+// An emptied answer takes the row away.
+bool GridEditing::TakeAnswer(const std::string& answer) {
+  if (stage.Ending())
+    return false;
+  if (answer.empty())
+    RemoveCurrentRow();
+  return !answer.empty();
 }
 
 } // namespace trekor

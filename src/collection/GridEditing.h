@@ -23,6 +23,7 @@ private:
   bool EditEventCell(int obs);
   bool EditNumberCell(int obs);
   bool EditTextCell(int obs);
+  bool TakeAnswer(const std::string& answer);
 
   RunGrid& grid;
   GridValues& values;
