@@ -100,18 +100,30 @@ private:
   bool value = false;
 };
 
+// What the kinds with a list of entries share.
+class ListControl : public Control {
+public:
+  void AddItem(std::string entry);
+  int ListCount() const { return static_cast<int>(items.size()); }
+  const std::string& List(int i) const;     // "" where no entry is
+  int ListIndex() const { return current; } // -1: none
+
+protected:
+  using Control::Control;
+  void Empty();
+  bool HasEntry(int i) const;
+  std::vector<std::string> items;
+  int current = -1;
+};
+
 // A drop-down list; the list of drives is one. Click is raised by the operator's choice and by code that sets another
 // ListIndex.
-class ComboBox : public Control {
+class ComboBox : public ListControl {
 public:
   ComboBox(Form& owner, std::string name, int index = -1, Kind kind = Kind::ComboBox)
-      : Control(owner, kind, std::move(name), index) {}
+      : ListControl(owner, kind, std::move(name), index) {}
   bool DropDownList = true; // false: the text can be typed
   void Clear();
-  void AddItem(std::string text);
-  int ListCount() const { return static_cast<int>(items.size()); }
-  const std::string& List(int i) const;
-  int ListIndex() const { return selected; } // -1: none
   void SetListIndex(int i);
   const std::string& Text() const;
   void SetText(std::string t); // any text when it can be typed, else chooses the entry of that text, if any
@@ -120,22 +132,15 @@ public:
 
 private:
   void Choose(int i);
-  std::vector<std::string> items;
-  int selected = -1;
   std::string text;
 };
 
-// A list with one selected entry. Click is raised by the operator and by code that sets another ListIndex.
+// A list with one selected entry. Click is the operator's.
 // Folder and file lists are lists too: their kind tells how they are stored, the logic fills them.
-class ListBox : public Control {
+class ListBox : public ListControl {
 public:
-  ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : Control(owner, kind, std::move(name)) {}
-  void Clear();
-  void AddItem(std::string text);
-  int ListCount() const { return static_cast<int>(items.size()); }
-  const std::string& List(int i) const;
-  int ListIndex() const { return current; }
-  void SetListIndex(int i);
+  ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : ListControl(owner, kind, std::move(name)) {}
+  void Clear() { Empty(); }
   void Select(int i);   // the operator's click
   void DblClick(int i); // and double click
   bool Press(int keyCode, int shift);
@@ -143,8 +148,7 @@ public:
   KeyHandler OnKeyDown;
 
 private:
-  std::vector<std::string> items;
-  int current = -1;
+  void Choose(int i);
 };
 
 // Click is the operator's.
@@ -219,7 +223,6 @@ public:
   void Add(Button button);
   int Count() const { return static_cast<int>(buttons.size()); }
   const Button& Buttons(int i) const { return buttons.at(static_cast<std::size_t>(i)); }
-  bool ButtonEnabled(const std::string& key) const;
   void SetButtonEnabled(const std::string& key, bool on);
   void SetButtonTip(int i, std::string tip);
   void ClickButton(const std::string& key);

@@ -7,31 +7,39 @@
 
 namespace trekor {
 
-void ComboBox::Clear() {
+void ListControl::Empty() {
   items.clear();
-  selected = -1;
-  text.clear();
+  current = -1;
   Tell(Change::List);
 }
 
-void ComboBox::AddItem(std::string entry) {
+void ListControl::AddItem(std::string entry) {
   items.push_back(std::move(entry));
   Tell(Change::List);
 }
 
-const std::string& ComboBox::List(int i) const {
-  return Has(items, i) ? At(items, i) : Nothing;
+const std::string& ListControl::List(int i) const {
+  return HasEntry(i) ? At(items, i) : Nothing;
+}
+
+bool ListControl::HasEntry(int i) const {
+  return Has(items, i);
+}
+
+void ComboBox::Clear() {
+  text.clear();
+  Empty();
 }
 
 void ComboBox::Choose(int i) {
-  selected = i;
+  current = i;
   text = List(i);
   Tell(Change::Selection);
   Raise(OnClick);
 }
 
 void ComboBox::SetListIndex(int i) {
-  if (i != selected && (i == -1 || Has(items, i)))
+  if (i != current && (i == -1 || HasEntry(i)))
     Choose(i);
 }
 
@@ -49,53 +57,33 @@ void ComboBox::SetText(std::string t) {
   }
   if (t == text)
     return;
-  selected = -1;
+  current = -1;
   text = std::move(t);
   Tell(Change::Text);
   Raise(OnChange);
 }
 
 void ComboBox::Select(int i) {
-  if (Enabled() && Has(items, i))
+  if (Enabled() && HasEntry(i))
     Choose(i);
 }
 
-void ListBox::Clear() {
-  items.clear();
-  current = -1;
-  Tell(Change::List);
-}
-
-void ListBox::AddItem(std::string text) {
-  items.push_back(std::move(text));
-  Tell(Change::List);
-}
-
-const std::string& ListBox::List(int i) const {
-  return Has(items, i) ? At(items, i) : Nothing;
-}
-
-void ListBox::SetListIndex(int i) {
-  if (i == current || (i != -1 && !Has(items, i)))
-    return;
+void ListBox::Choose(int i) {
   current = i;
   Tell(Change::Selection);
-  Raise(OnClick);
 }
 
 void ListBox::Select(int i) {
-  if (!Enabled() || !Has(items, i))
+  if (!Enabled() || !HasEntry(i))
     return;
-  current = i;
-  Tell(Change::Selection);
+  Choose(i);
   Raise(OnClick);
 }
 
 void ListBox::DblClick(int i) {
-  if (!Enabled() || !Has(items, i))
+  if (!Enabled() || !HasEntry(i))
     return;
-  current = i;
-  Tell(Change::Selection);
+  Choose(i);
   Raise(OnDblClick);
 }
 
@@ -143,11 +131,6 @@ ToolBar::Button* ToolBar::Find(const std::string& key) {
   const auto place =
       std::find_if(buttons.begin(), buttons.end(), [&](const Button& b) { return SameName(b.Key, key); });
   return place == buttons.end() ? nullptr : &*place;
-}
-
-bool ToolBar::ButtonEnabled(const std::string& key) const {
-  return std::any_of(buttons.begin(), buttons.end(),
-                     [&](const Button& b) { return b.Enabled && SameName(b.Key, key); });
 }
 
 void ToolBar::SetButtonEnabled(const std::string& key, bool on) {

@@ -142,7 +142,7 @@ void DriveRunner::TellForm() {
           ", station " + shown(form.Texts6, form.Texts6.Text()) + " step " + shown(form.Texts7, form.Texts7.Text()) +
           " previous " + form.Texts8.Text() + " " + shown(form.UpDnPicture, form.UpDnPicture.Picture()) + ", " +
           shown(form.cboTestSetupNames, form.cboTestSetupNames.Text()) + ", " + shown(form.mnuFile, "file") +
-          (form.tbControlBar.ButtonEnabled("play") ? " play" : "") + (fakes.keyboard.numLock ? " numlock" : "") +
+          (form.tbControlBar.Buttons(0).Enabled ? " play" : "") + (fakes.keyboard.numLock ? " numlock" : "") +
           (form.Grid.Top == form.tbControlBar.Height ? " wide" : "") + (form.IdleTimer.Running() ? "" : " at rest") +
           (front == nullptr ? ""
            : front->Shown   ? " asking"

@@ -160,7 +160,7 @@ TEST_F(BindingsTest, AListChoosesNothingUntilItIsClicked) {
   QTest::mouseRelease(box->viewport(), Qt::LeftButton, Qt::NoModifier, first);
   EXPECT_EQ(opened, 0);
   EXPECT_EQ(form.Raised(), 1) << "by the first click";
-  form.list.SetListIndex(2);
+  form.list.Select(2);
   EXPECT_EQ(Marks(box), "..x");
   EXPECT_EQ(form.Raised(), 1);
   form.list.Clear();
