@@ -176,9 +176,9 @@ void Grid::SetMergeCol(int c, bool on) {
 }
 
 void Grid::SetRow(int r) {
-  if (!Has(rows, r) || (r == row && r == rowSel))
+  if (!Has(rows, r) || r == row)
     return;
-  row = rowSel = r;
+  row = r;
   NoteSelection();
 }
 
@@ -186,13 +186,6 @@ void Grid::SetCol(int c) {
   if (c < 0 || c >= columns || (c == col && c == colSel))
     return;
   col = colSel = c;
-  NoteSelection();
-}
-
-void Grid::SetRowSel(int r) {
-  if (!Has(rows, r) || r == rowSel)
-    return;
-  rowSel = r;
   NoteSelection();
 }
 
@@ -266,9 +259,8 @@ void Grid::TellIfDrawn() {
 
 void Grid::KeepSelectionInside() {
   const int lastRow = std::max(Rows() - 1, 0), lastCol = std::max(columns - 1, 0);
-  const bool outside = row > lastRow || rowSel > lastRow || col > lastCol || colSel > lastCol;
+  const bool outside = row > lastRow || col > lastCol || colSel > lastCol;
   row = std::min(row, lastRow);
-  rowSel = std::min(rowSel, lastRow);
   col = std::min(col, lastCol);
   colSel = std::min(colSel, lastCol);
   pending.selection |= outside;

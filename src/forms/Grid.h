@@ -57,15 +57,13 @@ public:
   bool MergeCol(int col) const;
   void SetMergeCol(int col, bool on);
 
-  // The current cell and the other end of the selection. Code moves it without raising anything.
+  // The current cell, and the column where the selection ends. Code moves it without raising anything.
   int Row() const { return row; }
   int Col() const { return col; }
-  int RowSel() const { return rowSel; }
   int ColSel() const { return colSel; }
   void SetRow(int r);
   void SetCol(int c);
   void SetColSel(int c);
-  void SetRowSel(int r);
   // Selection marks: whether the selection is painted, and whether the operator may move it.
   bool SelectionMarks() const { return marks; }
   void SetSelectionMarks(bool on);
@@ -126,7 +124,7 @@ private:
   std::vector<int> colWidths;
   std::vector<Align> colAlign;
   std::vector<bool> colMerged;
-  int row = 0, col = 0, rowSel = 0, colSel = 0;
+  int row = 0, col = 0, colSel = 0;
   bool marks = false, redraw = true, untold = false;
   Changes pending;
 };

@@ -15,7 +15,6 @@ public:
   // shape's tables.
   QueryCursor(Engine& onEngine, const Shape& ofShape, const std::string& sql);
 
-  bool Bof() const override { return held.empty(); }
   bool Eof() const override { return at >= held.size(); }
   void MoveFirst() override;
   void MoveNext() override;

@@ -19,10 +19,6 @@ bool Recordset::Seek(const FieldValue& key) {
   return parts->cursor->Seek(key);
 }
 
-bool Recordset::Bof() const {
-  return parts->cursor->Bof();
-}
-
 bool Recordset::Eof() const {
   return parts->cursor->Eof();
 }

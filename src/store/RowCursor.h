@@ -43,7 +43,6 @@ public:
   RowCursor(const RowCursor&) = delete;
   RowCursor& operator=(const RowCursor&) = delete;
 
-  virtual bool Bof() const = 0;
   virtual bool Eof() const = 0;
   virtual void MoveFirst() = 0;
   virtual void MoveNext() = 0;

@@ -15,7 +15,6 @@ public:
   // `shape` belongs to the recordset and lives longer; its columns are the fields of its only table, in order.
   TableCursor(Engine& onEngine, const Shape& ofShape);
 
-  bool Bof() const override { return state == State::Empty; }
   bool Eof() const override { return state == State::Empty || state == State::End; }
   void MoveFirst() override;
   void MoveNext() override;

@@ -213,8 +213,7 @@ int GridView::FirstEqual(int row, int col) const {
 }
 
 bool GridView::Chosen(int row) const {
-  const int low = std::min(grid.Row(), grid.RowSel()), high = std::max(grid.Row(), grid.RowSel());
-  return grid.SelectionMarks() && row >= low && row <= high && row >= grid.FixedRows();
+  return grid.SelectionMarks() && row == grid.Row() && row >= grid.FixedRows();
 }
 
 void GridView::PaintCell(QPainter& p, int row, int first, int last) {
