@@ -146,19 +146,20 @@ bool DataFiles::OpenDataFile(OpenMode mode) {
 
 void DataFiles::BeginRow() {
   const Positions& at = state.position;
-  before = {state.file.StationID, at.StationMinimum.Default(), at.StationMaximum.Default()};
-  if (database)
-    database->Begin();
+  const bool together = database && database->Begin();
+  before = {state.file.StationID, at.StationMinimum.Default(), at.StationMaximum.Default(), together};
 }
 
 // A full disk shows as missing rows: the grid row that didn't get through is dropped whole, and the last stored station
-// is the one before it again.
+// is the one before it again. Rows that could not be held together went in one by one and stay: better some of them
+// than none. Their station tells whether the grid row is in the file.
 bool DataFiles::EndRow() {
   if (!database)
     return false;
-  const bool stored = database->Commit();
+  const bool stored = before.together ? database->Commit() : state.file.StationID != before.station;
   if (!stored) {
-    database->Rollback();
+    if (before.together)
+      database->Rollback();
     state.file.StationID = before.station;
     state.position.StationMinimum.SetDefault(before.lowest);
     state.position.StationMaximum.SetDefault(before.highest);

@@ -54,7 +54,7 @@ public:
   void AddRegistration(std::int32_t fromID, std::int32_t toID, int obsCode, int parCode, const std::string& regData);
   // Around the rows of one flushed grid row: they reach the disk together, with one synchronisation.
   void BeginRow();
-  bool EndRow(); // false: nothing of the row was stored
+  bool EndRow(); // false: no station of the row was stored
 
 private:
   std::string PathOfNames() const;
@@ -71,10 +71,11 @@ private:
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
   std::string openPath, openName; // DataPath and DataName of the open file; the link names the next one over them
-  // StationID and the session's limits when the row began.
+  // StationID and the session's limits when the row began, and whether its rows are one transaction.
   struct {
     std::int32_t station = 0;
     double lowest = 0, highest = 0; // km
+    bool together = false;
   } before;
   // Places of the fields that every row sets, looked up when the file is opened.
   std::vector<int> stationPlaces, registrationPlaces;

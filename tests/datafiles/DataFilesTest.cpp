@@ -232,6 +232,26 @@ TEST(DataFiles, WhatCannotBeStoredLeavesTheNumbersOfTheOpenFile) {
   EXPECT_EQ(job.Ask("SELECT StationMin, StationMax FROM Sessions"), "10|20") << "limits of what is in the file";
 }
 
+// An open transaction refuses another one, so that each row is on its own.
+TEST(DataFiles, RowsThatCannotBeHeldTogetherAreStoredOneByOne) {
+  Job job;
+  ASSERT_TRUE(job.Create("ROAD01"));
+  Database& file = *job.files.database;
+  ASSERT_TRUE(file.Execute("BEGIN"));
+  job.files.BeginRow();
+  EXPECT_EQ(job.Step("10"), 1);
+  job.Value(1, 1, 17, "2");
+  EXPECT_TRUE(job.files.EndRow());
+  EXPECT_EQ(job.state.file.StationID, 1);
+  ASSERT_TRUE(file.Execute("CREATE TRIGGER no BEFORE INSERT ON Stations BEGIN SELECT RAISE(ABORT, 'no'); END"));
+  job.files.BeginRow();
+  EXPECT_EQ(job.Step("20"), 1);
+  EXPECT_FALSE(job.files.EndRow());
+  EXPECT_EQ(job.state.position.StationMaximum.Default(), 10) << "of what is in the file";
+  ASSERT_TRUE(file.Execute("COMMIT"));
+  EXPECT_EQ(job.Ask("SELECT Station, RegData FROM Stations JOIN Registrations ON ToID=StationID"), "10|2");
+}
+
 TEST(DataFiles, GoesOnWithoutAFile) {
   Job job;
   job.files.BeginRow();
