@@ -8,7 +8,6 @@
 namespace trekor {
 
 namespace {
-constexpr int SpaceBar = 32;
 constexpr int FrameWidth = 15; // twips
 
 // A look that was stored too small is made larger, too.
@@ -109,7 +108,7 @@ std::string KeyPictures::KeyText(int code) const {
 }
 
 std::string KeyPictures::KeyCaption(int code) const {
-  return code < 0 || code == SpaceBar ? NoCaption : KeyText(code);
+  return code < 0 || code == keys::Space ? NoCaption : KeyText(code);
 }
 
 void KeyPictures::mnuViewKeyBoard_Click() {

@@ -4,8 +4,6 @@
 
 namespace trekor {
 
-namespace {} // namespace
-
 bool Storing::CreateFile() {
   if (!dataFiles.CreateDataFile(setup))
     return false;

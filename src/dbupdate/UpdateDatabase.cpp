@@ -148,7 +148,7 @@ bool IsCurrent(const DbVersion& released, const DbVersion& working) {
   return released.Major <= working.Major && released.Minor <= working.Minor;
 }
 
-// The working file is there and of the template's version when all goes well; otherwise the operator has been told.
+// The working file is there and no older than the template's when all goes well; otherwise the operator has been told.
 void Update::BringUp() {
   InstallMissing();
   const auto released = VersionOf(names.templateFile, OpenMode::ReadOnly);
