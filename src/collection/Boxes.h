@@ -25,7 +25,7 @@ private:
   const RunStage& stage;
   cSendKeys& SendKeysObject;
   const std::string& Language;
-  int FocusIndex = -1;   // the box of Texts that has the focus; kept, read by nothing yet
+  int FocusIndex = -1;   // the box of Texts that has the focus; kept as state of the form, read by nothing yet
   char32_t national = 0; // the letter of the key that is being pressed, 0 for none
 };
 

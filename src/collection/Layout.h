@@ -17,7 +17,8 @@ public:
   void Resize();
   void CoverTabs();
   void UncoverTabs();
-  // One step of the curtain that slides the grid to its place. Nothing turns that timer on: the grid is moved at once.
+  // One step of the curtain that slides the grid to its place. Kept switched off: nothing turns that timer on, the grid
+  // is moved at once.
   void TimerCurtain_Timer();
 
 private:

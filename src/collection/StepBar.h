@@ -13,7 +13,7 @@ public:
       : position(position), stage(stage), values(values), feedback(feedback) {}
 
   void RefreshStepBar();
-  // Would sound "slowdown" at the end of a step; nothing calls it.
+  // Would sound "slowdown" at the end of a step. Kept unconnected, as the sound is loaded: nothing calls it.
   void Check_SlowDown(int col);
 
 private:

@@ -18,9 +18,9 @@ public:
   // Asks for box 6, 7 or 8 of Texts. An emptied prompt changes nothing and sends nothing; Esc answers with the old
   // text, which counts as an answer.
   void EnterHugeNumber(int index);
-  void EnterHugeText(int index);
-  void Validate_Station(); // box 6
-  void Validate_Step();    // box 7
+  void EnterHugeText(int index); // kept for a box of words; all three hold numbers, so nothing calls it
+  void Validate_Station();       // box 6
+  void Validate_Step();          // box 7
   // At the load of the form: writes the box Previous in the operator's unit.
   void ReadPrevious();
   // PREPARE of the link: the station of the start, in kilometres.
@@ -33,7 +33,7 @@ public:
   // Kilometres of a text in the operator's unit; 0 for blank text for a unit code that is none of the operator's.
   double StationTextToKm(const std::string& text) const;
 
-  void SetUnitLabels();
+  void SetUnitLabels(); // with the news to the link; kept for the options form, which is still to come
   void ShowUnitLabel();
   // Picture, label and direction agree afterwards; the label is the one that was stored.
   void LoadDirection();

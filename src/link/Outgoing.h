@@ -9,7 +9,7 @@ namespace trekor {
 
 // "NaN" for NaN; otherwise the decimal text with a leading blank when it is not negative.
 std::string WireNumber(double number);
-std::string WireSingle(float number);
+std::string WireSingle(float number); // kept beside it; no message sends a single yet
 // A whole number as text with a leading blank when it is not negative, as the queries and SET DMI want it.
 std::string WireInteger(long long number);
 

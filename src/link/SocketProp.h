@@ -62,6 +62,7 @@ public:
     std::array<std::string, 33> Words;
     int WordCount = 0;
   };
+  // Kept for words that must outlive their line; the messages of today read SplitViews.
   static WordList Split_Message(std::string_view message);
   // The same without copies: the words lie in the message.
   struct WordViews {

@@ -21,6 +21,8 @@ struct KeyTables {
   std::array<std::int16_t, 202> KeyBoardRow, KeyBoardCol, KeyPadRow, KeyPadCol;
 };
 
+// The pad's Enter is painted on its two cells like other large keys, but no text leads to its code: it never carries an
+// observation. Its painting is kept for the day when it may.
 class ClassKeyBoard {
 public:
   ClassKeyBoard(KeyTables& tables, const TestSetup& setup);

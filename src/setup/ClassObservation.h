@@ -41,7 +41,7 @@ public:
   std::string DefaultText() const { return ObsValueText(present); }
   double DefaultNumber() const { return ObsValueNumber(present); }
 
-  std::string DispText() const;
+  std::string DispText() const; // kept beside FileText for the editors; no cell shows it
   std::string FileText() const;
   void SetDispText(std::string t) { dispText = std::move(t); }
   void SetFileText(std::string t) { fileText = std::move(t); }
@@ -58,6 +58,7 @@ public:
   void SetObsNames(std::string nameDisp, std::string nameFile, std::string abrvDisp, std::string abrvFile);
   void SetObsIcon(std::string key) { obsIcon = std::move(key); }
   // Constants, whatever the database holds: the program shows no parameters, and data files rely on these values.
+  // SetPar keeps what the vocabulary holds of them, a second level of observations that is still unused.
   int ParCode() const { return 0; }
   std::string ParNameDisp() const { return " "; }
   std::string ParNameFile() const { return " "; }
@@ -65,7 +66,7 @@ public:
   std::string ParAbrvFile() const { return " "; }
   std::string ParIcon() const { return "IMGNOICON"; }
   void SetPar(int code, std::string nameDisp, std::string nameFile, std::string abrvDisp, std::string abrvFile,
-              std::string icon); // kept, never returned
+              std::string icon); // never returned
 
   // Mode tests of the collection.
   bool MakesOwnRow() const { return RegModeCode <= RegMode::Point || RegModeCode == RegMode::PointContinues; }

@@ -91,9 +91,9 @@ public:
   bool Commit();
   void Rollback();
 
-  const std::string& LastError() const;
-  const std::string& Path() const; // native
-  sqlite3* Handle() const;         // for this room and its measurements only
+  const std::string& LastError() const; // for tests and for a developer's eye; the program acts on the failure alone
+  const std::string& Path() const;      // native
+  sqlite3* Handle() const;              // for this room and its measurements only
 
 private:
   Database();

@@ -34,12 +34,12 @@ public:
   // none or no index was set; the position then stays.
   bool Seek(const FieldValue& key);
 
-  bool Bof() const;
   bool Eof() const;
   void MoveFirst();
   void MoveNext();
   void MoveLast();
-  // All rows of the recordset, exact also for a sorted join.
+  // All rows of the recordset, exact also for a sorted join. Kept for the editors, with Delete: nothing else counts
+  // rows.
   int RecordCount();
   // Runs the query again (a table is read again) and goes to the first row. False when that fails; a query then keeps
   // the rows that it had.
@@ -74,8 +74,8 @@ public:
   bool Update();
   // Drops the buffer.
   void CancelUpdate();
-  // Deletes the current row, in a join that of the first table. There is no current row then until MoveNext goes to the
-  // next one.
+  // For the editors, which are still to come. Deletes the current row, in a join that of the first table. There is no
+  // current row then until MoveNext goes to the next one.
   bool Delete();
 
 private:

@@ -41,9 +41,9 @@ bool CheckEntry(EntryVariable variable, Field& field, double lowest, double high
   return result.ok;
 }
 
-// When the operator leaves the field; does nothing while `guard` is false. With a wrong entry `returnFocus` sends him
-// back to it, which also lets events run. The guard is false meanwhile: the field that loses the focus again must not
-// be checked again.
+// Kept for the forms of the editors, as TestEntry below. When the operator leaves the field; does nothing while `guard`
+// is false. With a wrong entry `returnFocus` sends him back to it, which also lets events run. The guard is false
+// meanwhile: the field that loses the focus again must not be checked again.
 template <class Field, class ReturnFocus>
 void ValidateEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
                    ReturnFocus returnFocus) {
@@ -54,8 +54,7 @@ void ValidateEntry(EntryVariable variable, Field& field, double lowest, double h
   guard = true;
 }
 
-// One of several fields that are checked together: `error` becomes true when any of them fails. Like ValidateEntry it
-// is for the forms of the editors, which are still to come.
+// One of several fields that are checked together: `error` becomes true when any of them fails.
 template <class Field>
 bool TestEntry(EntryVariable variable, Field& field, double lowest, double highest, bool& guard, bool allowEmpty,
                bool& error) {

@@ -31,7 +31,8 @@ public:
   std::string Text() const;
   virtual std::string FixedText() const;
   void SetText(std::string_view text);
-  // Text in the file's units, "." as decimal mark whatever the locale.
+  // Text in the file's units, "." as decimal mark whatever the locale. Only Station's is read; setting completes the
+  // three dialects.
   std::string FileText() const;
   void SetFileText(std::string_view text);
   // Limits and patterns can be read and set alike, as a value object offers it for every quantity; the classes below

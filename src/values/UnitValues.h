@@ -1,4 +1,5 @@
-// The four quantities with a unit: internal unit, limits, patterns and conversions differ, all else is Numeric's.
+// The four quantities with a unit: internal unit, limits, patterns and conversions differ, all else is Numeric's. They
+// are one family for whoever measures; the run so far only holds a Velocity.
 #pragma once
 
 #include "values/Numeric.h"
