@@ -55,9 +55,8 @@ void Feedback::PlaySystemWave(const std::string& name) {
 }
 
 // System sounds depend on no option and no language.
-void Feedback::PlaySystemSound(int n) {
-  if (n >= 0 && n < 3)
-    PlaySystemWave(SystemSounds[static_cast<std::size_t>(n)]);
+void Feedback::PlaySystemSound(SystemSound which) {
+  PlaySystemWave(SystemSounds[static_cast<std::size_t>(which)]);
 }
 
 // The observation's own word or, when it has none, the digit's.

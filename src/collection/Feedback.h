@@ -13,6 +13,9 @@
 
 namespace trekor {
 
+// In the order of their names in Feedback.
+enum class SystemSound { NewSegment, UndefinedKey, SlowDown };
+
 class Feedback {
 public:
   Feedback(const ProgramState& state, SoundPlayer& sound, Drives& drives, const TestSetup& setup,
@@ -25,7 +28,7 @@ public:
   // when neither has it. Looks into the folders itself, which is too slow for keys.
   bool PlayWave(const std::string& name);
   void PlaySystemWave(const std::string& name);
-  void PlaySystemSound(int n); // 0 newsegment, 1 undefinedkey, 2 slowdown
+  void PlaySystemSound(SystemSound sound);
   // `value` is a digit 0 to 9; for anything else there is no digit sound.
   void PlayObservationSound(int obs, int value);
   void PlayDigitSound(int value);

@@ -34,7 +34,7 @@ void Measurements::LoadControls() {
   for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's table row has no column for its buttons' tips
     form.tbControlBar.SetButtonTip(i, rooms.texts.GetText("T_" + form.tbControlBar.Buttons(i).Key));
   // On and off, as the look of another user's session is stored.
-  form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >= 1);
+  form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >= levels::Administrator);
   // What these open is not built yet.
   for (Menu* entry : {&form.mnuOpen, &form.mnuExport, &form.mnuObsEdit, &form.mnuOptions, &form.mnuMessaging,
                       &form.mnuHelpTopics, &form.mnuAbout})

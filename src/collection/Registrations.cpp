@@ -1,5 +1,6 @@
 #include "collection/Registrations.h"
 
+#include "values/BarPictures.h"
 #include "values/CodePage.h"
 #include "values/KeyCodes.h"
 #include "values/Text.h"
@@ -10,8 +11,7 @@ namespace trekor {
 
 namespace {
 
-constexpr int KeyingTwoKeys = 2;
-constexpr float WaitingPicture = -13;
+constexpr float WaitingPicture = -bars::Waiting; // a bar draws the picture of a negative value
 constexpr int NoDigit = -1;
 
 // 0 to 9 for the digits of the keyboard and of the pad, else -1.
@@ -32,8 +32,8 @@ void Registrations::Register(int key) {
   if (grid.AwaitValue)
     return TakeSecondKey(key);
   if (!FindObservation(key))
-    return feedback.PlaySystemSound(1);
-  if (Current().KeyingCode == KeyingTwoKeys)
+    return feedback.PlaySystemSound(SystemSound::UndefinedKey);
+  if (Current().KeyingCode == Keying::TwoKeys)
     return Arm();
   if (stage.Paused() && Current().MakesOwnRow() && !asking.Ask_EventStation(grid.CurrentObs))
     return;

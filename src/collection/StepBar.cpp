@@ -17,7 +17,7 @@ void StepBar::RefreshStepBar() {
 void StepBar::Check_SlowDown(int col) {
   values.SetBar(col, static_cast<float>(StepPercent()));
   if (values.Bar(col) == 100)
-    feedback.PlaySystemSound(2);
+    feedback.PlaySystemSound(SystemSound::SlowDown);
 }
 
 } // namespace trekor

@@ -139,17 +139,17 @@ double StepBoxes::StationTextToKm(const std::string& text) const {
     return 0;
   const double v = TextToDouble(text);
   switch (state.units.StationUnit) {
-  case 0:
+  case units::Km:
     return v;
-  case 1:
+  case units::Metre:
     return v / 1000;
-  case 2:
+  case units::Mile:
     return v / MilesPerKmOfSteps;
-  case 3:
+  case units::MileFeet:
     return MileFeetToKm(v);
-  case 4:
+  case units::Feet:
     return v / 5280 / MilesPerKmOfSteps;
-  case 5:
+  case units::Yards:
     return v / 1760 / MilesPerKmOfSteps;
   default:
     return 0;

@@ -35,7 +35,7 @@ void Stepping::CrossBoundary() {
 void Stepping::New_Segment() {
   previous.SetText(position.PreviousStation.Text());
   rows.Add_StepRow();
-  feedback.PlaySystemSound(0);
+  feedback.PlaySystemSound(SystemSound::NewSegment);
 }
 
 } // namespace trekor

@@ -6,6 +6,8 @@
 namespace trekor {
 namespace {
 
+constexpr int Degrees = 0; // of GeographicFormat
+
 // Where a minus sign would stand a positive number has a blank, so two blanks follow the word before it.
 std::string Signed(std::string text) {
   return text.starts_with('-') ? text : text.insert(0, 1, ' ');
@@ -34,7 +36,7 @@ std::string WireInteger(long long number) {
 // SET UNITS SI KM DEG
 // FILE UNITS SI KM
 void SendUnits(const ProgramState& state, SocketProp& socket) {
-  const bool degrees = state.options.GeographicFormat == 0; // the other formats have words that are never sent
+  const bool degrees = state.options.GeographicFormat == Degrees; // the other formats have words that are never sent
   socket.SendData("SET UNITS" + UnitWords(state.units.UnitsUS, state.units.StationUnit) + (degrees ? " DEG" : ""));
   socket.WaitSeconds(0.3);
   socket.SendData("FILE UNITS" + UnitWords(state.units.FileUnitsUS, state.units.FileStationUnit));

@@ -13,7 +13,7 @@ namespace {
 
 constexpr int LongestUser = 32; // characters
 // KM to YARDS, and the three formats of coordinates; both count from 0.
-constexpr int LastStationUnit = 5, LastGeographicFormat = 2;
+constexpr int LastStationUnit = units::Yards, LastGeographicFormat = 2;
 
 // Reads fields of the row; one that is missing, null or beyond its range leaves its value as it was.
 class FieldReader {

@@ -76,7 +76,7 @@ void TakeOperator(ProgramState& state, std::string_view name) {
   if (name != "Veldmarker")
     return;
   state.people.OperatorName = "Veldmark";
-  state.run.UserLevel = 9;
+  state.run.UserLevel = levels::Developer;
 }
 
 constexpr std::size_t LongestPath = 260; // longer ones are garbage, and each level of one would be a nested call

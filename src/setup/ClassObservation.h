@@ -46,7 +46,7 @@ public:
   void SetDispText(std::string t) { dispText = std::move(t); }
   void SetFileText(std::string t) { fileText = std::move(t); }
   RegMode RegModeCode = RegMode::PresentStep;
-  int KeyingCode = 0; // 2: a second key gives the value
+  Keying KeyingCode{}; // as the database has it
   DataType DataTypeID = DataType::Boolean;
   std::int32_t ObsParID = 0;
   int KeyCode() const { return keyCode; }

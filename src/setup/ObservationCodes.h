@@ -17,6 +17,9 @@ enum class RegMode : int {
   PointContinues = 3, // a row of its own, and holds until it is changed
 };
 
+// How a key is used. Only the second has a word: for every other number the key alone acts.
+enum class Keying : int { TwoKeys = 2 };
+
 // Values that a column's bar shows.
 constexpr bool HasBar(DataType type) {
   return type == DataType::Boolean || type == DataType::Integer || type == DataType::Float;

@@ -1,13 +1,13 @@
 #include "setup/ParBar.h"
 
+#include "values/BarPictures.h"
+
 #include <algorithm>
 #include <cmath>
 
 namespace trekor {
 
 namespace {
-
-constexpr int PictureFull = 10, PictureOff = 11, PictureOn = 12, PictureLast = 13;
 
 // The picture asked for by a negative number, ties to even; -1 when it is far beyond the last one or not a number.
 int RequestedPicture(float v) {
@@ -46,17 +46,17 @@ void ParBar::SetMax(float v) {
 // All in singles: 0.225 of 0.5 is then 4.5 tenths, and not slightly less.
 int ParBar::BarPicture() const {
   if (twoState)
-    return member != 0 ? PictureOn : PictureOff;
+    return member != 0 ? bars::On : bars::Off;
   float fraction = highest == lowest ? 0 : (member - lowest) / (highest - lowest);
   if (!std::isfinite(highest - lowest)) // an item "without limits" has a scale that is longer than any single
     fraction = (member / 2 - lowest / 2) / (highest / 2 - lowest / 2);
-  return std::isfinite(fraction) ? static_cast<int>(std::floor(fraction * 10 + 0.5F)) : 0;
+  return std::isfinite(fraction) ? static_cast<int>(std::floor(fraction * bars::Full + 0.5F)) : 0;
 }
 
 // In the selected column and in the step bar only the scale is drawn: the other pictures leave the old one there until
 // the next value. Operators are used to the difference.
 void ParBar::Draw(int picture) {
-  const int last = col == 0 || col == selectedColumn ? PictureFull : PictureLast;
+  const int last = col == 0 || col == selectedColumn ? bars::Full : bars::Last;
   if (picture >= 0 && picture <= last)
     grid.SetCellPicture(row, col, PictureKey(picture));
 }

@@ -1,5 +1,5 @@
 // The value bar of a grid column: shows how far the value stands between its limits. It sets the picture of its cell,
-// "BAR:0" to "BAR:13": 0 to 10 tenths of the scale, 11 off, 12 on, 13 waiting for its value.
+// "BAR:0" to "BAR:13" (values/BarPictures.h).
 #pragma once
 
 #include "forms/Grid.h"

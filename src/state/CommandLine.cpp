@@ -40,7 +40,8 @@ void ReadUserLevel(std::string_view line, RunFlags& run) {
     const char* name;
     int level;
   };
-  for (const Level& l : {Level{"/UO", -1}, Level{"/US", 0}, Level{"/UA", 1}, Level{"/UD", 9}})
+  for (const Level& l : {Level{"/UO", levels::Operator}, Level{"/US", levels::User},
+                         Level{"/UA", levels::Administrator}, Level{"/UD", levels::Developer}})
     if (HasSwitch(line, l.name))
       run.UserLevel = l.level;
 }
@@ -65,7 +66,7 @@ void SetDefaults(CommandLineFlags& flags, RunFlags& run) {
   flags.FormEditOff = false;
   flags.CmdDrive.clear();
   flags.CmdR = false;
-  run.UserLevel = 0;
+  run.UserLevel = levels::User;
   run.Simulator = false;
 }
 
@@ -83,7 +84,7 @@ bool ReadCommandLine(std::string_view whole, CommandLineFlags& flags, RunFlags& 
   ReadBValue(line, flags);
   run.Simulator = HasSwitch(line, "/S");
   flags.CmdKlv7 = HasSwitch(line, "/KLV7");
-  flags.FormEditOff = HasSwitch(line, "/F") && run.UserLevel < 1;
+  flags.FormEditOff = HasSwitch(line, "/F") && run.UserLevel < levels::Administrator;
   flags.CmdX = HasSwitch(line, "/X");
   flags.CmdR = flags.CmdKlv7 || HasSwitch(line, "/R"); // the one switch brings the other with it
   ReadLanguage(line, flags);

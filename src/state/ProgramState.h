@@ -35,12 +35,17 @@ struct CommandLineFlags {
 
 enum class RunStates { Idle, Running, Paused };
 
+// Who sits at the program, by the switches of the command line. From Administrator on forms can be edited.
+namespace levels {
+constexpr int Operator = -1, User = 0, Administrator = 1, Developer = 9;
+}
+
 struct RunFlags {
   RunStates RunState = RunStates::Idle; // written by the run alone
   bool FromLink = false;                // an incoming message is being carried out
   bool DmiReceived = false;             // set by the first "DMI", ends the simulation
   bool Simulator = false;
-  int UserLevel = 0; // -1, 0, 1 or 9
+  int UserLevel = levels::User;
   bool DataFileOpen = false;
 };
 

@@ -42,7 +42,7 @@ std::optional<ControlName> ParseControlName(const std::string& rowName);
 
 // Flag letters of the column Tag.
 constexpr char HeightWithoutCaption = 'C'; // on the row "Me"
-constexpr char DisabledForUsers = 'D';     // for user levels below 1
+constexpr char DisabledForUsers = 'D';     // for user levels below Administrator
 constexpr char HiddenForUsers = 'H';
 bool HasFlag(const std::string& tag, char letter);
 void AddFlag(std::string& tag, char letter);

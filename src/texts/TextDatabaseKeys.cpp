@@ -42,7 +42,8 @@ bool FlagChord(Control& control, int keyCode) {
 
 bool TextDatabase::FormKeyDown(Form& form, int keyCode, int shift) {
   Control* active = form.ActiveControl;
-  if (shift != CtrlShift || state.run.UserLevel < 1 || !active || SameText(active->Name(), AlwaysInReach))
+  if (shift != CtrlShift || state.run.UserLevel < levels::Administrator || !active ||
+      SameText(active->Name(), AlwaysInReach))
     return false;
   return FlagChord(*active, keyCode);
 }

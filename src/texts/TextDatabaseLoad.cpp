@@ -80,7 +80,7 @@ private:
   }
 
   void LockForUsers(Control& control) const {
-    if (state.run.UserLevel >= 1)
+    if (state.run.UserLevel >= levels::Administrator)
       return;
     if (HasFlag(control.Tag(), DisabledForUsers))
       control.SetEnabled(false);

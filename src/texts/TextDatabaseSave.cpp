@@ -81,7 +81,7 @@ WantedRow WantedForControl(const Control& control, int userLevel) {
   }
   row.Tag = control.Tag();
   // What the flag hides from this user stays visible for the next one, who may see it.
-  if (kind.shown && !(userLevel < 1 && HasFlag(control.Tag(), HiddenForUsers)))
+  if (kind.shown && !(userLevel < levels::Administrator && HasFlag(control.Tag(), HiddenForUsers)))
     row.Visible = control.Visible();
   if (kind.value.read)
     row.Value = kind.value.read(control);

@@ -9,7 +9,7 @@ struct Unit {
   const char *word, *shortName, *fileName, *fileCode, *filePattern;
 };
 
-// Stored in files and spoken on the link: fixed.
+// Stored in files and spoken on the link: fixed. In the order of the codes.
 constexpr std::array<Unit, 9> Units = {{
     {"KM", "km", "kilometers", "3", "###0.000"},
     {"M", "meters", "meters", "2", "#######0"},

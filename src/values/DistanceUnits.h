@@ -1,4 +1,4 @@
-// The vocabulary of road distance units, codes 0 to 8 (KM, M, ML, MLFT, FEET, YARDS, INCH, STNFEET, STNM).
+// Road distance units: their codes, and their words for people, on the link and in the comma file.
 #pragma once
 
 #include <optional>
@@ -6,6 +6,11 @@
 #include <string_view>
 
 namespace trekor {
+
+// The codes, as options and data files hold them. A variable may hold others, which are no unit.
+namespace units {
+enum Code : int { Km, Metre, Mile, MileFeet, Feet, Yards, Inch, StnFeet, StnMetre };
+}
 
 constexpr double MilesPerKm = 0.621371192237334;
 
@@ -20,9 +25,9 @@ std::optional<int> UnitCode(std::string_view word);
 struct FileUnit {
   std::string FileUnitName, FileUnitCode;
 };
-// For codes 0 to 5 sets both. For any other code the digit becomes "0" and the name keeps what was in it.
+// For the units Km to Yards sets both. For any other code the digit becomes "0" and the name keeps what was in it.
 void FileUnitWord(int fileStationUnit, FileUnit& unit);
-// The digit pattern of a station in the comma file; "" for codes other than 0 to 5.
+// The digit pattern of a station in the comma file; "" for other codes than Km to Yards.
 std::string FileStationPattern(int fileStationUnit);
 
 } // namespace trekor

@@ -13,8 +13,6 @@ namespace {
 
 constexpr double FeetPerMile = 5280, YardsPerMile = 1760, InchesPerFoot = 12;
 
-enum Units { Km, Metre, Mile, MileFeet, Feet, Yards, Inch, StnFeet, StnMetre };
-
 // How many of a unit make one kilometre, as factors that are applied from left to right, in both directions: another
 // order, or their product, changes the last digits, which data files hold.
 using Factors = std::array<double, 3>;
@@ -31,7 +29,7 @@ constexpr std::array<Factors, 9> UnitsPerKm{{
 }};
 
 const Factors* FactorsOf(int unit) {
-  return unit >= Km && unit <= StnMetre ? &UnitsPerKm[static_cast<std::size_t>(unit)] : nullptr;
+  return unit >= units::Km && unit <= units::StnMetre ? &UnitsPerKm[static_cast<std::size_t>(unit)] : nullptr;
 }
 
 // 12.3456 is 12 miles and 3456 feet.
@@ -100,7 +98,7 @@ double Station::FiledValue() const {
 double Station::StationToKm(double v, int unit) {
   if (v == NaN)
     return v;
-  if (unit == MileFeet)
+  if (unit == units::MileFeet)
     return MileFeetToKm(v);
   const Factors* factors = FactorsOf(unit);
   return factors ? v / (*factors)[0] / (*factors)[1] / (*factors)[2] : 0;
@@ -109,7 +107,7 @@ double Station::StationToKm(double v, int unit) {
 double Station::KmToStation(double v, int unit) {
   if (v == NaN)
     return v;
-  if (unit == MileFeet)
+  if (unit == units::MileFeet)
     return KmToMileFeet(v);
   const Factors* factors = FactorsOf(unit);
   return factors ? v * (*factors)[0] * (*factors)[1] * (*factors)[2] : 0;
@@ -130,19 +128,19 @@ double Station::InternalToFile(double x) const {
 
 const std::string* Station::PatternOf(int unit) const {
   switch (unit) {
-  case Km:
-  case Mile:
+  case units::Km:
+  case units::Mile:
     return &PatternSI;
-  case Metre:
-  case Feet:
-  case Yards:
-  case Inch:
+  case units::Metre:
+  case units::Feet:
+  case units::Yards:
+  case units::Inch:
     return &PatternUS;
-  case MileFeet:
+  case units::MileFeet:
     return &PatternMileFeet;
-  case StnFeet:
+  case units::StnFeet:
     return &PatternStnFeet;
-  case StnMetre:
+  case units::StnMetre:
     return &PatternStnMeter;
   default:
     return nullptr;
@@ -151,11 +149,12 @@ const std::string* Station::PatternOf(int unit) const {
 
 std::string Station::FormatText(double number) const {
   const int unit = Settings().StationUnit;
-  const std::string* const pattern = unit == Inch ? &PatternInch : PatternOf(unit); // whole inches in this text only
+  const std::string* const pattern =
+      unit == units::Inch ? &PatternInch : PatternOf(unit); // whole inches in this text only
   if (!pattern)
     return "";
   std::string text = FormatNumber(FromInternal(number), *pattern, Settings().DecimalChar);
-  return unit == StnFeet || unit == StnMetre ? PlusNotation(std::move(text)) : text;
+  return unit == units::StnFeet || unit == units::StnMetre ? PlusNotation(std::move(text)) : text;
 }
 
 std::string Station::Fixed(double x, int unit, char decimal) const {
@@ -163,11 +162,11 @@ std::string Station::Fixed(double x, int unit, char decimal) const {
   if (!pattern)
     return "";
   std::string text = FixedFormat(x, *pattern, decimal);
-  if (unit == StnFeet)
+  if (unit == units::StnFeet)
     return MarkFixed(std::move(text), 4);
   // The mark of a metre station splits thousands here ("01+234.5") and hundreds in Text ("012+34.5"). Kept as it is:
   // texts of both forms exist, and StationDigits reads either.
-  return unit == StnMetre ? MarkFixed(std::move(text), 5) : text;
+  return unit == units::StnMetre ? MarkFixed(std::move(text), 5) : text;
 }
 
 std::string Station::FormatFixed(double number) const {

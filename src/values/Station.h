@@ -1,4 +1,4 @@
-// A position along the road: kilometres inside, nine units outside (the codes of UnitSettings.h). The two station units
+// A position along the road: kilometres inside, nine units outside (units::Code). The two station units
 // have plus notation ("12+34.5"); mile.feet holds miles and feet in one number ("12.3456": 12 miles, 3456 feet).
 #pragma once
 
@@ -28,7 +28,7 @@ private:
   double ParseText(std::string_view text) const override;
   double ParseFile(std::string_view text) const override;
 
-  const std::string* PatternOf(int unit) const; // nothing for a code outside 0 to 8
+  const std::string* PatternOf(int unit) const; // nothing for a code that is no unit
   std::string Fixed(double x, int unit, char decimal) const;
 
   // Fixed, unlike the two of Numeric. A metre station always has five whole digits: 1234.5 m is "012+34.5" in Text.

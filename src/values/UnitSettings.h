@@ -1,11 +1,12 @@
 // Which units the operator sees and which the files hold. Read at every call by the value objects, never cached.
 #pragma once
 
+#include "values/DistanceUnits.h"
+
 namespace trekor {
 
 struct UnitSettings {
-  int StationUnit = 0;     // 0 to 8: KM, M, ML, MLFT, FEET, YARDS, INCH, STNFEET, STNM
-  int FileStationUnit = 0; // the same codes
+  int StationUnit = units::Km, FileStationUnit = units::Km;
   bool UnitsUS = false, FileUnitsUS = false;
   // The exact opposites; one stored flag each, so that the pair cannot disagree.
   bool UnitsSI() const { return !UnitsUS; }

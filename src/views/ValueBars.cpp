@@ -1,5 +1,6 @@
 #include "views/ValueBars.h"
 
+#include "values/BarPictures.h"
 #include "views/Theme.h"
 
 #include <QPainter>
@@ -11,8 +12,6 @@ namespace trekor {
 
 namespace {
 
-constexpr int Tenths = 10;
-
 void Scale(QPainter& p, const QRect& track, int tenths, bool lying) {
   p.setPen(QPen(QColor(theme::Line), 1));
   p.setBrush(QColor(theme::Paper));
@@ -20,9 +19,9 @@ void Scale(QPainter& p, const QRect& track, int tenths, bool lying) {
   const QRect inside = track.adjusted(2, 2, -2, -2);
   QRect filled = inside;
   if (lying)
-    filled.setWidth(inside.width() * tenths / Tenths);
+    filled.setWidth(inside.width() * tenths / bars::Full);
   else
-    filled.setTop(inside.bottom() + 1 - inside.height() * tenths / Tenths);
+    filled.setTop(inside.bottom() + 1 - inside.height() * tenths / bars::Full);
   p.setRenderHint(QPainter::Antialiasing, false); // edges on whole pixels
   p.fillRect(filled, QColor(theme::Accent));
   p.setRenderHint(QPainter::Antialiasing);
@@ -79,11 +78,11 @@ void DrawBar(QPainter& p, const QRect& cell, int number) {
   const bool lying = cell.width() > 2 * cell.height();
   p.save();
   p.setRenderHint(QPainter::Antialiasing);
-  if (number >= 0 && number <= Tenths)
+  if (number >= 0 && number <= bars::Full)
     Scale(p, Track(cell, lying), number, lying);
-  else if (number == 11 || number == 12)
-    Lamp(p, cell, number == 12);
-  else if (number == 13)
+  else if (number == bars::Off || number == bars::On)
+    Lamp(p, cell, number == bars::On);
+  else if (number == bars::Waiting)
     Waiting(p, cell);
   p.restore();
 }

@@ -78,11 +78,11 @@ TEST_F(Sound, AWaveThatComesOrGoesIsNoticedAtTheNextKey) {
   drop("SystemSounds\\newsegment.wav");
   feedback().PlayDigitSound(2); // spoken instead
   feedback().PlayDigitSound(3);
-  feedback().PlaySystemSound(0);
+  feedback().PlaySystemSound(SystemSound::NewSegment);
   Wave("Tones", "D3");
   Wave("SystemSounds", "newsegment");
   feedback().PlayDigitSound(3);
-  feedback().PlaySystemSound(0);
+  feedback().PlaySystemSound(SystemSound::NewSegment);
   EXPECT_EQ(Played(), (Texts{"C:\\Trekor\\Audio\\Danish\\D2.WAV", "C:\\Trekor\\Audio\\Tones\\D3.WAV",
                              "C:\\Trekor\\Audio\\SystemSounds\\newsegment.WAV"}));
 

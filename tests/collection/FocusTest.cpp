@@ -121,7 +121,7 @@ TEST_F(Focus, InARunTheKeysOfEveryWindowAreTheRuns) {
   EXPECT_EQ(State(), RunStates::Idle);
   EXPECT_TRUE(keypad.Shown);
   // In idle its keys go to the shared ones first.
-  state.run.UserLevel = 1;
+  state.run.UserLevel = levels::Administrator;
   keypad.ActiveControl = keypad.Controls().front();
   EXPECT_TRUE(keypad.OnKeyDown('D', 3));
   EXPECT_FALSE(keypad.Controls().front()->Enabled());

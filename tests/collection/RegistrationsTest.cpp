@@ -27,7 +27,7 @@ TEST_F(KeyPresses, ATwoKeyPointInAPauseNeverAsksForTheStation) {
 }
 
 TEST_F(KeyPresses, TheBarOfATextWaitsForItsSecondKeyOnly) {
-  setup.Observations(Surface).KeyingCode = 2;
+  setup.Observations(Surface).KeyingCode = Keying::TwoKeys;
   Press('I');
   EXPECT_EQ(Bar(Surface), "BAR:13");
   Press('W');

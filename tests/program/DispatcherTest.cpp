@@ -132,12 +132,12 @@ TEST_F(DispatcherTest, SetDmiIsForIdleOnly) {
 TEST_F(DispatcherTest, PeopleAndVehicleKeepTheirSpelling) {
   Line("set operator  Jane  Doe ");
   EXPECT_EQ(state.people.OperatorName, "Jane  Doe");
-  EXPECT_EQ(state.run.UserLevel, 0);
+  EXPECT_EQ(state.run.UserLevel, levels::User);
   Line("SET OPERATOR veldmarker");
-  EXPECT_EQ(state.run.UserLevel, 0);
+  EXPECT_EQ(state.run.UserLevel, levels::User);
   Line("SET OPERATOR Veldmarker");
   EXPECT_EQ(state.people.OperatorName, "Veldmark");
-  EXPECT_EQ(state.run.UserLevel, 9);
+  EXPECT_EQ(state.run.UserLevel, levels::Developer);
   Line("SET DRIVER J\xF8rn");
   Line("SET VEHICLE Van 7");
   EXPECT_EQ(state.people.DriverName, "Jørn");

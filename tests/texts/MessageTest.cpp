@@ -70,7 +70,7 @@ TEST_F(MessageTest, FourKeysAndAClickCloseTheForm) {
   EXPECT_EQ(Show(401, [&] { messages.form.MessageNo.Click(); }), closed);
   EXPECT_EQ(Show(401, [&] { EXPECT_FALSE(messages.form.OnQueryUnload()); }), closed);
   EXPECT_TRUE(messages.form.MessageText.ReadOnly);
-  state.run.UserLevel = 1;
+  state.run.UserLevel = levels::Administrator;
   messages.form.ActiveControl = &messages.form.MessageText;
   EXPECT_TRUE(messages.form.OnKeyDown('D', 3)) << "what every form shares";
 }

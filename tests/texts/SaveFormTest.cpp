@@ -129,11 +129,11 @@ TEST_F(TextsTest, AFormWhoseLookIsReadInPartStandsAsItWasBuilt) {
 
 TEST_F(TextsTest, WhatAFlagHidIsNotHiddenForTheNextUser) {
   MakeForm("('lblInfo', 0, 0, 0, 0, NULL, -1, 'H', 'x', '')");
-  state.run.UserLevel = 0;
+  state.run.UserLevel = levels::User;
   texts.LoadFormProperties(form);
   texts.SaveFormProperties(form);
   EXPECT_FALSE(form.lblInfo.Visible());
-  state.run.UserLevel = 1;
+  state.run.UserLevel = levels::Administrator;
   TrialForm again;
   texts.LoadFormProperties(again);
   EXPECT_TRUE(again.lblInfo.Visible());

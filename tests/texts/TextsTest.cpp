@@ -37,7 +37,7 @@ TEST_F(TextsTest, AMissingWorkingFileIsInstalledAndItsVersionKept) {
 constexpr int CtrlShift = 3;
 
 TEST_F(TextsTest, ChordsPutAndBlankTheFlagsOfTheActiveControl) {
-  state.run.UserLevel = 1;
+  state.run.UserLevel = levels::Administrator;
   form.ActiveControl = &form.lblInfo;
   form.lblInfo.SetTag("Q");
   const auto press = [&](const char* keys) {

@@ -1,0 +1,9 @@
+// The pictures of a value bar, by their numbers: 0 to Full tenths of the scale, or the state of a value that has two.
+// The cell of a grid names one as "BAR:" and its number.
+#pragma once
+
+namespace trekor::bars {
+
+constexpr int Full = 10, Off = 11, On = 12, Waiting = 13, Last = Waiting;
+
+} // namespace trekor::bars
