@@ -4,6 +4,7 @@ namespace trekor {
 
 void RunLook::ShowRunning() {
   screen.KeepOn(true);
+  grid.picture.SetKeysWanted(true);
   grid.picture.SetSelectionMarks(false);
   shell.SetFocus(grid.picture);
   shell.BringToFront(grid.picture);
@@ -41,6 +42,7 @@ void RunLook::ShowStopping() {
 
 void RunLook::ShowStopped() {
   screen.KeepOn(false);
+  grid.picture.SetKeysWanted(false);
   status.SetMenusEnabled(true);
 }
 

@@ -84,7 +84,8 @@ struct RunSubjects {
   KeyOrders keyOrders{stage, ring, run, registrations, stepping};
   IdleKeys idleKeys{form, position, run, keyAssignment, rooms.texts};
   FormKeys formKeys{stage, ring, idleKeys, numLock, news};
-  SlowWork slowWork{platform.clock, stage, stepBar, simulation, status};
+  RunMarks runMarks{runGrid, stage, position, ring};
+  SlowWork slowWork{platform.clock, platform.socket, stage, {stepBar, runMarks, simulation, status}};
   Idle idle{form.IdleTimer, stage, keyOrders, gridEditing, slowWork};
 };
 

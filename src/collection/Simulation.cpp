@@ -11,6 +11,7 @@ void Simulation::Move() {
     return;
   Positions& at = state.position;
   at.DmiStation.SetDefault(at.DmiStation.Default() + (at.DmiIncreasing ? SimulatedMove : -SimulatedMove));
+  ++at.Heard;
   news.SendDmi();
   stepping.Check_DMI();
 }

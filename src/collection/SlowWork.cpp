@@ -8,14 +8,15 @@ constexpr double BarMilliseconds = 400, SlowMilliseconds = 800;
 
 void SlowWork::DoWhatIsDue() {
   if (clock.Milliseconds() >= NextBarTime) {
-    stepBar.RefreshStepBar();
+    works.stepBar.RefreshStepBar();
+    works.marks.Refresh(clock.Milliseconds(), socket.State() == SocketState::Connected);
     NextBarTime = clock.Milliseconds() + BarMilliseconds;
   }
   if (clock.Milliseconds() < NextSlowTime)
     return;
-  simulation.Move();
+  works.simulation.Move();
   if (!stage.Ending())
-    status.Refresh();
+    works.status.Refresh();
   NextSlowTime = clock.Milliseconds() + SlowMilliseconds;
 }
 

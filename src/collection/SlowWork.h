@@ -1,8 +1,9 @@
-// What a tick does only now and then: the step bar, and at longer intervals the simulation, the caption and the
-// floating windows.
+// What a tick does only now and then: every 400 ms the step bar and the marks beside it, every 800 ms the simulation,
+// the caption and the floating windows.
 #pragma once
 
 #include "collection/FormStatus.h"
+#include "collection/RunMarks.h"
 #include "collection/RunStage.h"
 #include "collection/Simulation.h"
 #include "collection/StepBar.h"
@@ -12,16 +13,22 @@ namespace trekor {
 
 class SlowWork {
 public:
-  SlowWork(Clock& clock, const RunStage& stage, StepBar& stepBar, Simulation& simulation, FormStatus& status)
-      : clock(clock), stage(stage), stepBar(stepBar), simulation(simulation), status(status) {}
+  // What it does.
+  struct Works {
+    StepBar& stepBar;
+    RunMarks& marks;
+    Simulation& simulation;
+    FormStatus& status;
+  };
+  SlowWork(Clock& clock, Socket& socket, const RunStage& stage, const Works& works)
+      : clock(clock), socket(socket), stage(stage), works(works) {}
   void DoWhatIsDue();
 
 private:
   Clock& clock;
+  Socket& socket;
   const RunStage& stage;
-  StepBar& stepBar;
-  Simulation& simulation;
-  FormStatus& status;
+  Works works;
   double NextBarTime = 0, NextSlowTime = 0; // clock milliseconds
 };
 

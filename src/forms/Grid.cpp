@@ -196,6 +196,13 @@ void Grid::SetColSel(int c) {
   NoteSelection();
 }
 
+void Grid::SetKeysWanted(bool on) {
+  if (keysWanted == on)
+    return;
+  keysWanted = on;
+  NoteSelection();
+}
+
 void Grid::SetSelectionMarks(bool on) {
   if (marks == on)
     return;

@@ -67,6 +67,9 @@ public:
   // Selection marks: whether the selection is painted, and whether the operator may move it.
   bool SelectionMarks() const { return marks; }
   void SetSelectionMarks(bool on);
+  // The operator's keys belong to this grid now: a view says so over all of it when no window of the program gets them.
+  bool KeysWanted() const { return keysWanted; }
+  void SetKeysWanted(bool on);
   void SetRedraw(bool on);
   // Removes all rows but the fixed ones.
   void ClearToFixedRows();
@@ -125,7 +128,7 @@ private:
   std::vector<Align> colAlign;
   std::vector<bool> colMerged;
   int row = 0, col = 0, colSel = 0;
-  bool marks = false, redraw = true, untold = false;
+  bool marks = false, keysWanted = false, redraw = true, untold = false;
   Changes pending;
 };
 

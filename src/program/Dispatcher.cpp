@@ -169,6 +169,7 @@ void Dispatcher::Dispatch(std::string_view line) {
 void Dispatcher::Dmi(std::string_view message) {
   state.position.DmiStation.SetDefault(Val(message));
   state.run.DmiReceived = true;
+  ++state.position.Heard;
   run.stepping.Check_DMI();
 }
 

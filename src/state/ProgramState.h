@@ -57,6 +57,7 @@ struct Positions {
   Station DmiStation;
   bool DmiIncreasing = false;
   int DmiSetValue = 0;   // the first word of SET DMI, sent back as it came
+  unsigned Heard = 0;    // positions of the link or simulated, counted to see whether they still come
   double DmiAtStart = 0; // DmiStation when the run was started
   double NextStepKm = 0, StepKm = 0;
 };

@@ -7,3 +7,10 @@ namespace trekor::bars {
 constexpr int Full = 10, Off = 11, On = 12, Waiting = 13, Last = Waiting;
 
 } // namespace trekor::bars
+
+namespace trekor {
+
+// A cell with this picture has the ground of a warning.
+constexpr const char* AlertMark = "ALERT";
+
+} // namespace trekor

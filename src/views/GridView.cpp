@@ -1,13 +1,16 @@
 #include "views/GridView.h"
 
+#include "values/BarPictures.h"
 #include "views/Theme.h"
 #include "views/ValueBars.h"
 
 #include <QCoreApplication>
+#include <QGuiApplication>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QWindow>
 
 #include <algorithm>
 #include <utility>
@@ -17,6 +20,7 @@ namespace trekor {
 namespace {
 
 const QEvent::Type AbsorbChanges = static_cast<QEvent::Type>(QEvent::registerEventType());
+constexpr int KeysGoneMilliseconds = 400;
 constexpr int MostMoves = 8; // more rows than this at once are drawn anew faster
 constexpr int Padding = 6, HeadPadding = 2;
 constexpr double Smallest = 0.65; // of a heading's size, before it is cut off
@@ -36,6 +40,14 @@ GridView::GridView(Grid& model, PictureStore& store, QWidget* parent)
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // so that rows can be moved as pixels
   viewport()->setAutoFillBackground(false);
+  connect(qGuiApp, &QGuiApplication::focusWindowChanged, this, [this](const QWindow* now) {
+    now ? keysGone.stop() : keysGone.start();
+    if (now)
+      ShowElsewhere(false);
+  });
+  keysGone.setSingleShot(true);
+  keysGone.setInterval(KeysGoneMilliseconds);
+  connect(&keysGone, &QTimer::timeout, this, [this] { ShowElsewhere(grid.KeysWanted()); });
   grid.TakeChanges(); // the first picture shows everything
   Rearrange();
 }
@@ -68,8 +80,13 @@ void GridView::Absorb() {
   else
     Follow(changes);
   overtaken = false;
-  if (changes.selection)
+  if (changes.selection) {
     ShowSelection();
+    if (!grid.KeysWanted())
+      ShowElsewhere(false);
+    else if (!QGuiApplication::focusWindow())
+      keysGone.start();
+  }
 }
 
 // Rows are moved first; a changed cell is then painted where its row is now.
@@ -132,8 +149,26 @@ void GridView::ShowSelection() {
   marked = grid.SelectionMarks();
 }
 
+// The rows stay readable behind it: what was keyed last is asked for just then.
+void GridView::ShowElsewhere(bool away) {
+  if (!away && !elsewhere)
+    return;
+  if (!elsewhere) {
+    elsewhere = new QLabel("The keys go to another program. Click here.", this);
+    elsewhere->setAlignment(Qt::AlignCenter);
+    elsewhere->setWordWrap(true);
+    elsewhere->setAttribute(Qt::WA_TransparentForMouseEvents);
+    elsewhere->setStyleSheet("background: rgba(224, 138, 0, 210); color: black; font-size: 34px; font-weight: bold;");
+  }
+  elsewhere->setGeometry(0, layout.FixedHeight(), width(), std::max(0, height() - layout.FixedHeight()));
+  elsewhere->setVisible(away);
+  elsewhere->raise();
+}
+
 void GridView::resizeEvent(QResizeEvent*) {
   Rearrange();
+  if (elsewhere)
+    ShowElsewhere(elsewhere->isVisible());
 }
 
 void GridView::changeEvent(QEvent* e) {
@@ -230,6 +265,8 @@ void GridView::PaintContent(QPainter& p, int row, int first, int last, const QRe
   const std::string& key = grid.CellPicture(row, first);
   if (const int bar = BarNumber(key); bar >= 0)
     DrawBar(p, cell, bar);
+  else if (key == AlertMark)
+    p.fillRect(cell, QColor(theme::Wait));
   else if (!key.empty()) {
     const int side = std::min(cell.height(), cell.width()) - 6;
     const QPixmap picture = pictures.Scaled(key, side, devicePixelRatioF());

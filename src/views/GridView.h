@@ -9,6 +9,8 @@
 #include "views/PictureStore.h"
 
 #include <QAbstractScrollArea>
+#include <QLabel>
+#include <QTimer>
 
 namespace trekor {
 
@@ -37,6 +39,7 @@ private:
   void Rearrange();
   void SetScrollRanges();
   void ShowSelection();
+  void ShowElsewhere(bool away);
   void PaintRow(QPainter& p, int row, const QRect& area);
   void PaintCell(QPainter& p, int row, int first, int last);
   void PaintContent(QPainter& p, int row, int first, int last, const QRect& cell);
@@ -50,9 +53,11 @@ private:
   PictureStore& pictures;
   GridLayout layout;
   GridDrag drag;
-  bool awaited = false;   // an Absorb is queued
-  bool overtaken = false; // something was painted meanwhile, so the pixels can't be moved
-  bool marked = false;    // selection marks as last painted
+  QLabel* elsewhere = nullptr; // over the rows while the keys of a run go to no window of the program
+  QTimer keysGone;             // a moment, as no window has the keys while they go from one to the next
+  bool awaited = false;        // an Absorb is queued
+  bool overtaken = false;      // something was painted meanwhile, so the pixels can't be moved
+  bool marked = false;         // selection marks as last painted
 };
 
 } // namespace trekor

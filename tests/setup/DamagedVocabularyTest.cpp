@@ -23,8 +23,8 @@ private:
   static void ExpectSound(ClassObservation& obs) {
     ASSERT_LE(obs.Min(), obs.Max());
     ASSERT_TRUE(obs.KeyCode() == -1 || Valid_KeyCode(obs.KeyCode())) << obs.KeyCode();
-    for (const int code :
-         {static_cast<int>(obs.RegModeCode), obs.KeyingCode, static_cast<int>(obs.DataTypeID), obs.ObsCode})
+    for (const int code : {static_cast<int>(obs.RegModeCode), static_cast<int>(obs.KeyingCode),
+                           static_cast<int>(obs.DataTypeID), obs.ObsCode})
       ASSERT_TRUE(code >= -32768 && code <= 32767) << code;
     ASSERT_FALSE((obs.ObsNameDisp() + obs.ObsAbrvFile() + obs.ObsIcon()).empty());
     for (const char* value : {"1E300", "-1E300", "2,5", ""}) {

@@ -17,8 +17,8 @@ TEST_F(Loading, BecomesColumnsInTheOrderOfTheirPlaces) {
   const ClassObservation& first = setup.Observations(1);
   EXPECT_EQ(first.ObsNameFile() + "," + first.ObsAbrvDisp() + "," + first.ObsIcon() + "," + first.ParNameDisp(),
             "Item 9,I9,CRACK.PNG, ");
-  EXPECT_EQ((std::vector<int>{first.ObsParID, first.ObsCode, static_cast<int>(first.RegModeCode), first.KeyingCode,
-                              first.ParCode()}),
+  EXPECT_EQ((std::vector<int>{first.ObsParID, first.ObsCode, static_cast<int>(first.RegModeCode),
+                              static_cast<int>(first.KeyingCode), first.ParCode()}),
             (std::vector<int>{9, 9, 3, 2, 0}))
       << "0: the last one whatever is stored";
   EXPECT_EQ(first.Min() * 100 + first.Max(), 210);
@@ -48,8 +48,8 @@ TEST_F(Loading, LeavesWhatAFieldDoesNotSayAsAnObservationBegins) {
   Run("UPDATE Setups SET KeyCode=4294967361"); // 'A' in its lower half
   setup.Load_TestSetup();
   const ClassObservation& obs = setup.Observations(1);
-  EXPECT_EQ((std::vector<int>{static_cast<int>(obs.RegModeCode), obs.KeyingCode, static_cast<int>(obs.DataTypeID),
-                              obs.KeyCode()}),
+  EXPECT_EQ((std::vector<int>{static_cast<int>(obs.RegModeCode), static_cast<int>(obs.KeyingCode),
+                              static_cast<int>(obs.DataTypeID), obs.KeyCode()}),
             (std::vector<int>{1, 0, 0, -1}));
   EXPECT_EQ(StoredKeys(), "-1\n");
 }

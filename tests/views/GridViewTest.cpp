@@ -6,6 +6,7 @@
 #include "support/FakePlatform.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
@@ -138,6 +139,29 @@ TEST_F(GridViewTest, NothingIsDrawnWhileRedrawIsOff) {
   grid.SetRedraw(true);
   EXPECT_TRUE(ShowsTheWholePicture());
   EXPECT_NE(OnScreen(*view), before);
+}
+
+// Only in a run, and not in the moment between two windows.
+TEST_F(GridViewTest, KeysThatGoElsewhereAreToldOverTheRows) {
+  const auto covered = [this] {
+    const auto* told = view->findChild<QLabel*>();
+    return told && told->isVisible();
+  };
+  const auto keysGoTo = [](QWindow* window) { Q_EMIT qGuiApp->focusWindowChanged(window); };
+  keysGoTo(nullptr);
+  EXPECT_FALSE(QTest::qWaitFor(covered, 600)) << "no run";
+  grid.SetKeysWanted(true);
+  keysGoTo(nullptr);
+  EXPECT_FALSE(covered());
+  keysGoTo(view->windowHandle());
+  keysGoTo(nullptr);
+  EXPECT_TRUE(QTest::qWaitFor(covered, 5000));
+  keysGoTo(view->windowHandle());
+  EXPECT_FALSE(covered());
+  keysGoTo(nullptr);
+  EXPECT_TRUE(QTest::qWaitFor(covered, 5000));
+  grid.SetKeysWanted(false); // the run is over
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !covered(); }, 5000));
 }
 
 } // namespace

@@ -1,0 +1,41 @@
+#include "collection/RunMarks.h"
+
+#include "values/BarPictures.h"
+
+#include <cmath>
+
+namespace trekor {
+
+namespace {
+constexpr double QuietSeconds = 2, AlertSeconds = 5;
+constexpr int LinkRow = RunGrid::KeyRow, StateRow = RunGrid::IconRow;
+} // namespace
+
+// The head keeps its place whatever is told: the cells of column 0 have room for each of the texts.
+void RunMarks::Refresh(double now, bool linkUp) {
+  Show(LinkRow, linkUp ? "Link \u25CF" : "No link \u25CB", !linkUp && stage.InRun());
+  const double age = PositionAge(now);
+  if (ring.Lost > 0)
+    Show(StateRow, std::to_string(ring.Lost) + " keys lost", true);
+  else if (stage.InRun() && age >= QuietSeconds)
+    Show(StateRow, "Position " + std::to_string(std::lround(age)) + " s old", stage.Running() && age > AlertSeconds);
+  else
+    Show(StateRow, "", false);
+}
+
+// Seconds.
+double RunMarks::PositionAge(double now) {
+  if (position.Heard != heard || !watching) {
+    heard = position.Heard;
+    heardAt = now;
+  }
+  watching = stage.InRun();
+  return (now - heardAt) / 1000;
+}
+
+void RunMarks::Show(int row, const std::string& text, bool alert) {
+  grid.picture.SetText(row, 0, text);
+  grid.picture.SetCellPicture(row, 0, alert ? AlertMark : "");
+}
+
+} // namespace trekor

@@ -1,0 +1,77 @@
+// The corner of the grid: link, age of the position, lost keys.
+#include "RunFixture.h"
+
+#include "values/BarPictures.h"
+
+namespace trekor::tests {
+
+class RunMarksStories : public RunFixture {
+protected:
+  void SetUp() override { Load(); }
+  void After(double seconds) {
+    for (; seconds > 0; seconds -= 0.4) {
+      fakes.clock.Advance(400);
+      Tick();
+    }
+  }
+  // The text of a cell, with "!" in front of a warning.
+  std::string Mark(int row) { return (form.Grid.CellPicture(row, 0) == AlertMark ? "!" : "") + form.Grid.Text(row, 0); }
+  std::string State() { return Mark(RunGrid::IconRow); }
+};
+
+TEST_F(RunMarksStories, TheAgeOfAPositionIsQuietAtFirstAndThenPlain) {
+  After(10);
+  EXPECT_EQ(State(), "") << "nobody drives";
+  StartFromLink(10.0);
+  After(1.6);
+  EXPECT_EQ(State(), "");
+  After(2);
+  EXPECT_EQ(State(), "Position 4 s old");
+  After(2);
+  EXPECT_EQ(State().substr(0, 10), "!Position ");
+  Press(F3);
+  After(0.8);
+  EXPECT_EQ(State().substr(0, 8), "Position") << "a vehicle that waits is no fault";
+  Press(F2);
+  Dmi(10.02);
+  After(0.4);
+  EXPECT_EQ(State(), "");
+  After(7);
+  Press(F4);
+  After(0.4);
+  EXPECT_EQ(State(), "");
+}
+
+TEST_F(RunMarksStories, LostKeysAreCountedUntilTheNextStart) {
+  StartFromLink(10.0);
+  for (int i = 0; i < KeyRing::Size - 1; ++i)
+    Key('A');
+  After(0.4);
+  EXPECT_EQ(State(), "") << "a ring that is just full";
+  Tick(KeyRing::Size);
+  for (int i = 0; i < KeyRing::Size; ++i)
+    Key('A');
+  After(0.4);
+  EXPECT_EQ(State(), "!16 keys lost");
+  Dmi(10.05);
+  After(0.4);
+  EXPECT_EQ(State(), "!16 keys lost");
+  Press(F4);
+  StartFromLink(11.0);
+  After(0.4);
+  EXPECT_EQ(State(), "");
+}
+
+TEST_F(RunMarksStories, TheLinkHasOneMark) {
+  const auto later = [this] {
+    After(0.4);
+    return Mark(RunGrid::KeyRow);
+  };
+  EXPECT_EQ(later(), "Link \u25CF");
+  fakes.socket.PeerClose();
+  EXPECT_EQ(later(), "No link \u25CB");
+  StartAt(10.0);
+  EXPECT_EQ(later(), "!No link \u25CB");
+}
+
+} // namespace trekor::tests
