@@ -158,7 +158,7 @@ void GridView::ShowElsewhere(bool away) {
     elsewhere->setAlignment(Qt::AlignCenter);
     elsewhere->setWordWrap(true);
     elsewhere->setAttribute(Qt::WA_TransparentForMouseEvents);
-    elsewhere->setStyleSheet("background: rgba(224, 138, 0, 210); color: black; font-size: 34px; font-weight: bold;");
+    elsewhere->setStyleSheet("background: rgba(224, 138, 0, 150); color: black; font-size: 34px; font-weight: bold;");
   }
   elsewhere->setGeometry(0, layout.FixedHeight(), width(), std::max(0, height() - layout.FixedHeight()));
   elsewhere->setVisible(away);
