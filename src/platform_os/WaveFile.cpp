@@ -51,12 +51,12 @@ std::vector<std::uint8_t> Converted(const SDL_AudioSpec& file, const Uint8* byte
 std::vector<std::uint8_t> LoadWave(const std::string& nativePath) {
   std::vector<std::uint8_t> samples;
   const std::vector<char> file = Beginning(PathFromText(nativePath));
-  SDL_AudioSpec spec{};
+  SDL_AudioSpec format{};
   Uint8* bytes = nullptr;
   Uint32 length = 0;
   SDL_RWops* source = file.empty() ? nullptr : SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
-  if (source && SDL_LoadWAV_RW(source, 1, &spec, &bytes, &length)) {
-    samples = Converted(spec, bytes, length);
+  if (source && SDL_LoadWAV_RW(source, 1, &format, &bytes, &length)) {
+    samples = Converted(format, bytes, length);
     SDL_FreeWAV(bytes);
   }
   return samples;
