@@ -19,9 +19,8 @@ void Fit(Form& floating, Grid& grid) {
 } // namespace
 
 KeyPictures::KeyPictures(MeasurementsForm& form, Shell& shell, TextDatabase& texts, TestSetup& setup)
-    : form(form), shell(shell), texts(texts),
-      setup(setup), pictures{ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup),
-                             ClassKeyBoard(tables, setup)} {}
+    : form(form), shell(shell), texts(texts), pictures{ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup),
+                                                       ClassKeyBoard(tables, setup), ClassKeyBoard(tables, setup)} {}
 
 void KeyPictures::Init_KeyTables() {
   tables = KeyTables();

@@ -59,7 +59,6 @@ private:
   MeasurementsForm& form;
   Shell& shell;
   TextDatabase& texts;
-  TestSetup& setup;
   KeyTables tables;
   std::array<ClassKeyBoard, 4> pictures; // by Picture
   bool KeyFormsHidden = false;           // the main form is minimised
