@@ -10,6 +10,7 @@
 #include "platform_qt/QtProcess.h"
 #include "platform_qt/QtPump.h"
 #include "platform_qt/QtSocket.h"
+#include "platform_qt/SessionBus.h"
 #include "program/Program.h"
 #include "state/Version.h"
 #include "views/QtShell.h"
@@ -66,6 +67,7 @@ int Run(int argc, char** argv) {
     std::fprintf(stderr, "Trekor already runs%s%s\n", drives.Root().empty() ? "" : " over ", drives.Root().c_str());
     return 0;
   }
+  StartNoSessionBus();
   qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop: the other takes twice as long from a line to its answer
   QApplication app(argc, argv);
   theme::Apply(app);

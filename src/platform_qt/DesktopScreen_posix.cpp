@@ -1,21 +1,15 @@
 #include "platform_qt/DesktopScreen.h"
 
+#include "platform_qt/SessionBus.h"
+
 #include <QDBusConnection>
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
-#include <QFile>
 
 namespace trekor {
 
 namespace {
-
-// Without an address and without the usual socket the library would start a bus of its own, and wait for it.
-bool HasBus() {
-  return qEnvironmentVariableIsSet("DBUS_SESSION_BUS_ADDRESS") ||
-         (qEnvironmentVariableIsSet("XDG_RUNTIME_DIR") &&
-          QFile::exists(qEnvironmentVariable("XDG_RUNTIME_DIR") + "/bus"));
-}
 
 QDBusMessage CallOf(const QString& method) {
   const QString service = "org.freedesktop.ScreenSaver";
@@ -28,7 +22,7 @@ QDBusMessage CallOf(const QString& method) {
 
 void DesktopScreen::KeepOn(bool on) {
   wanted = on;
-  if (wanted && !asked && !cookie && HasBus())
+  if (wanted && !asked && !cookie && HasSessionBus())
     Ask();
   else if (!wanted && cookie)
     Release();
