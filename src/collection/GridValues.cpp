@@ -6,13 +6,6 @@ namespace trekor {
 
 namespace {
 constexpr float FullStep = 100; // the step bar counts per cent
-
-// A value that is worth carrying: not 0, and no text that reads so.
-bool HasValue(const ClassObservation& o) {
-  const auto text = o.DefaultText();
-  return o.DataTypeID == DataType::Text ? !text.empty() && text != "0" : o.DefaultNumber() != 0;
-}
-
 } // namespace
 
 void GridValues::MakeBar(int col) {
@@ -53,7 +46,7 @@ void GridValues::CarryInto(int row) {
 void GridValues::Carry(int obs, int row) {
   auto& o = grid.setup.Observations(obs);
   if (o.IsCarried()) {
-    if (HasValue(o))
+    if (o.HasValue())
       ShowCell(row, obs);
   } else if (o.DataTypeID == DataType::Text) {
     SetBar(obs, 0); // the text itself stays

@@ -12,7 +12,9 @@ void KeyOrders::Process_Key() {
     stepping.TakeKeyStation();
   const int key = ring.Front();
   ring.Advance(); // first: a command that waited for a stop may begin the next run, which clears the ring
+  marks.Pressed(key);
   CarryOut(key);
+  marks.Refresh();
   stepping.ReleaseHeldDmi();
 }
 

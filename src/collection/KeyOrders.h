@@ -1,6 +1,7 @@
 // Carries out the keys of the ring: commands of the run, and registrations.
 #pragma once
 
+#include "collection/KeyMarks.h"
 #include "collection/KeyRing.h"
 #include "collection/Registrations.h"
 #include "collection/Run.h"
@@ -11,8 +12,8 @@ namespace trekor {
 
 class KeyOrders {
 public:
-  KeyOrders(RunStage& stage, KeyRing& ring, Run& run, Registrations& registrations, Stepping& stepping)
-      : stage(stage), ring(ring), run(run), registrations(registrations), stepping(stepping) {}
+  KeyOrders(RunStage& stage, KeyRing& ring, Run& run, Registrations& registrations, Stepping& stepping, KeyMarks& marks)
+      : stage(stage), ring(ring), run(run), registrations(registrations), stepping(stepping), marks(marks) {}
 
   // Carries out one key of the ring, if there is one. It gets the position of now, not of when it was pressed.
   void Process_Key();
@@ -25,6 +26,7 @@ private:
   Run& run;
   Registrations& registrations;
   Stepping& stepping;
+  KeyMarks& marks;
 };
 
 } // namespace trekor

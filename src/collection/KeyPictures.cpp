@@ -74,6 +74,18 @@ void KeyPictures::RemoveSetup() {
     picture.RemoveSetup();
 }
 
+void KeyPictures::ShowValues(bool show) {
+  if (frmKeyBoard.Shown || !show)
+    pictures[FloatingBoard].ShowValues(show);
+  if (frmKeyPad.Shown || !show)
+    pictures[FloatingPad].ShowValues(show);
+}
+
+void KeyPictures::MarkKey(int code) {
+  pictures[FloatingBoard].MarkKey(code);
+  pictures[FloatingPad].MarkKey(code);
+}
+
 void KeyPictures::AddKey(int obs) {
   for (ClassKeyBoard& picture : pictures)
     picture.AddKey(obs);

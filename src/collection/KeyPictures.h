@@ -22,6 +22,10 @@ public:
   // Puts the setup's icons on all four pictures, or removes them.
   void AddSetup();
   void RemoveSetup();
+  // The floating pictures, which alone stay to be seen in a run: what goes on there, and the key of this code. The
+  // docked ones keep their current key, which is the one that Delete takes away.
+  void ShowValues(bool show);
+  void MarkKey(int code);
   // The icon of one observation, on the key that it has now.
   void AddKey(int obs);
   void RemoveKey(int obs);

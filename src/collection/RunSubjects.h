@@ -81,11 +81,12 @@ struct RunSubjects {
   Run run{stage, ring, grids, preparation, {look, news}};
   WayOut wayOut{stage, form.IdleTimer, gridRows, run, fileMenu};
   Registrations registrations{grids, asking, feedback, stage};
-  KeyOrders keyOrders{stage, ring, run, registrations, stepping};
+  KeyMarks keyMarks{keyPictures, stage};
+  KeyOrders keyOrders{stage, ring, run, registrations, stepping, keyMarks};
   IdleKeys idleKeys{form, position, run, keyAssignment, rooms.texts};
   FormKeys formKeys{stage, ring, idleKeys, numLock, news};
   RunMarks runMarks{runGrid, stage, position, ring};
-  SlowWork slowWork{platform.clock, platform.socket, stage, {stepBar, runMarks, simulation, status}};
+  SlowWork slowWork{platform.clock, platform.socket, stage, {stepBar, runMarks, keyMarks, simulation, status}};
   Idle idle{form.IdleTimer, stage, keyOrders, gridEditing, slowWork};
 };
 

@@ -10,6 +10,7 @@ void SlowWork::DoWhatIsDue() {
   if (clock.Milliseconds() >= NextBarTime) {
     works.stepBar.RefreshStepBar();
     works.marks.Refresh(clock.Milliseconds(), socket.State() == SocketState::Connected);
+    works.keyMarks.Refresh();
     NextBarTime = clock.Milliseconds() + BarMilliseconds;
   }
   if (clock.Milliseconds() < NextSlowTime)

@@ -1,8 +1,9 @@
-// What a tick does only now and then: every 400 ms the step bar and the marks beside it, every 800 ms the simulation,
-// the caption and the floating windows.
+// What a tick does only now and then: every 400 ms the step bar and the marks beside it and on the keys, every 800 ms
+// the simulation, the caption and the floating windows.
 #pragma once
 
 #include "collection/FormStatus.h"
+#include "collection/KeyMarks.h"
 #include "collection/RunMarks.h"
 #include "collection/RunStage.h"
 #include "collection/Simulation.h"
@@ -17,6 +18,7 @@ public:
   struct Works {
     StepBar& stepBar;
     RunMarks& marks;
+    KeyMarks& keyMarks;
     Simulation& simulation;
     FormStatus& status;
   };

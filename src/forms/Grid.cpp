@@ -23,7 +23,7 @@ void Grid::SetFixedRows(int n) {
   if (n < 0 || n == fixedRows)
     return;
   fixedRows = n;
-  NoteAll();
+  RecordAll();
 }
 
 void Grid::SetCols(int n) {
@@ -37,7 +37,7 @@ void Grid::SetCols(int n) {
   for (RowData& r : rows)
     r.cells.resize(count);
   KeepSelectionInside();
-  NoteAll();
+  RecordAll();
 }
 
 void Grid::SetRows(int n) {
@@ -47,7 +47,7 @@ void Grid::SetRows(int n) {
   empty.cells.resize(static_cast<std::size_t>(columns));
   rows.resize(static_cast<std::size_t>(n), empty);
   KeepSelectionInside();
-  NoteAll();
+  RecordAll();
 }
 
 void Grid::AddItem(const std::string& text, int place) {
@@ -58,7 +58,7 @@ void Grid::AddItem(const std::string& text, int place) {
   if (columns > 0)
     fresh.cells.front().text = text;
   rows.insert(rows.begin() + place, std::move(fresh));
-  Note(Changes::Step::RowInserted, place, 0);
+  Record(Changes::Step::RowInserted, place, 0);
 }
 
 void Grid::RemoveItem(int place) {
@@ -66,7 +66,7 @@ void Grid::RemoveItem(int place) {
     return;
   rows.erase(rows.begin() + place);
   KeepSelectionInside();
-  Note(Changes::Step::RowRemoved, place, 0);
+  Record(Changes::Step::RowRemoved, place, 0);
 }
 
 void Grid::SetFormatString(std::string text) {
@@ -103,7 +103,7 @@ void Grid::SetText(int r, int c, std::string text) {
   if (!cell || cell->text == text)
     return;
   cell->text = std::move(text);
-  Note(Changes::Step::Cell, r, c);
+  Record(Changes::Step::Cell, r, c);
 }
 
 const std::string& Grid::CellPicture(int r, int c) const {
@@ -116,7 +116,23 @@ void Grid::SetCellPicture(int r, int c, std::string key) {
   if (!cell || cell->picture == key)
     return;
   cell->picture = std::move(key);
-  Note(Changes::Step::Cell, r, c);
+  Record(Changes::Step::Cell, r, c);
+}
+
+const Grid::Note& Grid::CellNote(int r, int c) const {
+  static const Note none;
+  const auto found = std::find_if(notes.begin(), notes.end(), [&](const Note& n) { return n.row == r && n.col == c; });
+  return found == notes.end() ? none : *found;
+}
+
+void Grid::SetCellNote(int r, int c, std::string text, bool strong) {
+  const Note& present = CellNote(r, c);
+  if (!HasCell(r, c) || (present.text == text && present.strong == strong))
+    return;
+  std::erase_if(notes, [&](const Note& n) { return n.row == r && n.col == c; });
+  if (!text.empty())
+    notes.push_back({r, c, std::move(text), strong});
+  Record(Changes::Step::Cell, r, c);
 }
 
 Align Grid::CellAlignment(int r, int c) const {
@@ -131,14 +147,14 @@ void Grid::SetCellAlignment(int r, int c, Align a) {
   if (!cell || cell->align == static_cast<int>(a))
     return;
   cell->align = static_cast<int>(a);
-  Note(Changes::Step::Cell, r, c);
+  Record(Changes::Step::Cell, r, c);
 }
 
 void Grid::SetColAlignment(int c, Align a) {
   if (!Has(colAlign, c) || At(colAlign, c) == a)
     return;
   At(colAlign, c) = a;
-  NoteAll();
+  RecordAll();
 }
 
 int Grid::ColWidth(int c) const {
@@ -149,7 +165,7 @@ void Grid::SetColWidth(int c, int twips) {
   if (!Has(colWidths, c) || At(colWidths, c) == twips)
     return;
   At(colWidths, c) = twips;
-  NoteAll();
+  RecordAll();
 }
 
 bool Grid::MergeRow(int r) const {
@@ -161,7 +177,7 @@ void Grid::SetMergeRow(int r, bool on) {
   if (!Has(rows, r) || At(rows, r).merged == on)
     return;
   At(rows, r).merged = on;
-  Note(Changes::Step::Cell, r, 0);
+  Record(Changes::Step::Cell, r, 0);
 }
 
 bool Grid::MergeCol(int c) const {
@@ -172,42 +188,42 @@ void Grid::SetMergeCol(int c, bool on) {
   if (!Has(colMerged, c) || At(colMerged, c) == on)
     return;
   At(colMerged, c) = on;
-  NoteAll();
+  RecordAll();
 }
 
 void Grid::SetRow(int r) {
   if (!Has(rows, r) || r == row)
     return;
   row = r;
-  NoteSelection();
+  RecordSelection();
 }
 
 void Grid::SetCol(int c) {
   if (c < 0 || c >= columns || (c == col && c == colSel))
     return;
   col = colSel = c;
-  NoteSelection();
+  RecordSelection();
 }
 
 void Grid::SetColSel(int c) {
   if (c < 0 || c >= columns || c == colSel)
     return;
   colSel = c;
-  NoteSelection();
+  RecordSelection();
 }
 
 void Grid::SetKeysWanted(bool on) {
   if (keysWanted == on)
     return;
   keysWanted = on;
-  NoteSelection();
+  RecordSelection();
 }
 
 void Grid::SetSelectionMarks(bool on) {
   if (marks == on)
     return;
   marks = on;
-  NoteSelection();
+  RecordSelection();
 }
 
 void Grid::SetRedraw(bool on) {
@@ -239,21 +255,21 @@ Grid::Changes Grid::TakeChanges() {
   return std::exchange(pending, Changes());
 }
 
-void Grid::Note(Changes::Step::Sort sort, int r, int c) {
+void Grid::Record(Changes::Step::Sort sort, int r, int c) {
   if (pending.steps.size() >= MostSteps)
-    return NoteAll();
+    return RecordAll();
   if (!pending.all)
     pending.steps.push_back({sort, r, c});
   TellIfDrawn();
 }
 
-void Grid::NoteAll() {
+void Grid::RecordAll() {
   pending.all = true;
   pending.steps.clear();
   TellIfDrawn();
 }
 
-void Grid::NoteSelection() {
+void Grid::RecordSelection() {
   pending.selection = true;
   TellIfDrawn();
 }

@@ -46,6 +46,14 @@ public:
   void SetText(int row, int col, std::string text);
   const std::string& CellPicture(int row, int col) const; // a key as in ImageList, "" none
   void SetCellPicture(int row, int col, std::string key);
+  // A small text beside the picture of a cell, for grids whose rows stay where they are. `strong`: it is to be seen.
+  struct Note {
+    int row = 0, col = 0;
+    std::string text;
+    bool strong = false;
+  };
+  const Note& CellNote(int row, int col) const; // the empty one where there is none
+  void SetCellNote(int row, int col, std::string text, bool strong = false);
   Align CellAlignment(int row, int col) const;
   void SetCellAlignment(int row, int col, Align a);
   void SetColAlignment(int col, Align a); // for cells that have none of their own
@@ -115,13 +123,14 @@ private:
   bool HasCell(int r, int c) const;
   CellData* CellAt(int r, int c);
   const CellData* CellAt(int r, int c) const;
-  void Note(Changes::Step::Sort sort, int r, int c);
-  void NoteAll();
-  void NoteSelection();
+  void Record(Changes::Step::Sort sort, int r, int c);
+  void RecordAll();
+  void RecordSelection();
   void TellIfDrawn();
   void KeepSelectionInside();
 
   std::deque<RowData> rows;
+  std::vector<Note> notes; // few, so a search is quick, and the cells of a long grid stay small
   std::string format;
   int columns = 0, fixedRows = 0;
   std::vector<int> colWidths;

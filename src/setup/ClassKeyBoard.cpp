@@ -168,6 +168,25 @@ void ClassKeyBoard::Paint_Key(bool show, int i) {
     PaintBoardKey(picture, obs.KeyCode(), row, col);
 }
 
+void ClassKeyBoard::ShowValues(bool show) {
+  for (int i = 1; i <= setup.ObsCount(); ++i) {
+    const ClassObservation& obs = setup.Observations(i);
+    if (grid && obs.IsCarried() && setup.KeyToObs(obs.KeyCode()) == i)
+      grid->SetCellNote(KeyRow(obs.KeyCode()), KeyCol(obs.KeyCode()), show ? obs.DefaultText() : "", obs.HasValue());
+  }
+}
+
+void ClassKeyBoard::MarkKey(int code) {
+  if (grid == nullptr)
+    return;
+  const bool here = KeyRow(code) != -1;
+  if (here) {
+    grid->SetRow(KeyRow(code));
+    grid->SetCol(KeyCol(code));
+  }
+  grid->SetSelectionMarks(here);
+}
+
 // Three keys of the pad are two cells large.
 void ClassKeyBoard::PaintPadKey(const std::string& picture, int code, int row, int col) {
   grid->SetCellPicture(row, col, picture);

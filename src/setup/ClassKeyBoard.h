@@ -36,6 +36,10 @@ public:
   void RemoveKey(int i) { Paint_Key(false, i); }
   void AddSetup() { Paint_Setup(true); }
   void RemoveSetup() { Paint_Setup(false); }
+  // The present values of the observations that go on, on their keys: a value other than 0 strongly. Or none.
+  void ShowValues(bool show);
+  // Marks the key of a code; none for a code that is not on this picture.
+  void MarkKey(int code);
   // The text on the key of a code, "" when the key is not on this picture.
   std::string KeyText(int code) const;
 

@@ -119,6 +119,11 @@ std::string ClassObservation::FileText() const {
   return fileText.empty() ? BlankName : fileText;
 }
 
+bool ClassObservation::HasValue() const {
+  const auto text = DefaultText();
+  return DataTypeID == DataType::Text ? !text.empty() && text != "0" : DefaultNumber() != 0;
+}
+
 bool ClassObservation::MayTakeKey(int code) const {
   return code != -1 && !KeyIsTaken(code) && Valid_KeyCode(code);
 }

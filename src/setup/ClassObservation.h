@@ -70,6 +70,7 @@ public:
 
   // Mode tests of the collection.
   bool MakesOwnRow() const { return RegModeCode <= RegMode::Point || RegModeCode == RegMode::PointContinues; }
+  bool HasValue() const; // one that is worth carrying: not 0, and no text that reads so
   bool IsCarried() const { return RegModeCode < RegMode::Point || RegModeCode >= RegMode::Continues; }
 
 private:

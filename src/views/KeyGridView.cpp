@@ -15,8 +15,24 @@ KeyGridView::KeyGridView(Grid& model, PictureStore& store, QWidget* parent)
 }
 
 void KeyGridView::GridChanged() {
-  grid.TakeChanges();
-  update();
+  const Grid::Changes changes = grid.TakeChanges();
+  if (changes.all)
+    return update();
+  if (changes.selection) {
+    update(Place(KeyAt(current.row, current.col)));
+    current = {grid.Row(), grid.Col()};
+    update(Place(KeyAt(current.row, current.col)));
+  }
+  for (const Grid::Changes::Step& step : changes.steps)
+    UpdateAround(step.row, step.col);
+}
+
+// A text that changes may part a key in two, or make one of two: along the row, and down a merged column.
+void KeyGridView::UpdateAround(int row, int col) {
+  if (grid.MergeCol(col))
+    return update();
+  const QRect place = Place(KeyAt(row, col));
+  update(0, place.top(), width(), place.height());
 }
 
 // Equal texts along a merged row, and down a merged column, are one key.
@@ -43,12 +59,26 @@ QRect KeyGridView::Place(const Key& k) const {
   return {left, top, right - left, bottom - top};
 }
 
-void KeyGridView::paintEvent(QPaintEvent*) {
+bool KeyGridView::IsCurrent(const Key& k) const {
+  return (hasFocus() || grid.SelectionMarks()) && grid.Row() >= k.row && grid.Row() <= k.lastRow &&
+         grid.Col() >= k.col && grid.Col() <= k.lastCol;
+}
+
+// It is in one of the cells of a large key.
+const Grid::Note& KeyGridView::NoteOf(const Key& k) const {
+  for (int r = k.row; r <= k.lastRow; ++r)
+    for (int c = k.col; c <= k.lastCol; ++c)
+      if (const Grid::Note& note = grid.CellNote(r, c); !note.text.empty())
+        return note;
+  return grid.CellNote(-1, -1);
+}
+
+void KeyGridView::paintEvent(QPaintEvent* e) {
   QPainter p(this);
   p.setRenderHint(QPainter::Antialiasing);
   for (int r = 0; r < grid.Rows(); ++r)
     for (int c = 0; c < grid.Cols(); ++c)
-      if (const Key k = KeyAt(r, c); k.row == r && k.col == c)
+      if (const Key k = KeyAt(r, c); k.row == r && k.col == c && e->rect().intersects(Place(k)))
         PaintKey(p, k);
 }
 
@@ -56,24 +86,39 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   const QString text = Q(grid.Text(k.row, k.col)).trimmed();
   const std::string& picture = grid.CellPicture(k.row, k.col);
   const QRectF cap = QRectF(Place(k)).adjusted(2.5, 2.5, -2.5, -2.5);
-  const bool current =
-      hasFocus() && grid.Row() >= k.row && grid.Row() <= k.lastRow && grid.Col() >= k.col && grid.Col() <= k.lastCol;
-  p.setPen(QPen(QColor(current ? theme::Accent : theme::Line), current ? 3 : 1));
-  p.setBrush(QColor(text.isEmpty() ? theme::Desk : theme::Paper));
+  const Grid::Note& note = NoteOf(k);
+  const bool marked = IsCurrent(k);
+  p.setPen(QPen(QColor(marked ? theme::Accent : theme::Line), marked ? 3 : 1));
+  p.setBrush(QColor(text.isEmpty() ? theme::Desk : note.strong ? theme::AccentSoft : theme::Paper));
   p.drawRoundedRect(cap, 6, 6);
   p.setPen(QColor(picture.empty() ? theme::FaintInk : theme::Ink));
   const QRectF inside = cap.adjusted(6, 3, -6, -3);
   p.drawText(inside, picture.empty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignTop, text);
   if (picture.empty())
     return;
-  // The letter keeps its corner; on a low key the picture stands beside it.
+  const double words = std::max<double>(p.fontMetrics().horizontalAdvance(text), PaintNote(p, note, inside));
+  // The letter keeps its corner; on a low key the picture stands beside it and the value.
   const int side = static_cast<int>(std::min({inside.width(), inside.height(), 64.0}));
   const QPixmap drawn = pictures.Scaled(picture, side, devicePixelRatioF());
   const QSizeF size = drawn.deviceIndependentSize();
-  const double x =
-      std::max(inside.center().x() - size.width() / 2,
-               std::min(inside.left() + p.fontMetrics().horizontalAdvance(text) + 4, inside.right() - size.width()));
+  const double x = std::max(inside.center().x() - size.width() / 2,
+                            std::min(inside.left() + words + 4, inside.right() - size.width()));
   p.drawPixmap(QPointF(x, inside.center().y() - size.height() / 2), drawn);
+}
+
+// In bold figures below the letter. Gives its width.
+double KeyGridView::PaintNote(QPainter& p, const Grid::Note& note, const QRectF& inside) const {
+  if (note.text.empty())
+    return 0;
+  QFont bold = p.font();
+  bold.setBold(true);
+  const QFontMetricsF metrics(bold);
+  const QString text = metrics.elidedText(Q(note.text), Qt::ElideRight, inside.width() / 2);
+  const QFont before = p.font();
+  p.setFont(bold);
+  p.drawText(inside, Qt::AlignLeft | Qt::AlignBottom, text);
+  p.setFont(before);
+  return metrics.horizontalAdvance(text);
 }
 
 std::optional<GridCell> KeyGridView::CellAt(QPoint global) const {
@@ -90,7 +135,6 @@ void KeyGridView::mousePressEvent(QMouseEvent* e) {
   drag.Press(*e);
   grid.SetRow(cell->row);
   grid.SetCol(cell->col);
-  update();
 }
 
 void KeyGridView::mouseMoveEvent(QMouseEvent* e) {

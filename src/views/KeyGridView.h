@@ -27,11 +27,16 @@ private:
   };
   Key KeyAt(int row, int col) const;
   QRect Place(const Key& key) const;
+  void UpdateAround(int row, int col);
+  bool IsCurrent(const Key& key) const;
+  const Grid::Note& NoteOf(const Key& key) const;
   void PaintKey(QPainter& p, const Key& key);
+  double PaintNote(QPainter& p, const Grid::Note& note, const QRectF& inside) const;
 
   Grid& grid;
   PictureStore& pictures;
   GridDrag drag;
+  GridCell current{}; // as it was painted
 };
 
 } // namespace trekor

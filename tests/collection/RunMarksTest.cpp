@@ -74,4 +74,34 @@ TEST_F(RunMarksStories, TheLinkHasOneMark) {
   EXPECT_EQ(later(), "!No link \u25CB");
 }
 
+// The docked pictures keep their current key: it is the one that Delete takes away.
+TEST_F(RunMarksStories, TheFloatingKeysTellWhatGoesOnAndTheLastKey) {
+  KeyPictures& pictures = run.Subjects().keyPictures;
+  Grid& board = pictures.frmKeyBoard.fxgKeyBoard;
+  const auto told = [&](const Grid& keys) {
+    std::string all = keys.SelectionMarks() ? "[" + keys.Text(keys.Row(), keys.Col()) + "] " : "";
+    for (int r = 0; r < keys.Rows(); ++r)
+      for (int c = 0; c < keys.Cols(); ++c)
+        if (const Grid::Note& note = keys.CellNote(r, c); !note.text.empty())
+          all += keys.Text(r, c) + "=" + note.text + (note.strong ? "! " : " ");
+    return all;
+  };
+  form.mnuViewKeyBoard.OnClick();
+  StartFromLink(10.0);
+  Press('A');
+  EXPECT_EQ(told(board), "[A] E=0 D=0 F=0 C=0 Space=0 ") << "A is counted anew in each step";
+  Press('D');
+  Press('E');
+  Press('7');
+  EXPECT_EQ(told(board), "[7] E=7! D=1! F=0 C=0 Space=0 ");
+  EXPECT_EQ(told(form.fxgKeyBoard), "");
+  Press(F3);
+  EXPECT_EQ(told(board).substr(0, 4), "E=7!") << "no observation's key";
+  Press(F4);
+  EXPECT_EQ(told(board), "");
+  Press('D');
+  After(0.8);
+  EXPECT_EQ(told(board), "") << "no run";
+}
+
 } // namespace trekor::tests

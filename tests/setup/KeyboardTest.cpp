@@ -82,4 +82,34 @@ TEST_F(KeyPictures, FloatWithOneCellAKeyAndLeaveTheTablesAlone) {
   EXPECT_EQ(Painted(floatingKeys.fxgKeyBoard), "2:2-2 4:33-33 ");
 }
 
+TEST_F(KeyPictures, TellTheValuesThatGoOnAndTheLastKey) {
+  OnKeys({'Q', 'W', keys::PadPlus, -1});
+  for (int i = 1; i <= setup.ObsCount(); ++i) {
+    ClassObservation& obs = setup.Observations(i);
+    obs.DataTypeID = DataType::Integer;
+    obs.RegModeCode = i == 2 ? RegMode::PresentStep : RegMode::Continues;
+    obs.SetDefault(i == 1 ? 3 : 0);
+    setup.SetKeyToObs(obs.KeyCode(), i);
+  }
+  const auto told = [](const Grid& grid, int row, int col) {
+    const Grid::Note& note = grid.CellNote(row, col);
+    return note.text + (note.strong ? "!" : "");
+  };
+  board.ShowValues(true);
+  pad.ShowValues(true);
+  EXPECT_EQ(told(keys.fxgKeyBoard, 2, 2), "3!");
+  EXPECT_EQ(told(keys.fxgKeyBoard, 2, 6), "") << "counted anew in each step";
+  EXPECT_EQ(told(keys.fxgKeyPad, 2, 3), "0");
+  keys.fxgKeyBoard.TakeChanges();
+  board.ShowValues(true);
+  EXPECT_TRUE(keys.fxgKeyBoard.TakeChanges().steps.empty()) << "nothing has changed";
+  board.ShowValues(false);
+  EXPECT_EQ(told(keys.fxgKeyBoard, 2, 2), "");
+
+  board.MarkKey('W');
+  EXPECT_TRUE(keys.fxgKeyBoard.SelectionMarks() && keys.fxgKeyBoard.Row() == 2 && keys.fxgKeyBoard.Col() == 6);
+  board.MarkKey(keys::PadPlus);
+  EXPECT_FALSE(keys.fxgKeyBoard.SelectionMarks()) << "a key of the other picture";
+}
+
 } // namespace trekor::tests

@@ -102,6 +102,11 @@ TEST_F(ScreenTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
       {"choices", [](F& f) { f.check.SetValue(2), f.combo.SetListIndex(0), f.list.AddItem("two"), f.list.Select(0); }},
       {"places", [](F& f) { f.label.Move(600, 8100, 3000, 450), f.hidden.SetVisible(true), f.image.SetPicture(""); }},
       {"keys", [](F& f) { f.keys.SetText(2, 1, "Q"), f.keys.SetCellPicture(0, 1, "STAR"); }},
+      {"a key's value",
+       [](F& f) {
+         f.keys.SetText(2, 1, "Q"), f.keys.SetCellPicture(0, 1, "STAR"), f.keys.SetCellNote(0, 1, "3", true);
+       }},
+      {"the last key", [](F& f) { f.keys.SetSelectionMarks(true), f.keys.SetRow(2), f.keys.SetCol(1); }},
       {"a font",
        [](F& f) {
          f.label.SetFont({"", 20, true});
