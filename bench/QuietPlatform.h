@@ -71,6 +71,7 @@ public:
   void Hourglass(bool) override {}
   void MsgBox(const std::string&, const std::string&, BoxIcon) override {}
   void ShowNotice(const std::string&) override {}
+  void ShowNight(bool) override {}
   PictureFile SavePicture(const std::string&, const std::string&) override { return PictureFile::NoPicture; }
 };
 

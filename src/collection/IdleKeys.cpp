@@ -14,7 +14,7 @@ bool IdleKeys::IdleKey(int keyCode, int shift) {
   if (turns)
     form.UpDnPicture.Click(); // which does nothing while it is disabled
   // Ctrl+Shift+M will open the message editor here when the form store has not taken the key.
-  return texts.FormKeyDown(form, keyCode, shift) || keyCode == keys::F2;
+  return texts.FormKeyDown(form, keyCode, shift) || viewMenu.Key(keyCode, shift) || keyCode == keys::F2;
 }
 
 } // namespace trekor

@@ -4,6 +4,7 @@
 #include "collection/KeyAssignment.h"
 #include "collection/MeasurementsForm.h"
 #include "collection/Run.h"
+#include "collection/ViewMenu.h"
 #include "state/ProgramState.h"
 #include "texts/TextDatabase.h"
 
@@ -12,8 +13,8 @@ namespace trekor {
 class IdleKeys {
 public:
   IdleKeys(MeasurementsForm& form, const Positions& position, Run& run, KeyAssignment& keyAssignment,
-           TextDatabase& texts)
-      : form(form), position(position), run(run), keyAssignment(keyAssignment), texts(texts) {}
+           ViewMenu& viewMenu, TextDatabase& texts)
+      : form(form), position(position), run(run), keyAssignment(keyAssignment), viewMenu(viewMenu), texts(texts) {}
   bool IdleKey(int keyCode, int shift); // true: the key is taken
 
 private:
@@ -21,6 +22,7 @@ private:
   const Positions& position;
   Run& run;
   KeyAssignment& keyAssignment;
+  ViewMenu& viewMenu;
   TextDatabase& texts;
 };
 

@@ -54,6 +54,7 @@ void Measurements::WireMenus() {
   form.mnuExit.OnClick = [this] { subjects->wayOut.mnuExit_Click(); };
   form.mnuViewKeyBoard.OnClick = [this] { subjects->keyPictures.mnuViewKeyBoard_Click(); };
   form.mnuViewKeyPad.OnClick = [this] { subjects->keyPictures.mnuViewKeyPad_Click(); };
+  subjects->viewMenu.Wire();
   form.mnuViewSocket.OnClick = [this] { rooms.platform.shell.Show(rooms.socket.form); };
 }
 

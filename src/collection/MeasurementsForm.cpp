@@ -45,6 +45,22 @@ void ShapeGrids(MeasurementsForm& form) {
   form.StationsGrid.SetCols(StationColumns);
 }
 
+// A database of an earlier release has no rows for these.
+void NameViewMenu(MeasurementsForm& f) {
+  f.mnuViewLine1.SetCaption("-");
+  f.mnuViewLarger.SetCaption("Lar&ger grid");
+  f.mnuViewSmaller.SetCaption("S&maller grid");
+  f.mnuViewSize.SetCaption("Grid &size");
+  for (std::size_t i = 0; i < MeasurementsForm::GridSizes.size(); ++i)
+    f.mnuSizes[i].SetCaption("&" + std::to_string(i + 1) + "   " + std::to_string(MeasurementsForm::GridSizes[i]) +
+                             " %");
+  f.mnuViewLine2.SetCaption("-");
+  f.mnuViewNight.SetCaption("&Night colours");
+  f.mnuViewLarger.Shortcut = "Ctrl+Page Up";
+  f.mnuViewSmaller.Shortcut = "Ctrl+Page Down";
+  f.mnuViewNight.Shortcut = "F12";
+}
+
 } // namespace
 
 // The look is in the texts database; this is what the logic needs before it is read.
@@ -60,6 +76,7 @@ MeasurementsForm::MeasurementsForm() : Form("Measurements") {
   DmiDirLabel.SetCaption("1");
   txtGridDepth.SetText("10");
   ShapeGrids(*this);
+  NameViewMenu(*this);
   IdleTimer.SetInterval(TickMilliseconds);
   TimerCurtain.SetInterval(CurtainMilliseconds);
 }

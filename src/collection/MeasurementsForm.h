@@ -4,6 +4,8 @@
 #include "forms/Form.h"
 #include "forms/Grid.h"
 
+#include <array>
+
 namespace trekor {
 
 struct MeasurementsForm : Form {
@@ -14,7 +16,16 @@ struct MeasurementsForm : Form {
       mnuExport{*this, "mnuExport", &mnuFile}, mnuExit{*this, "mnuExit", &mnuFile};
   Menu mnuView{*this, "mnuView"};
   Menu mnuViewKeyBoard{*this, "mnuViewKeyBoard", &mnuView}, mnuViewKeyPad{*this, "mnuViewKeyPad", &mnuView},
-      mnuViewSocket{*this, "mnuViewSocket", &mnuView};
+      mnuViewSocket{*this, "mnuViewSocket", &mnuView}, mnuViewLine1{*this, "mnuViewLine1", &mnuView},
+      mnuViewLarger{*this, "mnuViewLarger", &mnuView}, mnuViewSmaller{*this, "mnuViewSmaller", &mnuView},
+      mnuViewSize{*this, "mnuViewSize", &mnuView};
+  // The sizes of the grid in percent; the middle one is the given size. Their ticks are what is stored.
+  static constexpr std::array GridSizes{70, 80, 90, 100, 125, 160, 200};
+  Menu mnuSizes[GridSizes.size()]{{*this, "mnuSize70", &mnuViewSize},  {*this, "mnuSize80", &mnuViewSize},
+                                  {*this, "mnuSize90", &mnuViewSize},  {*this, "mnuSize100", &mnuViewSize},
+                                  {*this, "mnuSize125", &mnuViewSize}, {*this, "mnuSize160", &mnuViewSize},
+                                  {*this, "mnuSize200", &mnuViewSize}};
+  Menu mnuViewLine2{*this, "mnuViewLine2", &mnuView}, mnuViewNight{*this, "mnuViewNight", &mnuView};
   Menu mnuSetup{*this, "mnuSetup"};
   Menu mnuObsEdit{*this, "mnuObsEdit", &mnuSetup}, mnuOptions{*this, "mnuOptions", &mnuSetup},
       mnuMessaging{*this, "mnuMessaging", &mnuSetup};

@@ -29,6 +29,7 @@ void Measurements::LoadForm() {
 }
 
 void Measurements::LoadControls() {
+  subjects->viewMenu.LoadLook();
   subjects->layout.Resize(); // places the grid below the tabs
   subjects->layout.TabStrip1_Click();
   for (int i = 0; i < form.tbControlBar.Count(); ++i) // the bar's table row has no column for its buttons' tips

@@ -33,6 +33,7 @@ void Registrations::Register(int key) {
     return TakeSecondKey(key);
   if (!FindObservation(key))
     return feedback.PlaySystemSound(SystemSound::UndefinedKey);
+  grid.picture.BringIntoView(grid.CurrentObs);
   if (Current().KeyingCode == Keying::TwoKeys)
     return Arm();
   if (stage.Paused() && Current().MakesOwnRow() && !asking.Ask_EventStation(grid.CurrentObs))

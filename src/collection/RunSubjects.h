@@ -19,6 +19,7 @@
 #include "collection/Run.h"
 #include "collection/RunRooms.h"
 #include "collection/SetupChoice.h"
+#include "collection/ViewMenu.h"
 #include "collection/WayOut.h"
 
 namespace trekor {
@@ -47,6 +48,7 @@ struct RunSubjects {
   KeyPictures keyPictures{form, platform.shell, rooms.texts, rooms.setup};
   FormStatus status{form, state, stage, keyPictures};
   Layout layout{form};
+  ViewMenu viewMenu{form, platform.shell};
   RunLook look{runGrid, platform.shell, platform.screen, layout, status};
 
   // The grid.
@@ -83,7 +85,7 @@ struct RunSubjects {
   Registrations registrations{grids, asking, feedback, stage};
   KeyMarks keyMarks{keyPictures, stage};
   KeyOrders keyOrders{stage, ring, run, registrations, stepping, keyMarks};
-  IdleKeys idleKeys{form, position, run, keyAssignment, rooms.texts};
+  IdleKeys idleKeys{form, position, run, keyAssignment, viewMenu, rooms.texts};
   FormKeys formKeys{stage, ring, idleKeys, numLock, news};
   RunMarks runMarks{runGrid, stage, position, ring};
   SlowWork slowWork{platform.clock, platform.socket, stage, {stepBar, runMarks, keyMarks, simulation, status}};

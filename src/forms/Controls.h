@@ -253,6 +253,9 @@ public:
   void SetCaption(std::string t);
   bool Checked() const { return checked; }
   void SetChecked(bool on);
+  // The key that does the same, as it is shown beside the caption. The form's own key handler carries it out. Set
+  // before the form is first shown.
+  std::string Shortcut;
   void Click();
   Handler OnClick;
 

@@ -219,6 +219,20 @@ void Grid::SetKeysWanted(bool on) {
   RecordSelection();
 }
 
+void Grid::SetZoom(int percent) {
+  if (percent <= 0 || percent == zoom)
+    return;
+  zoom = percent;
+  NoteAll();
+}
+
+void Grid::BringIntoView(int c) {
+  if (c < 0 || c >= columns)
+    return;
+  pending.wanted = c;
+  TellIfDrawn();
+}
+
 void Grid::SetSelectionMarks(bool on) {
   if (marks == on)
     return;

@@ -78,6 +78,12 @@ public:
   // The operator's keys belong to this grid now: a view says so over all of it when no window of the program gets them.
   bool KeysWanted() const { return keysWanted; }
   void SetKeysWanted(bool on);
+  // The size of all that a view draws of this grid, in percent of the given one. The twips of the columns are those at
+  // 100.
+  int Zoom() const { return zoom; }
+  void SetZoom(int percent);
+  // The next picture shows this column, whatever has to be scrolled for it.
+  void BringIntoView(int col);
   void SetRedraw(bool on);
   // Removes all rows but the fixed ones.
   void ClearToFixedRows();
@@ -100,6 +106,7 @@ public:
   struct Changes {
     bool all = false; // repaint everything (columns, many rows, cleared)
     bool selection = false;
+    int wanted = -1; // the column that was brought into view last
     struct Step {
       enum Sort { RowInserted, RowRemoved, Cell } sort;
       int row, col;
@@ -137,6 +144,7 @@ private:
   std::vector<Align> colAlign;
   std::vector<bool> colMerged;
   int row = 0, col = 0, colSel = 0;
+  int zoom = 100;
   bool marks = false, keysWanted = false, redraw = true, untold = false;
   Changes pending;
 };

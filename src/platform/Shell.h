@@ -35,6 +35,8 @@ public:
   // The window's handle as a number, as the link announces it; 0 when there is none.
   virtual long long WindowHandle(Form& form) = 0;
   virtual void Hourglass(bool on) = 0;
+  // All windows in the colours of the night, or of the day again, from the next picture on.
+  virtual void ShowNight(bool on) = 0;
   // A message box with an OK button; returns when it is closed. Timers and the link go on meanwhile.
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
   // A small text over the main window while something long runs; the empty text takes it away. It is on the screen when

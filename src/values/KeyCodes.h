@@ -19,7 +19,7 @@ constexpr int Pad0 = 96, Pad9 = 105, PadTimes = 106, PadPlus = 107, PadSeparator
               PadDecimal = 110, PadDivide = 111;
 
 constexpr int F1 = 112, F2 = 113, F3 = 114, F4 = 115, F5 = 116, F6 = 117, F7 = 118, F8 = 119, F9 = 120, F10 = 121,
-              F11 = 122, F24 = 135;
+              F11 = 122, F12 = 123, F24 = 135;
 constexpr int NumLock = 144, ScrollLock = 145;
 
 // Signs, named as a US keyboard labels them; other languages have letters there.

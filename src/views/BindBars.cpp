@@ -34,8 +34,9 @@ protected:
   void resizeEvent(QResizeEvent*) override { bar->setGeometry(0, 0, width(), bar->sizeHint().height()); }
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
-    p.setPen(QColor(theme::Line));
-    p.setBrush(QColor(theme::Desk).lighter(103));
+    const theme::Colours& colours = theme::In(*this);
+    p.setPen(QColor(colours.Line));
+    p.setBrush(QColor(colours.Desk).lighter(103));
     p.drawRect(rect().adjusted(0, bar->height() - 1, -1, -1));
   }
 };
@@ -89,8 +90,9 @@ protected:
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
-    p.fillRect(rect(), QColor(theme::Desk));
-    p.setPen(QColor(theme::Line));
+    const theme::Colours& colours = theme::In(*this);
+    p.fillRect(rect(), QColor(colours.Desk));
+    p.setPen(QColor(colours.Line));
     p.drawLine(rect().bottomLeft(), rect().bottomRight());
     for (int i = 0; i < bar.Count(); ++i)
       PaintButton(p, i);
@@ -131,19 +133,21 @@ private:
   void PaintButton(QPainter& p, int i) {
     const ToolBar::Button& b = bar.Buttons(i);
     const QRect place = Place(i);
+    const theme::Colours& colours = theme::In(*this);
     const bool down = pressed == i && hover == i;
-    p.setPen(QPen(QColor(!b.Enabled ? theme::Line : hover == i ? theme::Accent : theme::FaintInk), 1));
-    p.setBrush(b.Enabled ? QColor(down ? theme::AccentSoft : theme::Paper) : QColor(Qt::transparent));
+    p.setPen(QPen(QColor(!b.Enabled ? colours.Line : hover == i ? colours.Accent : colours.FaintInk), 1));
+    p.setBrush(b.Enabled ? QColor(down ? colours.AccentSoft : colours.Paper) : QColor(Qt::transparent));
     p.drawRoundedRect(QRectF(place).adjusted(0.5, 0.5, -0.5, -0.5), 7, 7);
     p.setOpacity(b.Enabled ? 1.0 : 0.3);
     const int words = b.Caption.empty() ? 0 : fontMetrics().height();
     const int side = std::min(place.height() - words - 8, 40);
     const QPixmap drawn = pictures.Scaled(b.Picture.empty() ? b.Key : b.Picture, side, devicePixelRatioF());
     const QSizeF size = drawn.deviceIndependentSize();
-    p.drawPixmap(QPointF(place.center().x() - size.width() / 2 + 0.5, place.top() + 4 + (side - size.height()) / 2),
-                 drawn);
+    theme::DrawPicture(
+        p, QPointF(place.center().x() - size.width() / 2 + 0.5, place.top() + 4 + (side - size.height()) / 2), drawn,
+        colours);
     p.setOpacity(1.0);
-    p.setPen(QColor(b.Enabled ? theme::Ink : theme::FaintInk));
+    p.setPen(QColor(b.Enabled ? colours.Ink : colours.FaintInk));
     p.drawText(place.adjusted(0, 0, 0, -3), Qt::AlignHCenter | Qt::AlignBottom, Q(b.Caption));
   }
   ToolBar& bar;
@@ -219,7 +223,7 @@ private:
   }
   void FollowAction() {
     action->setSeparator(menu.Caption() == "-");
-    action->setText(Q(menu.Caption()));
+    action->setText(Q(menu.Shortcut.empty() ? menu.Caption() : menu.Caption() + '\t' + menu.Shortcut));
     action->setEnabled(menu.Enabled());
     action->setVisible(menu.Visible());
     action->setCheckable(menu.Checked());

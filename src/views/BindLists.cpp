@@ -126,13 +126,14 @@ protected:
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
     const int lift = fontMetrics().height() / 2;
-    p.setPen(QColor(theme::Line));
-    p.setBrush(QColor(theme::Band));
+    const theme::Colours& colours = theme::In(*this);
+    p.setPen(QColor(colours.Line));
+    p.setBrush(QColor(colours.Band));
     p.drawRoundedRect(QRectF(rect()).adjusted(0.5, lift + 0.5, -0.5, -0.5), 6, 6);
     const QRect name(12, 0, fontMetrics().horizontalAdvance(title) + 10, 2 * lift);
     p.setPen(Qt::NoPen);
     p.drawRoundedRect(name, 4, 4);
-    p.setPen(QColor(isEnabled() ? theme::Ink : theme::FaintInk));
+    p.setPen(QColor(isEnabled() ? colours.Ink : colours.FaintInk));
     p.drawText(name, Qt::AlignCenter, title);
   }
 };
@@ -163,17 +164,18 @@ protected:
   void paintEvent(QPaintEvent*) override {
     QPainter p(this);
     p.setRenderHint(QPainter::Antialiasing);
+    const theme::Colours& colours = theme::In(*this);
     int side = std::min(width(), height());
     if (image.OnClick) {
-      p.setPen(QColor(theme::Line));
-      p.setBrush(QColor(isEnabled() ? theme::Paper : theme::Desk));
+      p.setPen(QColor(colours.Line));
+      p.setBrush(QColor(isEnabled() ? colours.Paper : colours.Desk));
       p.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 6, 6);
       side -= 8;
     }
     const QPixmap drawn = pictures.Scaled(image.Picture(), side, devicePixelRatioF());
     p.setOpacity(isEnabled() ? 1.0 : 0.35);
     const QSizeF size = drawn.deviceIndependentSize();
-    p.drawPixmap(QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), drawn);
+    theme::DrawPicture(p, QPointF((width() - size.width()) / 2, (height() - size.height()) / 2), drawn, colours);
   }
   void mousePressEvent(QMouseEvent* e) override {
     if (e->button() == Qt::LeftButton)

@@ -60,9 +60,10 @@ private:
       shown->setText(WithoutMnemonic(label.Caption()));
     if (what != Change::Colour)
       return;
-    QPalette colours = shown->parentWidget()->palette();
+    QPalette colours; // of nothing else, or the label would keep its colours of the day by night
     if (label.ForeColor() >= 0)
-      colours.setColor(QPalette::WindowText, QColor(static_cast<QRgb>(label.ForeColor())));
+      colours.setColor(QPalette::WindowText,
+                       theme::WordColour(static_cast<QRgb>(label.ForeColor()), theme::In(*shown->parentWidget())));
     shown->setPalette(colours);
   }
   void FollowAll() override {

@@ -17,30 +17,31 @@ std::size_t N(int i) {
   return static_cast<std::size_t>(i);
 }
 
-int Share(const Grid& grid, int station, int width) {
-  const int others = grid.Cols() - 1;
-  return others > 0 ? std::clamp((width - station) / others, NarrowestColumn, WidestColumn) : NarrowestColumn;
-}
-
 } // namespace
+
+int GridLayout::Share(const Grid& grid, int station, int width) const {
+  const int others = grid.Cols() - 1, least = Zoomed(NarrowestColumn);
+  return others > 0 ? std::clamp((width - station) / others, least, Zoomed(WidestColumn)) : least;
+}
 
 int GridLayout::HeightOfFixedRow(const Grid& grid, int row) const {
   for (int c = 0; c < grid.Cols(); ++c)
     if (!grid.CellPicture(row, c).empty())
-      return PictureRow;
+      return Zoomed(PictureRow);
   return rowHeight;
 }
 
 // The model's width, if it has one; but column 0 is never too narrow for the positions of a step.
 int GridLayout::ColumnWidth(const Grid& grid, int col, int share) const {
-  const int wanted = grid.ColWidth(col) < 0 ? share : Pixels(grid.ColWidth(col));
+  const int wanted = grid.ColWidth(col) < 0 ? share : Zoomed(Pixels(grid.ColWidth(col)));
   return col == 0 ? std::max(grid.ColWidth(0) < 0 ? 0 : wanted, stationWidth) : wanted;
 }
 
 void GridLayout::Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view) {
+  zoom = grid.Zoom();
   fixedRows = std::min(grid.FixedRows(), grid.Rows());
-  rowHeight = metrics.height() + 2 * Margin;
-  stationWidth = metrics.horizontalAdvance("0000.000 to 0000.000") + 3 * Margin;
+  rowHeight = metrics.height() + 2 * Zoomed(Margin);
+  stationWidth = metrics.horizontalAdvance("0000.000 to 0000.000") + 3 * Zoomed(Margin);
   const int share = Share(grid, ColumnWidth(grid, 0, 0), view.width());
   edges.assign(1, 0);
   for (int c = 0; c < grid.Cols(); ++c)
@@ -53,6 +54,25 @@ void GridLayout::Arrange(const Grid& grid, const QFontMetrics& metrics, QSize vi
 QSize GridLayout::Overhang(QSize view, int rows) const {
   return {std::max(0, edges.back() - view.width()),
           std::max(0, FixedHeight() + (rows - fixedRows) * rowHeight - view.height())};
+}
+
+QPoint GridLayout::PlaceOf(int row, int col) const {
+  const bool scrolls = col > 0 && col < static_cast<int>(edges.size());
+  return {scrolls ? edges[N(col)] - FirstColumnWidth() : 0, std::max(0, row - fixedRows) * rowHeight};
+}
+
+int GridLayout::ScrollFor(int col, int width) const {
+  if (col <= 0 || col + 1 >= static_cast<int>(edges.size()))
+    return scrolled.x();
+  const int left = edges[N(col)] - FirstColumnWidth(), right = edges[N(col) + 1];
+  if (left < scrolled.x())
+    return left;
+  if (right - scrolled.x() <= width)
+    return scrolled.x();
+  int first = 1;
+  while (first < col && right - edges[N(first)] > width - FirstColumnWidth())
+    ++first;
+  return edges[N(first)] - FirstColumnWidth();
 }
 
 QRect GridLayout::RowRect(int row, int width) const {

@@ -1,5 +1,5 @@
 // Where the cells of a grid lie in its view: fixed rows on top, the first column at the left; both stay when the rest
-// is scrolled. In logical pixels of the view.
+// is scrolled. In logical pixels of the view. The grid's zoom enlarges all of it; the sizes below are those at 100.
 #pragma once
 
 #include "forms/Grid.h"
@@ -14,7 +14,7 @@ namespace trekor {
 
 class GridLayout {
 public:
-  // Computes the layout for a view of this size.
+  // Computes the layout for a view of this size; `metrics` are those of the enlarged font.
   void Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view);
   void ScrollTo(int x, int y) { scrolled = {x, y}; }
 
@@ -22,6 +22,13 @@ public:
   QSize Overhang(QSize view, int rows) const;
   int FixedHeight() const { return tops.back(); }
   int RowHeight() const { return rowHeight; }
+  // The first row and the first column of those that scroll that can be seen, and where to scroll to for them.
+  int FirstRow() const { return RowAt(FixedHeight()); }
+  int FirstColumn() const { return ColumnAt(FirstColumnWidth()); }
+  QPoint PlaceOf(int row, int col) const;
+  // How far the columns must be scrolled so that one is whole in a view of this width: no further than needed, and with
+  // a whole column at the left.
+  int ScrollFor(int col, int width) const;
   int FirstColumnWidth() const { return edges.size() > 1 ? edges[1] : 0; }
   // Columns `first` to `last` of a row, also where fixed parts cover them.
   QRect CellRect(int row, int first, int last) const;
@@ -32,8 +39,10 @@ public:
   int HeightOfFixedRow(const Grid& grid, int row) const;
 
 private:
+  int Zoomed(int pixels) const { return pixels * zoom / 100; }
+  int Share(const Grid& grid, int station, int width) const;
   int ColumnWidth(const Grid& grid, int col, int share) const;
-  int fixedRows = 0, rowHeight = 1, stationWidth = 0;
+  int zoom = 100, fixedRows = 0, rowHeight = 1, stationWidth = 0;
   std::vector<int> edges{0}; // left edges of the columns, and the right edge of the last one
   std::vector<int> tops{0};  // upper edges of the fixed rows, and the lower edge of the last one
   QPoint scrolled;

@@ -1,11 +1,13 @@
 #include "views/GridView.h"
 
 #include "values/BarPictures.h"
+#include "views/CellText.h"
 #include "views/Theme.h"
 #include "views/ValueBars.h"
 
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <QLabel>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -23,7 +25,6 @@ const QEvent::Type AbsorbChanges = static_cast<QEvent::Type>(QEvent::registerEve
 constexpr int KeysGoneMilliseconds = 400;
 constexpr int MostMoves = 8; // more rows than this at once are drawn anew faster
 constexpr int Padding = 6, HeadPadding = 2;
-constexpr double Smallest = 0.65; // of a heading's size, before it is cut off
 
 int Flags(Align a) {
   return Qt::AlignVCenter | Qt::TextSingleLine |
@@ -31,6 +32,34 @@ int Flags(Align a) {
           : a == Align::Right ? Qt::AlignRight
                               : Qt::AlignHCenter);
 }
+
+// Tells over the rows that the keys go to another program. The rows stay readable behind it: what was keyed last is
+// asked for just then. The words have a ground of their own.
+class Elsewhere : public QLabel {
+public:
+  explicit Elsewhere(QWidget* parent) : QLabel("The keys go to another program. Click here.", parent) {
+    setAttribute(Qt::WA_TransparentForMouseEvents);
+  }
+
+protected:
+  void paintEvent(QPaintEvent*) override {
+    constexpr int veil = 110, type = 34, margin = 12;
+    QPainter p(this);
+    QColor ground(theme::Wait);
+    QFont large = font();
+    large.setPixelSize(type);
+    large.setBold(true);
+    p.setFont(large);
+    const int flags = Qt::AlignCenter | Qt::TextWordWrap;
+    const QRect words = p.boundingRect(rect().adjusted(margin, 0, -margin, 0), flags, text());
+    ground.setAlpha(veil);
+    p.fillRect(rect(), ground);
+    ground.setAlpha(255);
+    p.fillRect(QRect(0, words.top() - margin, width(), words.height() + 2 * margin), ground);
+    p.setPen(QColor(theme::AlertInk));
+    p.drawText(words, flags, text());
+  }
+};
 
 } // namespace
 
@@ -80,6 +109,7 @@ void GridView::Absorb() {
   else
     Follow(changes);
   overtaken = false;
+  BringIntoView(changes.wanted);
   if (changes.selection) {
     ShowSelection();
     if (!grid.KeysWanted())
@@ -125,10 +155,30 @@ void GridView::MoveRows(int row, int distance) {
   viewport()->scroll(0, distance, moved); // the toolkit repaints the part that is uncovered
 }
 
+// The first row and the first column that are seen stay the first when all becomes larger or smaller.
 void GridView::Rearrange() {
-  layout.Arrange(grid, fontMetrics(), viewport()->size());
-  SetScrollRanges();
+  const int row = layout.FirstRow(), col = layout.FirstColumn();
+  const bool another = std::exchange(shownZoom, grid.Zoom()) != grid.Zoom();
+  Arrange();
+  if (another) {
+    const QPoint place = layout.PlaceOf(row, col);
+    horizontalScrollBar()->setValue(place.x());
+    verticalScrollBar()->setValue(place.y());
+  }
   viewport()->update();
+}
+
+void GridView::Arrange() {
+  type = font();
+  type.setPixelSize(std::max(1, QFontInfo(font()).pixelSize() * shownZoom / 100));
+  layout.Arrange(grid, QFontMetrics(type), viewport()->size());
+  SetScrollRanges();
+}
+
+// All is drawn again only when another column becomes the first.
+void GridView::BringIntoView(int col) {
+  if (col > 0)
+    horizontalScrollBar()->setValue(layout.ScrollFor(col, viewport()->width()));
 }
 
 void GridView::SetScrollRanges() {
@@ -149,17 +199,11 @@ void GridView::ShowSelection() {
   marked = grid.SelectionMarks();
 }
 
-// The rows stay readable behind it: what was keyed last is asked for just then.
 void GridView::ShowElsewhere(bool away) {
   if (!away && !elsewhere)
     return;
-  if (!elsewhere) {
-    elsewhere = new QLabel("The keys go to another program. Click here.", this);
-    elsewhere->setAlignment(Qt::AlignCenter);
-    elsewhere->setWordWrap(true);
-    elsewhere->setAttribute(Qt::WA_TransparentForMouseEvents);
-    elsewhere->setStyleSheet("background: rgba(224, 138, 0, 150); color: black; font-size: 34px; font-weight: bold;");
-  }
+  if (!elsewhere)
+    elsewhere = new Elsewhere(this);
   elsewhere->setGeometry(0, layout.FixedHeight(), width(), std::max(0, height() - layout.FixedHeight()));
   elsewhere->setVisible(away);
   elsewhere->raise();
@@ -186,8 +230,8 @@ void GridView::scrollContentsBy(int, int) {
 
 void GridView::paintEvent(QPaintEvent* e) {
   overtaken |= awaited;
+  colours = &theme::In(*this);
   QPainter p(viewport());
-  p.setFont(font());
   for (const QRect& area : e->region()) {
     const int last = std::min(grid.Rows() - 1, layout.RowAt(area.bottom()));
     // Data rows before fixed ones: a row half scrolled away must not cover them.
@@ -197,7 +241,7 @@ void GridView::paintEvent(QPaintEvent* e) {
       PaintRow(p, r, area);
     const int end = layout.RowRect(grid.Rows(), 0).top();
     if (area.bottom() >= end)
-      p.fillRect(area.intersected(QRect(0, end, viewport()->width(), viewport()->height())), QColor(theme::Paper));
+      p.fillRect(area.intersected(QRect(0, end, viewport()->width(), viewport()->height())), QColor(colours->Paper));
   }
   if (grid.SelectionMarks())
     PaintCurrentCell(p);
@@ -225,7 +269,7 @@ void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
   if (end <= area.right()) {
     QRect rest = layout.RowRect(row, width);
     rest.setLeft(end);
-    p.fillRect(rest, QColor(row < grid.FixedRows() ? theme::Head : theme::Paper));
+    p.fillRect(rest, QColor(row < grid.FixedRows() ? colours->Head : colours->Paper));
   }
 }
 
@@ -254,9 +298,9 @@ bool GridView::Chosen(int row) const {
 void GridView::PaintCell(QPainter& p, int row, int first, int last) {
   const QRect cell = layout.CellRect(row, first, last);
   const bool head = row < grid.FixedRows();
-  p.fillRect(cell, QColor(head ? theme::Head : Chosen(row) ? theme::AccentSoft : theme::Paper));
+  p.fillRect(cell, QColor(head ? colours->Head : Chosen(row) ? colours->AccentSoft : colours->Paper));
   PaintContent(p, row, first, last, cell);
-  p.setPen(QColor(theme::Line));
+  p.setPen(QColor(colours->Line));
   p.drawLine(cell.bottomLeft(), cell.bottomRight());
   p.drawLine(cell.topRight(), cell.bottomRight());
 }
@@ -264,7 +308,7 @@ void GridView::PaintCell(QPainter& p, int row, int first, int last) {
 void GridView::PaintContent(QPainter& p, int row, int first, int last, const QRect& cell) {
   const std::string& key = grid.CellPicture(row, first);
   if (const int bar = BarNumber(key); bar >= 0)
-    DrawBar(p, cell, bar);
+    DrawBar(p, cell, bar, *colours, shownZoom / 100.0);
   else if (key == AlertMark)
     p.fillRect(cell, QColor(theme::Wait));
   else if (!key.empty()) {
@@ -272,31 +316,30 @@ void GridView::PaintContent(QPainter& p, int row, int first, int last, const QRe
     const QPixmap picture = pictures.Scaled(key, side, devicePixelRatioF());
     QRect place(QPoint(), picture.deviceIndependentSize().toSize());
     place.moveCenter(cell.center());
-    p.drawPixmap(place.topLeft(), picture);
+    theme::DrawPicture(p, place.topLeft(), picture, *colours);
   }
-  const std::string& text = grid.Text(row, first);
-  if (text.empty())
-    return;
-  const bool head = row < grid.FixedRows();
-  p.setFont(head ? HeadFont(text, cell.width() - 2 * HeadPadding) : font());
-  p.setPen(QColor(isEnabled() ? theme::Ink : theme::FaintInk));
+  if (!grid.Text(row, first).empty())
+    PaintText(p, row, first, last, cell);
+}
+
+void GridView::PaintText(QPainter& p, int row, int first, int last, const QRect& cell) {
+  const bool head = row < grid.FixedRows(), merged = first != last;
+  const bool alert = grid.CellPicture(row, first) == AlertMark;
+  p.setPen(QColor(alert ? theme::AlertInk : isEnabled() || head ? colours->Ink : colours->FaintInk));
   const Align align = head && first > 0 ? Align::Centre : grid.CellAlignment(row, first);
   // A merged text that begins left of the view is read from the view's edge.
   const int padding = head && first > 0 ? HeadPadding : Padding;
   QRect place = cell.adjusted(padding, 0, -padding, 0);
-  if (first != last)
+  if (merged)
     place.setLeft(std::max(place.left(), layout.FirstColumnWidth() + Padding));
-  p.drawText(place, Flags(align), Q(text));
-}
-
-// Bold, and smaller where the column is too narrow for it.
-QFont GridView::HeadFont(const std::string& text, int room) const {
-  QFont f = font();
-  f.setBold(true);
-  const int width = QFontMetrics(f).horizontalAdvance(Q(text));
-  if (width > room)
-    f.setPixelSize(static_cast<int>(QFontInfo(f).pixelSize() * std::max(Smallest, room / static_cast<double>(width))));
-  return f;
+  QFont wanted = type;
+  wanted.setBold(head);
+  // A merged text goes on beyond the view, where it can be scrolled to.
+  const CellText fitted = merged ? CellText{wanted, Q(grid.Text(row, first))}
+                                 : FitText(Q(grid.Text(row, first)), wanted, place.width(),
+                                           head && first > 0 ? CutEnd::Plain : CutEnd::Dots);
+  p.setFont(fitted.font);
+  p.drawText(place, Flags(align), fitted.words);
 }
 
 void GridView::PaintCurrentCell(QPainter& p) {
@@ -306,7 +349,7 @@ void GridView::PaintCurrentCell(QPainter& p) {
   const int first = col > 0 ? FirstEqual(row, col) : 0;
   p.setClipRect(
       QRect(col > 0 ? layout.FirstColumnWidth() : 0, layout.FixedHeight(), viewport()->width(), viewport()->height()));
-  p.setPen(QPen(QColor(theme::Accent), 3));
+  p.setPen(QPen(QColor(colours->Accent), 3));
   p.setBrush(Qt::NoBrush);
   p.drawRect(layout.CellRect(row, first, col > 0 ? LastEqual(row, first) : 0).adjusted(1, 1, -2, -2));
 }

@@ -9,10 +9,16 @@
 #include "views/PictureStore.h"
 
 #include <QAbstractScrollArea>
-#include <QLabel>
+#include <QFont>
 #include <QTimer>
 
+class QLabel;
+
 namespace trekor {
+
+namespace theme {
+struct Colours;
+}
 
 class GridView : public QAbstractScrollArea, public GridWidget {
 public:
@@ -37,13 +43,15 @@ private:
   void Follow(const Grid::Changes& changes);
   void MoveRows(int row, int distance);
   void Rearrange();
+  void Arrange();
+  void BringIntoView(int col);
   void SetScrollRanges();
   void ShowSelection();
   void ShowElsewhere(bool away);
   void PaintRow(QPainter& p, int row, const QRect& area);
   void PaintCell(QPainter& p, int row, int first, int last);
   void PaintContent(QPainter& p, int row, int first, int last, const QRect& cell);
-  QFont HeadFont(const std::string& text, int room) const;
+  void PaintText(QPainter& p, int row, int first, int last, const QRect& cell);
   void PaintCurrentCell(QPainter& p);
   bool Chosen(int row) const;
   int LastEqual(int row, int first) const;
@@ -52,6 +60,9 @@ private:
   Grid& grid;
   PictureStore& pictures;
   GridLayout layout;
+  QFont type; // of the cells, with the zoom
+  int shownZoom = 100;
+  const theme::Colours* colours = nullptr; // as last painted
   GridDrag drag;
   QLabel* elsewhere = nullptr; // over the rows while the keys of a run go to no window of the program
   QTimer keysGone;             // a moment, as no window has the keys while they go from one to the next

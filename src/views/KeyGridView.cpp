@@ -88,10 +88,11 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   const QRectF cap = QRectF(Place(k)).adjusted(2.5, 2.5, -2.5, -2.5);
   const Grid::Note& note = NoteOf(k);
   const bool marked = IsCurrent(k);
-  p.setPen(QPen(QColor(marked ? theme::Accent : theme::Line), marked ? 3 : 1));
-  p.setBrush(QColor(text.isEmpty() ? theme::Desk : note.strong ? theme::AccentSoft : theme::Paper));
+  const theme::Colours& colours = theme::In(*this);
+  p.setPen(QPen(QColor(marked ? colours.Accent : colours.Line), marked ? 3 : 1));
+  p.setBrush(QColor(text.isEmpty() ? colours.Desk : note.strong ? colours.AccentSoft : colours.Paper));
   p.drawRoundedRect(cap, 6, 6);
-  p.setPen(QColor(picture.empty() ? theme::FaintInk : theme::Ink));
+  p.setPen(QColor(picture.empty() ? colours.FaintInk : colours.Ink));
   const QRectF inside = cap.adjusted(6, 3, -6, -3);
   p.drawText(inside, picture.empty() ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignTop, text);
   if (picture.empty())
@@ -103,7 +104,7 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   const QSizeF size = drawn.deviceIndependentSize();
   const double x = std::max(inside.center().x() - size.width() / 2,
                             std::min(inside.left() + words + 4, inside.right() - size.width()));
-  p.drawPixmap(QPointF(x, inside.center().y() - size.height() / 2), drawn);
+  theme::DrawPicture(p, QPointF(x, inside.center().y() - size.height() / 2), drawn, colours);
 }
 
 // In bold figures below the letter. Gives its width.

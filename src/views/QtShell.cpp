@@ -136,6 +136,12 @@ void QtShell::Hourglass(bool on) {
     QGuiApplication::restoreOverrideCursor();
 }
 
+// The day is what the application begins with: a start by day sets no palette a second time.
+void QtShell::ShowNight(bool on) {
+  if (std::exchange(night, on) != on)
+    theme::ShowNight(on);
+}
+
 void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon icon) {
   const QPointer<QWidget> before = QApplication::activeWindow();
   QWidget* asking = QApplication::activeModalWidget(); // also while another program is in front

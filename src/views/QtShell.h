@@ -31,6 +31,7 @@ public:
   void BringToFront(Control& control) override;
   long long WindowHandle(Form& form) override;
   void Hourglass(bool on) override;
+  void ShowNight(bool on) override;
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
   void ShowNotice(const std::string& text) override;
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
@@ -55,7 +56,7 @@ private:
   std::map<Form*, std::unique_ptr<FormView, DeleteLater>> views;
   Form* mainForm = nullptr; // the first one that was shown
   std::unique_ptr<QLabel> notice;
-  bool hourglass = false;
+  bool hourglass = false, night = false;
 };
 
 } // namespace trekor

@@ -204,6 +204,7 @@ public:
   void BringToFront(Control& control) override { Note("Front " + control.FullName()); }
   long long WindowHandle(Form&) override { return 4711; }
   void Hourglass(bool on) override { hourglass = on; }
+  void ShowNight(bool on) override { night = on; }
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
   void ShowNotice(const std::string& text) override { notices.push_back(text); }
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
@@ -214,7 +215,7 @@ public:
   std::vector<std::string> acts;  // "Show Measurements", "Modal NumericPrompt", ...
   std::vector<std::string> boxes; // texts of message boxes
   std::vector<std::string> notices;
-  bool hourglass = false;
+  bool hourglass = false, night = false;
 
 private:
   static void FirstFocus(Form& form);

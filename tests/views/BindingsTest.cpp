@@ -211,9 +211,9 @@ TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
   view.resize(400, 400);
   const QImage seen = view.grab().toImage();
   for (const auto& [x, y, colour] :
-       {std::tuple{320, 160, theme::Paper}, {200, 340, theme::Desk}, {100, 380, theme::Paper}})
+       {std::tuple{320, 160, theme::Day.Paper}, {200, 340, theme::Day.Desk}, {100, 380, theme::Day.Paper}})
     EXPECT_EQ(QColor(seen.pixel(x, y)).name(), QColor(colour).name()) << x << "," << y;
-  EXPECT_NE(seen.pixel(303, 370), theme::Accent) << "the last one that was clicked, without the focus";
+  EXPECT_NE(seen.pixel(303, 370), theme::Day.Accent) << "the last one that was clicked, without the focus";
   int doubled = 0;
   grid.OnDblClick = [&] { ++doubled; };
   QTest::mouseDClick(&view, Qt::LeftButton, Qt::NoModifier, {5, 5});

@@ -164,14 +164,14 @@ TEST(ValueBarsTest, ABarIsAsLongAsItsValueAndALampAsItsState) {
   for (const QSize size : {QSize(40, 112), QSize(212, 40)})
     for (int number = -1; number < 15; ++number) {
       QImage image(size, QImage::Format_RGB32);
-      image.fill(theme::Paper);
+      image.fill(theme::Day.Paper);
       QPainter painter(&image);
-      DrawBar(painter, image.rect(), number);
+      DrawBar(painter, image.rect(), number, theme::Day);
       painter.end();
       const bool lying = size.width() > size.height();
       std::string seen;
       for (int tenth = 0; tenth < 10; ++tenth) // in the middle of each
-        seen += image.pixel(lying ? 16 + 20 * tenth : 20, lying ? 20 : 101 - 10 * tenth) == theme::Accent ? 'A' : '.';
+        seen += image.pixel(lying ? 16 + 20 * tenth : 20, lying ? 20 : 101 - 10 * tenth) == theme::Filled ? 'A' : '.';
       const auto filled = static_cast<std::size_t>(number > 10 ? 0 : std::max(number, 0));
       EXPECT_EQ(seen, std::string(filled, 'A') + std::string(10 - filled, '.')) << number;
       EXPECT_EQ(Count(image, theme::Good) > 100, number == 12) << number;
