@@ -223,7 +223,7 @@ void Grid::SetZoom(int percent) {
   if (percent <= 0 || percent == zoom)
     return;
   zoom = percent;
-  NoteAll();
+  RecordAll();
 }
 
 void Grid::BringIntoView(int c) {

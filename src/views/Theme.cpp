@@ -71,7 +71,7 @@ void ShowNight(bool on) {
 }
 
 QColor WordColour(QRgb given, const Colours& colours) {
-  constexpr float leastLightness = 0.75F;
+  constexpr float leastLightness = 0.85F;
   const QColor day = QColor(given).toHsl();
   if (&colours != &Night)
     return QColor(given);

@@ -3,6 +3,8 @@
 
 #include "values/BarPictures.h"
 
+#include <algorithm>
+
 namespace trekor::tests {
 
 class RunMarksStories : public RunFixture {
@@ -40,6 +42,42 @@ TEST_F(RunMarksStories, TheAgeOfAPositionIsQuietAtFirstAndThenPlain) {
   Press(F4);
   After(0.4);
   EXPECT_EQ(State(), "");
+}
+
+// The keys of the menu are keys like others in a run; the mouse may choose there.
+TEST_F(RunMarksStories, InARunTheGridChangesItsSizeByTheMenuAloneAndKeepsItsRows) {
+  StartFromLink(10.0);
+  Dmi(10.1);
+  Press('A');
+  const Texts roads = Roads();
+  for (const auto& [key, shift] : {std::pair{keys::PageUp, 2}, {keys::PageDown, 2}, {keys::F12, 0}}) {
+    Key(key, shift);
+    Tick();
+  }
+  EXPECT_TRUE(form.Grid.Zoom() == 100 && !fakes.shell.night);
+  EXPECT_EQ(Roads(), roads);
+  form.mnuSizes[6].Click();
+  form.mnuViewLarger.Click(); // is off now
+  form.mnuViewNight.Click();
+  EXPECT_TRUE(form.Grid.Zoom() == 200 && fakes.shell.night);
+  Press('A');
+  EXPECT_EQ(Roads(), roads);
+  EXPECT_EQ(Cell(0, Crack), "2");
+  Press(F4);
+  for (int i = 0; i < 9; ++i)
+    Key(keys::PageDown, 2);
+  EXPECT_EQ(form.Grid.Zoom(), 70);
+  const auto ticked = [](const Menu& size) { return size.Checked(); };
+  EXPECT_EQ(std::count_if(std::begin(form.mnuSizes), std::end(form.mnuSizes), ticked), 1);
+}
+
+TEST_F(RunMarksStories, TheColumnOfTheLastKeyIsToBeSeen) {
+  StartFromLink(10.0);
+  form.Grid.TakeChanges();
+  for (const auto& [key, column] : {std::pair{int('A'), int(Crack)}, {int('E'), int(Rut)}, {int('7'), -1}}) {
+    Press(key);
+    EXPECT_EQ(form.Grid.TakeChanges().wanted, column) << key;
+  }
 }
 
 TEST_F(RunMarksStories, LostKeysAreCountedUntilTheNextStart) {

@@ -274,6 +274,36 @@ TEST(WayOutTest, LeavesTheFilesOfANormalCloseAndSaysGoodbyeOnce) {
   }
 }
 
+// A database of an earlier release has no row for them: the given look then, and from there on it is kept as well.
+TEST_F(ProgramTest, TheSizeOfTheGridAndTheNightAreThereAgainAtTheNextStart) {
+  const auto look = [this] {
+    return std::to_string(program->ForTests().form.Grid.Zoom()) + (fakes.shell.night ? " night" : " day");
+  };
+  const auto key = [this](int code, int shift) {
+    program->ForTests().measurements.Subjects().formKeys.Form_KeyDown(code, shift);
+  };
+  for (const bool older : {false, true}) {
+    if (older) {
+      const auto database = Open(InOrder()[0].working, OpenMode::Exclusive);
+      ASSERT_TRUE(database && database->Execute("DELETE FROM Measurements WHERE Name LIKE 'mnuSize*' OR Name IN "
+                                                "('mnuViewNight', 'mnuViewLarger', 'mnuViewSize', 'mnuViewLine1')"));
+    }
+    fakes.shell.night = false; // a new program begins by day
+    ASSERT_TRUE(Main());
+    EXPECT_EQ(look(), "100 day");
+    EXPECT_EQ(program->ForTests().form.mnuViewNight.Caption(), "&Night colours");
+    key(keys::PageUp, 2), key(keys::PageUp, 2), key(keys::PageUp, 0), key(keys::F12, 0);
+    EXPECT_EQ(look(), "160 night");
+    CloseBox();
+    fakes.shell.night = false;
+    ASSERT_TRUE(Main());
+    EXPECT_EQ(look(), "160 night");
+    key(keys::F12, 0), key(keys::PageDown, 2);
+    EXPECT_EQ(look(), "125 day");
+    CloseBox();
+  }
+}
+
 TEST_F(ProgramTest, AMinimisedWindowComesBackBeforeItCloses) {
   ASSERT_TRUE(Main());
   program->ForTests().form.mnuViewKeyPad.Click();

@@ -1,18 +1,23 @@
 // The grid draws only what has changed and moves what has not: after any story the picture must be the one that a fresh
 // view of the same grid draws.
 #include "views/GridView.h"
+#include "views/CellText.h"
+#include "views/Theme.h"
 
 #include "forms/Form.h"
 #include "support/FakePlatform.h"
 
 #include <QApplication>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPaintEvent>
 #include <QScreen>
 #include <QScrollBar>
 #include <QTest>
 
 #include <gtest/gtest.h>
 
+#include <array>
 #include <random>
 
 namespace trekor {
@@ -55,24 +60,27 @@ protected:
     const QImage whole = Fresh();
     return !whole.isNull() && QTest::qWaitFor([&] { return OnScreen(*view) == whole; }, 2000);
   }
-  // One of ten things that happen to a grid.
+  // One of twelve things that happen to a grid.
   void Act(std::size_t what, std::mt19937& dice) {
     const int row = static_cast<int>(dice() % 14), col = static_cast<int>(dice() % 9);
-    const std::function<void()> acts[] = {
-        [&] { grid.AddItem("0.100 to 0.200", 4); },
-        [&] { grid.AddItem("0.150", std::min(5, grid.Rows())); },
-        [&] { grid.RemoveItem(grid.Rows() > 12 ? grid.Rows() - 1 : -1); },
-        [&] { grid.RemoveItem(row >= 4 ? row : -1); },
-        [&] { grid.SetText(row, col, std::to_string(dice() % 100)); },
-        [&] { grid.SetCellPicture(1, col, "BAR:" + std::to_string(dice() % 14)); },
-        [&] {
-          grid.SetMergeRow(row >= 4 ? row : -1, true);
-          for (int c = 2; row >= 4 && c < 9; ++c)
-            grid.SetText(row, c, "a remark across the row");
-        },
-        [&] { grid.SetSelectionMarks(dice() % 2 == 0); },
-        [&] { grid.SetRow(row), grid.SetCol(col); },
-        [&] { view->horizontalScrollBar()->setValue(static_cast<int>(dice() % 80)); }};
+    const std::function<void()> acts[] = {[&] { grid.AddItem("0.100 to 0.200", 4); },
+                                          [&] { grid.AddItem("0.150", std::min(5, grid.Rows())); },
+                                          [&] { grid.RemoveItem(grid.Rows() > 12 ? grid.Rows() - 1 : -1); },
+                                          [&] { grid.RemoveItem(row >= 4 ? row : -1); },
+                                          [&] { grid.SetText(row, col, std::to_string(dice() % 100)); },
+                                          [&] { grid.SetCellPicture(1, col, "BAR:" + std::to_string(dice() % 14)); },
+                                          [&] {
+                                            grid.SetMergeRow(row >= 4 ? row : -1, true);
+                                            for (int c = 2; row >= 4 && c < 9; ++c)
+                                              grid.SetText(row, c, "a remark across the row");
+                                          },
+                                          [&] { grid.SetSelectionMarks(dice() % 2 == 0); },
+                                          [&] { grid.SetRow(row), grid.SetCol(col); },
+                                          [&] { view->horizontalScrollBar()->setValue(static_cast<int>(dice() % 80)); },
+                                          [&] {
+                                            grid.SetZoom(std::array{70, 100, 160}[dice() % 3]);
+                                          },
+                                          [&] { grid.BringIntoView(col); }};
     acts[what]();
   }
   tests::FakeDrives drives;
@@ -89,7 +97,7 @@ TEST_F(GridViewTest, WhatIsDrawnPieceByPieceIsTheWholePicture) {
     grid.SetRedraw(dice() % 2 == 0);
     std::string story;
     for (int i = 0; i < acts; ++i) {
-      const std::size_t what = dice() % 10;
+      const std::size_t what = dice() % 12;
       story += std::to_string(what) + " ";
       Act(what, dice);
     }
@@ -109,6 +117,123 @@ TEST_F(GridViewTest, AValueInTheNewestRowAndARowAboveItMakeOnePicture) {
       grid.AddItem("newest", 4);
     grid.RemoveItem(grid.Rows() - 1);
     ASSERT_TRUE(ShowsTheWholePicture()) << rowsAbove;
+  }
+}
+
+// An operator enlarges the grid in the middle of a run.
+TEST_F(GridViewTest, TheFirstRowAndColumnStayTheFirstInEverySize) {
+  for (int i = 0; i < 40; ++i)
+    grid.AddItem(std::to_string(39 - i), 4);
+  grid.SetSelectionMarks(true);
+  view->resize(400, 250);
+  QApplication::processEvents();
+  const auto firstSeen = [&] { // by a click just below and right of what doesn't scroll
+    GridLayout layout;
+    QFont type = view->font();
+    type.setPixelSize(QFontInfo(type).pixelSize() * grid.Zoom() / 100);
+    layout.Arrange(grid, QFontMetrics(type), view->viewport()->size());
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, {}, {layout.FirstColumnWidth() + 3, layout.FixedHeight() + 3});
+    return std::pair(grid.Row(), grid.Col());
+  };
+  EXPECT_EQ(firstSeen(), std::pair(4, 1));
+  view->horizontalScrollBar()->setValue(2 * 62);
+  view->verticalScrollBar()->setValue(6 * view->verticalScrollBar()->singleStep());
+  const auto before = firstSeen();
+  EXPECT_GT(before, std::pair(8, 2));
+  for (const int percent : {125, 160, 80, 200, 100}) {
+    grid.SetZoom(percent);
+    QApplication::processEvents();
+    EXPECT_EQ(firstSeen(), before) << percent;
+  }
+}
+
+TEST_F(GridViewTest, TheColumnOfAKeyComesIntoViewAndNothingIsDrawnForOneThatIsSeen) {
+  int drawn = 0; // paints of everything
+  struct Paints : QObject {
+    int& count;
+    explicit Paints(int& n) : count(n) {}
+    bool eventFilter(QObject* o, QEvent* e) override {
+      const auto* area = qobject_cast<QWidget*>(o);
+      if (e->type() == QEvent::Paint && static_cast<QPaintEvent*>(e)->rect().width() == area->width())
+        ++count;
+      return false;
+    }
+  } paints(drawn);
+  view->resize(400, 300);
+  QApplication::processEvents();
+  view->viewport()->installEventFilter(&paints);
+  QLineEdit box;
+  box.show();
+  box.setFocus();
+  const auto press = [&](int col) {
+    grid.BringIntoView(col);
+    QApplication::processEvents();
+    return view->horizontalScrollBar()->value();
+  };
+  const int start = press(1), first = press(8);
+  EXPECT_EQ(start, 0);
+  EXPECT_GT(first, 0);
+  EXPECT_EQ(std::exchange(drawn, 0), 1);
+  EXPECT_EQ(press(8), first);
+  EXPECT_EQ(press(7), first);
+  EXPECT_EQ(drawn, 0);
+  EXPECT_EQ(press(1), 0);
+  EXPECT_GT(press(5), 0);
+  EXPECT_EQ((press(5) - 0) % 62, 0) << "a whole column at the left";
+  EXPECT_EQ(press(99), press(5)) << "there is no such column";
+  EXPECT_TRUE(box.hasFocus() || !view->hasFocus());
+  EXPECT_TRUE(ShowsTheWholePicture());
+}
+
+// One long word in the middle, in every size: what is drawn of it stays between the lines of its column.
+TEST_F(GridViewTest, WordsStayInTheirColumn) {
+  view->resize(900, 300);
+  for (const int percent : {70, 80, 90, 100, 125, 160, 200}) {
+    grid.SetZoom(percent);
+    for (const char* words : {"", "LongitudinalCracking", "1234567890123"}) {
+      for (int c = 1; c < 9; ++c)
+        grid.SetText(3, c, c == 2 ? words : "");
+      ASSERT_TRUE(ShowsTheWholePicture());
+      const QImage seen = OnScreen(*view);
+      GridLayout layout;
+      QFont type = view->font();
+      type.setPixelSize(QFontInfo(type).pixelSize() * percent / 100);
+      layout.Arrange(grid, QFontMetrics(type), view->viewport()->size());
+      const auto ink = [&](int col) {
+        const QRect cell = layout.CellRect(3, col, col).adjusted(0, 0, -1, -1);
+        for (int y = cell.top(); y <= cell.bottom(); ++y)
+          for (int x = cell.left(); x <= cell.right(); ++x)
+            if (seen.pixel(x, y) != theme::Day.Head)
+              return true;
+        return false;
+      };
+      EXPECT_EQ(ink(2), *words != 0) << percent << words;
+      EXPECT_FALSE(ink(1) || ink(3)) << percent << words;
+    }
+  }
+}
+
+TEST(CellTextTest, WordsBecomeSmallerThenShorterByWholeCharacters) {
+  QFont font = QApplication::font();
+  font.setPixelSize(20);
+  const auto fit = [&](const char* words, int room, CutEnd end) {
+    const CellText text = FitText(words, font, room, end);
+    EXPECT_LE(QFontMetrics(text.font).horizontalAdvance(text.words), std::max(room, 0)) << words;
+    return std::pair(text.words.toStdString(), QFontInfo(text.font).pixelSize());
+  };
+  const int full = QFontMetrics(font).horizontalAdvance("Corrugation");
+  EXPECT_EQ(fit("Corrugation", full, CutEnd::Plain), std::pair(std::string("Corrugation"), 20));
+  const auto [smaller, size] = fit("Corrugation", full * 4 / 5, CutEnd::Plain);
+  EXPECT_EQ(smaller, "Corrugation");
+  EXPECT_TRUE(size < 20 && size >= 13) << size;
+  const auto [cut, least] = fit("Corrugation", full / 2, CutEnd::Plain);
+  EXPECT_TRUE(std::string("Corrugation").starts_with(cut) && cut.size() > 4) << cut;
+  EXPECT_EQ(least, 13);
+  const auto value = fit("1234567890", full / 3, CutEnd::Dots).first;
+  EXPECT_TRUE(value.ends_with("\u2026")) << value << " could be taken for another number";
+  for (int room = -1; room < full; ++room) { // a letter of two parts is never halved
+    const std::string words = fit("e\u0301e\u0301e\u0301e\u0301e\u0301e\u0301", room, CutEnd::Plain).first;
+    EXPECT_EQ(words.size() % 3, 0U) << room;
   }
 }
 
