@@ -222,8 +222,10 @@ private:
       FollowAction();
   }
   void FollowAction() {
-    action->setSeparator(menu.Caption() == "-");
-    action->setText(Q(menu.Shortcut.empty() ? menu.Caption() : menu.Caption() + '\t' + menu.Shortcut));
+    const bool line = menu.Caption() == "-";
+    action->setSeparator(line);
+    action->setText(line ? QString()
+                         : Q(menu.Shortcut.empty() ? menu.Caption() : menu.Caption() + '\t' + menu.Shortcut));
     action->setEnabled(menu.Enabled());
     action->setVisible(menu.Visible());
     action->setCheckable(menu.Checked());

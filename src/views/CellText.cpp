@@ -21,22 +21,25 @@ QString WholeCharacters(const QString& words, const QFontMetrics& metrics, int r
   return words.left(end);
 }
 
+// The largest font in which the words fit, or the smallest one. By whole pixels: the width of a text doesn't follow its
+// size evenly.
+QFont Smaller(const QString& words, QFont font, int room) {
+  const int full = QFontInfo(font).pixelSize(), least = std::max(1, static_cast<int>(full * Smallest));
+  for (int size = full - 1; size >= least && QFontMetrics(font).horizontalAdvance(words) > room; --size)
+    font.setPixelSize(size);
+  return font;
+}
+
 } // namespace
 
-// By whole pixels: the width of a text doesn't follow its size evenly.
 CellText FitText(const QString& words, const QFont& font, int room, CutEnd end) {
-  CellText fitted{font, words};
-  const int full = QFontInfo(font).pixelSize(), least = std::max(1, static_cast<int>(full * Smallest));
-  for (int size = full; QFontMetrics(fitted.font).horizontalAdvance(words) > room; --size) {
-    if (size < least) {
-      const QFontMetrics metrics(fitted.font);
-      fitted.words =
-          end == CutEnd::Dots ? metrics.elidedText(words, Qt::ElideRight, room) : WholeCharacters(words, metrics, room);
-      break;
-    }
-    fitted.font.setPixelSize(size);
-  }
-  return fitted;
+  const QFont smaller = Smaller(words, font, room);
+  const QFontMetrics metrics(smaller);
+  if (metrics.horizontalAdvance(words) <= room)
+    return {smaller, words};
+  if (end == CutEnd::Plain)
+    return {smaller, WholeCharacters(words, metrics, room)};
+  return {font, QFontMetrics(font).elidedText(words, Qt::ElideRight, room)};
 }
 
 } // namespace trekor

@@ -1,4 +1,4 @@
-// Words that must fit into a cell: first they become smaller, then they are cut.
+// Words that must fit into a cell: they become smaller for it. What doesn't fit even so is cut.
 #pragma once
 
 #include <QFont>
@@ -12,8 +12,8 @@ struct CellText {
 };
 
 enum class CutEnd {
-  Plain, // of a name: as many whole characters as fit
-  Dots   // of a value, which must not be taken for another one
+  Plain, // of a name: as many whole characters as fit, small ones
+  Dots   // of a value, which must not be taken for another one: as large as the others
 };
 
 // `room` in logical pixels.

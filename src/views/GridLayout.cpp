@@ -51,8 +51,24 @@ void GridLayout::Arrange(const Grid& grid, const QFontMetrics& metrics, QSize vi
     tops.push_back(tops.back() + HeightOfFixedRow(grid, r));
 }
 
+// `x`, or a little further, where a column begins.
+int GridLayout::WholeColumns(int x) const {
+  if (edges.size() < 3 || x <= 0)
+    return 0;
+  const auto edge = std::lower_bound(edges.begin() + 1, edges.end() - 2, x + edges[1]); // one column stays
+  return *edge - edges[1];
+}
+
+int GridLayout::LastColumn(int width) const {
+  const int last = static_cast<int>(edges.size()) - 2, first = FirstColumn();
+  int col = std::max(first, 0);
+  while (col < last && edges[N(col) + 2] - scrolled.x() <= width)
+    ++col;
+  return std::min(col, last);
+}
+
 QSize GridLayout::Overhang(QSize view, int rows) const {
-  return {std::max(0, edges.back() - view.width()),
+  return {WholeColumns(edges.back() - view.width()),
           std::max(0, FixedHeight() + (rows - fixedRows) * rowHeight - view.height())};
 }
 

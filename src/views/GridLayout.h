@@ -1,5 +1,7 @@
 // Where the cells of a grid lie in its view: fixed rows on top, the first column at the left; both stay when the rest
-// is scrolled. In logical pixels of the view. The grid's zoom enlarges all of it; the sizes below are those at 100.
+// is scrolled. Columns are scrolled and shown as a whole: one that doesn't fit at the right is left out, as half a word
+// or half a picture is none. In logical pixels of the view. The grid's zoom enlarges all of it; the sizes below are
+// those at 100.
 #pragma once
 
 #include "forms/Grid.h"
@@ -16,7 +18,7 @@ class GridLayout {
 public:
   // Computes the layout for a view of this size; `metrics` are those of the enlarged font.
   void Arrange(const Grid& grid, const QFontMetrics& metrics, QSize view);
-  void ScrollTo(int x, int y) { scrolled = {x, y}; }
+  void ScrollTo(int x, int y) { scrolled = {WholeColumns(x), y}; }
 
   // What does not fit into the view and can be scrolled to.
   QSize Overhang(QSize view, int rows) const;
@@ -26,6 +28,8 @@ public:
   int FirstRow() const { return RowAt(FixedHeight()); }
   int FirstColumn() const { return ColumnAt(FirstColumnWidth()); }
   QPoint PlaceOf(int row, int col) const;
+  // The last column that a view of this width shows.
+  int LastColumn(int width) const;
   // How far the columns must be scrolled so that one is whole in a view of this width: no further than needed, and with
   // a whole column at the left.
   int ScrollFor(int col, int width) const;
@@ -39,6 +43,7 @@ public:
   int HeightOfFixedRow(const Grid& grid, int row) const;
 
 private:
+  int WholeColumns(int x) const;
   int Zoomed(int pixels) const { return pixels * zoom / 100; }
   int Share(const Grid& grid, int station, int width) const;
   int ColumnWidth(const Grid& grid, int col, int share) const;

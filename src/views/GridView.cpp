@@ -250,13 +250,14 @@ void GridView::paintEvent(QPaintEvent* e) {
 void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
   const int width = viewport()->width();
   const int firstWidth = layout.FirstColumnWidth();
+  const int whole = layout.LastColumn(width);
   if (grid.Cols() > 1 && area.right() >= firstWidth) {
     p.save();
     p.setClipRect(QRect(firstWidth, 0, width - firstWidth, viewport()->height()), Qt::IntersectClip);
     const int from = layout.ColumnAt(std::max(area.left(), firstWidth));
     for (int c = from < 0 ? grid.Cols() : FirstEqual(row, from); c < grid.Cols();) {
       const int last = LastEqual(row, c);
-      if (layout.CellRect(row, c, last).left() > area.right())
+      if (layout.CellRect(row, c, last).left() > area.right() || c > whole)
         break;
       PaintCell(p, row, c, last);
       c = last + 1;
@@ -265,7 +266,7 @@ void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
   }
   if (grid.Cols() > 0 && area.left() < firstWidth)
     PaintCell(p, row, 0, 0);
-  const int end = grid.Cols() > 0 ? layout.CellRect(row, grid.Cols() - 1, grid.Cols() - 1).right() + 1 : 0;
+  const int end = grid.Cols() > 0 ? layout.CellRect(row, whole, LastEqual(row, whole)).right() + 1 : 0;
   if (end <= area.right()) {
     QRect rest = layout.RowRect(row, width);
     rest.setLeft(end);
@@ -347,6 +348,8 @@ void GridView::PaintCurrentCell(QPainter& p) {
   if (row < grid.FixedRows() || row >= grid.Rows() || col >= grid.Cols())
     return;
   const int first = col > 0 ? FirstEqual(row, col) : 0;
+  if (first > layout.LastColumn(viewport()->width()))
+    return;
   p.setClipRect(
       QRect(col > 0 ? layout.FirstColumnWidth() : 0, layout.FixedHeight(), viewport()->width(), viewport()->height()));
   p.setPen(QPen(QColor(colours->Accent), 3));
@@ -359,7 +362,8 @@ void GridView::PaintCurrentCell(QPainter& p) {
 std::optional<GridCell> GridView::CellAt(QPoint global) const {
   const QPoint at = viewport()->mapFromGlobal(global);
   const GridCell cell{layout.RowAt(at.y()), layout.ColumnAt(at.x())};
-  if (!viewport()->rect().contains(at) || cell.row >= grid.Rows() || cell.col < 0)
+  if (!viewport()->rect().contains(at) || cell.row >= grid.Rows() || cell.col < 0 ||
+      cell.col > layout.LastColumn(viewport()->width()))
     return std::nullopt;
   return cell;
 }

@@ -51,7 +51,7 @@ QPalette PaletteOf(const Colours& c) {
 }
 
 const Colours& In(const QWidget& widget) {
-  const QPalette p = widget.palette();
+  const QPalette& p = widget.palette();
   return p.color(QPalette::Active, QPalette::Base).rgb() == Night.Paper ? Night : Day;
 }
 
@@ -65,8 +65,14 @@ void Apply(QApplication& app) {
 }
 
 void ShowNight(bool on) {
-  const QPalette wanted = PaletteOf(on ? Night : Day);
+  const Colours& colours = on ? Night : Day;
+  const QPalette wanted = PaletteOf(colours);
+  QPalette menu = wanted;
+  if (on) // the toolkit's frame around a menu is as dark as the window that it opens over
+    for (const auto role : {QPalette::Window, QPalette::Base, QPalette::Button})
+      menu.setColor(role, QColor(colours.Head));
   QApplication::setPalette(wanted);
+  QApplication::setPalette(menu, "QMenu");
   QToolTip::setPalette(wanted);
 }
 
