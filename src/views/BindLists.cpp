@@ -9,6 +9,8 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollArea>
+#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -138,12 +140,51 @@ protected:
   }
 };
 
+// The place of a page. On a screen that is too small for what stands on it, it can be scrolled.
+class PageWidget : public QScrollArea {
+public:
+  explicit PageWidget(QWidget* parent) : QScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setWidgetResizable(true);
+    viewport()->setAutoFillBackground(false);
+  }
+
+protected:
+  void showEvent(QShowEvent*) override { MakeRoom(); }
+  void resizeEvent(QResizeEvent* e) override {
+    MakeRoom();
+    QScrollArea::resizeEvent(e);
+  }
+
+private:
+  // The bar below takes a little of the height, for which there need not be another one at the side.
+  void MakeRoom() {
+    const QRect needed = widget()->childrenRect();
+    const int bar = horizontalScrollBar()->sizeHint().height();
+    const bool high = needed.bottom() >= height() + bar;
+    widget()->setMinimumSize(needed.right() + 1, high ? needed.bottom() + 1 : 0);
+  }
+};
+
 class FrameBinding : public Binding {
 public:
   FrameBinding(Frame& c, BindingPlace& p) : Binding(c, p), frame(c) {}
+  QWidget* Inside() override {
+    Ensure();
+    return shown;
+  }
 
 private:
-  QWidget* Make(QWidget* parent) override { return shown = new FrameWidget(parent); }
+  QWidget* Make(QWidget* parent) override {
+    if (!frame.Caption().empty())
+      return shown = new FrameWidget(parent);
+    auto* page = new PageWidget(parent);
+    shown = new FrameWidget(page);
+    page->setWidget(shown);
+    shown->setAutoFillBackground(false);
+    return page;
+  }
   void Follow(Change what) override {
     if (what != Change::Caption)
       return;

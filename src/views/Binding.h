@@ -42,6 +42,8 @@ public:
   QWidget* Widget() const { return widget; }
   // Makes the widget, when there is none yet, and sets all its properties.
   QWidget* Ensure();
+  // The parent for the widgets of the controls that this one holds.
+  virtual QWidget* Inside() { return Ensure(); }
   // The window was made: parts that belong to it without being widgets (menus) can be made now.
   virtual void WindowMade() {}
   // The form goes away: from now on the model is neither listened to nor written.

@@ -33,6 +33,8 @@ QFont Smaller(const QString& words, QFont font, int room) {
 } // namespace
 
 CellText FitText(const QString& words, const QFont& font, int room, CutEnd end) {
+  if (QFontMetrics(font).horizontalAdvance(words) <= room) // nearly always
+    return {font, words};
   const QFont smaller = Smaller(words, font, room);
   const QFontMetrics metrics(smaller);
   if (metrics.horizontalAdvance(words) <= room)

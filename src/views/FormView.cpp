@@ -106,7 +106,7 @@ QWidget* FormView::ParentOf(const Control& control) {
   if (!window)
     return nullptr;
   Binding* container = control.Container ? BindingOf(*control.Container) : nullptr;
-  return container ? container->Ensure() : window->Sheet();
+  return container ? container->Inside() : window->Sheet();
 }
 
 QMenuBar* FormView::MenuBar() {

@@ -98,13 +98,19 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   if (picture.empty())
     return;
   const double words = std::max<double>(p.fontMetrics().horizontalAdvance(text), PaintNote(p, note, inside));
-  // The letter keeps its corner; on a low key the picture stands beside it and the value.
-  const int side = static_cast<int>(std::min({inside.width(), inside.height(), 64.0}));
-  const QPixmap drawn = pictures.Scaled(picture, side, devicePixelRatioF());
+  // The letter keeps its corner. The picture stands beside it and the value, or on a narrow key below the letter.
+  constexpr double largest = 64, gap = 4;
+  const double beside = std::min({inside.width() - words - gap, inside.height(), largest});
+  const double below =
+      note.text.empty() ? std::min({inside.width(), inside.height() - p.fontMetrics().height(), largest}) : 0;
+  const QPixmap drawn = pictures.Scaled(picture, static_cast<int>(std::max(beside, below)), devicePixelRatioF());
   const QSizeF size = drawn.deviceIndependentSize();
-  const double x = std::max(inside.center().x() - size.width() / 2,
-                            std::min(inside.left() + words + 4, inside.right() - size.width()));
-  theme::DrawPicture(p, QPointF(x, inside.center().y() - size.height() / 2), drawn, colours);
+  QPointF corner = inside.center() - QPointF(size.width(), size.height()) / 2;
+  if (beside < below)
+    corner.setY(inside.bottom() - size.height());
+  else
+    corner.setX(std::max(corner.x(), inside.left() + words + gap));
+  theme::DrawPicture(p, corner, drawn, colours);
 }
 
 // In bold figures below the letter. Gives its width.

@@ -9,6 +9,8 @@
 #include <QMenuBar>
 #include <QPainter>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
 
 namespace trekor {
 namespace {
@@ -132,6 +134,71 @@ TEST_F(ScreenTest, AChangeIsSeenAtOnceAndAsIfItHadStoodFromTheStart) {
     change(changed);
     EXPECT_TRUE(QTest::qWaitFor([&] { return Seen() == wanted; }, 1000));
     shell.Unload(changed);
+  }
+}
+
+TEST_F(ScreenTest, AWindowThatGoesIntoTheNightLooksAsOneThatIsOpenedInIt) {
+  for (const bool night : {true, false}) {
+    EveryKind opened, gone;
+    shell.ShowNight(night);
+    shell.Show(opened);
+    const QImage wanted = Seen();
+    shell.Unload(opened);
+    shell.ShowNight(!night);
+    gone.label.SetForeColor(0xC00000); // of its own, and given up
+    gone.label.SetForeColor(-1);
+    shell.Show(gone);
+    EXPECT_TRUE(Seen() != wanted);
+    shell.ShowNight(night);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return Seen() == wanted; }, 1000)) << night;
+    shell.Unload(gone);
+  }
+}
+
+// Half a box is no box: on a small screen the rest of a page can be brought to sight.
+TEST_F(ScreenTest, APageThatIsTooSmallForItsControlsCanBeScrolled) {
+  struct Paged : Form {
+    Paged() : Form("Paged") {
+      Move(300, 300, 9000, 6000);
+      page.Move(0, 0, 9000, 3000);
+      box.Container = &page;
+      box.Move(6000, 150, 2250, 450);
+    }
+    Frame page{*this, "tabFrames", 0};
+    TextBox box{*this, "Texts", 0};
+  } form;
+  shell.Show(form);
+  const auto* bar = Window()->findChild<QScrollArea*>()->horizontalScrollBar();
+  const auto* side = Window()->findChild<QScrollArea*>()->verticalScrollBar();
+  const auto way = [&] {
+    QApplication::processEvents();
+    return bar->maximum();
+  };
+  EXPECT_EQ(way(), 0);
+  form.page.Move(0, 0, 6750, 3000);
+  EXPECT_EQ(way(), 100);
+  EXPECT_EQ(side->maximum(), 0);
+  form.page.Move(0, 0, 9000, 300);
+  EXPECT_EQ(way(), 0);
+  EXPECT_GE(side->maximum(), 20);
+  shell.Unload(form);
+}
+
+TEST_F(ScreenTest, APictureLeavesTheLetterOfItsKeyAlone) {
+  for (const int width : {600, 900, 1500, 3000}) { // twips
+    Form form("Form");
+    form.Move(0, 0, 6000, 1500);
+    Grid keys(form, "fxgKeyPad");
+    keys.Move(0, 0, width, 750);
+    keys.SetCols(1), keys.SetRows(1), keys.SetText(0, 0, "F7");
+    keys.SetCellPicture(0, 0, "STAR");
+    shell.Show(form);
+    const QImage both = Seen();
+    EXPECT_GT(Count(both, 0xFFFF0000), 60) << width;
+    const QFontMetrics metrics(QApplication::font());
+    const QRect word(9, 6, metrics.horizontalAdvance("F7"), metrics.height());
+    EXPECT_EQ(Count(both.copy(word), 0xFFFF0000), 0) << width;
+    shell.Unload(form);
   }
 }
 
