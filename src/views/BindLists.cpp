@@ -2,6 +2,7 @@
 #include "views/Binding.h"
 #include "views/GridView.h"
 #include "views/KeyGridView.h"
+#include "views/Page.h"
 #include "views/PaintedBinding.h"
 #include "views/Theme.h"
 
@@ -9,8 +10,6 @@
 #include <QListWidget>
 #include <QMouseEvent>
 #include <QPainter>
-#include <QScrollArea>
-#include <QScrollBar>
 #include <QSignalBlocker>
 
 #include <algorithm>
@@ -140,33 +139,6 @@ protected:
   }
 };
 
-// The place of a page. On a screen that is too small for what stands on it, it can be scrolled.
-class PageWidget : public QScrollArea {
-public:
-  explicit PageWidget(QWidget* parent) : QScrollArea(parent) {
-    setFrameShape(QFrame::NoFrame);
-    setFocusPolicy(Qt::NoFocus);
-    setWidgetResizable(true);
-    viewport()->setAutoFillBackground(false);
-  }
-
-protected:
-  void showEvent(QShowEvent*) override { MakeRoom(); }
-  void resizeEvent(QResizeEvent* e) override {
-    MakeRoom();
-    QScrollArea::resizeEvent(e);
-  }
-
-private:
-  // The bar below takes a little of the height, for which there need not be another one at the side.
-  void MakeRoom() {
-    const QRect needed = widget()->childrenRect();
-    const int bar = horizontalScrollBar()->sizeHint().height();
-    const bool high = needed.bottom() >= height() + bar;
-    widget()->setMinimumSize(needed.right() + 1, high ? needed.bottom() + 1 : 0);
-  }
-};
-
 class FrameBinding : public Binding {
 public:
   FrameBinding(Frame& c, BindingPlace& p) : Binding(c, p), frame(c) {}
@@ -179,10 +151,8 @@ private:
   QWidget* Make(QWidget* parent) override {
     if (!frame.Caption().empty())
       return shown = new FrameWidget(parent);
-    auto* page = new PageWidget(parent);
-    shown = new FrameWidget(page);
-    page->setWidget(shown);
-    shown->setAutoFillBackground(false);
+    auto* page = new Page(parent);
+    page->Hold(shown = new FrameWidget(page));
     return page;
   }
   void Follow(Change what) override {

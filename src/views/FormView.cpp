@@ -18,6 +18,7 @@ namespace {
 
 constexpr int GridPixels = 16;
 constexpr int HighBox = 50;
+constexpr int TitleBar = 28; // as high as window managers make it; how high is known only when the window is shown
 
 Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
   if (form.ToolWindow)
@@ -25,8 +26,9 @@ Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
   return modal ? Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::Window;
 }
 
-// A stored place may lie outside of today's screen: moved and cut to fit.
-QRect Visible(QRect place, const QRect& screen) {
+// A stored place may lie outside of today's screen: moved and cut to fit, with the title bar above it.
+QRect Visible(QRect place, QRect screen) {
+  screen.setBottom(screen.bottom() - TitleBar);
   place.setSize(place.size().boundedTo(screen.size()));
   place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
   place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
@@ -137,8 +139,8 @@ void FormView::FollowGeometry() {
   else
     window->setWindowState(form.WindowState() == WindowStates::Minimised ? Qt::WindowMinimized : Qt::WindowMaximized);
   following = false;
-  if (place.size() != wanted.size())
-    WindowResized(window->Sheet()->size());
+  if (place.size() != wanted.size()) // the sheet follows only when the window is shown
+    WindowResized(place.size().shrunkBy({0, window->MenuHeight(), 0, 0}));
 }
 
 void FormView::FormChanged(Form&, Change what) {

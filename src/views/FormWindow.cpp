@@ -1,6 +1,7 @@
 #include "views/FormWindow.h"
 
 #include "views/FormView.h"
+#include "views/Page.h"
 #include "views/Theme.h"
 
 #include <QCloseEvent>
@@ -12,7 +13,13 @@
 namespace trekor {
 
 FormWindow::FormWindow(FormView& v, Qt::WindowFlags flags)
-    : QWidget(nullptr, flags), view(&v), sheet(new QWidget(this)) {}
+    : QWidget(nullptr, flags), view(&v), sheet(new QWidget(this)), inside(sheet) {
+  if (v.Model().OnResize) // a form that arranges its controls itself
+    return;
+  auto* page = new Page(this);
+  page->Hold(sheet);
+  inside = page;
+}
 
 QMenuBar* FormWindow::MenuBar() {
   if (!menus)
@@ -54,9 +61,9 @@ void FormWindow::resizeEvent(QResizeEvent*) {
   const int top = MenuHeight();
   if (menus)
     menus->setGeometry(0, 0, width(), top);
-  sheet->setGeometry(0, top, width(), height() - top);
+  inside->setGeometry(0, top, width(), height() - top);
   if (view)
-    view->WindowResized(sheet->size());
+    view->WindowResized(inside->size());
 }
 
 void FormWindow::moveEvent(QMoveEvent*) {

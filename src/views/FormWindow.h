@@ -14,6 +14,7 @@ public:
   FormWindow(FormView& view, Qt::WindowFlags flags);
   FormView* View() const { return view; }
   void Forsake() { view = nullptr; }
+  // What the controls stand on.
   QWidget* Sheet() const { return sheet; }
   QMenuBar* MenuBar(); // makes it
   int MenuHeight() const;
@@ -27,6 +28,7 @@ protected:
 private:
   FormView* view;
   QWidget* sheet;
+  QWidget* inside; // the sheet, or the page that it can be scrolled in
   QMenuBar* menus = nullptr;
   bool painted = false;
 };

@@ -35,8 +35,8 @@ struct Colours {
 
 inline constexpr Colours Day{0xFF0B141C, 0xFF4E5964, 0xFFFFFFFF, 0xFFF2F6FA, 0xFFE9EEF3, 0xFFD9E3EC,
                              0xFFF8FAFC, 0xFFFFFBE6, 0xFFA9B8C6, 0xFF0A4F98, 0xFFCFE3F7};
-inline constexpr Colours Night{0xFFD8DEE4, 0xFF98A4B0, 0xFF0D1115, 0xFF171D23, 0xFF12171C, 0xFF222A32,
-                               0xFF1E262E, 0xFF2A2A1C, 0xFF3F4B57, 0xFF6FB1F2, 0xFF1D3A5A};
+inline constexpr Colours Night{0xFFD8DEE4, 0xFF98A4B0, 0xFF0D1115, 0xFF20272F, 0xFF1C232B, 0xFF222A32,
+                               0xFF2B3540, 0xFF2A2A1C, 0xFF3F4B57, 0xFF6FB1F2, 0xFF1D3A5A};
 
 // What tells a value or a state is the same by day and by night, and is seen on the grounds of both.
 inline constexpr QRgb Filled = 0xFF1A6FD8;   // the part of a bar

@@ -168,8 +168,8 @@ TEST_F(ScreenTest, APageThatIsTooSmallForItsControlsCanBeScrolled) {
     TextBox box{*this, "Texts", 0};
   } form;
   shell.Show(form);
-  const auto* bar = Window()->findChild<QScrollArea*>()->horizontalScrollBar();
-  const auto* side = Window()->findChild<QScrollArea*>()->verticalScrollBar();
+  const QScrollArea* page = Window()->findChildren<QScrollArea*>().last(); // within the one of the window
+  const auto *bar = page->horizontalScrollBar(), *side = page->verticalScrollBar();
   const auto way = [&] {
     QApplication::processEvents();
     return bar->maximum();

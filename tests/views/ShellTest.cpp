@@ -7,9 +7,14 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QScreen>
+#include <QScrollArea>
+#include <QScrollBar>
+#include <QTest>
 #include <QTimer>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace trekor {
 namespace {
@@ -74,6 +79,40 @@ TEST_F(ShellTest, AWindowThatLayOnAScreenWhichHasGoneIsSeenOnThisOne) {
   for (const QWidget* w : QApplication::topLevelWidgets())
     EXPECT_TRUE(!w->isVisible() || w->screen()->availableGeometry().contains(w->geometry().center()));
   shell.Unload(form);
+}
+
+// A larger screen's look on a small one: the form is told the size that it gets, and what stands beyond can be scrolled
+// to.
+TEST_F(ShellTest, AFormThatIsLargerThanTheScreenFillsItAndCanBeScrolled) {
+  Form form("Trial");
+  CommandButton far(form, "CmdOK");
+  const int wide = 15 * QGuiApplication::primaryScreen()->availableGeometry().width();
+  form.Move(0, 0, 2 * wide, 3000);
+  far.Move(2 * wide - 1500, 300, 1200, 450);
+  shell.Show(form);
+  const auto page = [] {
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (w->isVisible() && w->findChild<QScrollArea*>())
+        return w->findChild<QScrollArea*>();
+    return static_cast<QScrollArea*>(nullptr);
+  };
+  QApplication::processEvents();
+  ASSERT_TRUE(page());
+  EXPECT_EQ(form.Width, wide);
+  EXPECT_EQ(page()->horizontalScrollBar()->maximum(), wide / 15 - 20);
+  shell.SetFocus(far);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return page()->horizontalScrollBar()->value() > wide / 15 - 150; }, 2000));
+  shell.Unload(form);
+
+  Form own("Own"); // arranges its controls itself
+  std::vector<int> widths;
+  own.OnResize = [&] { widths.push_back(own.Width); };
+  own.Move(0, 0, 2 * wide, 3000);
+  shell.Show(own);
+  QApplication::processEvents();
+  EXPECT_TRUE(!widths.empty() && std::all_of(widths.begin(), widths.end(), [&](int w) { return w == wide; }));
+  EXPECT_FALSE(page());
+  shell.Unload(own);
 }
 
 // An order of the link or the end of the program takes the form away while it tells something.
