@@ -1,11 +1,8 @@
 #include "platform_os/SdlSoundPlayer.h"
 
+#include "platform_os/SdlLibrary.h"
 #include "platform_os/SoundLibrary.h"
 #include "platform_os/WaveFile.h"
-
-// The program has its own main.
-#define SDL_MAIN_HANDLED
-#include <SDL.h>
 
 #include <algorithm>
 #include <chrono>
@@ -39,7 +36,7 @@ void SdlSoundPlayer::PictureShown() {
 
 int SdlSoundPlayer::Devices() {
   const std::lock_guard lock(mutex);
-  return audioStarted ? std::max(0, SDL_GetNumAudioDevices(0)) : 0;
+  return audioStarted ? std::max(0, Sdl()->GetNumAudioDevices(0)) : 0;
 }
 
 void SdlSoundPlayer::Play(const Paths& paths) {
@@ -61,7 +58,8 @@ void SdlSoundPlayer::Work(const std::stop_token& stop) {
     OpenDevice();
     PlayWhatIsAsked(stop);
     CloseDevice();
-    SDL_TLSCleanup(); // what the library keeps for a thread that it did not begin
+    if (const SdlLibrary* sdl = Sdl())
+      sdl->TLSCleanup(); // what the library keeps for a thread that it did not begin
   }
   const std::lock_guard lock(mutex);
   ended = true;
@@ -76,9 +74,12 @@ bool SdlSoundPlayer::LetsGo() {
 
 void SdlSoundPlayer::OpenDevice() {
   SilenceSoundLibrary();
-  SDL_SetMainReady();
-  SDL_SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
-  const bool started = SDL_InitSubSystem(SDL_INIT_AUDIO) == 0;
+  const SdlLibrary* sdl = Sdl();
+  if (!sdl)
+    return Trace("no sound library", "");
+  sdl->SetMainReady();
+  sdl->SetHint(SDL_HINT_NO_SIGNAL_HANDLERS, "1"); // else a request to terminate would be swallowed
+  const bool started = sdl->InitSubSystem(SDL_INIT_AUDIO) == 0;
   SDL_AudioSpec stream{};
   stream.freq = WaveRate;
   stream.format = AUDIO_S16SYS;
@@ -86,10 +87,10 @@ void SdlSoundPlayer::OpenDevice() {
   stream.samples = Frames;
   stream.callback = &SdlSoundPlayer::Feed;
   stream.userdata = this;
-  const SDL_AudioDeviceID opened = started ? SDL_OpenAudioDevice(nullptr, 0, &stream, nullptr, 0) : 0;
+  const SDL_AudioDeviceID opened = started ? sdl->OpenAudioDevice(nullptr, 0, &stream, nullptr, 0) : 0;
   if (opened != 0)
-    SDL_PauseAudioDevice(opened, 0);
-  Trace(opened != 0 ? "sound device open" : "no sound device: ", opened != 0 ? "" : SDL_GetError());
+    sdl->PauseAudioDevice(opened, 0);
+  Trace(opened != 0 ? "sound device open" : "no sound device: ", opened != 0 ? "" : sdl->GetError());
   const std::lock_guard lock(mutex);
   audioStarted = started;
   device = opened;
@@ -102,9 +103,9 @@ void SdlSoundPlayer::CloseDevice() {
   const SDL_AudioDeviceID open = std::exchange(device, 0);
   lock.unlock();
   if (open != 0)
-    SDL_CloseAudioDevice(open);
+    Sdl()->CloseAudioDevice(open);
   if (started)
-    SDL_QuitSubSystem(SDL_INIT_AUDIO);
+    Sdl()->QuitSubSystem(SDL_INIT_AUDIO);
 }
 
 // Only the newest of several that came meanwhile would be heard.
@@ -123,10 +124,10 @@ bool SdlSoundPlayer::StartFirst(const Paths& paths) {
   if (path == paths.end())
     return false;
   Samples loaded = LoadWave(drives.NativePath(*path));
-  SDL_LockAudioDevice(device);
+  Sdl()->LockAudioDevice(device);
   sound.swap(loaded);
   next = 0;
-  SDL_UnlockAudioDevice(device);
+  Sdl()->UnlockAudioDevice(device);
   return true;
 }
 

@@ -1,8 +1,7 @@
 #include "platform_os/WaveFile.h"
 
 #include "platform_os/FileDrives.h"
-
-#include <SDL.h>
+#include "platform_os/SdlLibrary.h"
 
 #include <algorithm>
 #include <filesystem>
@@ -29,11 +28,12 @@ std::vector<char> Beginning(const std::filesystem::path& file) {
   return bytes;
 }
 
-std::vector<std::uint8_t> Converted(const SDL_AudioSpec& file, const Uint8* bytes, Uint32 length) {
+std::vector<std::uint8_t> Converted(const SdlLibrary& sdl, const SDL_AudioSpec& file, const Uint8* bytes,
+                                    Uint32 length) {
   std::vector<std::uint8_t> samples;
   SDL_AudioCVT cvt{};
   if (file.freq < LowestRate || file.freq > HighestRate ||
-      SDL_BuildAudioCVT(&cvt, file.format, file.channels, file.freq, AUDIO_S16SYS, WaveChannels, WaveRate) < 0)
+      sdl.BuildAudioCVT(&cvt, file.format, file.channels, file.freq, AUDIO_S16SYS, WaveChannels, WaveRate) < 0)
     return samples;
   const Uint32 frame = SDL_AUDIO_BITSIZE(file.format) / 8U * file.channels;
   length = std::min(length, LongestSeconds * static_cast<Uint32>(file.freq) * frame);
@@ -42,7 +42,7 @@ std::vector<std::uint8_t> Converted(const SDL_AudioSpec& file, const Uint8* byte
   cvt.buf = samples.data();
   cvt.len = static_cast<int>(length);
   cvt.len_cvt = cvt.len;
-  samples.resize(!cvt.needed || SDL_ConvertAudio(&cvt) == 0 ? static_cast<std::size_t>(cvt.len_cvt) : 0);
+  samples.resize(!cvt.needed || sdl.ConvertAudio(&cvt) == 0 ? static_cast<std::size_t>(cvt.len_cvt) : 0);
   return samples;
 }
 
@@ -50,14 +50,15 @@ std::vector<std::uint8_t> Converted(const SDL_AudioSpec& file, const Uint8* byte
 
 std::vector<std::uint8_t> LoadWave(const std::string& nativePath) {
   std::vector<std::uint8_t> samples;
-  const std::vector<char> file = Beginning(PathFromText(nativePath));
+  const SdlLibrary* sdl = Sdl();
+  const std::vector<char> file = sdl ? Beginning(PathFromText(nativePath)) : std::vector<char>();
   SDL_AudioSpec format{};
   Uint8* bytes = nullptr;
   Uint32 length = 0;
-  SDL_RWops* source = file.empty() ? nullptr : SDL_RWFromConstMem(file.data(), static_cast<int>(file.size()));
-  if (source && SDL_LoadWAV_RW(source, 1, &format, &bytes, &length)) {
-    samples = Converted(format, bytes, length);
-    SDL_FreeWAV(bytes);
+  SDL_RWops* source = file.empty() ? nullptr : sdl->RWFromConstMem(file.data(), static_cast<int>(file.size()));
+  if (source && sdl->LoadWAV_RW(source, 1, &format, &bytes, &length)) {
+    samples = Converted(*sdl, format, bytes, length);
+    sdl->FreeWAV(bytes);
   }
   return samples;
 }
