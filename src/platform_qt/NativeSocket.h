@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <deque>
 #include <span>
 #include <string>
 #include <string_view>
@@ -22,6 +23,11 @@ public:
   ~NativeSocket() { Close(); }
   NativeSocket(const NativeSocket&) = delete;
   NativeSocket& operator=(const NativeSocket&) = delete;
+
+  // "127.0.0.1" or "::1", no name.
+  static bool IsNumeric(const std::string& host);
+  // The numeric addresses of a host, best first; none when it is not known. May take as long as the system asks others.
+  static std::deque<std::string> AddressesOf(const std::string& host);
 
   // Begins to connect to a numeric address, "127.0.0.1" or "::1". Without an error the attempt is under way: the socket
   // becomes writable when Outcome can tell its result. An earlier connection is closed.

@@ -1,5 +1,6 @@
 #include "platform_qt/NativeSocket.h"
 
+#include <array>
 #include <cerrno>
 #include <memory>
 
@@ -38,16 +39,40 @@ NativeSocket::Moved Result(ssize_t moved) {
   return {static_cast<std::size_t>(moved), NativeSocket::None};
 }
 
+using Found = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+Found Find(const std::string& host, int port, int flags) {
+  addrinfo hints{}, *found = nullptr;
+  hints.ai_flags = flags | AI_NUMERICSERV;
+  hints.ai_socktype = SOCK_STREAM;
+  const bool known = getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) == 0;
+  return {known ? found : nullptr, freeaddrinfo};
+}
+
+std::deque<std::string> AddressTexts(const Found& found) {
+  std::deque<std::string> texts;
+  std::array<char, NI_MAXHOST> text{};
+  for (const addrinfo* a = found.get(); a; a = a->ai_next)
+    if (getnameinfo(a->ai_addr, a->ai_addrlen, text.data(), text.size(), nullptr, 0, NI_NUMERICHOST) == 0)
+      texts.emplace_back(text.data());
+  return texts;
+}
+
 } // namespace
+
+bool NativeSocket::IsNumeric(const std::string& host) {
+  return Find(host, 0, AI_NUMERICHOST) != nullptr;
+}
+
+std::deque<std::string> NativeSocket::AddressesOf(const std::string& host) {
+  return AddressTexts(Find(host, 0, AI_ADDRCONFIG));
+}
 
 int NativeSocket::Connect(const std::string& address, int port) {
   Close();
-  addrinfo hints{}, *found = nullptr;
-  hints.ai_flags = AI_NUMERICHOST | AI_NUMERICSERV;
-  hints.ai_socktype = SOCK_STREAM;
-  if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &found) != 0)
+  const Found found = Find(address, port, AI_NUMERICHOST);
+  if (!found)
     return HostNotFound;
-  const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> owner(found, freeaddrinfo);
   handle = socket(found->ai_family, SOCK_STREAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
   if (handle >= 0 && (connect(Descriptor(handle), found->ai_addr, found->ai_addrlen) == 0 || errno == EINPROGRESS))
     return None;

@@ -1,6 +1,7 @@
 #include "platform_qt/NativeSocket.h"
 
 #include <algorithm>
+#include <array>
 #include <climits>
 #include <memory>
 
@@ -33,17 +34,42 @@ struct Library {
   }
 };
 
+using Found = std::unique_ptr<addrinfo, decltype(&freeaddrinfo)>;
+
+Found Find(const std::string& host, int port, int flags) {
+  static const Library library;
+  addrinfo hints{}, *found = nullptr;
+  hints.ai_flags = flags;
+  hints.ai_socktype = SOCK_STREAM;
+  const bool known = getaddrinfo(host.c_str(), std::to_string(port).c_str(), &hints, &found) == 0;
+  return {known ? found : nullptr, freeaddrinfo};
+}
+
+std::deque<std::string> AddressTexts(const Found& found) {
+  std::deque<std::string> texts;
+  std::array<char, NI_MAXHOST> text{};
+  for (const addrinfo* a = found.get(); a; a = a->ai_next)
+    if (getnameinfo(a->ai_addr, static_cast<socklen_t>(a->ai_addrlen), text.data(), NI_MAXHOST, nullptr, 0,
+                    NI_NUMERICHOST) == 0)
+      texts.emplace_back(text.data());
+  return texts;
+}
+
 } // namespace
 
+bool NativeSocket::IsNumeric(const std::string& host) {
+  return Find(host, 0, AI_NUMERICHOST) != nullptr;
+}
+
+std::deque<std::string> NativeSocket::AddressesOf(const std::string& host) {
+  return AddressTexts(Find(host, 0, AI_ADDRCONFIG));
+}
+
 int NativeSocket::Connect(const std::string& address, int port) {
-  static const Library library;
   Close();
-  addrinfo hints{}, *found = nullptr;
-  hints.ai_flags = AI_NUMERICHOST;
-  hints.ai_socktype = SOCK_STREAM;
-  if (getaddrinfo(address.c_str(), std::to_string(port).c_str(), &hints, &found) != 0)
+  const Found found = Find(address, port, AI_NUMERICHOST);
+  if (!found)
     return HostNotFound;
-  const std::unique_ptr<addrinfo, decltype(&freeaddrinfo)> owner(found, freeaddrinfo);
   handle = static_cast<std::intptr_t>(socket(found->ai_family, SOCK_STREAM, IPPROTO_TCP));
   u_long on = 1;
   if (Socket(handle) != INVALID_SOCKET && ioctlsocket(Socket(handle), static_cast<long>(FIONBIO), &on) == 0 &&

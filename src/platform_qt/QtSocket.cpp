@@ -1,8 +1,9 @@
 #include "platform_qt/QtSocket.h"
 
-#include <QHostAddress>
-#include <QHostInfo>
+#include <QUrl>
 
+#include <mutex>
+#include <thread>
 #include <utility>
 
 namespace trekor {
@@ -14,7 +15,15 @@ constexpr std::size_t MostWaiting = 16 << 20;
 
 } // namespace
 
-QtSocket::QtSocket() {
+// What a search leaves its answer with. The system may take half a minute over one, in a call that nothing ends: the
+// socket does not wait for it and may have gone by then.
+struct QtSocket::Asker {
+  std::mutex mutex;
+  QtSocket* socket;
+};
+
+QtSocket::QtSocket() : asker(std::make_shared<Asker>()) {
+  asker->socket = this;
   connect(&readable, &QSocketNotifier::activated, this, [this] { Hear(); });
   connect(&writable, &QSocketNotifier::activated, this, &QtSocket::OnWritable);
   limit.setSingleShot(true);
@@ -25,6 +34,10 @@ QtSocket::QtSocket() {
 }
 
 QtSocket::~QtSocket() {
+  {
+    const std::lock_guard lock(asker->mutex);
+    asker->socket = nullptr;
+  }
   Drop();
 }
 
@@ -45,21 +58,26 @@ void QtSocket::Connect(const std::string& host, int toPort) {
   Drop();
   port = toPort < 0 || toPort > 65535 ? 0 : toPort; // nobody listens on 0: the attempt fails like any other
   state = SocketState::ResolvingHost;
-  const QHostAddress inFigures(QString::fromStdString(host));
-  if (inFigures.isNull())
-    LookUp(host);
+  if (NativeSocket::IsNumeric(host))
+    Found({host});
   else
-    Found({inFigures.toString().toStdString()});
+    LookUp(host);
 }
 
 void QtSocket::LookUp(const std::string& host) {
-  QHostInfo::lookupHost(QString::fromStdString(host), this, [this, of = connection](const QHostInfo& info) {
-    std::deque<std::string> all;
-    for (const QHostAddress& a : info.addresses())
-      all.push_back(a.toString().toStdString());
-    if (of == connection)
-      Found(std::move(all));
-  });
+  const std::string asciiName = QUrl::toAce(QString::fromStdString(host)).toStdString();
+  std::thread([asciiName, to = asker, of = connection] {
+    auto addresses = NativeSocket::AddressesOf(asciiName);
+    const std::lock_guard lock(to->mutex);
+    if (to->socket)
+      QMetaObject::invokeMethod(
+          to->socket,
+          [self = to->socket, of, addresses] {
+            if (of == self->connection)
+              self->Found(addresses);
+          },
+          Qt::QueuedConnection);
+  }).detach();
 }
 
 void QtSocket::Found(std::deque<std::string> addressesOfHost) {

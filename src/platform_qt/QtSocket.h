@@ -11,6 +11,7 @@
 
 #include <array>
 #include <deque>
+#include <memory>
 
 namespace trekor {
 
@@ -36,6 +37,8 @@ protected:
   void Found(std::deque<std::string> addressesOfHost);
 
 private:
+  struct Asker;
+
   void Drop();
   void TryNext();
   void OnWritable();
@@ -44,6 +47,7 @@ private:
   void Settle(unsigned of);
   void End(int number);
 
+  std::shared_ptr<Asker> asker; // shared with the searches that are still under way
   SocketEvents* events = nullptr;
   NativeSocket native;
   QSocketNotifier readable{QSocketNotifier::Read}, writable{QSocketNotifier::Write};
