@@ -2,9 +2,8 @@
 
 #include "dbupdate/MergeDatabase.h"
 #include "platform/WaitSeconds.h"
-#include "store/Database.h"
+#include "store/Cursor.h"
 #include "store/InUse.h"
-#include "store/Recordset.h"
 
 #include <memory>
 #include <optional>
@@ -22,6 +21,17 @@ struct Files {
   std::string successor = Drives::WorkPath(working);
 };
 
+// The last row of the table counts.
+std::optional<DbVersion> VersionOf(Database* database) {
+  std::optional<DbVersion> version;
+  if (!database)
+    return version;
+  Cursor rows(*database, "SELECT Major, Minor FROM Version ORDER BY rowid DESC LIMIT 1");
+  if (rows.Step())
+    version = {static_cast<int>(rows.Integer(0)), static_cast<int>(rows.Integer(1))};
+  return version;
+}
+
 class Update {
 public:
   Update(const FolderPaths& f, Platform& p, Files files) : folders(f), platform(p), names(std::move(files)) {}
@@ -29,9 +39,8 @@ public:
   UpdateResult Run();
 
 private:
-  void BringUp();
+  void BringUp(const std::optional<DbVersion>& released);
   std::unique_ptr<Database> Open(const std::string& path, OpenMode mode);
-  std::optional<DbVersion> VersionOf(const std::string& path, OpenMode mode);
   void InstallMissing();
   void Replace(int oldMajor);
   bool BackUp();
@@ -41,7 +50,7 @@ private:
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
   void Box(const std::string& text) { platform.shell.MsgBox(text, folders.programName, BoxIcon::None); }
-  void End();
+  void OpenWorking();
 
   const FolderPaths& folders;
   Platform& platform;
@@ -51,19 +60,6 @@ private:
 
 std::unique_ptr<Database> Update::Open(const std::string& path, OpenMode mode) {
   return Database::Open(platform.drives.NativePath(path), mode);
-}
-
-// The last row of the table counts.
-std::optional<DbVersion> Update::VersionOf(const std::string& path, OpenMode mode) {
-  const auto database = Open(path, mode);
-  const auto version = database ? database->OpenTable("Version") : nullptr;
-  if (!version || !version->HasField("Major") || !version->HasField("Minor"))
-    return std::nullopt;
-  version->MoveLast();
-  if (version->Eof())
-    return std::nullopt;
-  return DbVersion{static_cast<int>(version->Get("Major").Integer()),
-                   static_cast<int>(version->Get("Minor").Integer())};
 }
 
 // Only when the file is missing: one that can't be read may be the only copy of a site's work.
@@ -77,6 +73,7 @@ void Update::InstallMissing() {
 }
 
 void Update::Refuse(const std::string& text, const std::string& path) {
+  result.database.reset();
   Box(text + path);
   result.programEnds = platform.drives.FileExists(path);
 }
@@ -136,46 +133,52 @@ bool Update::Install() {
   return platform.drives.ReplaceFile(names.successor, names.working) || Cancel(names.working, " could not be removed!");
 }
 
-// Copying from a medium can leave the read-only attribute set.
-void Update::End() {
-  platform.drives.ClearReadOnly(names.working);
-  platform.shell.ShowNotice("");
-}
-
 // Major and minor are compared separately, so 2.1 over 3.0 updates too. Kept: it lets a site go back to an older major
 // release.
 bool IsCurrent(const DbVersion& released, const DbVersion& working) {
   return released.Major <= working.Major && released.Minor <= working.Minor;
 }
 
+// Copying from a medium can leave the read-only attribute set, and the database would then be opened for reading alone.
+void Update::OpenWorking() {
+  platform.drives.ClearReadOnly(names.working);
+  result.database = Open(names.working, OpenMode::Shared);
+}
+
 // The working file is there and no older than the template's when all goes well; otherwise the operator has been told.
-void Update::BringUp() {
+void Update::BringUp(const std::optional<DbVersion>& released) {
   InstallMissing();
-  const auto released = VersionOf(names.templateFile, OpenMode::ReadOnly);
   if (!released)
     return Refuse("Cannot open ", names.templateFile);
   result.version = *released;
+  OpenWorking();
   if (released->Major == 1 && released->Minor == 1) // never updates anything
-    return End();
-  const auto working = VersionOf(names.working, OpenMode::Shared);
+    return;
+  const auto working = VersionOf(result.database.get());
   if (!working)
     return Refuse("Cannot open ", names.working);
-  if (!IsCurrent(*released, *working))
-    Replace(working->Major);
-  End();
+  if (IsCurrent(*released, *working))
+    return;
+  result.database.reset();
+  Replace(working->Major);
+  platform.shell.ShowNotice("");
+  OpenWorking();
 }
 
 UpdateResult Update::Run() {
   result.path = names.working;
-  if (!Open(names.templateFile, OpenMode::ReadOnly)) {
+  auto released = Open(names.templateFile, OpenMode::ReadOnly);
+  if (!released) {
     Box("Error:\r\nCannot open " + names.templateFile);
     result.programEnds = true;
-    return result;
+    return std::move(result);
   }
+  const auto version = VersionOf(released.get());
+  released.reset();
   platform.drives.MakeFolder(folders.RootFolder + "\\MDB");
   platform.drives.DeleteFile(names.lock); // a lock left by a crash would block the update
-  BringUp();
-  return result;
+  BringUp(version);
+  return std::move(result);
 }
 
 } // namespace

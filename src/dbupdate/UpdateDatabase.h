@@ -9,7 +9,9 @@
 
 #include "platform/Platform.h"
 #include "state/ProgramState.h"
+#include "store/Database.h"
 
+#include <memory>
 #include <string>
 
 namespace trekor {
@@ -18,6 +20,9 @@ struct UpdateResult {
   std::string path;         // the working database, a path of the program
   DbVersion version;        // the template's
   bool programEnds = false; // a message was shown and the program must not go on
+  // The working database, open to be shared; null when it can't be opened. Every start waits for these files, so none
+  // is opened twice.
+  std::unique_ptr<Database> database = {};
 };
 
 // `templateName` names AppPath\T.vdb; `folder` and `name` the working file (an empty name is the template's).

@@ -106,21 +106,21 @@ OptionsDatabase::OptionsDatabase(ProgramState& programState, Platform& seams, Me
 
 bool OptionsDatabase::LoadSoftwareDatabases() {
   const std::string& folder = state.folders.MdbFolder;
-  const UpdateResult software = UpdateDatabase(state.folders, platform, "Software", folder, "");
+  UpdateResult software = UpdateDatabase(state.folders, platform, "Software", folder, "");
   if (software.programEnds)
     return false;
   state.versions.Software = software.version;
-  database = Database::Open(platform.drives.NativePath(software.path), OpenMode::Shared);
+  database = std::move(software.database);
   LoadOptions();
   if (platform.drives.FileExists(software.path) && (!database || database->Failed())) {
     platform.shell.MsgBox("Cannot open " + software.path, state.folders.programName, BoxIcon::Stop);
     return false;
   }
-  const UpdateResult catalogue = UpdateDatabase(state.folders, platform, "Messages", folder, "");
+  UpdateResult catalogue = UpdateDatabase(state.folders, platform, "Messages", folder, "");
   if (catalogue.programEnds)
     return false;
   state.versions.Messages = catalogue.version;
-  messages.Open(catalogue.path);
+  messages.Open(std::move(catalogue.database));
   return true;
 }
 

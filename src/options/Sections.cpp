@@ -66,19 +66,24 @@ Sections::Sections(ProgramState& programState, Platform& seams, SocketProp& link
     : state(programState), platform(seams), socket(link) {}
 
 bool Sections::LoadSections() {
-  const UpdateResult update = UpdateDatabase(state.folders, platform, "Sections", state.folders.SharedMdbFolder, "");
+  CloseSections();
+  UpdateResult update = UpdateDatabase(state.folders, platform, "Sections", state.folders.SharedMdbFolder, "");
   if (update.programEnds)
     return false;
   state.versions.Sections = update.version;
   state.facility.SectionsPath = state.folders.SharedMdbFolder + "\\Sections.mdb";
-  ReopenSections();
+  Use(std::move(update.database));
   return true;
 }
 
 // No operation reads a row: facility and section come from the link and the operator. The table is only kept open.
 void Sections::ReopenSections() {
   CloseSections();
-  networkDatabase = Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared);
+  Use(Database::Open(platform.drives.NativePath(state.facility.SectionsPath), OpenMode::Shared));
+}
+
+void Sections::Use(std::unique_ptr<Database> database) {
+  networkDatabase = std::move(database);
   if (networkDatabase)
     rsSections = networkDatabase->OpenTable("Sections");
 }

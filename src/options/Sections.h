@@ -33,6 +33,8 @@ public:
   static const std::array<std::string, 101>& SectionFields();
 
 private:
+  void Use(std::unique_ptr<Database> database);
+
   ProgramState& state;
   Platform& platform;
   SocketProp& socket;

@@ -58,13 +58,13 @@ bool Program::Main() {
 // The per-vehicle database is opened and kept open; data collection reads nothing from it.
 bool Program::InitHardware() {
   HardwareDb.reset();
-  const auto update =
+  auto update =
       UpdateDatabase(state.folders, platform, "HardWare", state.folders.MdbFolder, state.command.HardwareName);
   if (update.programEnds)
     return false;
   state.versions.HardWare = update.version;
-  const std::string path = state.folders.MdbFolder + "\\" + state.command.HardwareName + ".mdb";
-  HardwareDb = Database::Open(platform.drives.NativePath(path), OpenMode::Shared);
+  if (!state.command.HardwareName.empty()) // a vehicle without a name has none, and the program ends
+    HardwareDb = std::move(update.database);
   state.run.DmiReceived = false;
   return HardwareDb != nullptr;
 }

@@ -12,11 +12,11 @@ SetupDatabase::~SetupDatabase() {
 
 bool SetupDatabase::LoadDatabase() {
   CloseDatabase();
-  const UpdateResult update = UpdateDatabase(state.folders, platform, "Observations", state.folders.MdbFolder, "");
+  UpdateResult update = UpdateDatabase(state.folders, platform, "Observations", state.folders.MdbFolder, "");
   if (update.programEnds)
     return false;
   state.versions.Observations = update.version;
-  ObsDB = Database::Open(platform.drives.NativePath(update.path), OpenMode::Shared);
+  ObsDB = std::move(update.database);
   const bool hasTables = ObsDB && !ObsDB->TableNames().empty();
   if (hasTables)
     OpenRecordsets();

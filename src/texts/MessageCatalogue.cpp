@@ -22,9 +22,9 @@ MessageCatalogue::MessageCatalogue(ProgramState& programState, Platform& machine
   WireForm();
 }
 
-void MessageCatalogue::Open(const std::string& path) {
+void MessageCatalogue::Open(std::unique_ptr<Database> opened) {
   Close();
-  database = Database::Open(platform.drives.NativePath(path), OpenMode::Shared);
+  database = std::move(opened);
   if (database)
     rsMessages = database->OpenTable("Messages");
   if (rsMessages)

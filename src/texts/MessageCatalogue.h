@@ -14,8 +14,8 @@ struct MessageForm : Form {
 class MessageCatalogue {
 public:
   MessageCatalogue(ProgramState& state, Platform& platform, TextDatabase& texts);
-  // Opens the table Messages of a file; `path` has a drive letter.
-  void Open(const std::string& path);
+  // Opens the table Messages of a database. Without a database there are no messages.
+  void Open(std::unique_ptr<Database> database);
   void Close();
   void LoadForm(); // unless it is loaded
   void UnloadForm() { texts.UnloadForm(form); }

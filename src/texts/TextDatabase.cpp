@@ -13,11 +13,11 @@ TextDatabase::~TextDatabase() {
 
 bool TextDatabase::Open() {
   const FolderPaths& folders = state.folders;
-  const UpdateResult update = UpdateDatabase(folders, platform, folders.programName, folders.MdbFolder, "");
+  UpdateResult update = UpdateDatabase(folders, platform, folders.programName, folders.MdbFolder, "");
   state.versions.Program = update.version;
   if (update.programEnds)
     return false;
-  database = Database::Open(platform.drives.NativePath(update.path), OpenMode::Shared);
+  database = std::move(update.database);
   if (database)
     TextTable = database->OpenTable("Text");
   if (TextTable && TextTable->SetIndex("TextID"))

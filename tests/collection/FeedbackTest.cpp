@@ -151,7 +151,7 @@ TEST_F(Sound, AssistanceIsSpokenOrShown) {
   ASSERT_TRUE(Database::Open(fakes.drives.NativePath(path), OpenMode::Shared)
                   ->Execute("CREATE TABLE Messages (ID INTEGER NOT NULL PRIMARY KEY, English TEXT);"
                             "INSERT INTO Messages VALUES (401, 'Taken.'), (402, 'Free.')"));
-  messages.Open(path);
+  messages.Open(Database::Open(fakes.drives.NativePath(path), OpenMode::Shared));
   struct Case {
     int number;
     bool voice, text;

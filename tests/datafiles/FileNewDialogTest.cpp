@@ -15,7 +15,7 @@ struct Dialog {
     drives.MakeFolders("E:\\Data");
     drives.currentFolder = "D:\\Data";
     MakeTemplate(drives, "Messages", "C:\\Trekor\\Messages.mdb");
-    messages.Open("C:\\Trekor\\Messages.mdb");
+    messages.Open(Database::Open(drives.NativePath("C:\\Trekor\\Messages.mdb"), OpenMode::Shared));
     messages.LoadForm();
   }
   FakePlatform machine;

@@ -15,7 +15,7 @@ protected:
                  "CREATE UNIQUE INDEX Messages_ID ON Messages(ID);"
                  "INSERT INTO Messages VALUES (401, 'No file', 'Ingen fil'), (402, 'English alone', NULL),"
                  "(403, 'English', '   '), (404, NULL, NULL);");
-    messages.Open("C:\\Messages.mdb");
+    messages.Open(Database::Open(fakes.drives.NativePath("C:\\Messages.mdb"), OpenMode::Shared));
   }
   // What the operator saw, "" when nothing, and whether his act closed it.
   std::string Show(
