@@ -14,6 +14,7 @@
 #include "program/Program.h"
 #include "state/Version.h"
 #include "views/QtShell.h"
+#include "views/ReadAhead.h"
 #include "views/Theme.h"
 
 #include <QApplication>
@@ -71,6 +72,7 @@ int Run(int argc, char** argv) {
   qputenv("QT_NO_GLIB", "1"); // the toolkit's own loop: the other takes twice as long from a line to its answer
   QApplication app(argc, argv);
   theme::Apply(app);
+  const ReadAhead readAhead;
   FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
                     Release());
   return RunProgram(drives, process);

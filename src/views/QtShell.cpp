@@ -31,9 +31,7 @@ QMessageBox::Icon IconOf(BoxIcon icon) {
 
 } // namespace
 
-QtShell::QtShell(Drives& drives) : pictures(drives) {
-  QGuiApplication::setWindowIcon(QPixmap::fromImage(pictures.Original("Trekor")));
-}
+QtShell::QtShell(Drives& drives) : pictures(drives) {}
 
 QtShell::~QtShell() {
   UnloadAll();
@@ -83,6 +81,7 @@ void QtShell::Show(Form& form) {
   if (!mainForm) {
     mainForm = &form;
     view->OnFirstPicture = [this] {
+      QGuiApplication::setWindowIcon(QPixmap::fromImage(pictures.Original("Trekor"))); // no picture waits for it
       if (OnFirstPicture)
         OnFirstPicture();
     };
