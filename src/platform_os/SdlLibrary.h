@@ -23,7 +23,7 @@ struct SdlLibrary {
   decltype(&SDL_LockAudioDevice) LockAudioDevice;
   decltype(&SDL_UnlockAudioDevice) UnlockAudioDevice;
   decltype(&SDL_RWFromConstMem) RWFromConstMem;
-  decltype(&SDL_LoadWAV_RW) LoadWAV_RW;
+  decltype(&SDL_LoadWAV_RW) LoadWave;
   decltype(&SDL_FreeWAV) FreeWAV;
   decltype(&SDL_BuildAudioCVT) BuildAudioCVT;
   decltype(&SDL_ConvertAudio) ConvertAudio;

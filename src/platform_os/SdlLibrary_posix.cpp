@@ -21,7 +21,7 @@ bool Load(SdlLibrary& sdl) {
          Find("SDL_GetNumAudioDevices", sdl.GetNumAudioDevices) && Find("SDL_OpenAudioDevice", sdl.OpenAudioDevice) &&
          Find("SDL_CloseAudioDevice", sdl.CloseAudioDevice) && Find("SDL_PauseAudioDevice", sdl.PauseAudioDevice) &&
          Find("SDL_LockAudioDevice", sdl.LockAudioDevice) && Find("SDL_UnlockAudioDevice", sdl.UnlockAudioDevice) &&
-         Find("SDL_RWFromConstMem", sdl.RWFromConstMem) && Find("SDL_LoadWAV_RW", sdl.LoadWAV_RW) &&
+         Find("SDL_RWFromConstMem", sdl.RWFromConstMem) && Find("SDL_LoadWAV_RW", sdl.LoadWave) &&
          Find("SDL_FreeWAV", sdl.FreeWAV) && Find("SDL_BuildAudioCVT", sdl.BuildAudioCVT) &&
          Find("SDL_ConvertAudio", sdl.ConvertAudio);
 }

@@ -56,7 +56,7 @@ std::vector<std::uint8_t> LoadWave(const std::string& nativePath) {
   Uint8* bytes = nullptr;
   Uint32 length = 0;
   SDL_RWops* source = file.empty() ? nullptr : sdl->RWFromConstMem(file.data(), static_cast<int>(file.size()));
-  if (source && sdl->LoadWAV_RW(source, 1, &format, &bytes, &length)) {
+  if (source && sdl->LoadWave(source, 1, &format, &bytes, &length)) {
     samples = Converted(*sdl, format, bytes, length);
     sdl->FreeWAV(bytes);
   }
