@@ -6,5 +6,5 @@ set -euo pipefail
 . "$(dirname "$0")/programs.sh"
 fresh_drives
 fresh_display
-"$build/bin/trekor_keys_bench" "$build/bin/Trekor" "$port" 100 80 2>"$work/errors.txt" || fail "the measurement ended with $?"
+"$build/bin/trekor_keys_bench" "$build/bin/Trekor" "$port" 70 80 2>"$work/errors.txt" || fail "the measurement ended with $?"
 echo "passed"
