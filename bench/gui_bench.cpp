@@ -163,9 +163,9 @@ void Keys() {
   QWindow* window = nullptr;
   QWidget* viewport = nullptr;
   for (QWidget* w : QApplication::topLevelWidgets())
-    if (auto* view = w->findChild<QAbstractScrollArea*>()) {
+    if (const auto views = w->findChildren<QAbstractScrollArea*>(); !views.empty()) {
       window = w->windowHandle();
-      viewport = view->viewport();
+      viewport = views.last()->viewport(); // the grid in the page of its window
     }
   PaintWatch watch(viewport);
   QTest::qWait(300);
