@@ -1,5 +1,6 @@
 #include "collection/Asking.h"
 
+#include "values/DistanceUnits.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -7,16 +8,19 @@ namespace trekor {
 
 namespace {
 constexpr int LongestText = 255;
-constexpr int NoLimit = 0;
+constexpr const char* Gap = "  \u00B7  "; // between the parts of a remark
 } // namespace
 
-Asking::Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation, NumLock& numLock)
+Asking::Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation,
+               const UnitSettings& units, NumLock& numLock)
     : NumericPrompt("NumericPrompt", platform, texts), TextPrompt("TextPrompt", platform, texts), texts(texts),
-      setup(setup), KeyStation(keyStation), numLock(numLock) {}
+      setup(setup), KeyStation(keyStation), units(units), numLock(numLock) {}
 
 bool Asking::Ask_EventStation(int obs) {
-  const auto title = WordEnter() + " " + setup.Observations(obs).ObsNameDisp() + " Station";
-  const auto answer = Ask(NumericPrompt, title, KeyStation.Text(), NoLimit);
+  const auto name = setup.Observations(obs).ObsNameDisp(), row = KeyStation.Text();
+  const auto answer = Ask(NumericPrompt, {.title = WordEnter() + " " + name + " Station",
+                                          .remark = name + Gap + "Station in " + Unit() + Gap + "the row is at " + row,
+                                          .first = row});
   if (Trim(answer).empty())
     return false;
   KeyStation.SetText(answer);
@@ -24,19 +28,25 @@ bool Asking::Ask_EventStation(int obs) {
 }
 
 std::string Asking::Ask_Number(int obs) {
-  return Trim(Ask(NumericPrompt, Title(obs), setup.Observations(obs).DefaultText(), NoLimit));
+  const auto& o = setup.Observations(obs);
+  const auto limit = [](double stored) { return SingleToText(static_cast<float>(stored)); };
+  return Trim(Ask(NumericPrompt, OfObservation(obs, limit(o.Min()) + " to " + limit(o.Max()) + " " + o.DispText())));
 }
 
 std::string Asking::Ask_Text(int obs) {
-  return Trim(Ask(TextPrompt, Title(obs), setup.Observations(obs).DefaultText(), LongestText));
+  Question question = OfObservation(obs, std::to_string(LongestText) + " characters at most");
+  question.maxLength = LongestText;
+  return Trim(Ask(TextPrompt, question));
 }
 
 std::string Asking::AskBoxNumber(const std::string& caption, const std::string& text) {
-  return Ask(NumericPrompt, WordEnter() + "  " + caption, text, NoLimit);
+  Question question = OfBox(caption, text);
+  question.remark += " in " + Unit();
+  return Ask(NumericPrompt, question);
 }
 
 std::string Asking::AskBoxText(const std::string& caption, const std::string& text) {
-  return Ask(TextPrompt, WordEnter() + "  " + caption, text, NoLimit);
+  return Ask(TextPrompt, OfBox(caption, text));
 }
 
 void Asking::TakeNumber(ClassObservation& observation, const std::string& answer) {
@@ -47,14 +57,25 @@ void Asking::TakeNumber(ClassObservation& observation, const std::string& answer
     observation.SetDefault(std::int32_t{*whole});
 }
 
-std::string Asking::Ask(Prompt& prompt, const std::string& title, const std::string& first, int maxLength) {
+std::string Asking::Ask(Prompt& prompt, const Question& question) {
   numLock.FreezeNumLock();
-  return prompt.Ask(title, first, maxLength);
+  return prompt.Ask(question);
 }
 
-std::string Asking::Title(int obs) const {
+// The station of the key, or of the row that is edited.
+Question Asking::OfObservation(int obs, const std::string& limits) const {
   const auto& o = setup.Observations(obs);
-  return WordEnter() + " " + o.ObsNameDisp() + " " + o.ParNameDisp();
+  return {.title = WordEnter() + " " + o.ObsNameDisp() + " " + o.ParNameDisp(),
+          .remark = o.ObsNameDisp() + Gap + Trim(limits) + Gap + "at " + KeyStation.Text() + " " + Unit(),
+          .first = o.DefaultText()};
+}
+
+Question Asking::OfBox(const std::string& caption, const std::string& text) const {
+  return {.title = WordEnter() + "  " + caption, .remark = caption, .first = text};
+}
+
+std::string Asking::Unit() const {
+  return UnitName(units.StationUnit);
 }
 
 std::string Asking::WordEnter() const {

@@ -1,10 +1,12 @@
-// Questions to the operator: the title of each prompt, what its box shows at first, and what the answer changes.
+// Questions to the operator: the title of each prompt, what its box shows at first, what stands below it, and what the
+// answer changes.
 #pragma once
 
 #include "collection/NumLock.h"
 #include "collection/Prompt.h"
 #include "setup/TestSetup.h"
 #include "values/Station.h"
+#include "values/UnitSettings.h"
 
 #include <string>
 
@@ -12,7 +14,10 @@ namespace trekor {
 
 class Asking {
 public:
-  Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation, NumLock& numLock);
+  Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation,
+         const UnitSettings& units, NumLock& numLock);
+  // The prompts leave the head and the newest row of this grid in sight.
+  void LeaveInSight(const Control& grid) { NumericPrompt.form.InSight = TextPrompt.form.InSight = &grid; }
 
   // Asks for the station of an event. False when the box was emptied; Esc keeps the station of KeyStation.
   bool Ask_EventStation(int obs);
@@ -31,13 +36,16 @@ public:
   Prompt NumericPrompt, TextPrompt;
 
 private:
-  std::string Title(int obs) const;
   std::string WordEnter() const;
-  std::string Ask(Prompt& prompt, const std::string& title, const std::string& first, int maxLength);
+  std::string Unit() const;
+  Question OfObservation(int obs, const std::string& limits) const;
+  Question OfBox(const std::string& caption, const std::string& text) const;
+  std::string Ask(Prompt& prompt, const Question& question);
 
   TextDatabase& texts;
   const TestSetup& setup;
   Station& KeyStation;
+  const UnitSettings& units;
   NumLock& numLock;
 };
 

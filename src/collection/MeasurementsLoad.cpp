@@ -65,6 +65,7 @@ void Measurements::ShowForm() {
 void Measurements::LoadOtherForms() {
   rooms.platform.sound.Open_SoundDevice();
   rooms.messages.LoadForm();
+  subjects->asking.LeaveInSight(form.Grid);
   subjects->asking.NumericPrompt.Load();
   subjects->asking.TextPrompt.Load();
   rooms.socket.Load();

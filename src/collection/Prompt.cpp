@@ -34,11 +34,12 @@ void Prompt::GiveUp() {
   platform.shell.Hide(form);
 }
 
-std::string Prompt::Ask(const std::string& title, const std::string& first, int maxLength) {
-  form.SetCaption(title);
-  form.txtBox.MaxLength = maxLength;
-  form.txtBox.SetText(first);
-  before = first; // when the box has the focus already, OnGotFocus does not come
+std::string Prompt::Ask(const Question& question) {
+  form.SetCaption(question.title);
+  form.SetRemark(question.remark);
+  form.txtBox.MaxLength = question.maxLength;
+  form.txtBox.SetText(question.first);
+  before = question.first; // when the box has the focus already, OnGotFocus does not come
   form.txtBox.SelectAll();
   platform.shell.SetFocus(form.txtBox);
   platform.shell.ShowModal(form);

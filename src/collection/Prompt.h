@@ -15,13 +15,20 @@ struct PromptForm : Form {
   TextBox txtBox{*this, "txtBox"};
 };
 
+struct Question {
+  std::string title;
+  std::string remark; // below the box: for what, in which limits, where
+  std::string first;  // in the box
+  int maxLength = 0;  // characters; 0: no limit
+};
+
 class Prompt {
 public:
   Prompt(const std::string& formName, Platform& platform, TextDatabase& texts);
   void Load() { texts.LoadForm(form); }
   void Unload() { texts.UnloadForm(form); }
-  // Shows the box with a first text and returns its text when the form has closed, not trimmed.
-  std::string Ask(const std::string& title, const std::string& first, int maxLength);
+  // The text of the box when the form has closed, not trimmed.
+  std::string Ask(const Question& question);
   PromptForm form;
 
 private:

@@ -27,6 +27,10 @@ void Form::SetCaption(std::string text) {
   Put(caption, std::move(text), Change::Caption);
 }
 
+void Form::SetRemark(std::string text) {
+  Put(remark, std::move(text), Change::Text);
+}
+
 void Form::SetFont(Font f) {
   Put(FontOf, std::move(f), Change::Font);
 }

@@ -25,6 +25,12 @@ public:
 
   const std::string& Caption() const { return caption; }
   void SetCaption(std::string text);
+  // A line below the controls. It lies outside of Height and is no part of the stored look.
+  const std::string& Remark() const { return remark; }
+  void SetRemark(std::string text);
+  // A grid of another form whose head and newest row this form does not cover while it is shown modal. It stands
+  // elsewhere then than its own place, which it keeps, and is lower where there is no room.
+  const Control* InSight = nullptr;
   int MinWidth = 0, MinHeight = 0; // the window can't be made smaller; set before it is first shown
   std::string Tag;
   Font FontOf; // write through SetFont
@@ -80,7 +86,7 @@ private:
   void Forget(Control& control);
   void HandOverFocus(const Control& from);
 
-  std::string name, caption;
+  std::string name, caption, remark;
   WindowStates windowState = WindowStates::Normal;
   std::vector<Control*> controls;
   std::vector<std::unique_ptr<Control>> elements; // made by LoadElement

@@ -41,7 +41,7 @@ public:
   std::string DefaultText() const { return ObsValueText(present); }
   double DefaultNumber() const { return ObsValueNumber(present); }
 
-  std::string DispText() const; // kept beside FileText for the editors; no cell shows it
+  std::string DispText() const; // what the value is, "millimetres"; for prompts and editors, no cell shows it
   std::string FileText() const;
   void SetDispText(std::string t) { dispText = std::move(t); }
   void SetFileText(std::string t) { fileText = std::move(t); }

@@ -9,7 +9,8 @@ namespace trekor {
 
 namespace {
 
-constexpr int MarginOfText = 140; // twips, width and height each, half of it on either side
+constexpr double LargeText = 16.5; // points, as it is read at the wheel
+constexpr int MarginOfText = 140;  // twips, width and height each, half of it on either side
 
 bool Closes(int keyCode) {
   return keyCode == keys::Space || keyCode == keys::F4 || keyCode == keys::Esc || keyCode == keys::Enter;
@@ -38,6 +39,7 @@ void MessageCatalogue::Close() {
 
 void MessageCatalogue::WireForm() {
   form.MessageText.ReadOnly = true;
+  form.MessageText.SetFont({"", LargeText});
   const auto close = [this] { platform.shell.Hide(form); };
   const auto key = [this, close](int keyCode, int shift) {
     if (texts.FormKeyDown(form, keyCode, shift))

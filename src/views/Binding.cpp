@@ -1,7 +1,6 @@
 #include "views/Binding.h"
 
 #include "views/Theme.h"
-#include "views/Twips.h"
 
 namespace trekor {
 
@@ -16,7 +15,7 @@ void Binding::Detach() {
 }
 
 QRect Binding::Place() const {
-  return PixelRect(control);
+  return place.PlaceOf(control);
 }
 
 QWidget* Binding::Ensure() {

@@ -29,6 +29,7 @@ public:
   virtual Binding* BindingOf(const Control& control) = 0;
   virtual PictureStore& Pictures() = 0;
   virtual QFont FontOf(const Control& control) = 0;
+  virtual QRect PlaceOf(const Control& control) const = 0; // pixels within its container
   virtual const Form& Model() const = 0;
 };
 

@@ -2,6 +2,8 @@
 
 #include "values/KeyCodes.h"
 #include "views/FormWindow.h"
+#include "views/GridDrag.h"
+#include "views/ModalPlace.h"
 #include "views/Theme.h"
 #include "views/Twips.h"
 
@@ -9,6 +11,7 @@
 #include <QMenuBar>
 #include <QMessageBox>
 #include <QScreen>
+#include <QTimer>
 
 #include <algorithm>
 
@@ -17,22 +20,20 @@ namespace trekor {
 namespace {
 
 constexpr int GridPixels = 16;
-constexpr int HighBox = 50;
-constexpr int TitleBar = 28; // as high as window managers make it; how high is known only when the window is shown
+constexpr int HighBox = 36;
+constexpr int TitleBar = 28;    // as high as window managers make it; how high is known only when the window is shown
+constexpr int WidestFrame = 50; // title bar and border together
+
+QMargins FrameOf(const QWidget& window) {
+  const QRect outer = window.frameGeometry(), inner = window.geometry();
+  return {inner.left() - outer.left(), inner.top() - outer.top(), outer.right() - inner.right(),
+          outer.bottom() - inner.bottom()};
+}
 
 Qt::WindowFlags FlagsOf(const Form& form, bool modal) {
   if (form.ToolWindow)
     return Qt::Tool;
   return modal ? Qt::Dialog | Qt::WindowTitleHint | Qt::WindowCloseButtonHint : Qt::Window;
-}
-
-// A stored place may lie outside of today's screen: moved and cut to fit, with the title bar above it.
-QRect Visible(QRect place, QRect screen) {
-  screen.setBottom(screen.bottom() - TitleBar);
-  place.setSize(place.size().boundedTo(screen.size()));
-  place.moveLeft(std::clamp(place.left(), screen.left(), screen.right() + 1 - place.width()));
-  place.moveTop(std::clamp(place.top(), screen.top(), screen.bottom() + 1 - place.height()));
-  return place;
 }
 
 } // namespace
@@ -92,6 +93,8 @@ void FormView::MakeWindow() {
     window->MenuBar();
   for (const auto& b : bindings)
     b->WindowMade();
+  if (!form.Remark().empty())
+    window->SetRemark(Q(form.Remark()));
   window->setMinimumSize(Pixels(form.MinWidth), Pixels(form.MinHeight));
   FollowGeometry();
   EnsureWidgets();
@@ -121,17 +124,65 @@ QFont FormView::FontOf(const Control& control) {
   const bool sized = control.FontOf().Size > 0 || form.FontOf.Size > 0;
   if (control.TypeOf() == Kind::FlexGrid)
     base.setPixelSize(GridPixels);
-  else if (const int height = Pixels(control.Height); !sized && control.TypeOf() == Kind::TextBox && height > HighBox)
-    base.setPixelSize(height * 2 / 5);
+  else if (const int height = PlaceOf(control).height();
+           !sized && control.TypeOf() == Kind::TextBox && height > HighBox)
+    base.setPixelSize(height / 2);
   return theme::Of(control.FontOf(), form.FontOf, base);
+}
+
+QRect FormView::PlaceOf(const Control& control) const {
+  const QRect own = PixelRect(control);
+  if (!aside || form.Width <= 0 || form.Height <= 0)
+    return own;
+  const QSize now = window->Sheet()->size(), whole(Pixels(form.Width), Pixels(form.Height));
+  const auto x = [&](int value) { return value * now.width() / whole.width(); };
+  const auto y = [&](int value) { return value * now.height() / whole.height(); };
+  return {x(own.left()), y(own.top()), x(own.width()), y(own.height())};
+}
+
+QRect FormView::OwnPlace() const {
+  const int width = std::max(1, Pixels(form.Width));
+  return {Pixels(form.Left), Pixels(form.Top), width,
+          std::max(1, Pixels(form.Height)) + window->MenuHeight() + window->RemarkHeight(width)};
+}
+
+// The frame that the window system will put around it is taken to be that of the window above which it stands.
+void FormView::StandAside() {
+  auto* binding = form.InSight ? dynamic_cast<Binding*>(form.InSight->Listener()) : nullptr;
+  const auto* grid = binding ? dynamic_cast<GridWidget*>(binding->Widget()) : nullptr;
+  if (!grid)
+    return;
+  const QWidget* over = binding->Widget()->window();
+  const QMargins frame = FrameOf(*over);
+  const QRect own = OwnPlace(), framed(own.topLeft(), own.marginsAdded(frame).size());
+  const QRect place =
+      PlaceInClear(framed, {over->screen()->availableGeometry(), over->frameGeometry(), grid->HeadOnScreen()});
+  aside = place != framed;
+  following = true;
+  window->setGeometry(place.marginsRemoved(frame)); // move() is off by a title bar when it is shown again
+  window->LayOut();
+  following = false;
+  for (const auto& b : bindings)
+    for (const Change what : {Change::Geometry, Change::Font})
+      b->ControlChanged(b->Model(), what);
+}
+
+// The window below has moved; what it shows follows a little later.
+bool FormView::eventFilter(QObject* watched, QEvent* event) {
+  if (event->type() == QEvent::Move || event->type() == QEvent::Resize)
+    QTimer::singleShot(0, this, [this] {
+      if (modal)
+        StandAside();
+    });
+  return QObject::eventFilter(watched, event);
 }
 
 void FormView::FollowGeometry() {
   following = true;
-  const QRect screen = window->screen()->availableGeometry();
-  const QRect wanted(Pixels(form.Left), Pixels(form.Top), std::max(1, Pixels(form.Width)),
-                     std::max(1, Pixels(form.Height)) + window->MenuHeight());
-  const QRect place = Visible(wanted, screen);
+  QRect screen = window->screen()->availableGeometry();
+  screen.setBottom(screen.bottom() - TitleBar);
+  const QRect wanted = OwnPlace();
+  const QRect place = OntoScreen(wanted, screen);
   window->resize(place.size());
   window->move(place.topLeft());
   if (form.WindowState() == WindowStates::Normal)
@@ -139,7 +190,7 @@ void FormView::FollowGeometry() {
   else
     window->setWindowState(form.WindowState() == WindowStates::Minimised ? Qt::WindowMinimized : Qt::WindowMaximized);
   following = false;
-  if (place.size() != wanted.size()) // the sheet follows only when the window is shown
+  if (place.size() != wanted.size() && !form.InSight) // the sheet follows only when the window is shown
     WindowResized(place.size().shrunkBy({0, window->MenuHeight(), 0, 0}));
 }
 
@@ -148,6 +199,8 @@ void FormView::FormChanged(Form&, Change what) {
     return;
   if (what == Change::Caption)
     window->setWindowTitle(Q(form.Caption()));
+  else if (what == Change::Text)
+    window->SetRemark(Q(form.Remark()));
   else if (what == Change::Geometry)
     FollowGeometry();
   else if (what == Change::Font)
@@ -219,10 +272,15 @@ void FormView::ShowModal(QWidget* above) {
   if (above && above != window)
     window->setParent(above, window->windowFlags());
   const QPointer<FormView> alive = this;
+  StandAside();
+  if (above)
+    above->installEventFilter(this);
   Show(above);
   loop.exec();
   if (!alive)
     return;
+  if (opener)
+    opener->removeEventFilter(this);
   modal = nullptr;
   Hide();
 }
@@ -230,7 +288,7 @@ void FormView::ShowModal(QWidget* above) {
 // ---- events of the window
 
 void FormView::WindowResized(QSize inside) {
-  if (following || detached)
+  if (following || detached || aside)
     return;
   if (!(window->windowState() & Qt::WindowMinimized)) {
     form.Width = Twips(inside.width());
@@ -244,7 +302,10 @@ void FormView::WindowResized(QSize inside) {
 }
 
 void FormView::WindowMoved(QPoint corner) {
-  if (following || detached || form.WindowState() != WindowStates::Normal)
+  if (following || detached || aside || form.WindowState() != WindowStates::Normal)
+    return;
+  // The window system tells first of the place without the frame: a window that stands aside in turns would creep.
+  if (form.InSight && (corner - OwnPlace().topLeft()).manhattanLength() < WidestFrame)
     return;
   form.Left = Twips(corner.x());
   form.Top = Twips(corner.y());

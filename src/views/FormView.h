@@ -42,6 +42,7 @@ public:
   Binding* BindingOf(const Control& control) override;
   PictureStore& Pictures() override { return pictures; }
   QFont FontOf(const Control& control) override;
+  QRect PlaceOf(const Control& control) const override;
   const Form& Model() const override { return form; }
   Form& Model() { return form; }
 
@@ -51,6 +52,7 @@ public:
   void WindowStateChanged(Qt::WindowStates state);
   void WindowActivated();
   void CloseAsked();
+  bool eventFilter(QObject* watched, QEvent* event) override;
   // The first picture of this form is on the screen; called once.
   std::function<void()> OnFirstPicture;
 
@@ -61,6 +63,8 @@ private:
   void MakeWindow();
   void EnsureWidgets();
   void FollowGeometry();
+  QRect OwnPlace() const;
+  void StandAside();
   void FocusMoved(QWidget* from, QWidget* to);
   Binding* Holder(QWidget* w) const;
   bool PressButton(bool CommandButton::*which);
@@ -73,6 +77,7 @@ private:
   QEventLoop* modal = nullptr;
   bool following = false; // the window is being set from the model: its events are not sent back
   bool detached = false;
+  bool aside = false; // the window stands elsewhere than the form, or is smaller
 };
 
 } // namespace trekor

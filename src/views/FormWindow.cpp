@@ -5,16 +5,23 @@
 #include "views/Theme.h"
 
 #include <QCloseEvent>
+#include <QFontMetrics>
+#include <QLabel>
 #include <QMenuBar>
 #include <QTimer>
 
+#include <algorithm>
 #include <utility>
 
 namespace trekor {
 
+namespace {
+constexpr int RemarkPixels = 22, SmallestRemark = 15, RemarkMargin = 10;
+} // namespace
+
 FormWindow::FormWindow(FormView& v, Qt::WindowFlags flags)
     : QWidget(nullptr, flags), view(&v), sheet(new QWidget(this)), inside(sheet) {
-  if (v.Model().OnResize) // a form that arranges its controls itself
+  if (v.Model().OnResize || v.Model().InSight) // a form whose controls are arranged to its size
     return;
   auto* page = new Page(this);
   page->Hold(sheet);
@@ -29,6 +36,31 @@ QMenuBar* FormWindow::MenuBar() {
 
 int FormWindow::MenuHeight() const {
   return menus ? menus->sizeHint().height() : 0;
+}
+
+void FormWindow::SetRemark(const QString& text) {
+  if (!remark) {
+    remark = new QLabel(this);
+    remark->setTextFormat(Qt::PlainText);
+    remark->setWordWrap(true);
+    remark->setContentsMargins(RemarkMargin, 0, RemarkMargin, RemarkMargin);
+  }
+  remark->setText(text);
+  remark->setVisible(!text.isEmpty());
+  LayOut();
+}
+
+// Read from the driver's seat, so as large as fits into one line.
+int FormWindow::RemarkHeight(int width) const {
+  if (!remark || remark->text().isEmpty())
+    return 0;
+  QFont large = font();
+  large.setPixelSize(RemarkPixels);
+  while (large.pixelSize() > SmallestRemark &&
+         QFontMetrics(large).horizontalAdvance(remark->text()) > width - 2 * RemarkMargin)
+    large.setPixelSize(large.pixelSize() - 1);
+  remark->setFont(large);
+  return remark->heightForWidth(width);
 }
 
 bool FormWindow::event(QEvent* e) {
@@ -57,11 +89,17 @@ void FormWindow::closeEvent(QCloseEvent* e) {
     view->CloseAsked();
 }
 
-void FormWindow::resizeEvent(QResizeEvent*) {
-  const int top = MenuHeight();
+void FormWindow::LayOut() {
+  const int top = MenuHeight(), foot = RemarkHeight(width());
   if (menus)
     menus->setGeometry(0, 0, width(), top);
-  inside->setGeometry(0, top, width(), height() - top);
+  inside->setGeometry(0, top, width(), std::max(0, height() - top - foot));
+  if (remark)
+    remark->setGeometry(0, height() - foot, width(), foot);
+}
+
+void FormWindow::resizeEvent(QResizeEvent*) {
+  LayOut();
   if (view)
     view->WindowResized(inside->size());
 }

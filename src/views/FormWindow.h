@@ -3,6 +3,7 @@
 
 #include <QWidget>
 
+class QLabel;
 class QMenuBar;
 
 namespace trekor {
@@ -18,6 +19,11 @@ public:
   QWidget* Sheet() const { return sheet; }
   QMenuBar* MenuBar(); // makes it
   int MenuHeight() const;
+  // The line below the controls; the empty text takes it away.
+  void SetRemark(const QString& text);
+  int RemarkHeight(int width) const;
+  // Also while it is hidden, when nothing tells of a new size.
+  void LayOut();
 
 protected:
   bool event(QEvent* e) override;
@@ -30,6 +36,7 @@ private:
   QWidget* sheet;
   QWidget* inside; // the sheet, or the page that it can be scrolled in
   QMenuBar* menus = nullptr;
+  QLabel* remark = nullptr;
   bool painted = false;
 };
 

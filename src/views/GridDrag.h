@@ -27,6 +27,8 @@ public:
   virtual void GridChanged() = 0;
   virtual Grid& GridModel() = 0;
   virtual std::optional<GridCell> CellAt(QPoint global) const = 0;
+  // What an operator must see of it at all times, on the screen: nothing, but for the collection grid.
+  virtual QRect HeadOnScreen() const { return {}; }
 };
 
 class GridDrag : public QObject {

@@ -368,6 +368,11 @@ std::optional<GridCell> GridView::CellAt(QPoint global) const {
   return cell;
 }
 
+QRect GridView::HeadOnScreen() const {
+  const QRect head(0, 0, viewport()->width(), layout.FixedHeight() + layout.RowHeight());
+  return head.intersected(viewport()->rect()).translated(viewport()->mapToGlobal(QPoint()));
+}
+
 void GridView::mousePressEvent(QMouseEvent* e) {
   const auto cell = CellAt(e->globalPosition().toPoint());
   if (e->button() != Qt::LeftButton || !cell)

@@ -26,6 +26,7 @@ public:
   void GridChanged() override;
   Grid& GridModel() override { return grid; }
   std::optional<GridCell> CellAt(QPoint global) const override;
+  QRect HeadOnScreen() const override; // with the newest row
 
 protected:
   bool event(QEvent* e) override;

@@ -5,6 +5,7 @@
 #include "views/KeyTranslation.h"
 
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QWindow>
@@ -39,6 +40,9 @@ KeyFilter::KeyFilter(std::function<Form*()> firstForm) : mainForm(std::move(firs
 
 bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
   const QEvent::Type type = event->type();
+  // The toolkit's own menu of a box: its entries would take the next keys.
+  if (type == QEvent::ContextMenu && static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard)
+    return true;
   const bool question = type == QEvent::ShortcutOverride, press = type == QEvent::KeyPress;
   if ((!question && !press && type != QEvent::KeyRelease) || !watched->isWindowType())
     return false;

@@ -15,6 +15,8 @@ namespace trekor {
 
 namespace {
 
+constexpr int BoxPixels = 20; // read from the driver's seat
+
 QMessageBox::Icon IconOf(BoxIcon icon) {
   switch (icon) {
   case BoxIcon::Stop:
@@ -146,6 +148,9 @@ void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon 
   QWidget* asking = QApplication::activeModalWidget(); // also while another program is in front
   QMessageBox box(IconOf(icon), Q(title), Q(text), QMessageBox::Ok, asking ? asking : before.data());
   box.setTextFormat(Qt::PlainText);
+  QFont large = box.font();
+  large.setPixelSize(BoxPixels);
+  box.setFont(large);
   box.exec();
   if (before && before->isVisible())
     before->activateWindow();

@@ -205,6 +205,30 @@ TEST_F(Focus, APromptGivesWhatWasTypedAtEnterAndTabAloneElseWhatItAskedWith) {
   }
 }
 
+// What an operator must know to answer stands below the box.
+TEST_F(Focus, APromptTellsWhatForInWhichLimitsAndWhere) {
+  Texts remarks;
+  for (const char* name : {"NumericPrompt", "TextPrompt"})
+    fakes.shell.scripts[name] = [&](Form& prompt) {
+      EXPECT_EQ(prompt.InSight, &form.Grid);
+      remarks.push_back(prompt.Remark());
+    };
+  state.position.KeyStation.SetDefault(12.3);
+  setup.Observations(Depth).SetDispText("cm");
+  auto& asking = run.Subjects().asking;
+  asking.Ask_Number(Depth);
+  asking.Ask_Number(Area);
+  state.units.StationUnit = units::Metre;
+  asking.Ask_Text(Note);
+  asking.Ask_EventStation(Hole);
+  run.Subjects().stepBoxes.EnterHugeNumber(7);
+  const std::string gap = "  \u00B7  ";
+  EXPECT_EQ(remarks, (Texts{"Item 6" + gap + "0 to 100 cm" + gap + "at 12.300 km",
+                            "Item 7" + gap + "0 to 500" + gap + "at 12.300 km",
+                            "Item 8" + gap + "255 characters at most" + gap + "at 12300.0 meters",
+                            "Item 2" + gap + "Station in meters" + gap + "the row is at 12300.0", "Step in meters"}));
+}
+
 TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   fakes.drives.Write(state.folders.AudioTonesPath + "401.WAV", "spoken");
   fakes.drives.currentFolder = Folder;
