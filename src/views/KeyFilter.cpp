@@ -16,8 +16,6 @@ namespace trekor {
 
 namespace {
 
-constexpr unsigned NumbersBegin = 8;
-
 FormView* ViewOf(const QObject* window) {
   for (QWidget* w : QApplication::topLevelWidgets())
     if (auto* form = dynamic_cast<FormWindow*>(w); form && form->windowHandle() == window)
@@ -34,7 +32,10 @@ int ShiftState(Qt::KeyboardModifiers m) {
 
 KeyFilter::KeyFilter(std::function<Form*()> firstForm) : mainForm(std::move(firstForm)) {
   const QString platform = QGuiApplication::platformName();
-  machineNumbers = platform == "xcb" || platform.startsWith("wayland");
+  if (platform == "xcb" || platform.startsWith("wayland"))
+    numbersBegin = 8;
+  else if (platform == "windows")
+    numbersBegin = 0;
   qApp->installEventFilter(this);
 }
 
@@ -59,7 +60,7 @@ bool KeyFilter::eventFilter(QObject* watched, QEvent* event) {
 int KeyFilter::CodeOf(const QKeyEvent& key) const {
   const unsigned scan = key.nativeScanCode();
   return KeyCodeOf(key.key(), key.modifiers().testFlag(Qt::KeypadModifier),
-                   machineNumbers && scan > NumbersBegin ? scan - NumbersBegin : 0);
+                   numbersBegin && scan > *numbersBegin ? scan - *numbersBegin : 0);
 }
 
 bool KeyFilter::Offer(FormView* view, const QKeyEvent& key) const {

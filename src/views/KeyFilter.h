@@ -12,6 +12,7 @@
 #include <QObject>
 
 #include <functional>
+#include <optional>
 
 class QKeyEvent;
 
@@ -33,7 +34,8 @@ private:
   bool Press(FormView* view, QKeyEvent& key);
   void Release(const QKeyEvent& key) const;
   std::function<Form*()> mainForm;
-  bool machineNumbers;               // the platform reports evdev key numbers, eight higher
+  // From where the platform counts the keys; then come evdev's numbers, which in the main block are those of Windows.
+  std::optional<unsigned> numbersBegin;
   bool asked = false, taken = false; // the answer to the last question, until its press comes
 };
 

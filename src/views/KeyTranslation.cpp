@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <iterator>
+#include <string_view>
 
 namespace trekor {
 
@@ -116,6 +117,18 @@ bool Between(int key, int first, int last) {
   return key >= first && key <= last;
 }
 
+// The letter of a US keyboard at a place of the main block, 0 for none.
+int LetterAt(unsigned scan) {
+  struct KeyRow {
+    unsigned first;
+    std::string_view letters;
+  };
+  for (const KeyRow& row : {KeyRow{16, "QWERTYUIOP"}, KeyRow{30, "ASDFGHJKL"}, KeyRow{44, "ZXCVBNM"}})
+    if (scan >= row.first && scan < row.first + row.letters.size())
+      return row.letters[scan - row.first];
+  return 0;
+}
+
 int PadCode(int key) {
   return Between(key, Qt::Key_0, Qt::Key_9) ? keys::Pad0 + key - Qt::Key_0 : Find(PadKeys, key);
 }
@@ -136,7 +149,8 @@ int KeyCodeOf(int key, bool keypad, unsigned scan) {
   // The key that European boards have between Shift and Z, whatever it writes; the British one is the backslash.
   if (scan == EuropeanKey && key != Qt::Key_Backslash && key != Qt::Key_Bar)
     return keys::European;
-  return Find(SignKeys, key);
+  const int sign = Find(SignKeys, key);
+  return sign != 0 || keypad ? sign : LetterAt(scan);
 }
 
 } // namespace trekor

@@ -58,6 +58,7 @@ stations() { ask "$1" "SELECT group_concat(Station, ' ') FROM (SELECT Station FR
 
 start_programs() {
   fresh_drives
+  sqlite3 "$TREKOR_DRIVES/C/Veldmark/Trekor/MDB/Observations.mdb" "${sample:-}"
   fresh_display
   if [ -n "$manager" ]; then
     "$manager" >"$work/manager.txt" 2>&1 &
