@@ -2,6 +2,8 @@
 
 #include "views/Theme.h"
 
+#include <QImageReader>
+
 #include <algorithm>
 #include <cmath>
 
@@ -22,6 +24,20 @@ std::string PictureStore::FileOf(const std::string& key) const {
   return drives.CurrentFolder() + "\\builtin\\" + key + ".png";
 }
 
+namespace {
+
+// A picture of more pixels is none: what it takes to draw it as an icon could be gigabytes.
+constexpr qint64 MostPixels = 4096 * 4096;
+
+QImage Read(const QString& file) {
+  QImageReader reader(file);
+  reader.setDecideFormatFromContent(true); // whatever it is called
+  const QSize size = reader.size();
+  return qint64{size.width()} * size.height() > MostPixels ? QImage() : reader.read();
+}
+
+} // namespace
+
 const QImage& PictureStore::Original(const std::string& key) {
   static const QImage none;
   if (key.empty())
@@ -29,7 +45,7 @@ const QImage& PictureStore::Original(const std::string& key) {
   const QString file = Q(drives.NativePath(FileOf(key)));
   auto place = originals.find(file);
   if (place == originals.end())
-    place = originals.insert(file, QImage(file));
+    place = originals.insert(file, Read(file));
   return *place;
 }
 

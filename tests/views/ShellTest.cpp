@@ -166,4 +166,41 @@ TEST_F(ShellTest, APictureIsWrittenOrItIsToldWhyNot) {
     EXPECT_EQ(pictures.Scaled("CRACK", side, 1).width(), side);
 }
 
+// A folder of pictures is filled by people. What is no picture, or would take gigabytes to draw, has none; the next one
+// is drawn all the same.
+TEST_F(ShellTest, OfAStrangeFolderWhatCanBeDrawnIs) {
+  const std::string folder = "C:\\Trekor\\Graphics\\";
+  drives.MakeFolders(folder);
+  QImage image(16, 16, QImage::Format_ARGB32);
+  image.fill(Qt::red);
+  const auto write = [&](const QImage& what, const std::string& name) {
+    ASSERT_TRUE(what.save(QString::fromStdString(drives.NativePath(folder + name)), "PNG")) << name;
+  };
+  write(image, "good.png");
+  write(image, "\u00C6 crack, 50% (new).JPG"); // of another kind than its name says
+  write(image, "no extension");
+  write(image.scaled(1, 3000), "thin.png");
+  write(QImage(20000, 20000, QImage::Format_Mono), "HUGE.PNG"); // small on the disk
+  const std::string whole = drives.Read(folder + "good.png");
+  drives.Write(folder + "half.png", whole.substr(0, whole.size() / 2));
+  drives.Write(folder + "empty.png", "");
+  drives.Write(folder + "words.png", "These are words.");
+  drives.MakeFolders(folder + "folder.png");
+  Form form("Trial");
+  ImageList list(form, "imlObsPicsUCaseKeys");
+  const std::pair<std::string, bool> cases[] = {{"good.png", true},     {"\u00C6 crack, 50% (new).JPG", true},
+                                                {"no extension", true}, {"thin.png", true},
+                                                {"HUGE.PNG", false},    {"empty.png", false},
+                                                {"words.png", false},   {"folder.png", false},
+                                                {"missing.png", false}};
+  for (const auto& [name, drawn] : cases)
+    list.Add({name, name, folder + name});
+  list.Add({"half.png", "half.png", folder + "half.png"});
+  PictureStore pictures(drives);
+  pictures.Use(list);
+  for (const auto& [name, drawn] : cases)
+    EXPECT_NE(pictures.Scaled(name, 32, 1).isNull(), drawn) << name;
+  pictures.Scaled("half.png", 32, 1); // as far as it goes, or nothing
+}
+
 } // namespace trekor
