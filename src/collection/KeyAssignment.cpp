@@ -5,14 +5,18 @@
 namespace trekor {
 
 void KeyAssignment::Wire() {
-  for (Grid* keys :
-       {&form.fxgKeyBoard, &form.fxgKeyPad, &pictures.frmKeyBoard.fxgKeyBoard, &pictures.frmKeyPad.fxgKeyPad})
-    WireKeys(*keys);
+  WireKeys(form.fxgKeyBoard, true);
+  WireKeys(form.fxgKeyPad, true);
+  WireKeys(pictures.frmKeyBoard.fxgKeyBoard, false);
+  WireKeys(pictures.frmKeyPad.fxgKeyPad, false);
   grid.picture.OnPickUp = [this](int row, int col) { return PickUpHead(row, col); };
 }
 
-void KeyAssignment::WireKeys(Grid& keys) {
-  keys.OnPickUp = [this, &keys](int row, int col) {
+// On a docked picture the key that was clicked stays marked, as Delete takes it wherever the focus is.
+void KeyAssignment::WireKeys(Grid& keys, bool docked) {
+  keys.OnPickUp = [this, &keys, docked](int row, int col) {
+    if (docked)
+      keys.SetSelectionMarks(true);
     return PickUp(grid.setup.KeyToObs(pictures.KeyCode(keys, row, col)));
   };
   keys.OnDrop = [this, &keys](const Grid& source, int row, int col) { Drop(source, keys, row, col); };
@@ -20,7 +24,7 @@ void KeyAssignment::WireKeys(Grid& keys) {
 
 // The picture to drag, "" when there is nothing to take.
 std::string KeyAssignment::PickUp(int obs) {
-  DraggedObs = stage.AtRest() && grid.setup.Has(obs) ? obs : -1;
+  DraggedObs = grid.setup.Has(obs) ? obs : -1;
   if (DraggedObs == -1)
     return "";
   const ClassObservation& o = grid.setup.Observations(obs);
@@ -38,9 +42,8 @@ bool KeyAssignment::PickedUpIsThere() const {
   return grid.setup.Has(DraggedObs) && grid.setup.Observations(DraggedObs).ObsParID == draggedParID;
 }
 
-// A run may have begun under the drag.
 void KeyAssignment::Drop(const Grid& source, const Grid& keys, int row, int col) {
-  if (stage.AtRest() && PickedUpIsThere()) {
+  if (!stage.Ending() && PickedUpIsThere()) {
     const int code = pictures.KeyCode(keys, row, col);
     if (MayMove(source, keys, code))
       MoveKey(code);
@@ -67,10 +70,12 @@ void KeyAssignment::MoveKey(int code) {
   grid.picture.SetText(RunGrid::KeyRow, DraggedObs, pictures.KeyText(code));
 }
 
-// After a drop that was refused, too.
+// After a drop that was refused, too. In a run the current cell is the run's.
 void KeyAssignment::MarkHead() {
   if (Trim(grid.picture.Text(RunGrid::KeyRow, DraggedObs)).empty())
     grid.picture.SetText(RunGrid::KeyRow, DraggedObs, KeyPictures::NoCaption);
+  if (stage.InRun())
+    return;
   grid.picture.SetRow(RunGrid::KeyRow);
   grid.picture.SetCol(DraggedObs);
 }

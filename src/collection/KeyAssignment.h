@@ -1,6 +1,6 @@
 // Puts observations on keys and takes them off again. The operator drags an icon with the mouse, from the grid's head
 // or from another key, to a key of the on-screen pictures, docked or floating; Delete takes a key from its observation.
-// The setup database has it at once. Only while no run is on or announced: in a run the keys stay what they are.
+// The setup database has it at once, in a run as well: the column is there, only the way to it is new.
 #pragma once
 
 #include "collection/KeyPictures.h"
@@ -22,7 +22,7 @@ public:
   void RemoveSelectedKey();
 
 private:
-  void WireKeys(Grid& keys);
+  void WireKeys(Grid& keys, bool docked);
   std::string PickUp(int obs);
   std::string PickUpHead(int row, int col);
   bool PickedUpIsThere() const;

@@ -47,7 +47,7 @@ void KeyPictures::LoadFloating(Form& floating, Grid& grid, Menu& entry) {
       PutAway(floating, entry);
     return away;
   };
-  grid.OnDblClick = [this, &floating, &entry] { PutAway(floating, entry); };
+  floating.OnDblClick = grid.OnDblClick = [this, &floating, &entry] { PutAway(floating, entry); };
   // The main form gets the focus back, as the keys belong to it.
   grid.OnClick = [this](int, int) { shell.SetFocus(form.Grid); };
   floating.OnResize();
@@ -151,16 +151,17 @@ void KeyPictures::Hide_KeyForms() {
       shell.Hide(*floating);
 }
 
+// The floating windows belong to the form's, so they come up in front of it. Touching the form's own state here would
+// minimise it again: the window system tells each state late.
 void KeyPictures::WatchMinimise() {
   const bool minimised = form.WindowState() == WindowStates::Minimised;
   if (minimised == KeyFormsHidden)
     return;
   KeyFormsHidden = minimised;
   if (minimised)
-    return Hide_KeyForms();
-  form.SetWindowState(WindowStates::Minimised); // for a moment, or the floating windows would come up behind the form
-  Show_KeyForms();
-  form.SetWindowState(WindowStates::Normal);
+    Hide_KeyForms();
+  else
+    Show_KeyForms();
 }
 
 void KeyPictures::Unload() {

@@ -59,7 +59,7 @@ public:
   // own form hears it; and the release of a key in any window.
   KeyHandler OnKeyElsewhere;
   std::function<void(int keyCode)> OnKeyUp;
-  Handler OnActivate, OnResize;
+  Handler OnActivate, OnResize, OnDblClick; // the last beside its controls
   // The close box: true lets the window go, after OnUnload has run; false keeps it (a form that only hides itself).
   std::function<bool()> OnQueryUnload;
   Handler OnUnload;

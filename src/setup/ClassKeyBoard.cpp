@@ -162,6 +162,8 @@ void ClassKeyBoard::Paint_Key(bool show, int i) {
   if (row == -1 || col == -1)
     return;
   const std::string picture = show ? obs.ObsIcon() : std::string();
+  if (!show)
+    grid->SetCellNote(row, col, "");
   if (keypad)
     PaintPadKey(picture, obs.KeyCode(), row, col);
   else

@@ -326,6 +326,11 @@ void FormView::WindowActivated() {
     form.OnActivate();
 }
 
+void FormView::DoubleClicked() {
+  if (!detached && form.OnDblClick)
+    form.OnDblClick();
+}
+
 void FormView::CloseAsked() {
   const QPointer<FormView> alive = this;
   if (form.OnQueryUnload && !form.OnQueryUnload())

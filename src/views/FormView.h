@@ -51,6 +51,7 @@ public:
   void WindowMoved(QPoint corner);
   void WindowStateChanged(Qt::WindowStates state);
   void WindowActivated();
+  void DoubleClicked();
   void CloseAsked();
   bool eventFilter(QObject* watched, QEvent* event) override;
   // The first picture of this form is on the screen; called once.

@@ -104,6 +104,11 @@ void FormWindow::resizeEvent(QResizeEvent*) {
     view->WindowResized(inside->size());
 }
 
+void FormWindow::mouseDoubleClickEvent(QMouseEvent*) {
+  if (view)
+    view->DoubleClicked();
+}
+
 void FormWindow::moveEvent(QMoveEvent*) {
   if (view)
     view->WindowMoved(pos());

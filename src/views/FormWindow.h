@@ -30,6 +30,7 @@ protected:
   void closeEvent(QCloseEvent* e) override;
   void resizeEvent(QResizeEvent* e) override;
   void moveEvent(QMoveEvent* e) override;
+  void mouseDoubleClickEvent(QMouseEvent* e) override;
 
 private:
   FormView* view;

@@ -27,7 +27,8 @@ GridDrag::~GridDrag() {
 }
 
 void GridDrag::Press(const QMouseEvent& e) {
-  End();
+  if (active)
+    active->End();
   from = e.globalPosition().toPoint();
   const Grid& grid = source.GridModel();
   const std::optional<GridCell> cell = source.CellAt(from);
@@ -36,6 +37,7 @@ void GridDrag::Press(const QMouseEvent& e) {
   picture = grid.OnPickUp(cell->row, cell->col);
   if (picture.empty())
     return;
+  active = this;
   window = surface.window();
   window->installEventFilter(this);
   surface.installEventFilter(this);
@@ -69,7 +71,7 @@ void GridDrag::Release(const QMouseEvent& e) {
 }
 
 bool GridDrag::eventFilter(QObject* watched, QEvent* e) {
-  if (e->type() == QEvent::Hide || e->type() == QEvent::WindowBlocked)
+  if (e->type() == QEvent::Hide || e->type() == QEvent::WindowBlocked || e->type() == QEvent::WindowDeactivate)
     End();
   return QObject::eventFilter(watched, e);
 }
@@ -78,6 +80,7 @@ void GridDrag::End() {
   if (picture.empty())
     return;
   picture.clear();
+  active = nullptr;
   surface.removeEventFilter(this);
   if (window)
     window->removeEventFilter(this);

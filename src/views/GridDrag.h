@@ -1,7 +1,7 @@
 // A drag of the operator's mouse from a cell of a grid to a cell of a grid in any window of the program. The picture
 // follows the mouse as its cursor; there is no loop of its own, so keys, ticks and the link go on as ever. A drag ends
-// without a drop when the grid in which it began is hidden, as a start of the control program does, or a modal window
-// opens.
+// without a drop when the grid in which it began is hidden, a modal window opens, or its window loses the keyboard, as
+// the release may then go to another program.
 #pragma once
 
 #include "forms/Grid.h"
@@ -56,6 +56,7 @@ private:
   std::string picture;      // of what was picked up, "" nothing
   QPoint from;              // on the screen
   bool shown = false;
+  static inline GridDrag* active = nullptr; // there is one mouse
 };
 
 } // namespace trekor

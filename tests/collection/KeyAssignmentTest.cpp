@@ -126,13 +126,26 @@ TEST_F(KeyAssignmentStories, TheSpaceBarIsNamedAndTheKeypadHasItsOwnCodes) {
   EXPECT_EQ(form.fxgKeyPad.CellPicture(4, 1), form.fxgKeyPad.CellPicture(4, 0)) << "a wide key";
 }
 
-TEST_F(KeyAssignmentStories, ADragDiesWhenARunBeginsOrAnotherSetupIsChosen) {
-  ASSERT_NE(OnBoard("A").grid.OnPickUp(OnBoard("A").row, OnBoard("A").col), "");
+TEST_F(KeyAssignmentStories, AKeyIsMovedInARunAndTheRunKeepsItsPlace) {
+  form.mnuViewKeyBoard.OnClick();
   StartFromLink(10.0);
-  OnBoard("Q").grid.OnDrop(form.fxgKeyBoard, OnBoard("Q").row, OnBoard("Q").col);
-  ExpectKey(Crack, 'A', "A");
-  EXPECT_FALSE(Drag(Afloat("A"), Afloat("Q"))) << "in a run the keys stay";
-  Press(F4);
+  Press('D');
+  ASSERT_TRUE(Drag(Afloat("D"), Afloat("Q")));
+  ExpectKey(Edge, 'Q', "Q");
+  EXPECT_EQ(Afloat("D").grid.CellNote(Afloat("D").row, Afloat("D").col).text, "") << "its value has gone with it";
+  Dmi(10.1);
+  Press('D'); // no one's any more
+  Press('Q');
+  EXPECT_EQ(Cell(0, Edge), "0");
+  Press(F3);
+  ASSERT_TRUE(Drag(Afloat("Q"), Afloat("F9")));
+  Tick();
+  EXPECT_EQ(run.Subjects().runGrid.CurrentRow, form.Grid.FixedRows()) << "keys go on into the row that was chosen";
+  Press(keys::F9);
+  EXPECT_EQ(Cell(0, Edge), "1");
+}
+
+TEST_F(KeyAssignmentStories, ADragDiesWhenAnotherSetupIsChosen) {
   ASSERT_NE(OnBoard("A").grid.OnPickUp(OnBoard("A").row, OnBoard("A").col), "");
   form.cboTestSetupNames.Select(1); // its first item is another one
   OnBoard("Q").grid.OnDrop(form.fxgKeyBoard, OnBoard("Q").row, OnBoard("Q").col);
