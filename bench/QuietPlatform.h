@@ -70,6 +70,7 @@ public:
   long long WindowHandle(Form&) override { return 0; }
   void Hourglass(bool) override {}
   void MsgBox(const std::string&, const std::string&, BoxIcon) override {}
+  void CloseBoxes() override {}
   void ShowNotice(const std::string&) override {}
   void ShowNight(bool) override {}
   PictureFile SavePicture(const std::string&, const std::string&) override { return PictureFile::NoPicture; }

@@ -41,7 +41,7 @@ void FileMenu::Prepare_File() {
 }
 
 void FileMenu::mnuClose_Click() {
-  if (stage.InRun() || stage.Closing() || stage.Preparing())
+  if (stage.InRun() || (stage.Announced() && !stage.Ending()) || stage.Closing() || stage.Preparing())
     return;
   status.UnlockStep();
   if (!stage.FileOpen())

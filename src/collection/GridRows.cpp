@@ -8,13 +8,23 @@ void GridRows::Add_StepRow() {
   grid.picture.SetRedraw(false);
   grid.picture.SetCol(0);
   pending = PendingRow{.kind = RowKind::Step, .place = grid.CurrentRow};
-  grid.rows.Insert(pending->place, {.kind = RowKind::Step, .station = position.NextStation.FiledValue()},
-                   position.PreviousStation.Text() + " to " + position.NextStation.Text());
+  grid.rows.Insert(pending->place, {.kind = RowKind::Step, .station = position.NextStation.FiledValue()}, RoadOfStep());
   stage.LetEventsIn();
   CarryValues();
   stage.LetEventsIn();
   FinishRow();
   DropOldest();
+}
+
+std::string GridRows::RoadOfStep() const {
+  return position.PreviousStation.Text() + " to " + position.NextStation.Text();
+}
+
+void GridRows::RenewFirstRow() {
+  if (GridRow* row = grid.rows.At(grid.rows.Top())) {
+    row->station = position.NextStation.FiledValue();
+    grid.rows.SetCell(grid.rows.Top(), 0, RoadOfStep());
+  }
 }
 
 void GridRows::CarryValues() {

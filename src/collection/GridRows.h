@@ -19,6 +19,8 @@ public:
 
   // Adds a row that begins at the boundary just passed.
   void Add_StepRow();
+  // The first row of a run once more, as its boundary has changed before the run began.
+  void RenewFirstRow();
   // Adds a row below the current one, for the point of an observation at KeyStation.
   void Add_EventRow(int obs);
   // Completes the row that is being made, without pumping; nothing when there is none.
@@ -36,6 +38,7 @@ private:
     int place = 0;
     bool valuesDone = false;
   };
+  std::string RoadOfStep() const;
   void CarryValues();
   void FinishStepRow(int place);
   void FinishEventRow(int place);

@@ -17,8 +17,11 @@ void Run::Start_Run() {
   if (stage.Ending())
     return;
   if (stage.FileOpen()) {
+    const WhileSet announced = stage.Announce();
     if (!news.AnnounceStart())
       return;
+    if (preparation.TurnedSince())
+      grids.rows.RenewFirstRow();
     BeginInFile();
   }
   look.ShowRunning();
@@ -30,8 +33,6 @@ void Run::Start_Run() {
 
 // Step and direction are fixed from here until the file is closed.
 void Run::BeginInFile() {
-  if (!stage.FileOpen()) // closed by the link within the waits
-    return;
   look.LockStep();
   grids.rows.StoreStart();
 }
@@ -89,7 +90,12 @@ void Run::Stop_Run() {
   stage.Enter(RunStates::Idle);
 }
 
-void Run::StopAtOnce() {
+void Run::EndAtOnce() {
+  grids.rows.FinishRow();
+  if (stage.Starting() && stage.Idle())
+    return CancelStart();
+  if (stage.Idle())
+    return;
   stage.ForceCommand(); // also inside a command, which ends when its pump returns
   Stop_Run();
 }

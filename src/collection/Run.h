@@ -27,12 +27,12 @@ public:
   void Resume_Run();
   void Stop_Run();
   void Stop_FromPause();
-  // On the way out: a start that is not finished; a run, even in the middle of another command.
-  void CancelStart();
-  void StopAtOnce();
+  // On the way out, whatever there is of a run, even in the middle of another command.
+  void EndAtOnce();
 
 private:
   void BeginInFile();
+  void CancelStart();
   void SelectNewestRow();
 
   RunStage& stage;

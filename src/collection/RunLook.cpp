@@ -3,6 +3,7 @@
 namespace trekor {
 
 void RunLook::ShowRunning() {
+  shell.CloseBoxes();
   screen.KeepOn(true);
   grid.picture.SetKeysWanted(true);
   grid.picture.SetSelectionMarks(false);

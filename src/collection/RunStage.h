@@ -61,6 +61,10 @@ public:
   // No run and no start: the boxes and the direction are the operator's.
   bool AtRest() const { return Idle() && !starting; }
 
+  // A run into the open file has been announced and begins within two seconds: the file is the run's already.
+  WhileSet Announce() { return WhileSet(announced); }
+  bool Announced() const { return announced; }
+
   // The new-file form is shown, or was hidden for a file of the link and its call has not returned yet.
   WhileSet Ask() { return WhileSet(asking); }
   bool Asking() const { return asking; }
@@ -98,7 +102,8 @@ private:
   Pump& pump;
   bool BusyGuard = true; // the form can take a run command
   int commandsOnStack = 0;
-  bool starting = false, asking = false, preparing = false, closing = false, loading = false, ending = false;
+  bool starting = false, announced = false, asking = false, preparing = false, closing = false, loading = false,
+       ending = false;
   bool leaveLater = false;
   bool rowOnStack = false;
   int heldDmi = 0;

@@ -81,7 +81,7 @@ struct RunSubjects {
   // The run.
   StartPreparation preparation{stage, fileMenu, numLock, gridDepth, stepBoxes};
   Run run{stage, ring, grids, preparation, {look, news}};
-  WayOut wayOut{stage, form.IdleTimer, gridRows, run, fileMenu};
+  WayOut wayOut{stage, form.IdleTimer, stepping, run, fileMenu};
   Registrations registrations{grids, asking, feedback, stage};
   KeyMarks keyMarks{keyPictures, stage};
   KeyOrders keyOrders{stage, ring, run, registrations, stepping, keyMarks};

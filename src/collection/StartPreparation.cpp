@@ -10,6 +10,13 @@ bool StartPreparation::Prepare() {
   return true;
 }
 
+bool StartPreparation::TurnedSince() {
+  const bool turned = stepBoxes.DirectionTurned();
+  if (turned)
+    stepBoxes.SetFirstBoundary();
+  return turned;
+}
+
 bool StartPreparation::AskOperator() {
   if (!stage.FileOpen())
     fileMenu.mnuNew_Click(); // without a file the run starts all the same and stores nothing
@@ -18,8 +25,8 @@ bool StartPreparation::AskOperator() {
   const bool stored = stage.FileOpen();
   numLock.SaveAtStart();
   gridDepth.TakeTyped();
-  // The link may have closed the file under a prompt: no run begins then.
-  return stepBoxes.ReadStart() && !stage.Ending() && stage.FileOpen() == stored;
+  // The link may have closed the file under a prompt: no run begins then. One that it has opened takes the run.
+  return stepBoxes.ReadStart() && !stage.Ending() && (!stored || stage.FileOpen());
 }
 
 } // namespace trekor

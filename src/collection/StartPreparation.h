@@ -15,6 +15,9 @@ public:
       : stage(stage), fileMenu(fileMenu), numLock(numLock), gridDepth(gridDepth), stepBoxes(stepBoxes) {}
   // False: no run, silently.
   bool Prepare();
+  // "SET DMI" in the seconds of the announcement may have turned the direction: the first boundary then lies on the
+  // other side. True when it was set anew.
+  bool TurnedSince();
   // At the end of the run or of the start, however it ends.
   void Undo() { numLock.Restore(); }
 

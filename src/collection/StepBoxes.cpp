@@ -109,6 +109,8 @@ bool StepBoxes::ReadStep() {
 
 void StepBoxes::SettleStation() {
   auto& key = state.position.KeyStation;
+  if (TrimView(controls.Texts6.Text()).empty()) // as where the box is left, not a run from nowhere
+    controls.Texts6.SetText("0");
   const double station = TextToDouble(controls.Texts6.Text()), step = TextToDouble(controls.Texts7.Text());
   if (step != 0) {
     key.SetValue(station);
@@ -122,6 +124,7 @@ void StepBoxes::SettleStation() {
 
 void StepBoxes::SetFirstBoundary() {
   auto& at = state.position;
+  boundaryUp = at.DmiIncreasing;
   double s = StationTextToKm(controls.Texts6.Text());
   // Whole steps before the start, also for negative stations; the small addend is for a start just short of a boundary.
   s = std::floor(s / at.StepKm + 0.00001) * at.StepKm;

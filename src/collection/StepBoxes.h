@@ -30,6 +30,8 @@ public:
   bool ReadStart();
   // The boundaries of a start at the station in box 6.
   void SetFirstBoundary();
+  // Whether the control program has turned the direction since then.
+  bool DirectionTurned() const { return state.position.DmiIncreasing != boundaryUp; }
   // Kilometres of a text in the operator's unit; 0 for blank text for a unit code that is none of the operator's.
   double StationTextToKm(const std::string& text) const;
 
@@ -52,6 +54,7 @@ private:
   const RunStage& stage;
   RunNews& news;
   Asking& asking;
+  bool boundaryUp = true; // the direction for which the first boundary was set
   bool entryGuard = true; // quiets a box's own change handler while it is checked
 };
 

@@ -15,11 +15,9 @@ void WayOut::LeaveWhenDue() {
 void WayOut::StopAndClose() {
   stage.BeginEnding();
   timer.SetRunning(false);
-  rows.FinishRow();
   if (stage.InRun())
-    run.StopAtOnce();
-  else if (stage.Starting())
-    run.CancelStart();
+    stepping.TakeKeyStation(); // as the key of a stop does, or the last span would end where the last key was pressed
+  run.EndAtOnce();
   if (stage.FileOpen())
     fileMenu.mnuClose_Click();
 }

@@ -2,9 +2,9 @@
 #pragma once
 
 #include "collection/FileMenu.h"
-#include "collection/GridRows.h"
 #include "collection/Run.h"
 #include "collection/RunStage.h"
+#include "collection/Stepping.h"
 #include "forms/Controls.h"
 
 #include <functional>
@@ -13,8 +13,8 @@ namespace trekor {
 
 class WayOut {
 public:
-  WayOut(RunStage& stage, Timer& timer, GridRows& rows, Run& run, FileMenu& fileMenu)
-      : stage(stage), timer(timer), rows(rows), run(run), fileMenu(fileMenu) {}
+  WayOut(RunStage& stage, Timer& timer, Stepping& stepping, Run& run, FileMenu& fileMenu)
+      : stage(stage), timer(timer), stepping(stepping), run(run), fileMenu(fileMenu) {}
 
   void mnuExit_Click();
   // An exit that had to wait for a file in the making. Once a tick.
@@ -28,7 +28,7 @@ public:
 private:
   RunStage& stage;
   Timer& timer;
-  GridRows& rows;
+  Stepping& stepping;
   Run& run;
   FileMenu& fileMenu;
 };

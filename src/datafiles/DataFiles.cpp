@@ -129,6 +129,7 @@ bool DataFiles::StartSession(const TestSetup& setup) {
   state.position.StationMaximum.SetDefault(FirstMaximum);
   state.position.StationMinimum.SetDefault(FirstMinimum);
   state.file.StationID = 0;
+  pictureFailed = false;
   BeginRow();
   NewSession();
   for (int i = 1; i <= setup.ObsCount(); ++i)

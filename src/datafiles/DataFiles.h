@@ -62,6 +62,7 @@ private:
   bool InstallTemplate(const std::string& path);
   bool BeginFile(const std::string& path, const TestSetup& setup);
   bool StartSession(const TestSetup& setup);
+  void AddPicture(const std::string& field, const std::string& picture);
   void SaveSession();
   void RefillSession();
   void RefillRoad(const FacilityRecord& road);
@@ -70,6 +71,7 @@ private:
   Platform& platform;
   Station RecordStation; // through it a position becomes file units
   bool preparing = false;
+  bool pictureFailed = false;     // of this session, and the operator was told
   std::string openPath, openName; // DataPath and DataName of the open file; the link names the next one over them
   // StationID and the session's limits when the row began, and whether its rows are one transaction.
   struct {

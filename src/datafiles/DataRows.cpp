@@ -66,17 +66,21 @@ void DataFiles::AddObservation(const ClassObservation& obs) {
   row.Set("ObsCode", obs.ObsCode);
   row.Set("ObsName", obs.ObsNameFile());
   row.Set("ObsAbrv", obs.ObsAbrvFile());
-  dbSaveImage(&row, "ObsIcon", obs.ObsIcon(), state.folders, platform);
+  AddPicture("ObsIcon", obs.ObsIcon());
   row.Set("ParCode", obs.ParCode());
   row.Set("ParName", obs.ParNameFile());
   row.Set("ParAbrv", obs.ParAbrvFile());
-  dbSaveImage(&row, "ParIcon", obs.ParIcon(), state.folders, platform);
+  AddPicture("ParIcon", obs.ParIcon());
   row.Set("DataType", static_cast<int>(obs.DataTypeID));
   row.Set("TextUtil", obs.FileText());
   row.Set("Min", obs.Min());
   row.Set("Max", obs.Max());
   row.Set("RegModeCode", static_cast<int>(obs.RegModeCode));
   row.Update();
+}
+
+void DataFiles::AddPicture(const std::string& field, const std::string& picture) {
+  pictureFailed |= !dbSaveImage(rsObservations.get(), field, picture, state.folders, platform, !pictureFailed);
 }
 
 } // namespace trekor

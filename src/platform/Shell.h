@@ -39,6 +39,8 @@ public:
   virtual void ShowNight(bool on) = 0;
   // A message box with an OK button; returns when it is closed. Timers and the link go on meanwhile.
   virtual void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) = 0;
+  // Closes the message boxes that are up, as a run of the control program needs the keys that they hold.
+  virtual void CloseBoxes() = 0;
   // A small text over the main window while something long runs; the empty text takes it away. It is on the screen when
   // the call returns, as the caller need not pump.
   virtual void ShowNotice(const std::string& text) = 0;

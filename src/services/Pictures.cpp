@@ -58,19 +58,20 @@ Failure AppendFile(Recordset& row, const std::string& field, const std::string& 
 
 } // namespace
 
-void dbSaveImage(Recordset* row, const std::string& field, const std::string& picture, const FolderPaths& folders,
-                 Platform& platform) {
+bool dbSaveImage(Recordset* row, const std::string& field, const std::string& picture, const FolderPaths& folders,
+                 Platform& platform, bool tell) {
   if (!row || picture.empty())
-    return;
+    return true;
   const std::string workFile = platform.drives.NativePath(folders.AppPath + "\\temp.bin");
   const PictureFile saved = platform.shell.SavePicture(picture, workFile);
   if (saved == PictureFile::NoPicture)
-    return;
+    return true;
   const Failure failure = saved == PictureFile::Written ? AppendFile(*row, field, workFile, platform.pump) : CantWrite;
-  if (failure.number != 0)
+  if (failure.number != 0 && tell)
     platform.shell.MsgBox(std::string("dbSaveImage: ") + failure.description + " (" + std::to_string(failure.number) +
                               ")",
                           folders.programName, BoxIcon::None);
+  return failure.number == 0;
 }
 
 } // namespace trekor

@@ -156,6 +156,12 @@ void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon 
     before->activateWindow();
 }
 
+void QtShell::CloseBoxes() {
+  for (QWidget* w : QApplication::topLevelWidgets())
+    if (auto* box = qobject_cast<QMessageBox*>(w))
+      box->reject();
+}
+
 void QtShell::ShowNotice(const std::string& text) {
   if (text.empty()) {
     notice.reset();

@@ -33,6 +33,7 @@ public:
   void Hourglass(bool on) override;
   void ShowNight(bool on) override;
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
+  void CloseBoxes() override;
   void ShowNotice(const std::string& text) override;
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
 

@@ -62,6 +62,7 @@ TEST_F(StatesOfTheRun, TheScreenStaysOnFromTheStartToTheStop) {
   EXPECT_FALSE(on);
   StartFromLink(10.0);
   EXPECT_TRUE(on);
+  EXPECT_EQ(fakes.shell.boxesClosed, 1) << "a box would keep the keys";
   EXPECT_EQ(sequence({'A', F3, F2, F4}), "xxx.");
   StartFromLink(10.0);
   EXPECT_EQ(sequence({F3, F4}), "x.") << "from a pause";
@@ -76,9 +77,12 @@ TEST_F(StatesOfTheRun, KeyFormsHideWithTheMinimisedForm) {
   form.SetWindowState(WindowStates::Minimised);
   Tick(40);
   EXPECT_FALSE(run.Subjects().keyPictures.frmKeyPad.Shown);
-  form.SetWindowState(WindowStates::Normal);
+  fakes.shell.acts.clear();
+  form.SetWindowState(WindowStates::Maximised);
   Tick(40);
   EXPECT_TRUE(run.Subjects().keyPictures.frmKeyPad.Shown);
+  EXPECT_EQ(form.WindowState(), WindowStates::Maximised) << "as it was left";
+  form.SetWindowState(WindowStates::Normal);
   EXPECT_EQ(form.WindowState(), WindowStates::Normal);
 }
 

@@ -135,4 +135,17 @@ TEST_F(RoadSteps, DanishKeysGiveTheirLettersInABoxWhateverTheLayout) {
   EXPECT_EQ(form.Texts6.OnKeyPress(U'1'), U'1');
 }
 
+// F2 with the cursor still in the box: it is not left, so nothing has looked at what is in it.
+TEST_F(RunFixture, AnEmptyStationBoxStartsAtZero) {
+  Load();
+  OpenFile();
+  Type(form.Texts7, "0.1");
+  fakes.shell.SetFocus(form.Texts6);
+  form.Texts6.Type("");
+  Answer("");
+  Key(F2);
+  EXPECT_EQ(Roads(), Texts{"0.000 to 0.100"});
+  EXPECT_EQ(Stations(), Texts{"0 0"});
+}
+
 } // namespace trekor::tests

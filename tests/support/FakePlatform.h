@@ -206,6 +206,8 @@ public:
   void Hourglass(bool on) override { hourglass = on; }
   void ShowNight(bool on) override { night = on; }
   void MsgBox(const std::string& text, const std::string& title, BoxIcon icon) override;
+  void CloseBoxes() override { ++boxesClosed; }
+  int boxesClosed = 0;
   void ShowNotice(const std::string& text) override { notices.push_back(text); }
   PictureFile SavePicture(const std::string& key, const std::string& nativePath) override;
   std::size_t pictureBytes = 0; // of each saved picture, behind its name
