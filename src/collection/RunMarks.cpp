@@ -13,14 +13,18 @@ constexpr int LinkRow = RunGrid::KeyRow, StateRow = RunGrid::IconRow;
 
 // The head keeps its place whatever is told: the cells of column 0 have room for each of the texts.
 void RunMarks::Refresh(double now, bool linkUp) {
-  Show(LinkRow, linkUp ? "Link \u25CF" : "No link \u25CB", !linkUp && stage.InRun());
+  ShowLink(linkUp);
   const double age = PositionAge(now);
-  if (ring.Lost > 0)
-    Show(StateRow, std::to_string(ring.Lost) + " keys lost", true);
-  else if (stage.InRun() && age >= QuietSeconds)
+  if (stage.InRun() && age >= QuietSeconds)
     Show(StateRow, "Position " + std::to_string(std::lround(age)) + " s old", stage.Running() && age > AlertSeconds);
   else
     Show(StateRow, "", false);
+}
+
+// A dot, full or empty; keys that were lost take the place of the word until the next start.
+void RunMarks::ShowLink(bool linkUp) {
+  const std::string word = ring.Lost > 0 ? std::to_string(ring.Lost) + " keys lost" : linkUp ? "Link" : "No link";
+  Show(LinkRow, word + (linkUp ? " \u25CF" : " \u25CB"), ring.Lost > 0 || (!linkUp && stage.InRun()));
 }
 
 // Seconds.

@@ -20,6 +20,7 @@ public:
   void Refresh(double now, bool linkUp);
 
 private:
+  void ShowLink(bool linkUp);
   void Show(int row, const std::string& text, bool alert);
   double PositionAge(double now);
 

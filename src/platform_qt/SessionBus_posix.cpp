@@ -12,7 +12,8 @@ constexpr char NoBus[] = "disabled:"; // a kind of address that no library knows
 } // namespace
 
 bool HasSessionBus() {
-  if (const char* address = std::getenv(Address))
+  const char* address = std::getenv(Address);
+  if (address && *address)
     return std::string_view(address) != NoBus;
   const char* runtime = std::getenv("XDG_RUNTIME_DIR");
   std::error_code none;

@@ -11,6 +11,6 @@ constexpr int Full = 10, Off = 11, On = 12, Waiting = 13, Last = Waiting;
 namespace trekor {
 
 // A cell with this picture has the ground of a warning.
-constexpr const char* AlertMark = "ALERT";
+constexpr const char* AlertMark = ":ALERT";
 
 } // namespace trekor

@@ -1,5 +1,6 @@
 #include "views/GridLayout.h"
 
+#include "values/BarPictures.h"
 #include "views/Twips.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ int GridLayout::Share(const Grid& grid, int station, int width) const {
 
 int GridLayout::HeightOfFixedRow(const Grid& grid, int row) const {
   for (int c = 0; c < grid.Cols(); ++c)
-    if (!grid.CellPicture(row, c).empty())
+    if (const std::string& picture = grid.CellPicture(row, c); !picture.empty() && picture != AlertMark)
       return Zoomed(PictureRow);
   return rowHeight;
 }

@@ -37,11 +37,11 @@ int Flags(Align a) {
 // asked for just then. The words have a ground of their own.
 class Elsewhere : public QLabel {
 public:
-  explicit Elsewhere(QWidget* parent) : QLabel("The keys go to another program. Click here.", parent) {
-    setAttribute(Qt::WA_TransparentForMouseEvents);
-  }
+  explicit Elsewhere(QWidget* parent) : QLabel("The keys go to another program. Click here.", parent) {}
 
 protected:
+  // The click gets the keys back, and no cell; without a window manager nobody else does it.
+  void mousePressEvent(QMouseEvent*) override { window()->activateWindow(); }
   void paintEvent(QPaintEvent*) override {
     constexpr int veil = 110, type = 34, margin = 12;
     QPainter p(this);

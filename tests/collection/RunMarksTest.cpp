@@ -19,6 +19,7 @@ protected:
   // The text of a cell, with "!" in front of a warning.
   std::string Mark(int row) { return (form.Grid.CellPicture(row, 0) == AlertMark ? "!" : "") + form.Grid.Text(row, 0); }
   std::string State() { return Mark(RunGrid::IconRow); }
+  std::string LinkMark() { return Mark(RunGrid::KeyRow); }
 };
 
 TEST_F(RunMarksStories, TheAgeOfAPositionIsQuietAtFirstAndThenPlain) {
@@ -86,18 +87,19 @@ TEST_F(RunMarksStories, LostKeysAreCountedUntilTheNextStart) {
     Key('A');
   After(0.4);
   EXPECT_EQ(State(), "") << "a ring that is just full";
+  EXPECT_EQ(LinkMark(), "Link \u25CF");
   Tick(KeyRing::Size);
   for (int i = 0; i < KeyRing::Size; ++i)
     Key('A');
   After(0.4);
-  EXPECT_EQ(State(), "!16 keys lost");
-  Dmi(10.05);
-  After(0.4);
-  EXPECT_EQ(State(), "!16 keys lost");
+  EXPECT_EQ(LinkMark(), "!16 keys lost \u25CF");
+  After(3);
+  EXPECT_EQ(LinkMark(), "!16 keys lost \u25CF");
+  EXPECT_EQ(State(), "Position 4 s old") << "both at once";
   Press(F4);
   StartFromLink(11.0);
   After(0.4);
-  EXPECT_EQ(State(), "");
+  EXPECT_EQ(LinkMark(), "Link \u25CF");
 }
 
 TEST_F(RunMarksStories, TheLinkHasOneMark) {
