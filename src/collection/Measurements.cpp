@@ -46,6 +46,7 @@ void Measurements::WireControls() {
   subjects->boxes.Wire();
   subjects->gridDepth.Wire();
   subjects->keyAssignment.Wire();
+  rooms.socket.OnWatchdog = [this] { subjects->slowWork.ShowMarks(); };
 }
 
 void Measurements::WireMenus() {
@@ -72,6 +73,7 @@ bool Measurements::QueryUnload() {
 }
 
 void Measurements::UnloadForms() {
+  rooms.socket.OnWatchdog = nullptr;
   subjects->frmBars.Loaded = false;
   subjects->asking.TextPrompt.Unload();
   subjects->asking.NumericPrompt.Unload();

@@ -9,7 +9,7 @@ constexpr double BarMilliseconds = 400, SlowMilliseconds = 800;
 void SlowWork::DoWhatIsDue() {
   if (clock.Milliseconds() >= NextBarTime) {
     works.stepBar.RefreshStepBar();
-    works.marks.Refresh(clock.Milliseconds(), socket.State() == SocketState::Connected);
+    ShowMarks();
     works.keyMarks.Refresh();
     NextBarTime = clock.Milliseconds() + BarMilliseconds;
   }
@@ -19,6 +19,10 @@ void SlowWork::DoWhatIsDue() {
   if (!stage.Ending())
     works.status.Refresh();
   NextSlowTime = clock.Milliseconds() + SlowMilliseconds;
+}
+
+void SlowWork::ShowMarks() {
+  works.marks.Refresh(clock.Milliseconds(), socket.State() == SocketState::Connected);
 }
 
 } // namespace trekor

@@ -25,6 +25,8 @@ public:
   SlowWork(Clock& clock, Socket& socket, const RunStage& stage, const Works& works)
       : clock(clock), socket(socket), stage(stage), works(works) {}
   void DoWhatIsDue();
+  // Link and age of the position, as they are now.
+  void ShowMarks();
 
 private:
   Clock& clock;

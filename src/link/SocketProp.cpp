@@ -217,6 +217,8 @@ void SocketProp::WDT_Timer() {
   else if (found == SocketState::Open || found == SocketState::Error)
     platform.socket.Close();
   form.txtState.SetText(StateWord(found));
+  if (OnWatchdog)
+    OnWatchdog();
 }
 
 void SocketProp::SocketDataArrived() {

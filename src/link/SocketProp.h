@@ -33,6 +33,9 @@ public:
   // Called with each whole line, trimmed, as UTF-8. Set before Load. The line is a view that dies when the call pumps.
   std::function<void(std::string_view line)> dispatch;
 
+  // Behind each look of the watchdog, which goes on while prompts keep the tick waiting.
+  std::function<void()> OnWatchdog;
+
   void Load();   // loads the form, begins to connect, starts the watchdog
   void Unload(); // "CTRL EXIT", one second for it to go out, close, save the look
 

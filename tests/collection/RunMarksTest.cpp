@@ -114,6 +114,19 @@ TEST_F(RunMarksStories, TheLinkHasOneMark) {
   EXPECT_EQ(later(), "!No link \u25CB");
 }
 
+// Ticks wait while a key has its prompt open.
+TEST_F(RunMarksStories, TheWatchdogTellsTheLinkBehindAPrompt) {
+  StartFromLink(10.0);
+  std::string behind;
+  fakes.shell.scripts["NumericPrompt"] = [&](Form&) {
+    fakes.socket.PeerClose();
+    socket.form.WDT.Fire();
+    behind = LinkMark();
+  };
+  Press('F');
+  EXPECT_EQ(behind, "!No link \u25CB");
+}
+
 // The docked pictures keep their current key: it is the one that Delete takes away.
 TEST_F(RunMarksStories, TheFloatingKeysTellWhatGoesOnAndTheLastKey) {
   KeyPictures& pictures = run.Subjects().keyPictures;
