@@ -39,10 +39,11 @@ void Layout::Resize() {
 void Layout::PlaceFrames() {
   const TabStrip& tabs = form.TabStrip1;
   const int width = std::max(tabs.Width - 2 * Margin, 0), height = std::max(tabs.Height - TabHead - Margin, 0);
-  for (int tab = 0; tab < 3; ++tab)
-    FrameOf(tab)->Move(Margin, tabs.Top + TabHead, width, height);
+  // What is in the frames first: a page makes room for what it finds.
   for (Grid* keys : {&form.fxgKeyBoard, &form.fxgKeyPad})
     keys->Move(Margin, Margin, std::max(width - 2 * Margin, 0), std::max(height - 2 * Margin, 0));
+  for (int tab = 0; tab < 3; ++tab)
+    FrameOf(tab)->Move(Margin, tabs.Top + TabHead, width, height);
 }
 
 int Layout::GridTop() const {

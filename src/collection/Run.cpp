@@ -13,11 +13,11 @@ void Run::Start_Run() {
   const WhileSet starting = stage.Start();
   if (!preparation.Prepare())
     return preparation.Undo();
+  const WhileSet announced = stage.Announce();
   grids.rows.Add_StepRow();
   if (stage.Ending())
     return;
   if (stage.FileOpen()) {
-    const WhileSet announced = stage.Announce();
     if (!news.AnnounceStart())
       return;
     if (preparation.TurnedSince())

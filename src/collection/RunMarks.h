@@ -16,7 +16,7 @@ class RunMarks {
 public:
   RunMarks(RunGrid& grid, const RunStage& stage, const Positions& position, const KeyRing& ring)
       : grid(grid), stage(stage), position(position), ring(ring) {}
-  // `now` in the clock's milliseconds. Called at the pace of the step bar.
+  // `now` in the clock's milliseconds. Called at the pace of the step bar, and by the link's watchdog.
   void Refresh(double now, bool linkUp);
 
 private:

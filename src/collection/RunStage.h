@@ -61,7 +61,7 @@ public:
   // No run and no start: the boxes and the direction are the operator's.
   bool AtRest() const { return Idle() && !starting; }
 
-  // A run into the open file has been announced and begins within two seconds: the file is the run's already.
+  // Station and file of a start are settled, and it is being announced: the run begins with them within two seconds.
   WhileSet Announce() { return WhileSet(announced); }
   bool Announced() const { return announced; }
 

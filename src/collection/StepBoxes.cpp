@@ -83,7 +83,10 @@ void StepBoxes::ReadPrevious() {
   controls.Texts8.SetText(previous.Text());
 }
 
+// A run that has been announced begins where it was announced.
 void StepBoxes::PrepareStation(double km) {
+  if (stage.Announced())
+    return;
   state.position.KeyStation.SetDefault(km);
   controls.Texts6.SetText(state.position.KeyStation.Text());
 }

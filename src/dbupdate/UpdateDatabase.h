@@ -20,8 +20,8 @@ struct UpdateResult {
   std::string path;         // the working database, a path of the program
   DbVersion version;        // the template's
   bool programEnds = false; // a message was shown and the program must not go on
-  // The working database, open to be shared; null when it can't be opened. Every start waits for these files, so none
-  // is opened twice.
+  // The working database, open to be shared; null when it can't be opened. Every start waits for the vocabulary and
+  // the texts, so these are not opened twice.
   std::unique_ptr<Database> database = {};
 };
 

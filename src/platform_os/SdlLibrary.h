@@ -8,7 +8,7 @@
 
 namespace trekor {
 
-// Each under its name in the library.
+// Found together, when the first is used; without one of them the library counts as not installed.
 struct SdlLibrary {
   decltype(&SDL_SetMainReady) SetMainReady;
   decltype(&SDL_SetHint) SetHint;

@@ -66,18 +66,24 @@ void QtSocket::Connect(const std::string& host, int toPort) {
 
 void QtSocket::LookUp(const std::string& host) {
   const std::string asciiName = QUrl::toAce(QString::fromStdString(host)).toStdString();
-  std::thread([asciiName, to = asker, of = connection] {
-    auto addresses = NativeSocket::AddressesOf(asciiName);
-    const std::lock_guard lock(to->mutex);
-    if (to->socket)
+  if (asciiName.empty()) // no name at all, which some systems take for this computer
+    return Found({});
+  const auto answer = [of = connection](Asker& to, const std::deque<std::string>& found) {
+    const std::lock_guard lock(to.mutex);
+    if (to.socket)
       QMetaObject::invokeMethod(
-          to->socket,
-          [self = to->socket, of, addresses] {
+          to.socket,
+          [self = to.socket, of, found] {
             if (of == self->connection)
-              self->Found(addresses);
+              self->Found(found);
           },
           Qt::QueuedConnection);
-  }).detach();
+  };
+  try {
+    std::thread([asciiName, answer, to = asker] { answer(*to, NativeSocket::AddressesOf(asciiName)); }).detach();
+  } catch (const std::system_error&) { // the machine has no thread left
+    answer(*asker, {});                // as for a host that nobody knows
+  }
 }
 
 void QtSocket::Found(std::deque<std::string> addressesOfHost) {

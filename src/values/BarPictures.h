@@ -1,5 +1,5 @@
 // The pictures of a value bar, by their numbers: 0 to Full tenths of the scale, or the state of a value that has two.
-// The cell of a grid names one as "BAR:" and its number.
+// The cell of a grid names one as "BAR:" and its number. And the mark of a warning.
 #pragma once
 
 namespace trekor::bars {

@@ -255,9 +255,9 @@ void GridView::PaintRow(QPainter& p, int row, const QRect& area) {
     p.save();
     p.setClipRect(QRect(firstWidth, 0, width - firstWidth, viewport()->height()), Qt::IntersectClip);
     const int from = layout.ColumnAt(std::max(area.left(), firstWidth));
-    for (int c = from < 0 ? grid.Cols() : FirstEqual(row, from); c < grid.Cols();) {
+    for (int c = from < 0 ? grid.Cols() : FirstEqual(row, from); c <= whole && c < grid.Cols();) {
       const int last = LastEqual(row, c);
-      if (layout.CellRect(row, c, last).left() > area.right() || c > whole)
+      if (layout.CellRect(row, c, last).left() > area.right())
         break;
       PaintCell(p, row, c, last);
       c = last + 1;

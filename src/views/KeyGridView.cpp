@@ -19,9 +19,8 @@ void KeyGridView::GridChanged() {
   if (changes.all)
     return update();
   if (changes.selection) {
-    update(Place(KeyAt(current.row, current.col)));
-    current = {grid.Row(), grid.Col()};
-    update(Place(KeyAt(current.row, current.col)));
+    update(Place(KeyAt(painted.row, painted.col)));
+    update(Place(KeyAt(grid.Row(), grid.Col())));
   }
   for (const Grid::Changes::Step& step : changes.steps)
     UpdateAround(step.row, step.col);
@@ -88,6 +87,8 @@ void KeyGridView::PaintKey(QPainter& p, const Key& k) {
   const QRectF cap = QRectF(Place(k)).adjusted(2.5, 2.5, -2.5, -2.5);
   const Grid::Note& note = NoteOf(k);
   const bool marked = IsCurrent(k);
+  if (marked)
+    painted = {k.row, k.col};
   const theme::Colours& colours = theme::In(*this);
   p.setPen(QPen(QColor(marked ? colours.Accent : colours.Line), marked ? 3 : 1));
   p.setBrush(QColor(text.isEmpty() ? colours.Desk : note.strong ? colours.AccentSoft : colours.Paper));

@@ -36,7 +36,7 @@ private:
   Grid& grid;
   PictureStore& pictures;
   GridDrag drag;
-  GridCell current{}; // as it was painted
+  GridCell painted{}; // the key that was last painted as the current one, also while no change was told
 };
 
 } // namespace trekor

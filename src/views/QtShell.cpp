@@ -1,5 +1,6 @@
 #include "views/QtShell.h"
 
+#include "views/FormWindow.h"
 #include "views/Theme.h"
 
 #include <QApplication>
@@ -98,7 +99,8 @@ void QtShell::Hide(Form& form) {
 }
 
 void QtShell::ShowModal(Form& form) {
-  QWidget* active = QApplication::activeWindow();
+  // Not above a message box: a run closes that, and the form's window would go with it.
+  QWidget* active = dynamic_cast<FormWindow*>(QApplication::activeWindow());
   ViewOf(form)->ShowModal(active ? active : MainWindow());
 }
 
@@ -152,7 +154,8 @@ void QtShell::MsgBox(const std::string& text, const std::string& title, BoxIcon 
   large.setPixelSize(BoxPixels);
   box.setFont(large);
   box.exec();
-  if (before && before->isVisible())
+  // Closed by its button: behind CloseBoxes the keyboard is the run's.
+  if (box.clickedButton() && before && before->isVisible())
     before->activateWindow();
 }
 

@@ -18,8 +18,15 @@ void Read(const QFont& font) {
   QImageReader::supportedImageFormats();
 }
 
+// A font with data of its own: those of the application's are read and written by its widgets meanwhile.
+QFont OwnFont() {
+  QFont font = QGuiApplication::font();
+  font.setBold(true);
+  return font;
+}
+
 } // namespace
 
-ReadAhead::ReadAhead() : reader([font = QGuiApplication::font()] { Read(font); }) {}
+ReadAhead::ReadAhead() : reader([font = OwnFont()] { Read(font); }) {}
 
 } // namespace trekor

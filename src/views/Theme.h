@@ -22,7 +22,7 @@ namespace theme {
 struct Colours {
   QRgb Ink;        // text
   QRgb FaintInk;   // disabled, or without a meaning
-  QRgb Paper;      // data, the ground of a bar
+  QRgb Paper;      // data, the ground of a bar; by it a widget knows day from night
   QRgb Band;       // titled frames, entry fields that are off
   QRgb Desk;       // behind everything
   QRgb Head;       // fixed rows

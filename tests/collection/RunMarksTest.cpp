@@ -1,4 +1,5 @@
-// The corner of the grid: link, age of the position, lost keys.
+// The corner of the grid: link, age of the position, lost keys. The floating keys, the sizes of the menu View, and the
+// column that is brought into view.
 #include "RunFixture.h"
 
 #include "values/BarPictures.h"

@@ -202,6 +202,26 @@ TEST_F(ScreenTest, APictureLeavesTheLetterOfItsKeyAlone) {
   }
 }
 
+// The mark of the last key may be older than the window: it must not stay when it moves.
+TEST_F(ScreenTest, AMarkFromBeforeTheFirstPictureMovesLikeAnyOther) {
+  const auto mark = [](EveryKind& f, int row, int col) {
+    f.keys.SetSelectionMarks(true), f.keys.SetRow(row), f.keys.SetCol(col);
+  };
+  EveryKind before, fresh;
+  mark(fresh, 2, 1);
+  shell.Show(fresh);
+  const QImage wanted = Seen();
+  shell.Unload(fresh);
+  mark(before, 1, 0);
+  shell.Show(before);
+  before.keys.SetCellPicture(0, 1, "STAR"); // all that was changed before is taken with this
+  EXPECT_TRUE(Seen() != wanted);
+  before.keys.SetCellPicture(0, 1, "");
+  mark(before, 2, 1);
+  EXPECT_TRUE(QTest::qWaitFor([&] { return Seen() == wanted; }, 1000));
+  shell.Unload(before);
+}
+
 // A press counts where it is let go, and only of the left button.
 TEST_F(ScreenTest, AButtonOfTheBarAndAPictureTakeAWholeClickOfTheLeftButton) {
   EveryKind form;
