@@ -6,8 +6,8 @@
 //
 // DISPLAY names a display that nobody else uses, TREKOR_DRIVES drives with the sample vocabulary, which is changed so
 // that every item counts in a step. PORT is the link's there. The exit code is 0 when no key was lost and each was seen
-// within TICKS (2). Where the program gets no turn for so long that its ring of 16 keys would overflow, the operator
-// waits; such a key is late then, and still none may be lost.
+// within TICKS (2). While many keys are unseen the operator waits, and such a key is late then. Where the machine gives
+// the program no turn for a second, the ring of 16 keys overflows all the same.
 #include <algorithm>
 #include <array>
 #include <chrono>

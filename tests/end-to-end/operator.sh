@@ -7,7 +7,7 @@ manager=${2:-}
 # Runs until the words hold, half a minute at most.
 until_holds() {
   local end=$((SECONDS + 30))
-  until "$@"; do [ $SECONDS -lt $end ] || fail "in vain: $*"; done
+  until "$@"; do [ $SECONDS -lt $end ] || fail "in vain: $*"; sleep 0.02; done
 }
 
 # ---- the control program

@@ -40,9 +40,10 @@ fresh_drives() {
   sqlite3 "$databases/Trekor.mdb" "UPDATE SocketProp SET CapEnglish='$port' WHERE Name='RemotePort'"
 }
 
+# With $frames its picture is a file in that folder, which shows more than "xwd -root": that leaves out what floats.
 fresh_display() {
   local number
-  exec 3< <(exec Xvfb -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>/dev/null)
+  exec 3< <(exec Xvfb ${frames:+-fbdir "$frames"} -displayfd 1 -screen 0 1280x800x24 -nolisten tcp 2>/dev/null)
   started+=($!)
   read -r -u 3 number
   export DISPLAY=:$number
