@@ -4,13 +4,15 @@
 //
 //   trekor_keys_bench TREKOR PORT KEYS [TICKS]
 //
-// DISPLAY names a display that nobody else uses, TREKOR_DRIVES drives with the sample vocabulary, which is changed so
-// that every item counts in a step. PORT is the link's there. The exit code is 0 when no key was lost and each was seen
+// DISPLAY names a display that nobody else uses, TREKOR_DRIVES fresh drives with the sample vocabulary, which is
+// changed so that every item counts in a step; where a start on a small screen has left a narrow window, columns would
+// move and the bench gives up. PORT is the link's there. The exit code is 0 when no key was lost and each was seen
 // within TICKS (2). While many keys are unseen the operator waits, and such a key is late then. Where the machine gives
 // the program no turn for a second, the ring of 16 keys overflows all the same.
 #include <algorithm>
 #include <array>
 #include <chrono>
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -45,8 +47,13 @@ constexpr double PaintMilliseconds = 5;
 // down.
 constexpr std::array<KeySym, 11> Keys = {XK_a, XK_s, XK_d, XK_f, XK_r, XK_b, XK_p, XK_e, XK_F5, XK_F6, XK_c};
 
+pid_t program = 0; // Trekor's process
+
+// Trekor holds the caller's pipes: whoever waits for the end of the output would wait for ever if it went on.
 [[noreturn]] void Give(const char* up) {
   std::fprintf(stderr, "trekor_keys_bench: %s\n", up);
+  if (program > 0)
+    kill(program, SIGKILL);
   std::exit(2);
 }
 
@@ -241,6 +248,9 @@ public:
       Cross();
     for (const KeySym key : Keys)
       columns.push_back({key, NewInkOf([&] { screen.Press(key); })});
+    for (std::size_t i = 1; i < columns.size(); ++i)
+      if (columns[i].cell.left <= columns[i - 1].cell.right)
+        Give("a column was scrolled into view: the window is narrower than at first");
     Cross();
     pitch = NextInkBelow(columns[0].cell) - columns[0].cell.top;
     for (int rows = 0; rows < 3; ++rows)
@@ -381,7 +391,7 @@ int main(int argc, char** argv) {
   Ask(Drive("/C/Veldmark/Trekor/MDB/Observations.mdb"),
       "UPDATE Observations SET DataType=1, Min=0, Max=99, RegModeCode=1, KeyingCode=1");
   Link link(std::atoi(argv[2]));
-  const pid_t program = StartProgram(argv[1]);
+  program = StartProgram(argv[1]);
   link.Accept();
   link.Await("SET SYSTEM ");
   Operator person(link);
