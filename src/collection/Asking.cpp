@@ -1,6 +1,5 @@
 #include "collection/Asking.h"
 
-#include "values/DistanceUnits.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
 
@@ -11,16 +10,16 @@ constexpr int LongestText = 255;
 constexpr const char* Gap = "  \u00B7  "; // between the parts of a remark
 } // namespace
 
-Asking::Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation,
-               const UnitSettings& units, NumLock& numLock)
+Asking::Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation, NumLock& numLock)
     : NumericPrompt("NumericPrompt", platform, texts), TextPrompt("TextPrompt", platform, texts), texts(texts),
-      setup(setup), KeyStation(keyStation), units(units), numLock(numLock) {}
+      setup(setup), KeyStation(keyStation), numLock(numLock) {}
 
 bool Asking::Ask_EventStation(int obs) {
   const auto name = setup.Observations(obs).ObsNameDisp(), row = KeyStation.Text();
-  const auto answer = Ask(NumericPrompt, {.title = WordEnter() + " " + name + " Station",
-                                          .remark = name + Gap + "Station in " + Unit() + Gap + "the row is at " + row,
-                                          .first = row});
+  const auto answer =
+      Ask(NumericPrompt, {.title = WordEnter() + " " + name + " Station",
+                          .remark = name + Gap + "Station in " + KeyStation.ShownUnit() + Gap + "the row is at " + row,
+                          .first = row});
   if (Trim(answer).empty())
     return false;
   KeyStation.SetText(answer);
@@ -41,7 +40,7 @@ std::string Asking::Ask_Text(int obs) {
 
 std::string Asking::AskBoxNumber(const std::string& caption, const std::string& text) {
   Question question = OfBox(caption, text);
-  question.remark += " in " + Unit();
+  question.remark += " in " + KeyStation.ShownUnit();
   return Ask(NumericPrompt, question);
 }
 
@@ -66,16 +65,13 @@ std::string Asking::Ask(Prompt& prompt, const Question& question) {
 Question Asking::OfObservation(int obs, const std::string& limits) const {
   const auto& o = setup.Observations(obs);
   return {.title = WordEnter() + " " + o.ObsNameDisp() + " " + o.ParNameDisp(),
-          .remark = o.ObsNameDisp() + Gap + Trim(limits) + Gap + "at " + KeyStation.Text() + " " + Unit(),
+          .remark =
+              o.ObsNameDisp() + Gap + Trim(limits) + Gap + "at " + KeyStation.Text() + " " + KeyStation.ShownUnit(),
           .first = o.DefaultText()};
 }
 
 Question Asking::OfBox(const std::string& caption, const std::string& text) const {
   return {.title = WordEnter() + "  " + caption, .remark = caption, .first = text};
-}
-
-std::string Asking::Unit() const {
-  return UnitName(units.StationUnit);
 }
 
 std::string Asking::WordEnter() const {

@@ -6,7 +6,6 @@
 #include "collection/Prompt.h"
 #include "setup/TestSetup.h"
 #include "values/Station.h"
-#include "values/UnitSettings.h"
 
 #include <string>
 
@@ -14,8 +13,7 @@ namespace trekor {
 
 class Asking {
 public:
-  Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation,
-         const UnitSettings& units, NumLock& numLock);
+  Asking(Platform& platform, TextDatabase& texts, const TestSetup& setup, Station& keyStation, NumLock& numLock);
   // The prompts leave the head and the newest row of this grid in sight.
   void LeaveInSight(const Control& grid) { NumericPrompt.form.InSight = TextPrompt.form.InSight = &grid; }
 
@@ -37,7 +35,6 @@ public:
 
 private:
   std::string WordEnter() const;
-  std::string Unit() const;
   Question OfObservation(int obs, const std::string& limits) const;
   Question OfBox(const std::string& caption, const std::string& text) const;
   std::string Ask(Prompt& prompt, const Question& question);
@@ -45,7 +42,6 @@ private:
   TextDatabase& texts;
   const TestSetup& setup;
   Station& KeyStation;
-  const UnitSettings& units;
   NumLock& numLock;
 };
 

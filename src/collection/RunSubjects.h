@@ -42,7 +42,7 @@ struct RunSubjects {
 
   // The operator and the control program.
   NumLock numLock{platform.keyboard, form.chkNumLockFreeze};
-  Asking asking{platform, rooms.texts, rooms.setup, position.KeyStation, state.units, numLock};
+  Asking asking{platform, rooms.texts, rooms.setup, position.KeyStation, numLock};
   Feedback feedback{state, platform.sound, platform.drives, rooms.setup, rooms.messages};
   RunNews news{state, rooms.socket, stage};
   KeyPictures keyPictures{form, platform.shell, rooms.texts, rooms.setup};

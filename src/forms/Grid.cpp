@@ -126,6 +126,7 @@ const Grid::Note& Grid::CellNote(int r, int c) const {
 }
 
 void Grid::SetCellNote(int r, int c, std::string text, bool strong) {
+  strong = strong && !text.empty(); // an empty note is none
   const Note& present = CellNote(r, c);
   if (!HasCell(r, c) || (present.text == text && present.strong == strong))
     return;

@@ -76,6 +76,10 @@ double NumberOf(std::string_view text) {
 
 } // namespace
 
+std::string Station::ShownUnit() const {
+  return UnitName(Settings().StationUnit);
+}
+
 Station::Station(const UnitSettings& settings) : Numeric(settings) {
   Lower = -1000;
   Upper = 10000;

@@ -11,6 +11,7 @@ public:
   explicit Station(const UnitSettings& settings);
   bool Test() const override;
   std::string FixedText() const override; // eight blanks for NaN
+  std::string ShownUnit() const;          // the word of Text's unit
   // The number that FileText shows: file units, with the digits that a file keeps of it.
   double FiledValue() const;
   // NaN stays NaN; an unknown unit code gives 0.
