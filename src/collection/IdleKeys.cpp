@@ -7,14 +7,14 @@ namespace trekor {
 bool IdleKeys::IdleKey(int keyCode, int shift) {
   const bool increasing = position.DmiIncreasing;
   if (keyCode == keys::F2)
-    run.Start_Run();
+    doers.run.Start_Run();
   if (keyCode == keys::Delete)
-    keyAssignment.RemoveSelectedKey();
+    doers.keyAssignment.RemoveSelectedKey();
   const bool turns = shift != 0 && (keyCode == keys::Up ? !increasing : keyCode == keys::Down && increasing);
   if (turns)
     form.UpDnPicture.Click(); // which does nothing while it is disabled
   // Ctrl+Shift+M will open the message editor here when the form store has not taken the key.
-  return texts.FormKeyDown(form, keyCode, shift) || viewMenu.Key(keyCode, shift) || keyCode == keys::F2;
+  return doers.texts.FormKeyDown(form, keyCode, shift) || doers.viewMenu.Key(keyCode, shift) || keyCode == keys::F2;
 }
 
 } // namespace trekor

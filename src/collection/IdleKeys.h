@@ -10,20 +10,24 @@
 
 namespace trekor {
 
+// Who carries a key out.
+struct IdleKeyDoers {
+  Run& run;
+  KeyAssignment& keyAssignment;
+  ViewMenu& viewMenu;
+  TextDatabase& texts;
+};
+
 class IdleKeys {
 public:
-  IdleKeys(MeasurementsForm& form, const Positions& position, Run& run, KeyAssignment& keyAssignment,
-           ViewMenu& viewMenu, TextDatabase& texts)
-      : form(form), position(position), run(run), keyAssignment(keyAssignment), viewMenu(viewMenu), texts(texts) {}
+  IdleKeys(MeasurementsForm& form, const Positions& position, const IdleKeyDoers& doers)
+      : form(form), position(position), doers(doers) {}
   bool IdleKey(int keyCode, int shift); // true: the key is taken
 
 private:
   MeasurementsForm& form;
   const Positions& position;
-  Run& run;
-  KeyAssignment& keyAssignment;
-  ViewMenu& viewMenu;
-  TextDatabase& texts;
+  IdleKeyDoers doers;
 };
 
 } // namespace trekor

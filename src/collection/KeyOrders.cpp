@@ -21,16 +21,16 @@ void KeyOrders::Process_Key() {
 void KeyOrders::CarryOut(int key) {
   switch (key) {
   case keys::F2:
-    return stage.InRun() ? run.Resume_Run() : run.Start_Run();
+    return stage.InRun() ? doers.run.Resume_Run() : doers.run.Start_Run();
   case keys::F3:
-    return run.Pause_Run();
+    return doers.run.Pause_Run();
   case keys::Esc:
   case keys::F4:
-    return stage.Paused() ? run.Stop_FromPause() : run.Stop_Run();
+    return stage.Paused() ? doers.run.Stop_FromPause() : doers.run.Stop_Run();
   case keys::Delete:
-    return registrations.DeleteKey();
+    return doers.registrations.DeleteKey();
   default:
-    return registrations.Register(key);
+    return doers.registrations.Register(key);
   }
 }
 

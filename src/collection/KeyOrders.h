@@ -10,10 +10,16 @@
 
 namespace trekor {
 
+// Who carries a key out.
+struct KeyDoers {
+  Run& run;
+  Registrations& registrations;
+};
+
 class KeyOrders {
 public:
-  KeyOrders(RunStage& stage, KeyRing& ring, Run& run, Registrations& registrations, Stepping& stepping, KeyMarks& marks)
-      : stage(stage), ring(ring), run(run), registrations(registrations), stepping(stepping), marks(marks) {}
+  KeyOrders(RunStage& stage, KeyRing& ring, Stepping& stepping, KeyMarks& marks, const KeyDoers& doers)
+      : stage(stage), ring(ring), stepping(stepping), marks(marks), doers(doers) {}
 
   // Carries out one key of the ring, if there is one. It gets the position of now, not of when it was pressed.
   void Process_Key();
@@ -23,10 +29,9 @@ private:
 
   RunStage& stage;
   KeyRing& ring;
-  Run& run;
-  Registrations& registrations;
   Stepping& stepping;
   KeyMarks& marks;
+  KeyDoers doers;
 };
 
 } // namespace trekor

@@ -84,8 +84,8 @@ struct RunSubjects {
   WayOut wayOut{stage, form.IdleTimer, stepping, run, fileMenu};
   Registrations registrations{grids, asking, feedback, stage};
   KeyMarks keyMarks{keyPictures, stage};
-  KeyOrders keyOrders{stage, ring, run, registrations, stepping, keyMarks};
-  IdleKeys idleKeys{form, position, run, keyAssignment, viewMenu, rooms.texts};
+  KeyOrders keyOrders{stage, ring, stepping, keyMarks, {run, registrations}};
+  IdleKeys idleKeys{form, position, {run, keyAssignment, viewMenu, rooms.texts}};
   FormKeys formKeys{stage, ring, idleKeys, numLock, news};
   RunMarks runMarks{runGrid, stage, position, ring};
   SlowWork slowWork{platform.clock, platform.socket, stage, {stepBar, runMarks, keyMarks, simulation, status}};
