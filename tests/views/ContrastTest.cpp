@@ -1,17 +1,12 @@
 // Words must be read in sunlight and by night: what is painted is measured, and what the toolkit's own controls are
 // given.
-#include "views/GridView.h"
+#include "ShownGridTest.h"
+
 #include "views/Theme.h"
 
-#include "forms/Form.h"
-#include "support/FakePlatform.h"
 #include "values/BarPictures.h"
 
-#include <QApplication>
-#include <QScreen>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <cmath>
 #include <map>
@@ -80,7 +75,7 @@ TEST(ContrastTest, TheToolkitsOwnControlsAreReadableByDayAndByNight) {
 }
 
 // The grid in one row of cells: measured from what stands on the screen, against the colour of most pixels of a cell.
-class PaintedContrast : public testing::Test {
+class PaintedContrast : public tests::ShownGridTest {
 protected:
   PaintedContrast() {
     grid.SetCols(3);
@@ -94,10 +89,7 @@ protected:
     grid.SetZoom(200); // strokes with a pixel of their full colour
     grid.SetSelectionMarks(true);
     grid.SetRow(3);
-    view.emplace(grid, pictures, nullptr);
-    view->resize(900, 400);
-    view->show();
-    QApplication::processEvents();
+    Show(900, 400);
   }
   ~PaintedContrast() override { theme::ShowNight(false); }
   // The strongest contrast within a cell, its lines and the frame of the current one left out.
@@ -113,11 +105,6 @@ protected:
       strongest = std::max(strongest, Contrast(colour, ground->first));
     return strongest;
   }
-  tests::FakeDrives drives;
-  PictureStore pictures{drives};
-  Form form{"Form"};
-  Grid grid{form, "Grid"};
-  std::optional<GridView> view;
 };
 
 TEST_F(PaintedContrast, EveryCellOfTheGridIsReadableAndTheNightIsDark) {
@@ -127,7 +114,7 @@ TEST_F(PaintedContrast, EveryCellOfTheGridIsReadableAndTheNightIsDark) {
   layout.Arrange(grid, QFontMetrics(type), view->viewport()->size());
   for (const bool night : {false, true}) {
     theme::ShowNight(night);
-    const auto screen = [this] { return view->screen()->grabWindow(view->winId()).toImage(); };
+    const auto screen = [this] { return OnScreen(*view); };
     const auto paper = [&] { return screen().pixel(view->width() - 2, view->height() - 2); };
     ASSERT_TRUE(QTest::qWaitFor([&] { return paper() == (night ? theme::Night.Paper : theme::Day.Paper); }, 2000));
     for (int r = 0; r < 4; ++r)

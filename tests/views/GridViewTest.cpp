@@ -1,21 +1,15 @@
 // The grid draws only what has changed and moves what has not: after any story the picture must be the one that a fresh
 // view of the same grid draws.
-#include "views/GridView.h"
+#include "ShownGridTest.h"
+
 #include "views/CellText.h"
 #include "views/Theme.h"
 
-#include "forms/Form.h"
-#include "support/FakePlatform.h"
-
-#include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPaintEvent>
-#include <QScreen>
 #include <QScrollBar>
 #include <QTest>
-
-#include <gtest/gtest.h>
 
 #include <array>
 #include <random>
@@ -23,7 +17,7 @@
 namespace trekor {
 namespace {
 
-class GridViewTest : public testing::Test, private ControlListener {
+class GridViewTest : public tests::ShownGridTest, private ControlListener {
 protected:
   GridViewTest() {
     grid.SetCols(9);
@@ -34,15 +28,10 @@ protected:
       grid.SetCellPicture(1, c, "BAR:" + std::to_string(c));
       grid.SetText(3, c, "Heading" + std::to_string(c));
     }
-    view.emplace(grid, pictures, nullptr);
+    Show(700, 400);
     grid.SetListener(this);
-    view->resize(700, 400);
-    view->show();
-    QApplication::processEvents();
   }
   void ControlChanged(Control&, Change) override { view->GridChanged(); }
-  // What the window's own buffer holds, without drawing anything for the question.
-  static QImage OnScreen(GridView& shown) { return shown.screen()->grabWindow(shown.winId()).toImage(); }
   QImage Fresh() {
     GridView other(grid, pictures, nullptr);
     other.resize(view->size());
@@ -83,11 +72,6 @@ protected:
                                           [&] { grid.BringIntoView(col); }};
     acts[what]();
   }
-  tests::FakeDrives drives;
-  PictureStore pictures{drives};
-  Form form{"Form"};
-  Grid grid{form, "Grid"};
-  std::optional<GridView> view;
 };
 
 TEST_F(GridViewTest, WhatIsDrawnPieceByPieceIsTheWholePicture) {
