@@ -6,6 +6,7 @@
 #include "datafiles/FileNewDialog2.h"
 #include "link/SocketProp.h"
 #include "texts/MessageCatalogue.h"
+#include "texts/YesNoPrompt.h"
 
 namespace trekor::tests {
 
@@ -66,8 +67,9 @@ protected:
   SocketPropForm socket;
   MessageForm message;
   FileNewForm fileNew;
-  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,   &number,
-                                          &text,         &socket,   &message, &fileNew};
+  YesNoForm deletePrompt{"DeletePrompt"};
+  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,    &number,
+                                          &text,         &socket,   &message, &fileNew, &deletePrompt};
 };
 
 TEST_F(FormTables, ThereIsOneForEachFormAndNoOther) {
