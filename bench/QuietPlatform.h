@@ -84,7 +84,9 @@ public:
   std::string NativePath(const std::string&) override { return dataFile; }
   bool DriveExists(char) override { return false; }
   std::string RemoteName(char) override { return {}; }
+  std::string ControlCentreShare() override { return {}; }
   bool FileExists(const std::string&) override { return false; }
+  bool FileMissing(const std::string&) override { return false; }
   bool FolderExists(const std::string&) override { return false; }
   bool MakeFolder(const std::string&) override { return false; }
   bool CopyFile(const std::string&, const std::string&) override { return false; }

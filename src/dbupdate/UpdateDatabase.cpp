@@ -43,6 +43,8 @@ private:
   std::unique_ptr<Database> Open(const std::string& path, OpenMode mode);
   void InstallMissing();
   void Replace(int oldMajor);
+  bool IsWhole();
+  std::unique_ptr<Database> OpenAlone();
   bool BackUp();
   bool Build(int oldMajor);
   bool Merge(Database& old);
@@ -62,9 +64,10 @@ std::unique_ptr<Database> Update::Open(const std::string& path, OpenMode mode) {
   return Database::Open(platform.drives.NativePath(path), mode);
 }
 
-// Only when the file is missing: one that can't be read may be the only copy of a site's work.
+// Only when the file is missing for certain: one that can't be read, or not even be looked at for a moment, may be the
+// only copy of a site's work.
 void Update::InstallMissing() {
-  if (platform.drives.FileExists(names.working))
+  if (!platform.drives.FileMissing(names.working))
     return;
   if (platform.drives.FileExists(names.templateFile))
     platform.drives.CopyFile(names.templateFile, names.working);
@@ -88,9 +91,20 @@ bool Update::Cancel(const std::string& path, const std::string& why) {
 // A failed step leaves the old file and, from the second on, its backup.
 void Update::Replace(int oldMajor) {
   platform.shell.ShowNotice("Updating " + names.working + ", Please wait...");
-  if (BackUp() && Build(oldMajor))
+  if (IsWhole() && BackUp() && Build(oldMajor))
     Install();
   platform.drives.DeleteFile(names.successor);
+  platform.drives.DeleteFile(names.successor + "-journal");
+}
+
+// A copy of the file alone is whole when this program can have it for itself: nobody is writing, and what a killed
+// program has left in a log is folded in. Otherwise the older backup is not touched either.
+bool Update::IsWhole() {
+  return OpenAlone() || Cancel(names.working, " could not be removed!");
+}
+
+std::unique_ptr<Database> Update::OpenAlone() {
+  return InUse(platform.drives.NativePath(names.working)) ? nullptr : Open(names.working, OpenMode::Exclusive);
 }
 
 // The one older backup is replaced only when the new one is whole.
@@ -113,8 +127,7 @@ bool Update::BackUp() {
 // The old file is locked meanwhile, so that nothing can change it while it is merged. A new major version replaces the
 // database; the old content is then in the backup only.
 bool Update::Build(int oldMajor) {
-  const bool inUse = InUse(platform.drives.NativePath(names.working));
-  auto old = inUse ? nullptr : Open(names.working, OpenMode::Exclusive);
+  auto old = OpenAlone();
   if (!old)
     return Cancel(names.working, " could not be removed!");
   const bool built = platform.drives.CopyFile(names.templateFile, names.successor) &&

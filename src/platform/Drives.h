@@ -24,7 +24,12 @@ public:
   // The share behind the letter of a network drive as server and share, "\\HOST\Roads"; "" for a local drive, and on
   // systems without drive letters.
   virtual std::string RemoteName(char letter) = 0;
+  // With what the shares of the control program's machine begin, "\\\\VCC"; a setting of this machine, "" for none.
+  virtual std::string ControlCentreShare() = 0;
   virtual bool FileExists(const std::string& path) = 0;
+  // True when nothing has this name for certain. False, too, when that could not be found out: what is not known to be
+  // missing must not be replaced as if it were.
+  virtual bool FileMissing(const std::string& path) = 0;
   virtual bool FolderExists(const std::string& path) = 0;
   // Makes one level, but never a drive. True when the folder exists afterwards.
   virtual bool MakeFolder(const std::string& path) = 0;

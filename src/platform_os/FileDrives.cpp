@@ -3,6 +3,7 @@
 #include "values/Text.h"
 
 #include <algorithm>
+#include <cstdlib>
 #include <random>
 #include <string_view>
 #include <system_error>
@@ -17,6 +18,12 @@ bool ReadOnly(const fs::path& file) {
   std::error_code failed;
   const fs::file_status s = fs::status(file, failed);
   return fs::is_regular_file(s) && (s.permissions() & fs::perms::owner_write) == fs::perms::none;
+}
+
+// For certain: a drive that does not answer says nothing of its files. A name that is too long names none.
+bool IsGone(const fs::path& file) {
+  std::error_code failed;
+  return fs::symlink_status(file, failed).type() == fs::file_type::not_found || failed == std::errc::filename_too_long;
 }
 
 constexpr std::string_view WorkBegin = ".trekor-", WorkEnd = ".part";
@@ -114,9 +121,28 @@ std::string FileDrives::RemoteName(char letter) {
   return native::RemoteName(letter);
 }
 
+// The variable TREKOR_CONTROL_SHARE; set to nothing it lets every share be a backup drive.
+std::string FileDrives::ControlCentreShare() {
+  const char* const given = std::getenv("TREKOR_CONTROL_SHARE");
+  return given ? given : "\\\\VCC";
+}
+
 bool FileDrives::FileExists(const std::string& path) {
   std::error_code failed;
   return fs::is_regular_file(Path(path), failed);
+}
+
+// The folder is read to its end: a name in another case is found by that alone.
+bool FileDrives::FileMissing(const std::string& path) {
+  const fs::path file = Path(path);
+  if (file.empty() || !IsGone(file))
+    return false;
+  const std::string name = TextFromPath(file.filename());
+  std::error_code failed;
+  for (fs::directory_iterator i(file.parent_path(), failed), end; !failed && i != end; i.increment(failed))
+    if (SameText(TextFromPath(i->path().filename()), name))
+      return false;
+  return !failed;
 }
 
 bool FileDrives::FolderExists(const std::string& path) {
@@ -143,7 +169,7 @@ bool FileDrives::PutInPlace(const fs::path& work, const fs::path& target) {
   for (const char* tail : {"-wal", "-shm", "-journal"}) {
     fs::path log = target;
     fs::remove(log += tail, failed);
-    if (fs::exists(fs::symlink_status(log, failed))) // the engine would play it into the successor
+    if (!IsGone(log)) // the engine would play it into the successor
       return false;
   }
   return native::Replace(work, target) && OnDisk(target.parent_path());

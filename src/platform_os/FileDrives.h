@@ -41,7 +41,9 @@ public:
   std::string NativePath(const std::string& path) override;
   bool DriveExists(char letter) override;
   std::string RemoteName(char letter) override;
+  std::string ControlCentreShare() override;
   bool FileExists(const std::string& path) override;
+  bool FileMissing(const std::string& path) override;
   bool FolderExists(const std::string& path) override;
   bool MakeFolder(const std::string& path) override;
   bool CopyFile(const std::string& from, const std::string& to) override;

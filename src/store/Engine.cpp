@@ -199,8 +199,8 @@ void Engine::ReserveLog() {
 }
 
 bool Engine::PrepareExclusive() {
-  if (PragmaText("journal_mode") == "wal")
-    Execute("PRAGMA journal_mode=DELETE");
+  if (PragmaText("journal_mode") == "wal" && PragmaText("journal_mode=DELETE") == "wal")
+    return FailWith("the log could not be folded");
   return Execute("BEGIN EXCLUSIVE; COMMIT");
 }
 

@@ -52,6 +52,15 @@ TEST_F(FileDrivesTest, NamesAreFoundWhateverTheirCaseAndNeverLeadOutOfTheirDrive
   EXPECT_EQ(Everything(), (Names{"drives/C/Data/Road.MDB", "outside.txt"}));
 }
 
+// Only what was looked for in vain is missing; what could not be looked for may be there.
+TEST_F(FileDrivesTest, AFileIsMissingOnlyForCertain) {
+  Write("C/Data/Road.MDB", "x");
+  fs::create_symlink("gone.mdb", Native("C/Data/Link.mdb"));
+  for (const Case c : {"C:\\data\\ROAD.mdb -> no", "C:\\Data\\Other.mdb -> yes", "C:\\data -> no",
+                       "C:\\Data\\link.MDB -> no", "C:\\None\\a.mdb -> no", "Q:\\a.mdb -> no", "1:\\a.mdb -> no"})
+    EXPECT_EQ(drives.FileMissing(c.given), c.wanted == "yes") << c.line;
+}
+
 TEST_F(FileDrivesTest, StandInNoCurrentFolderWhateverTheVariablesSay) {
   const std::string home = std::getenv("HOME") ? std::getenv("HOME") : "/";
   for (const char* variable : {"HOME", "TREKOR_DRIVES", "XDG_DATA_HOME"})

@@ -7,7 +7,6 @@
 #include <ctime>
 #include <fstream>
 #include <gtest/gtest.h>
-#include <unistd.h>
 #include <utility>
 
 namespace trekor::tests {
@@ -128,23 +127,9 @@ std::vector<std::string> FakeSoundPlayer::TakePlayed() {
   return std::exchange(played, {});
 }
 
-void FakeDrives::Arm(Fault newFault, int n) {
-  fault = newFault;
-  faultyAct = n;
-  acts = 0;
-}
-
 bool FakeDrives::Act(const std::string& path, const std::function<bool()>& doing) {
-  const bool now = ++acts == faultyAct;
-  if (now && fault == Fault::KillBefore)
-    _exit(99);
-  if ((now && fault == Fault::FailOnce) || (acts >= faultyAct && fault == Fault::FailFromThen))
-    return false;
   const auto fails = [&](const std::string& one) { return SameText(one, path); };
-  const bool done = std::none_of(failing.begin(), failing.end(), fails) && doing();
-  if (now && fault == Fault::KillAfter)
-    _exit(99);
-  return done;
+  return std::none_of(failing.begin(), failing.end(), fails) && doing();
 }
 
 bool FakeProcess::NewGuidBytes(unsigned char (&bytes)[16]) {

@@ -109,9 +109,8 @@ private:
   std::string keys;
 };
 
-enum class Fault { None, FailOnce, FailFromThen, KillBefore, KillAfter };
-
-// The real drives in a temporary folder that is removed with the object. Nothing is synced, but the calls are recorded.
+// The real drives in a temporary folder that is removed with the object. Nothing is synced unless asked for, but the
+// calls are recorded.
 class FakeDrives : private TestFolder, public FileDrives {
 public:
   FakeDrives() : FileDrives(TestFolder::path) { MakeFolders("C:\\Trekor"); }
@@ -138,8 +137,6 @@ public:
   void MakeFolders(const std::string& path) { std::filesystem::create_directories(NativePath(path)); } // the drive too
   void Write(const std::string& path, const std::string& bytes) { WriteBytes(NativePath(path), bytes); }
   std::string Read(const std::string& path) { return BytesOf(NativePath(path)); }
-  // The n-th change of a file from now on fails, or the process is killed at it.
-  void Arm(Fault fault, int n);
 
   std::map<char, std::string> remoteNames;
   std::string currentFolder = "C:\\Trekor";
@@ -147,15 +144,13 @@ public:
   std::vector<std::string> failing;
   std::string uncopied;            // no copy is made from here
   std::vector<std::string> synced; // paths, in order
-  int acts = 0;                    // those that change a file
+  bool syncs = false;              // in truth, too
 
 protected:
-  bool OnDisk(const std::filesystem::path&) override { return true; }
+  bool OnDisk(const std::filesystem::path& path) override { return !syncs || FileDrives::OnDisk(path); }
 
 private:
   bool Act(const std::string& path, const std::function<bool()>& doing);
-  Fault fault = Fault::None;
-  int faultyAct = 0;
 };
 
 class FakeSoundPlayer : public SoundPlayer {
