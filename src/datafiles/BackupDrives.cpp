@@ -8,7 +8,8 @@ namespace {
 bool MayReceive(char letter, char dataDrive, const CommandLineFlags& command, Drives& drives) {
   if (letter == dataDrive || !drives.DriveExists(letter) || SameText(command.CmdDrive, std::string(1, letter)))
     return false;
-  return !command.CmdR || !SameText(CutText(drives.RemoteName(letter), 5), ControlCentreShare);
+  const std::string share = drives.ControlCentreShare();
+  return !command.CmdR || share.empty() || !Upper(drives.RemoteName(letter)).starts_with(Upper(share));
 }
 
 int RowOf(const ComboBox& list, char letter) {

@@ -7,10 +7,8 @@
 
 namespace trekor {
 
-// Shares of the control program's machine begin with these characters; with /R they are no backup drives.
-constexpr const char* ControlCentreShare = "\\\\VCC";
-
-// Fills the list: "No Backup", and "E:" and so on for each drive that may be used, never that of the data. The earlier
+// Fills the list: "No Backup", and "E:" and so on for each drive that may be used, never that of the data, and with /R
+// none that is a share of the control program's machine. The earlier
 // choice stays when it is still there. Otherwise the next drive after the data's is chosen, or the last one before it;
 // but "No Backup" stays chosen.
 void FillBackupDrives(ComboBox& list, char dataDrive, const CommandLineFlags& command, Drives& drives);

@@ -197,6 +197,11 @@ TEST(BackupDrives, OffersTheDrivesThatMayHoldCopies) {
   command.CmdR = true;
   list.Clear();
   EXPECT_EQ(rows('K'), "C:D: D:") << "none behind: the last one before";
+  for (const auto& [setting, offered] : {std::pair("\\\\office", "C:D:H: D:"), {"", "C:D:H:K: D:"}}) {
+    ::setenv("TREKOR_CONTROL_SHARE", setting, 1);
+    EXPECT_EQ(rows('E'), offered) << setting;
+  }
+  ::unsetenv("TREKOR_CONTROL_SHARE");
 }
 
 } // namespace trekor::tests
