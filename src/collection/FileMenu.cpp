@@ -11,7 +11,7 @@ void FileMenu::mnuNew_Click() {
     return;
   // Sending the road pumps. Lines of the link wait until the file is named, made and announced.
   const SocketProp::Hold later = news.HoldLines();
-  fileNew.TakeOver();
+  dialogs.fileNew.TakeOver();
   file.NewName();
   Prepare_File();
   news.AnnounceFile();
@@ -22,7 +22,7 @@ bool FileMenu::NameFile() {
   if (stage.FileOpen())
     return false;
   const WhileSet up = stage.Ask();
-  return fileNew.ShowDialog() && !stage.FileOpen() && !stage.Ending();
+  return dialogs.fileNew.ShowDialog() && !stage.FileOpen() && !stage.Ending();
 }
 
 // Storing a large picture lets events run. A start then would find no file yet and ask for one, and an exit would leave
@@ -34,7 +34,7 @@ void FileMenu::Prepare_File() {
   const WhileSet preparing = stage.Prepare();
   status.Lock_SetupControls(); // its observations are being stored
   if (file.Create())
-    fileNew.GiveWay();
+    dialogs.GiveWay();
   status.SetCaption();
   if (!stage.FileOpen())
     status.Unlock_SetupControls();

@@ -5,17 +5,17 @@
 #include "collection/RunNews.h"
 #include "collection/RunStage.h"
 #include "collection/SessionFile.h"
-#include "datafiles/FileNewDialog2.h"
+#include "datafiles/FileDialogs.h"
 
 namespace trekor {
 
 class FileMenu {
 public:
-  FileMenu(RunStage& stage, RunNews& news, FileNewDialog2& fileNew, SessionFile& file, FormStatus& status)
-      : stage(stage), news(news), fileNew(fileNew), file(file), status(status) {}
+  FileMenu(RunStage& stage, RunNews& news, FileDialogs& dialogs, SessionFile& file, FormStatus& status)
+      : stage(stage), news(news), dialogs(dialogs), file(file), status(status) {}
   void mnuNew_Click();
   // Makes and opens the file that the state names; nothing without a name. On failure a file that is open stays open.
-  // Hides the new-file form when the file is made while that is shown.
+  // Hides the form on data files under which the file was made.
   void Prepare_File();
   // Only in idle: writes the comma file, closes, copies to the backup drive, sends "FILE CLOSE", and deletes the data
   // file when only the comma file is wanted.
@@ -27,7 +27,7 @@ private:
 
   RunStage& stage;
   RunNews& news;
-  FileNewDialog2& fileNew;
+  FileDialogs& dialogs;
   SessionFile& file;
   FormStatus& status;
 };

@@ -7,7 +7,7 @@ namespace trekor {
 Measurements::Measurements(MeasurementsForm& form, const RunRooms& rooms)
     : form(form), rooms(rooms), subjects(std::make_unique<RunSubjects>(form, rooms)) {
   rooms.comma.AsciiFileProgress = [this](int percent) { subjects->status.AsciiFileProgress(percent); };
-  rooms.fileNew.Assist = [this](int number) { subjects->feedback.Assist(number); };
+  rooms.dialogs.fileNew.Assist = [this](int number) { subjects->feedback.Assist(number); };
   WireKeys();
   WireControls();
   WireMenus();
@@ -77,9 +77,9 @@ void Measurements::UnloadForms() {
   subjects->frmBars.Loaded = false;
   subjects->asking.TextPrompt.Unload();
   subjects->asking.NumericPrompt.Unload();
-  rooms.fileNew.GiveWay();
+  rooms.dialogs.GiveWay();
   rooms.messages.UnloadForm();
-  rooms.fileNew.Unload();
+  rooms.dialogs.Unload();
   rooms.platform.sound.Close_SoundDevice();
   subjects->keyPictures.Unload();
 }

@@ -3,7 +3,7 @@
 
 #include "datafiles/CommaFile.h"
 #include "datafiles/DataFiles.h"
-#include "datafiles/FileNewDialog2.h"
+#include "datafiles/FileDialogs.h"
 #include "link/Outgoing.h"
 #include "link/SocketProp.h"
 #include "options/OptionsDatabase.h"
@@ -31,7 +31,7 @@ struct RunRooms {
   DataFiles& dataFiles;
   CommaFile& comma;
   SocketProp& socket;
-  FileNewDialog2& fileNew;
+  FileDialogs& dialogs;
   cSendKeys& SendKeysObject;
 };
 

@@ -76,7 +76,7 @@ struct RunSubjects {
                           state,
                           {keyPictures, gridHead, feedback}};
   SessionFile sessionFile{state, platform, storing, rooms.comma, rooms.setup};
-  FileMenu fileMenu{stage, news, rooms.fileNew, sessionFile, status};
+  FileMenu fileMenu{stage, news, rooms.dialogs, sessionFile, status};
 
   // The run.
   StartPreparation preparation{stage, fileMenu, numLock, gridDepth, stepBoxes};

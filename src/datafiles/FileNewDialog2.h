@@ -1,11 +1,11 @@
 // The form that asks for the name and place of a new data file.
 #pragma once
 
-#include "datafiles/DataFiles.h"
+#include "datafiles/FileDialogRooms.h"
+#include "datafiles/FileLists.h"
+#include "datafiles/UnitLabels.h"
 #include "forms/Form.h"
 #include "options/Sections.h"
-#include "texts/MessageCatalogue.h"
-#include "texts/TextDatabase.h"
 
 #include <array>
 #include <functional>
@@ -32,8 +32,7 @@ struct FileNewForm : Form {
 
 class FileNewDialog2 {
 public:
-  FileNewDialog2(ProgramState& state, Platform& platform, TextDatabase& texts, MessageCatalogue& messages,
-                 Sections& sections);
+  FileNewDialog2(const FileDialogRooms& rooms, Sections& sections);
   // Shows the form modally. False when the user cancelled: state.file.DataName is then empty, unless the link has named
   // a file meanwhile. True when he named one; TakeOver then stores it in the state.
   bool ShowDialog();
@@ -42,7 +41,7 @@ public:
   void TakeOver();
   // Hides the form, as a cancel does, with a message that is shown above it.
   void GiveWay();
-  void Unload() { texts.UnloadForm(form); }
+  void Unload() { rooms.texts.UnloadForm(form); }
   // Tells the user, by a message's number, why a name was refused. Shows the message; the run sets it to speak or show,
   // as the options say.
   std::function<void(int number)> Assist;
@@ -51,31 +50,23 @@ public:
 private:
   bool Key(int keyCode, int shift);
   void Fill();
-  void FillDrives();
-  void ChooseDrive();
-  void ChooseFolder(const std::string& path);
-  void OpenFolder(); // the entry under the cursor
-  void ProposeName();
+  void TakeSeries();
   void FillBackupList();
   void ShowFileUnits();
-  void Blink();
   void CmdOK_Click();
   bool ChooseBackup();
   void FollowRoad();
   void SendFacilityAndSection();
 
-  ProgramState& state;
-  Platform& platform;
-  TextDatabase& texts;
-  MessageCatalogue& messages;
+  FileDialogRooms rooms;
   Sections& sections;
+  FileLists lists;
+  UnitLabels unitLabels{form.FiledUnitsLabel, form.FiledStationsLabel};
   bool accepted = false;
   struct Answer {
     std::string name, folder, backup;
   } answer;
   std::array<std::string, 4> road; // as last written to the boxes
-  std::string folder;              // chosen; "C:\\" for a root, otherwise without trailing backslash
-  bool blinkUnits = false, blinkStations = false, bright = false;
 };
 
 } // namespace trekor

@@ -104,6 +104,7 @@ private:
 class ListControl : public Control {
 public:
   void AddItem(std::string entry);
+  void AddItems(const std::vector<std::string>& entries); // told once: a folder may have thousands
   int ListCount() const { return static_cast<int>(items.size()); }
   const std::string& List(int i) const;     // "" where no entry is
   int ListIndex() const { return current; } // -1: none
@@ -135,20 +136,24 @@ private:
   std::string text;
 };
 
-// A list with one selected entry. Click is the operator's.
+// A list with one selected entry, or several. Click is the operator's.
 // Folder and file lists are lists too: their kind tells how they are stored, the logic fills them.
 class ListBox : public ListControl {
 public:
   ListBox(Form& owner, std::string name, Kind kind = Kind::ListBox) : ListControl(owner, kind, std::move(name)) {}
-  void Clear() { Empty(); }
-  void Select(int i);   // the operator's click
-  void DblClick(int i); // and double click
+  bool MultiSelect = false; // with Shift and Ctrl; set before it is first shown
+  bool Selected(int i) const;
+  void Clear();
+  void Select(int i);                                     // the operator's click: this entry alone
+  void SelectSeveral(std::vector<int> entries, int last); // his choice of several; ListIndex is the last one
+  void DblClick(int i);                                   // and double click
   bool Press(int keyCode, int shift);
   Handler OnClick, OnDblClick;
   KeyHandler OnKeyDown;
 
 private:
   void Choose(int i);
+  std::vector<int> chosen; // of several
 };
 
 // Click is the operator's.

@@ -18,6 +18,11 @@ void ListControl::AddItem(std::string entry) {
   Tell(Change::List);
 }
 
+void ListControl::AddItems(const std::vector<std::string>& entries) {
+  items.insert(items.end(), entries.begin(), entries.end());
+  Tell(Change::List);
+}
+
 const std::string& ListControl::List(int i) const {
   return HasEntry(i) ? At(items, i) : Nothing;
 }
@@ -68,8 +73,28 @@ void ComboBox::Select(int i) {
     Choose(i);
 }
 
+bool ListBox::Selected(int i) const {
+  return std::find(chosen.begin(), chosen.end(), i) != chosen.end();
+}
+
+void ListBox::Clear() {
+  chosen.clear();
+  Empty();
+}
+
+void ListBox::SelectSeveral(std::vector<int> entries, int last) {
+  if (!Enabled() || !MultiSelect)
+    return;
+  std::erase_if(entries, [this](int i) { return !HasEntry(i); });
+  chosen = std::move(entries);
+  current = HasEntry(last) ? last : -1;
+  Tell(Change::Selection);
+  Raise(OnClick);
+}
+
 void ListBox::Choose(int i) {
   current = i;
+  chosen = {i};
   Tell(Change::Selection);
 }
 

@@ -25,10 +25,10 @@ public:
     Measurements& measurements;
     DataFiles& dataFiles;
     SocketProp& socket;
-    FileNewDialog2& fileNew;
+    FileDialogs& dialogs;
     std::unique_ptr<Database>& HardwareDb;
   };
-  Seam ForTests() { return {state, form, measurements, dataFiles, socket, fileNew, HardwareDb}; }
+  Seam ForTests() { return {state, form, measurements, dataFiles, socket, dialogs, HardwareDb}; }
 
 private:
   bool InitHardware();
@@ -46,7 +46,7 @@ private:
   CommaFile comma;
   SocketProp socket;
   Sections sections;
-  FileNewDialog2 fileNew;
+  FileDialogs dialogs;
   std::unique_ptr<Database> HardwareDb;
   Measurements measurements;
   Dispatcher dispatcher;

@@ -42,7 +42,8 @@ struct IndexDefinition {
 
 enum class OpenMode {
   Shared,          // read and write, others may too
-  ReadOnly,        // shared, nothing is ever written
+  ReadOnly,        // shared, no row is ever written; a log that a killed program left is folded into the file
+  Untouched,       // read without a trace in the file or beside it; rows that are still in a log are read from there
   Exclusive,       // the lock is taken at once and kept
   ExclusiveDurable // Exclusive, and every transaction is on the disk when it ends: WAL, full synchronisation
 };

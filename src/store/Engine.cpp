@@ -1,6 +1,7 @@
 #include "store/Engine.h"
 
 #include "store/FieldFit.h"
+#include "store/InUse.h"
 #include "store/LikePattern.h"
 #include "values/Text.h"
 
@@ -68,6 +69,11 @@ std::string UriOf(const std::string& path) {
   return uri + "?immutable=1";
 }
 
+// The library's own name for the file system without locks.
+const char* SystemWithoutLocks() {
+  return sqlite3_vfs_find("unix-none") ? "unix-none" : "win32-none";
+}
+
 } // namespace
 
 bool HasLeftovers(const std::string& nativePath) {
@@ -100,9 +106,11 @@ bool Engine::Open() {
   std::error_code error;
   if (!std::filesystem::is_regular_file(path, error) || !HasBytes(path))
     return FailWith("no such file, or an empty one");
+  if (mode == OpenMode::Untouched)
+    return OpenUntouched();
   if (mode == OpenMode::ReadOnly && HasLeftovers(path))
     FoldLeftLog();
-  if (Connect(false) && Prepare()) {
+  if (Connect(Log::Usual) && Prepare()) {
     failures = 0; // a log that could not be folded is no harm to a reader
     return true;
   }
@@ -111,11 +119,22 @@ bool Engine::Open() {
   const int why = db ? sqlite3_errcode(db) & 0xFF : SQLITE_OK;
   const bool readAsItIs =
       mode == OpenMode::ReadOnly && !HasLeftovers(path) && (why == SQLITE_CANTOPEN || why == SQLITE_READONLY);
-  return readAsItIs && Connect(true) && Prepare();
+  return readAsItIs && Connect(Log::Ignored) && Prepare();
+}
+
+// Only of a file that nobody holds, as no lock is taken while a log is read. A half-done change that would have to be
+// taken back first can't be read so.
+bool Engine::OpenUntouched() {
+  const Sight sight = LookAt(path);
+  if (sight == Sight::Free)
+    return Connect(Log::Usual) && Prepare();
+  if (sight != Sight::NeedsFolding || HasBytes(path + "-journal"))
+    return FailWith("no database, in use or not whole");
+  return Connect(HasBytes(path + "-wal") ? Log::ReadOnly : Log::Ignored) && Prepare();
 }
 
 bool Engine::Fill(const std::string& sql) {
-  return Connect(false) && Execute("BEGIN EXCLUSIVE; " + sql + "; COMMIT");
+  return Connect(Log::Usual) && Execute("BEGIN EXCLUSIVE; " + sql + "; COMMIT");
 }
 
 // Rows that a killed program had stored are still in the log; a read-only connection cannot fold them in.
@@ -126,14 +145,22 @@ bool Engine::FoldLeftLog() {
   return folded;
 }
 
-bool Engine::Connect(bool ignoreLog) {
+// A log can be read beside a file without the right to write only by who has all locks, and taking them needs that
+// right: so there are no locks then. Nor is such a log folded at the end.
+bool Engine::Connect(Log log) {
   if (db)
     sqlite3_close_v2(db);
-  const bool readOnly = mode == OpenMode::ReadOnly;
+  const bool readOnly = mode == OpenMode::ReadOnly || mode == OpenMode::Untouched;
   const int flags = (readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE) | SQLITE_OPEN_NOMUTEX |
-                    (ignoreLog ? SQLITE_OPEN_URI : 0);
-  if (sqlite3_open_v2(ignoreLog ? UriOf(path).c_str() : path.c_str(), &db, flags, nullptr) != SQLITE_OK)
+                    (log == Log::Ignored ? SQLITE_OPEN_URI : 0);
+  const std::string name = log == Log::Ignored ? UriOf(path) : path;
+  if (sqlite3_open_v2(name.c_str(), &db, flags, log == Log::ReadOnly ? SystemWithoutLocks() : nullptr) != SQLITE_OK)
     return Fail("open");
+  if (log == Log::ReadOnly) {
+    sqlite3_db_config(db, SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr);
+    if (!Execute("PRAGMA locking_mode=EXCLUSIVE"))
+      return false;
+  }
   sqlite3_db_config(db, SQLITE_DBCONFIG_DEFENSIVE, 1, nullptr);
   sqlite3_db_config(db, SQLITE_DBCONFIG_TRUSTED_SCHEMA, 0, nullptr);
   sqlite3_create_function(db, "like", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, LikeFunction, nullptr, nullptr);

@@ -65,7 +65,10 @@ public:
 
 private:
   friend class Statement;
-  bool Connect(bool ignoreLog);
+  // How the library reads what lies beside the file.
+  enum class Log { Usual, Ignored, ReadOnly };
+  bool Connect(Log log);
+  bool OpenUntouched();
   bool Prepare();
   bool PrepareDurable();
   bool PrepareExclusive();

@@ -64,6 +64,13 @@ class ListWidget : public QListWidget {
 public:
   using QListWidget::QListWidget;
   std::function<void(int)> chosen;
+  std::vector<int> Rows() const { // in the order of the list
+    std::vector<int> rows;
+    for (const QModelIndex& index : selectedIndexes())
+      rows.push_back(index.row());
+    std::sort(rows.begin(), rows.end());
+    return rows;
+  }
 
 protected:
   void focusInEvent(QFocusEvent*) override { viewport()->update(); }
@@ -79,8 +86,9 @@ protected:
   }
   void keyPressEvent(QKeyEvent* e) override {
     const int before = currentRow();
+    const std::vector<int> rows = Rows();
     QListWidget::keyPressEvent(e);
-    if (currentRow() != before)
+    if (currentRow() != before || Rows() != rows)
       chosen(currentRow());
   }
 
@@ -95,7 +103,14 @@ public:
 private:
   QWidget* Make(QWidget* parent) override {
     box = new ListWidget(parent);
-    box->chosen = [this](int i) { list.Select(i); };
+    if (list.MultiSelect)
+      box->setSelectionMode(QAbstractItemView::ExtendedSelection);
+    box->chosen = [this](int i) {
+      if (list.MultiSelect)
+        list.SelectSeveral(box->Rows(), i);
+      else
+        list.Select(i);
+    };
     connect(box, &QListWidget::itemDoubleClicked, this, [this](QListWidgetItem* i) { list.DblClick(box->row(i)); });
     return box;
   }
@@ -107,7 +122,8 @@ private:
       return;
     box->setCurrentRow(list.ListIndex(), QItemSelectionModel::NoUpdate);
     for (int i = 0; i < box->count(); ++i)
-      box->item(i)->setSelected(i == list.ListIndex());
+      if (QListWidgetItem* entry = box->item(i); entry->isSelected() != list.Selected(i))
+        entry->setSelected(list.Selected(i));
   }
   void FollowAll() override { Follow(Change::List); }
   ListBox& list;

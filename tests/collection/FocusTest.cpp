@@ -247,7 +247,8 @@ TEST_F(Focus, ARefusedNameIsSpokenAndTheFormKeepsItsPlace) {
   const auto& acts = fakes.shell.acts;
   EXPECT_EQ(std::count(acts.begin(), acts.end(), "Modal Message"), 0);
   run.UnloadForms();
-  FileNewDialog2 next{state, fakes.platform, texts, messages, sections}; // of the next start
+  std::string folder;
+  FileNewDialog2 next{{state, fakes.platform, texts, messages, folder}, sections}; // of the next start
   fakes.shell.scripts["FileNewDialog2"] = [](Form& asking) {
     EXPECT_EQ(asking.Left, 300);
     EXPECT_EQ(asking.Width, 12600);

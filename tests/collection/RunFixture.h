@@ -87,10 +87,11 @@ protected:
   CommaFile comma{CommaSourcesOf(state), fakes.drives, files};
   SocketProp socket{state, fakes.platform, texts, form};
   Sections sections{state, fakes.platform, socket};
-  FileNewDialog2 fileNew{state, fakes.platform, texts, messages, sections};
+  FileDialogs dialogs{state, fakes.platform, texts, messages, sections};
+  FileNewDialog2& fileNew = dialogs.fileNew;
   cSendKeys SendKeysObject{fakes.platform};
   Measurements run{form, RunRooms{state, fakes.platform, texts, messages, options, sections, vocabulary, setup, files,
-                                  comma, socket, fileNew, SendKeysObject}};
+                                  comma, socket, dialogs, SendKeysObject}};
   Dispatcher dispatcher{state, fakes.platform.drives, socket, sections, RunOrders(run.Subjects())};
   std::vector<std::string> prompts; // titles asked
   int unloads = 0;

@@ -26,7 +26,8 @@ struct Dialog {
   MessageCatalogue messages{state, machine.platform, texts};
   SocketProp socket{state, machine.platform, texts, mainForm};
   Sections sections{state, machine.platform, socket};
-  FileNewDialog2 dialog{state, machine.platform, texts, messages, sections};
+  std::string folder;
+  FileNewDialog2 dialog{{state, machine.platform, texts, messages, folder}, sections};
   FileNewForm& form = dialog.form;
 
   void Ask(const std::function<void()>& user) {
@@ -154,6 +155,54 @@ TEST(FileNewDialog2, WalksFoldersAndProposesTheNextNameOfASeries) {
     EXPECT_EQ(d.form.FullPathLabel.Caption() + d.form.DriveSelect.Text() + d.form.DriveSelect.List(1), "C:\\C:E:");
     EXPECT_EQ(d.form.cboBackup.List(1), "E:");
   });
+}
+
+TEST(FileNewDialog2, WalksFoldersWithTheKeysAndLeavesOneThatHasGone) {
+  Dialog d;
+  d.drives.MakeFolders("D:\\Data\\May");
+  d.Ask([&d] {
+    ListBox& folders = d.form.DirectorySelect;
+    EXPECT_TRUE(folders.Press(keys::Right, 0)) << "none is chosen";
+    EXPECT_EQ(d.folder, "D:\\Data");
+    folders.Select(1);
+    folders.Press(keys::Right, 0);
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\Data\\May");
+    folders.Press(keys::Left, 0);
+    folders.Press(keys::Backspace, 0);
+    folders.Press(keys::Left, 0);
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\");
+    EXPECT_FALSE(folders.Press(keys::Down, 0)) << "the list's own";
+    folders.Select(0);
+    std::filesystem::remove_all(d.drives.NativePath("D:\\Data"));
+    folders.Press(keys::Right, 0);
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\");
+    EXPECT_EQ(folders.ListCount(), 0);
+  });
+}
+
+TEST(FileNewDialog2, ContinuesTheLastSessionOfTheFileThatIsPointedAt) {
+  Dialog d;
+  MakeTemplate(d.drives, "DataFile", "D:\\Data\\ROAD09.mdb");
+  const auto file = Database::Open(d.drives.NativePath("D:\\Data\\ROAD09.mdb"), OpenMode::Shared);
+  ASSERT_TRUE(file->Execute("INSERT INTO Sessions(FacilityName, SectionName, Start, \"End\", TestSetup) VALUES"
+                            " ('Ring Road', 'North', ' Bridge', 'Exit 12 ', 'Summer');"
+                            "INSERT INTO Stations(SessionID, StationUnit) VALUES (1, 0)"));
+  d.drives.Write("D:\\Data\\TEXT.mdb", "none");
+  d.state.TestSetupName = "Winter";
+  d.Ask([&d] {
+    d.form.Texts0.Type("Road 21");
+    d.form.FileSelect.Select(1);
+    EXPECT_EQ(d.form.Texts0.Text() + d.form.Texts2.Text(), "Road 21TEXT1") << "no data file: nothing to continue";
+    d.form.FileSelect.Select(0);
+    EXPECT_EQ(d.form.Texts0.Text() + d.form.Texts1.Text() + d.form.Texts9.Text() + d.form.Texts10.Text() +
+                  d.form.Texts2.Text() + d.form.TestSetupLabel.Caption(),
+              "Ring RoadNorthBridgeExit 12ROAD10Summer");
+    d.state.facility.FacilityName = "Road 22"; // told by the link: what the form shows is the user's choice now
+    d.form.BlinkTimer.Fire();
+    d.form.CmdOK.Click();
+  });
+  EXPECT_EQ(d.state.facility.FacilityName, "Ring Road");
+  EXPECT_EQ(d.state.TestSetupName, "Winter") << "the label loads no setup";
 }
 
 TEST(FileNewDialog2, BlinksWhatIsFiledOtherwiseThanSeen) {

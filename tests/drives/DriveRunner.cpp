@@ -241,7 +241,7 @@ void DriveRunner::AddVerbs() {
   };
   verbs["step"] = [this](Text text) { Type(program->ForTests().form.Texts7, text); };
   verbs["depth"] = [this](Text text) { Type(program->ForTests().form.txtGridDepth, text); };
-  verbs["name"] = [this](Text text) { program->ForTests().fileNew.form.Texts2.Type(text); };
+  verbs["name"] = [this](Text text) { program->ForTests().dialogs.fileNew.form.Texts2.Type(text); };
   verbs["click"] = [this](Text what) { Click(what); };
   verbs["peer"] = [this](Text how) { how == "closes" ? fakes.socket.PeerClose() : fakes.socket.Fail(10054); };
   verbs["watchdog"] = [this](Text) { program->ForTests().socket.form.WDT.Fire(); };

@@ -23,10 +23,10 @@ protected:
   DataFiles files{state, fake.platform};
   CommaFile comma{CommaSourcesOf(state), fake.drives, files};
   Sections sections{state, fake.platform, socket};
-  FileNewDialog2 fileNew{state, fake.platform, texts, messages, sections};
+  FileDialogs dialogs{state, fake.platform, texts, messages, sections};
   cSendKeys SendKeysObject{fake.platform};
   Measurements measurements{form, RunRooms{state, fake.platform, texts, messages, options, sections, setupDatabase,
-                                           setup, files, comma, socket, fileNew, SendKeysObject}};
+                                           setup, files, comma, socket, dialogs, SendKeysObject}};
   Dispatcher dispatcher{state, fake.platform.drives, socket, sections, RunOrders(measurements.Subjects())};
 };
 

@@ -30,12 +30,16 @@ struct ChoiceForm : Form {
     place(combo, 450);
     place(list, 2400);
     place(locked, 450);
+    place(several, 1200);
+    several.MultiSelect = true;
+    several.AddItems({"alpha", "beta", "gamma", "delta"});
     locked.SetEnabled(false); // before it has a widget
     for (const char* entry : {"one", "two", "three"})
       list.AddItem(entry);
     for (const char* entry : {"KM", "M", "ML"})
       combo.AddItem(entry);
-    for (Handler* clicked : {&check.OnClick, &a.OnClick, &b.OnClick, &inside.OnClick, &combo.OnClick, &list.OnClick})
+    for (Handler* clicked :
+         {&check.OnClick, &a.OnClick, &b.OnClick, &inside.OnClick, &combo.OnClick, &list.OnClick, &several.OnClick})
       *clicked = [this] { ++raised; };
   }
   int Raised() { return std::exchange(raised, 0); }
@@ -45,7 +49,7 @@ struct ChoiceForm : Form {
   Frame frame{*this, "Frames", 1};
   OptionButton inside{*this, "Options", 2};
   ComboBox combo{*this, "cboUnits"};
-  ListBox list{*this, "lstOne"};
+  ListBox list{*this, "lstOne"}, several{*this, "lstSeveral"};
   int raised = 0;
 };
 
@@ -220,6 +224,36 @@ TEST(KeyPictureTest, AClickFindsTheKeyThatIsDrawnThere) {
   EXPECT_EQ(doubled, 1);
   grid.SetEnabled(false);
   EXPECT_EQ(clickAt(5, 5), "nothing");
+}
+
+// The export takes what is marked; the preview shows the entry under the cursor.
+TEST_F(BindingsTest, AListForSeveralTakesThemAsThePointerAndTheKeysMarkThem) {
+  auto* box = The<QListWidget>(1);
+  const auto marked = [this] {
+    std::string rows;
+    for (int i = 0; i < form.several.ListCount(); ++i)
+      rows += form.several.Selected(i) ? 'x' : '.';
+    return rows + std::to_string(form.several.ListIndex());
+  };
+  const auto click = [&](int row, Qt::KeyboardModifiers keys) {
+    QTest::mouseClick(box->viewport(), Qt::LeftButton, keys, box->visualItemRect(box->item(row)).center());
+  };
+  EXPECT_EQ(marked(), "....-1");
+  click(1, {});
+  EXPECT_EQ(marked(), ".x..1");
+  click(3, Qt::ShiftModifier);
+  EXPECT_EQ(marked(), ".xxx3");
+  click(2, Qt::ControlModifier);
+  EXPECT_EQ(marked(), ".x.x2");
+  EXPECT_EQ(Marks(box), ".x.x");
+  QTest::keyClick(window->windowHandle(), Qt::Key_A, Qt::ControlModifier);
+  EXPECT_EQ(marked(), "xxxx2");
+  QTest::keyClick(window->windowHandle(), Qt::Key_B); // type-ahead
+  EXPECT_EQ(marked(), ".x..1");
+  EXPECT_EQ(form.Raised(), 5);
+  form.several.Clear();
+  form.several.AddItems({"other"});
+  EXPECT_EQ(marked(), ".-1");
 }
 
 } // namespace
