@@ -31,8 +31,16 @@ std::string Release() {
   return std::to_string(VersionMajor) + "." + std::to_string(VersionMinor) + "." + std::to_string(VersionRevision);
 }
 
+// A full disk, say, or folders that may not be written. The program goes on with the files of the release before.
+void TellUnfilled(trekor::FileDrives& drives, trekor::Shell& shell) {
+  const std::string words = "Not all files of this release could be copied to " +
+                            drives.NativePath(drives.CurrentFolder()) + ". The next start tries again.";
+  std::fprintf(stderr, "Trekor: %s\n", words.c_str());
+  shell.MsgBox(words, "Trekor", trekor::BoxIcon::Stop);
+}
+
 // The toolkit's application stands already. Whatever is left of the program when it ends goes before that.
-int RunProgram(trekor::FileDrives& drives, trekor::QtProcess& process) {
+int RunProgram(trekor::FileDrives& drives, trekor::QtProcess& process, bool filled) {
   using namespace trekor;
   QtClock clock;
   QtPump pump;
@@ -49,6 +57,8 @@ int RunProgram(trekor::FileDrives& drives, trekor::QtProcess& process) {
   };
   DesktopScreen screen;
   Platform platform{clock, pump, socket, sound, keyboard, drives, process, shell, screen};
+  if (!filled)
+    TellUnfilled(drives, shell);
   Program program(platform);
   if (program.Main() && !process.Ended())
     QApplication::exec();
@@ -73,9 +83,10 @@ int Run(int argc, char** argv) {
   QApplication app(argc, argv);
   theme::Apply(app);
   const ReadAhead readAhead;
-  FillProgramFolder(drives, ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString())),
-                    Release());
-  return RunProgram(drives, process);
+  const std::filesystem::path shipped =
+      ShippedFolder(PathFromText(QCoreApplication::applicationFilePath().toStdString()));
+  const bool filled = FillProgramFolder(drives, shipped, Release());
+  return RunProgram(drives, process, filled);
 }
 
 } // namespace

@@ -192,7 +192,11 @@ bool FileDrives::Install(const fs::path& source, const std::string& to) {
   for (std::size_t end = to.find('\\', 3); end != std::string::npos; end = to.find('\\', end + 1))
     MakeFolder(to.substr(0, end));
   const fs::path target = Path(to), work = CopyBeside(source, target);
-  return !work.empty() && native::Replace(work, target);
+  const bool done = !work.empty() && native::Replace(work, target);
+  std::error_code failed;
+  if (!done)
+    fs::remove(work, failed);
+  return done;
 }
 
 bool FileDrives::OnDisk(const fs::path& path) {
@@ -215,7 +219,7 @@ bool FileDrives::DeleteFile(const std::string& path) {
 void FileDrives::ClearReadOnly(const std::string& path) {
   std::error_code failed;
   const fs::path file = Path(path);
-  if (fs::is_regular_file(file, failed))
+  if (ReadOnly(file))
     fs::permissions(file, fs::perms::owner_write, fs::perm_options::add, failed);
 }
 

@@ -36,7 +36,8 @@ bool Sync(const fs::path& path, int flags) {
   return done;
 }
 
-// The entry of this name whatever its case; the name as given when there is none, so that it can be made.
+// The entry of this name whatever its case; the name as given when there is none, so that it can be made. Empty when
+// the folder could not be read to its end: the entry may be there in another case, and a second one would hide it.
 fs::path Entry(const fs::path& folder, const std::string& name) {
   std::error_code failed;
   fs::path exact = folder / PathFromText(name);
@@ -45,7 +46,8 @@ fs::path Entry(const fs::path& folder, const std::string& name) {
   for (fs::directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed))
     if (SameText(TextFromPath(i->path().filename()), name))
       return i->path();
-  return exact;
+  const bool none = !failed || failed == std::errc::no_such_file_or_directory || failed == std::errc::not_a_directory;
+  return none ? exact : fs::path();
 }
 
 bool HasLetter(const std::string& path) {
@@ -101,7 +103,8 @@ fs::path PathOf(const fs::path& root, const std::string& path, const std::string
   const Parts parts = Split(path, current);
   fs::path native = Entry(root, parts.letter);
   for (const std::string& name : parts.names)
-    native = Entry(native, name);
+    if (!native.empty())
+      native = Entry(native, name);
   return native;
 }
 

@@ -19,14 +19,14 @@ constexpr const char* DataFolders[] = {"C:\\Veldmark", "C:\\Veldmark\\Trekor", "
 constexpr const char* TemplateFolder = "C:\\Veldmark\\Trekor\\VDB";
 constexpr const char* StampName = ".release";
 
-std::vector<fs::path> FilesBelow(const fs::path& folder) {
-  std::vector<fs::path> files;
+// False when they could not all be found.
+bool FilesBelow(const fs::path& folder, std::vector<fs::path>& files) {
   std::error_code failed;
   for (fs::recursive_directory_iterator i(folder, failed), end; !failed && i != end; i.increment(failed))
-    if (i->is_regular_file(failed))
+    if (i->is_regular_file(failed) && !failed)
       files.push_back(i->path());
   std::sort(files.begin(), files.end());
-  return files;
+  return !failed;
 }
 
 // One line a file, so that any change of what is shipped shows.
@@ -78,7 +78,9 @@ fs::path ShippedFolder(const fs::path& executable) {
 }
 
 bool FillProgramFolder(FileDrives& drives, const fs::path& shipped, const std::string& release) {
-  const std::vector<fs::path> files = shipped.empty() ? std::vector<fs::path>() : FilesBelow(shipped);
+  std::vector<fs::path> files;
+  if (!shipped.empty() && !FilesBelow(shipped, files))
+    return false;
   const fs::path stampFile = PathFromText(drives.NativePath(drives.CurrentFolder() + "\\" + StampName));
   const std::string stamp = StampOf(shipped, files, release);
   if (!files.empty() && ReadAll(stampFile) == stamp)

@@ -215,7 +215,7 @@ void Engine::ReserveLog() {
   const auto disk = std::filesystem::space(std::u8string(file.begin(), file.end()), error);
   if (error || disk.available / RoomBesideLog < static_cast<std::uintmax_t>(wanted))
     return;
-  const std::vector<char> zeros(64 * 1024);
+  const std::vector<char> zeros(std::size_t{64} * 1024);
   bool written = true;
   for (std::int64_t at = length; written && at < wanted; at += static_cast<std::int64_t>(zeros.size()))
     written = log->pMethods->xWrite(log, zeros.data(), static_cast<int>(zeros.size()), at) == SQLITE_OK;

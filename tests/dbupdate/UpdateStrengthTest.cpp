@@ -102,6 +102,17 @@ TEST_F(UpdateStrengthTest, AKillAtEachCallIsMadeGoodByTheNextStart) {
   }
 }
 
+// Every start asks for each database.
+TEST_F(UpdateStrengthTest, AStartWithNothingToDoChangesNothing) {
+  Prepare();
+  Update();
+  const FileFaults calls(Fault::FailOnce, 0);
+  Update();
+  EXPECT_LT(calls.Count(), 150) << "below 1 ms, looks at the parts of the paths included";
+  for (const FileCall& call : std::vector(calls.Made()))
+    EXPECT_EQ(call.name, "folder") << call.path << " (one that is there already)";
+}
+
 // What takes a name is on the disk before, and the name before the next file takes one: a power cut may keep any part
 // of what was not synced.
 TEST_F(UpdateStrengthTest, EachStepIsOnTheDiskBeforeTheNext) {

@@ -87,6 +87,26 @@ TEST_F(FileDrivesTest, OnlyLettersAreDrivesAndNoneIsMade) {
   EXPECT_FALSE(drives.DriveExists('E'));
 }
 
+// A medium is a folder or a link named by its letter. Taken out, it leaves the link or nothing, and no folder takes its
+// place.
+TEST_F(FileDrivesTest, AMediumIsADriveWhileItIsThere) {
+  fs::create_directories(folder / "media/stick/Roads");
+  for (const char* name : {"E", "e"}) {
+    fs::create_directory_symlink(folder / "media/stick", Native(name));
+    EXPECT_TRUE(drives.DriveExists('E') && drives.DriveExists('e') && drives.MakeFolder("E:\\ROADS\\North"));
+    EXPECT_TRUE(drives.FolderExists("e:\\roads\\north") && fs::exists(folder / "media/stick/Roads/North"));
+    Write("C/a.txt", "a");
+    EXPECT_TRUE(drives.CopyFile("C:\\a.txt", "E:\\Roads\\a.txt"));
+    fs::rename(folder / "media/stick", folder / "pulled out");
+    EXPECT_FALSE(drives.DriveExists('E') || drives.FolderExists("E:\\Roads") || drives.MakeFolder("E:\\") ||
+                 drives.MakeFolder("E:\\Roads") || drives.CopyFile("C:\\a.txt", "E:\\a.txt") ||
+                 drives.FileMissing("E:\\Roads\\b.txt"));
+    EXPECT_FALSE(fs::exists(folder / "media/stick"));
+    fs::rename(folder / "pulled out", folder / "media/stick");
+    fs::remove(Native(name));
+  }
+}
+
 TEST_F(FileDrivesTest, ACopyReplacesItsTargetWholeOrNotAtAll) {
   Write("C/from.vdb", "new content");
   Write("C/old.mdb", "old");
@@ -207,8 +227,12 @@ TEST_F(FileDrivesTest, TheProgramsFolderIsFilledOnceForEachRelease) {
     WriteBytes(shipped / file, "first " + file);
   // What failed is tried again at the next start.
   Write("C/Trekor/Graphics", "a file where a folder should be");
+  fs::create_directories(Native("C/Trekor/Software.vdb/a folder where a file should be"));
   EXPECT_FALSE(FillProgramFolder(drives, shipped, "1.0.0"));
   fs::remove(Native("C/Trekor/Graphics"));
+  fs::remove_all(Native("C/Trekor/Software.vdb"));
+  for (const std::string& name : Everything())
+    EXPECT_EQ(name.find(".part"), std::string::npos) << name;
   ASSERT_TRUE(FillProgramFolder(drives, shipped, "1.0.0"));
   EXPECT_EQ(Read("C/Trekor/Graphics/pothole.png"), "first Graphics/pothole.png");
   EXPECT_EQ(Read("C/Trekor/Software.vdb"), "first Software.vdb");
