@@ -68,6 +68,17 @@ protected:
   }
 };
 
+// An Enter right behind it would close the form without the choice.
+TEST_F(BindingsTest, ALetterWithAltChoosesAtOnce) {
+  form.check.SetCaption("&Keep");
+  form.b.SetCaption("&Left");
+  QTest::keyClick(window->windowHandle(), Qt::Key_K, Qt::AltModifier);
+  QTest::keyClick(window->windowHandle(), Qt::Key_L, Qt::AltModifier);
+  EXPECT_EQ(form.Raised(), 2);
+  EXPECT_TRUE(form.check.Value() == 1 && form.b.Value());
+  EXPECT_EQ(form.ActiveControl, &form.b);
+}
+
 TEST_F(BindingsTest, ACheckBoxShowsWhatTheModelMakesOfAClick) {
   auto* box = The<QCheckBox>();
   form.check.SetValue(2);
