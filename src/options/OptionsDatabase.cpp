@@ -12,8 +12,8 @@ namespace trekor {
 namespace {
 
 constexpr int LongestUser = 32; // characters
-// KM to YARDS, and the three formats of coordinates; both count from 0.
-constexpr int LastStationUnit = units::Yards, LastGeographicFormat = 2;
+// KM to YARDS, what the link may name for files besides, and the three formats of coordinates; all count from 0.
+constexpr int LastStationUnit = units::Yards, LastFileUnit = units::StnMetre, LastGeographicFormat = 2;
 
 // Reads fields of the row; one that is missing, null or beyond its range leaves its value as it was.
 class FieldReader {
@@ -53,7 +53,7 @@ void ReadUnits(const FieldReader& row, OptionState& options, UnitSettings& units
   row.Read("StationUnit", units.StationUnit, 0, LastStationUnit);
   row.Read("FileUnits", options.OptionFileUnits);
   units.FileUnitsUS = IsUS(options.OptionFileUnits);
-  row.Read("FileStationUnit", units.FileStationUnit, 0, LastStationUnit);
+  row.Read("FileStationUnit", units.FileStationUnit, 0, LastFileUnit);
 }
 
 void ReadOptions(const FieldReader& row, OptionState& options) {

@@ -1,55 +1,7 @@
-#include "options/OptionsDatabase.h"
-#include "options/Sections.h"
-
-#include "support/Databases.h"
-#include "support/ReleasedTree.h"
-
-#include <gtest/gtest.h>
+#include "options/OptionsFixture.h"
 
 namespace trekor::tests {
 namespace {
-
-using Strings = std::vector<std::string>;
-
-class OptionsTest : public testing::Test {
-protected:
-  static constexpr const char *Template = "C:\\Trekor\\Software.vdb",
-                              *Software = "C:\\Veldmark\\Trekor\\MDB\\Software.mdb";
-
-  OptionsTest() {
-    FillFolders(machine, state.folders);
-    for (const std::string name : {"Software", "Messages", "Sections"})
-      MakeDatabase(machine.drives, "C:\\Trekor\\" + name + ".vdb", TemplateText(name));
-  }
-  std::unique_ptr<Database> Open(const std::string& path, OpenMode mode = OpenMode::Shared) {
-    return Database::Open(machine.drives.NativePath(path), mode);
-  }
-  void Execute(const std::string& path, const std::string& sql) { ASSERT_TRUE(Open(path)->Execute(sql)) << sql; }
-  // All of them in one line, the marks as a letter each.
-  static std::string All(const ProgramState& s) {
-    const OptionState& o = s.options;
-    const LocalTime& t = o.OptionsDate;
-    std::string all =
-        o.OptionUnits + (s.units.UnitsUS ? "=US " : " ") + o.OptionFileUnits + (s.units.FileUnitsUS ? "=US" : "");
-    for (const std::int32_t n : {s.units.StationUnit, s.units.FileStationUnit, o.DrivingSide, o.GeographicFormat,
-                                 o.TrayColor, t.year, t.month, t.day, t.hour, t.minute, t.second})
-      all += " " + std::to_string(n);
-    all += " ";
-    for (const bool on : {o.KeepMdb, o.WriteAscii, o.ErrorText, o.ErrorVoice, o.WarningText, o.WarningVoice,
-                          o.AssistanceText, o.AssistanceVoice, o.DataColVoice})
-      all += on ? 'x' : '.';
-    return all + " " + o.OptionsUser;
-  }
-
-  FakePlatform machine;
-  ProgramState state;
-  TextDatabase texts{state, machine.platform};
-  MessageCatalogue messages{state, machine.platform, texts};
-  OptionsDatabase options{state, machine.platform, messages};
-  Form mainForm{"Measurements"};
-  SocketProp socket{state, machine.platform, texts, mainForm};
-  Sections sections{state, machine.platform, socket};
-};
 
 TEST_F(OptionsTest, EverySavingIsKeptAndTheLastOneLoaded) {
   ASSERT_TRUE(options.LoadSoftwareDatabases());
@@ -110,7 +62,8 @@ TEST_F(OptionsTest, WhatIsBeyondItsRangeIsLeft) {
   const std::pair<std::string, std::string> cases[] = {
       {"6, -1, 0, 3, 4294967296, '2031-13-04'", "3 4 1 1 7 2024"},
       {"70000, 4294967297, 2, -1, -2147483649, '2031-02-04 25:00'", "3 4 1 1 7 2024"},
-      {"0, 5, -1, 2, -2147483648, '2031-02-04 23:59:59'", "0 5 -1 2 -2147483648 2031"}};
+      {"3, 9, 0, 3, 4294967296, ''", "3 4 1 1 7 2024"},
+      {"0, 8, -1, 2, -2147483648, '2031-02-04 23:59:59'", "0 8 -1 2 -2147483648 2031"}}; // 6 to 8 are the link's
   ASSERT_TRUE(options.LoadSoftwareDatabases());
   for (const auto& [row, left] : cases) {
     Execute(Software,
@@ -152,6 +105,12 @@ TEST_F(OptionsTest, TheNetworkIsReopenedElsewhereAndSurvivesAMissingFile) {
   EXPECT_TRUE(Open("C:\\Veldmark\\Parcels\\MDB\\Sections.mdb", OpenMode::Exclusive)) << "the first file is free again";
   sections.CloseSections();
   EXPECT_FALSE(machine.drives.FileExists("C:\\Nowhere\\Sections.mdb"));
+  sections.LoadSections(); // the next start goes by the folder again
+  EXPECT_EQ(state.facility.SectionsPath, "C:\\Veldmark\\Parcels\\MDB\\Sections.mdb");
+  sections.CloseSections();
+  std::filesystem::remove_all(machine.drives.NativePath("C:\\Veldmark\\Parcels"));
+  EXPECT_TRUE(sections.LoadSections()) << "roads come from the link and the operator, so the program goes on";
+  EXPECT_EQ(machine.shell.boxes.size(), 1U);
 }
 
 TEST_F(OptionsTest, TheLinkIsToldWhatTheOperatorSets) {
