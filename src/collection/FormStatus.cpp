@@ -34,6 +34,7 @@ void FormStatus::SetMenusEnabled(bool on) {
 }
 
 void FormStatus::EnableSetupControls(bool on) {
+  options.LockFileUnits(!on);
   form.cboTestSetupNames.SetEnabled(on);
   form.labels9.SetEnabled(on);
   form.mnuExport.SetEnabled(on && form.mnuExport.OnClick); // once it is built

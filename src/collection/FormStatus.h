@@ -5,13 +5,15 @@
 #include "collection/KeyPictures.h"
 #include "collection/MeasurementsForm.h"
 #include "collection/RunStage.h"
+#include "options/Options.h"
 
 namespace trekor {
 
 class FormStatus {
 public:
-  FormStatus(MeasurementsForm& form, const ProgramState& state, const RunStage& stage, KeyPictures& keyPictures)
-      : form(form), state(state), stage(stage), keyPictures(keyPictures) {}
+  FormStatus(MeasurementsForm& form, const ProgramState& state, const RunStage& stage, KeyPictures& keyPictures,
+             Options& options)
+      : form(form), state(state), stage(stage), keyPictures(keyPictures), options(options) {}
 
   void SetCaption();
   void AsciiFileProgress(int percent); // in the caption, while a comma file is written
@@ -20,7 +22,8 @@ public:
 
   void SetButtons(bool play, bool pause, bool stop);
   void SetMenusEnabled(bool on);
-  // The choice of the setup, from the storing of its observations in a file until that is closed.
+  // The choice of the setup and of the files' units, from the storing of its observations in a file until that is
+  // closed.
   void Lock_SetupControls() { EnableSetupControls(false); }
   void Unlock_SetupControls() { EnableSetupControls(true); }
   // Step and direction, from the first run in a file until it is closed.
@@ -37,6 +40,7 @@ private:
   const ProgramState& state;
   const RunStage& stage;
   KeyPictures& keyPictures;
+  Options& options;
 };
 
 } // namespace trekor

@@ -53,6 +53,7 @@ void Measurements::WireMenus() {
   form.mnuNew.OnClick = [this] { subjects->fileMenu.mnuNew_Click(); };
   form.mnuClose.OnClick = [this] { subjects->fileMenu.mnuClose_Click(); };
   form.mnuExit.OnClick = [this] { subjects->wayOut.mnuExit_Click(); };
+  form.mnuOptions.OnClick = [this] { subjects->optionsMenu.mnuOptions_Click(); };
   form.mnuViewKeyBoard.OnClick = [this] { subjects->keyPictures.mnuViewKeyBoard_Click(); };
   form.mnuViewKeyPad.OnClick = [this] { subjects->keyPictures.mnuViewKeyPad_Click(); };
   subjects->viewMenu.Wire();
@@ -78,8 +79,10 @@ void Measurements::UnloadForms() {
   subjects->asking.TextPrompt.Unload();
   subjects->asking.NumericPrompt.Unload();
   rooms.dialogs.GiveWay();
+  rooms.optionsDialog.GiveWay();
   rooms.messages.UnloadForm();
   rooms.dialogs.Unload();
+  rooms.optionsDialog.Unload();
   rooms.platform.sound.Close_SoundDevice();
   subjects->keyPictures.Unload();
 }

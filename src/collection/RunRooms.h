@@ -6,6 +6,7 @@
 #include "datafiles/FileDialogs.h"
 #include "link/Outgoing.h"
 #include "link/SocketProp.h"
+#include "options/Options.h"
 #include "options/OptionsDatabase.h"
 #include "options/Sections.h"
 #include "platform/Platform.h"
@@ -32,6 +33,7 @@ struct RunRooms {
   CommaFile& comma;
   SocketProp& socket;
   FileDialogs& dialogs;
+  Options& optionsDialog;
   cSendKeys& SendKeysObject;
 };
 

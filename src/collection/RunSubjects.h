@@ -15,6 +15,7 @@
 #include "collection/KeyAssignment.h"
 #include "collection/KeyOrders.h"
 #include "collection/Layout.h"
+#include "collection/OptionsMenu.h"
 #include "collection/Registrations.h"
 #include "collection/Run.h"
 #include "collection/RunRooms.h"
@@ -46,7 +47,7 @@ struct RunSubjects {
   Feedback feedback{state, platform.sound, platform.drives, rooms.setup, rooms.messages};
   RunNews news{state, rooms.socket, stage};
   KeyPictures keyPictures{form, platform.shell, rooms.texts, rooms.setup};
-  FormStatus status{form, state, stage, keyPictures};
+  FormStatus status{form, state, stage, keyPictures, rooms.optionsDialog};
   Layout layout{form};
   ViewMenu viewMenu{form, platform.shell};
   RunLook look{runGrid, platform.shell, platform.screen, layout, status};
@@ -78,8 +79,10 @@ struct RunSubjects {
   SessionFile sessionFile{state, platform, storing, rooms.comma, rooms.setup};
   FileMenu fileMenu{stage, news, rooms.dialogs, sessionFile, status};
 
+  OptionsMenu optionsMenu{state.options, stage, stepBoxes, news, rooms.optionsDialog};
+
   // The run.
-  StartPreparation preparation{stage, fileMenu, numLock, gridDepth, stepBoxes};
+  StartPreparation preparation{stage, {fileMenu, optionsMenu}, numLock, gridDepth, stepBoxes};
   Run run{stage, ring, grids, preparation, {look, news}};
   WayOut wayOut{stage, form.IdleTimer, stepping, run, fileMenu};
   Registrations registrations{grids, asking, feedback, stage};

@@ -3,6 +3,7 @@
 namespace trekor {
 
 bool StartPreparation::Prepare() {
+  menus.optionsMenu.GiveWay();
   if (!AskOperator())
     return false;
   stepBoxes.SetFirstBoundary();
@@ -19,7 +20,7 @@ bool StartPreparation::TurnedSince() {
 
 bool StartPreparation::AskOperator() {
   if (!stage.FileOpen())
-    fileMenu.mnuNew_Click(); // without a file the run starts all the same and stores nothing
+    menus.fileMenu.mnuNew_Click(); // without a file the run starts all the same and stores nothing
   if (stage.Ending())
     return false;
   const bool stored = stage.FileOpen();

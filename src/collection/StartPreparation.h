@@ -4,15 +4,23 @@
 #include "collection/FileMenu.h"
 #include "collection/GridDepthBox.h"
 #include "collection/NumLock.h"
+#include "collection/OptionsMenu.h"
 #include "collection/RunStage.h"
 #include "collection/StepBoxes.h"
 
 namespace trekor {
 
+// The menus whose forms a start opens or closes.
+struct StartMenus {
+  FileMenu& fileMenu;
+  OptionsMenu& optionsMenu;
+};
+
 class StartPreparation {
 public:
-  StartPreparation(RunStage& stage, FileMenu& fileMenu, NumLock& numLock, GridDepthBox& gridDepth, StepBoxes& stepBoxes)
-      : stage(stage), fileMenu(fileMenu), numLock(numLock), gridDepth(gridDepth), stepBoxes(stepBoxes) {}
+  StartPreparation(RunStage& stage, const StartMenus& menus, NumLock& numLock, GridDepthBox& gridDepth,
+                   StepBoxes& stepBoxes)
+      : stage(stage), menus(menus), numLock(numLock), gridDepth(gridDepth), stepBoxes(stepBoxes) {}
   // False: no run, silently.
   bool Prepare();
   // "SET DMI" in the seconds of the announcement may have turned the direction: the first boundary then lies on the
@@ -25,7 +33,7 @@ private:
   bool AskOperator();
 
   RunStage& stage;
-  FileMenu& fileMenu;
+  StartMenus menus;
   NumLock& numLock;
   GridDepthBox& gridDepth;
   StepBoxes& stepBoxes;

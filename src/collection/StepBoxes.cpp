@@ -83,6 +83,29 @@ void StepBoxes::ReadPrevious() {
   controls.Texts8.SetText(previous.Text());
 }
 
+// The box Station belongs to no value until a start reads it.
+void StepBoxes::KeepBoxes() {
+  auto& at = state.position;
+  at.PreviousStation.SetText(controls.Texts8.Text());
+  at.StepSize.SetText(controls.Texts7.Text());
+  Station station(state.units);
+  station.SetText(controls.Texts6.Text());
+  before = {controls.Texts6.Text(), station.Default(), state.units.StationUnit};
+}
+
+// A station that the link has prepared meanwhile may be written in either unit.
+void StepBoxes::RenewBoxes() {
+  const auto& at = state.position;
+  ShowUnitLabel();
+  controls.Texts8.SetText(at.PreviousStation.Text());
+  controls.Texts7.SetText(at.StepSize.Text());
+  if (before.unit == state.units.StationUnit)
+    return;
+  Station station(state.units);
+  station.SetDefault(controls.Texts6.Text() == before.text ? before.km : at.KeyStation.Default());
+  controls.Texts6.SetText(station.Text());
+}
+
 // A run that has been announced begins where it was announced.
 void StepBoxes::PrepareStation(double km) {
   if (stage.Announced())

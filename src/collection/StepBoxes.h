@@ -35,7 +35,10 @@ public:
   // Kilometres of a text in the operator's unit; 0 for blank text for a unit code that is none of the operator's.
   double StationTextToKm(const std::string& text) const;
 
-  void SetUnitLabels(); // with the news to the link; kept for the options form, which is still to come
+  // Around a change of the units: reads the boxes, and shows what they held in the new ones.
+  void KeepBoxes();
+  void RenewBoxes();
+  void SetUnitLabels(); // with the news to the link
   void ShowUnitLabel();
   // Picture, label and direction agree afterwards; the label is the one that was stored.
   void LoadDirection();
@@ -54,6 +57,12 @@ private:
   const RunStage& stage;
   RunNews& news;
   Asking& asking;
+  // The box Station as it was before the units changed.
+  struct {
+    std::string text;
+    double km = 0;
+    int unit = 0;
+  } before;
   bool boundaryUp = true; // the direction for which the first boundary was set
   bool entryGuard = true; // quiets a box's own change handler while it is checked
 };

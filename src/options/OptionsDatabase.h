@@ -19,7 +19,7 @@ public:
   bool LoadSoftwareDatabases();
   // A field that is missing, null or beyond its range keeps the value in the state; when the row can't be read, all do.
   void LoadOptions();
-  // Adds a row; a failure is skipped. For the options form, which is still to come.
+  // Adds a row; a failure is skipped.
   void SaveOptions();
   void Close();
 

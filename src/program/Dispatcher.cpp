@@ -260,6 +260,7 @@ void Dispatcher::File(std::string_view message) {
 void Dispatcher::FileUnits(std::string_view message) {
   const std::string word = Upper(SocketProp::SplitViews(message).Words[2]);
   state.units.FileStationUnit = UnitCode(word).value_or(state.units.FileStationUnit);
+  run.options.FollowFileUnit();
 }
 
 // FACILITY NAME Ring Road 3

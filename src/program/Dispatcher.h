@@ -11,12 +11,13 @@ namespace trekor {
 struct RunOrders {
   explicit RunOrders(RunSubjects& run)
       : formKeys(run.formKeys), stepping(run.stepping), stepBoxes(run.stepBoxes), fileMenu(run.fileMenu),
-        wayOut(run.wayOut) {}
+        wayOut(run.wayOut), options(run.rooms.optionsDialog) {}
   FormKeys& formKeys;
   Stepping& stepping;
   StepBoxes& stepBoxes;
   FileMenu& fileMenu;
   WayOut& wayOut;
+  Options& options;
 };
 
 class Dispatcher {

@@ -19,9 +19,9 @@ Program::Program(Platform& p)
     : platform(p), SendKeysObject(p), texts(state, p), messages(state, p, texts), options(state, p, messages),
       setupDatabase(state, p), setup(state, setupDatabase, form.imlObsPicsUCaseKeys), dataFiles(state, p),
       comma(CommaSourcesOf(state), p.drives, dataFiles), socket(state, p, texts, form), sections(state, p, socket),
-      dialogs(state, p, texts, messages, sections),
+      dialogs(state, p, texts, messages, sections), optionsDialog(state, p, texts, options),
       measurements(form, RunRooms{state, p, texts, messages, options, sections, setupDatabase, setup, dataFiles, comma,
-                                  socket, dialogs, SendKeysObject}),
+                                  socket, dialogs, optionsDialog, SendKeysObject}),
       dispatcher(state, p.drives, socket, sections, RunOrders(measurements.Subjects())) {
   // The link is below the run and the dispatcher is above it: they are tied together here.
   socket.dispatch = [this](std::string_view line) { dispatcher.Dispatch(line); };

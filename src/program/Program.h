@@ -47,6 +47,7 @@ private:
   SocketProp socket;
   Sections sections;
   FileDialogs dialogs;
+  Options optionsDialog;
   std::unique_ptr<Database> HardwareDb;
   Measurements measurements;
   Dispatcher dispatcher;

@@ -107,7 +107,7 @@ struct OptionState {
   bool ErrorText = false, ErrorVoice = false, WarningText = false, WarningVoice = false;
   bool AssistanceText = false, AssistanceVoice = false, DataColVoice = false;
   std::int32_t TrayColor = 0;
-  bool OptionsChanged = false; // told by the options form, which is still to come
+  bool OptionsChanged = false; // in the options form, since it was opened last
 };
 
 struct DbVersion {

@@ -89,9 +89,10 @@ protected:
   Sections sections{state, fakes.platform, socket};
   FileDialogs dialogs{state, fakes.platform, texts, messages, sections};
   FileNewDialog2& fileNew = dialogs.fileNew;
+  Options optionsDialog{state, fakes.platform, texts, options};
   cSendKeys SendKeysObject{fakes.platform};
   Measurements run{form, RunRooms{state, fakes.platform, texts, messages, options, sections, vocabulary, setup, files,
-                                  comma, socket, dialogs, SendKeysObject}};
+                                  comma, socket, dialogs, optionsDialog, SendKeysObject}};
   Dispatcher dispatcher{state, fakes.platform.drives, socket, sections, RunOrders(run.Subjects())};
   std::vector<std::string> prompts; // titles asked
   int unloads = 0;

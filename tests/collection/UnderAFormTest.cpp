@@ -37,4 +37,59 @@ TEST_F(UnderAForm, TheRoadThatTheLinkTellsIsTakenUpByTheForm) {
   });
 }
 
+// The options are open with a change in each half, and the operator says OK as late as he can.
+TEST_F(UnderAForm, TheOptionsGiveWayToARunAndLeaveAFileItsUnits) {
+  enum class Then { Stays, Locks, Goes };
+  const struct {
+    Texts lines;
+    Then then;
+  } rows[] = {{{"SET UNITS US FEET", "CTRL INIT", "CTRL STOP", "DMI 3"}, Then::Stays},
+              {{"FILE PATH C:\\Roads", "FILE NAME ROAD09", "FILE OPEN"}, Then::Locks},
+              {{"FILE NAME ROAD10", "FILE OPEN", "FILE CLOSE"}, Then::Stays},
+              {{"CTRL START"}, Then::Goes},
+              {{"FILE NAME ROAD11", "FILE OPEN", "CTRL PREPARE 3", "CTRL START"}, Then::Goes}};
+  Type(form.Texts7, "0.1");
+  OptionsForm& asked = optionsDialog.form;
+  for (const auto& row : rows) {
+    state.units.UnitsUS = state.units.FileUnitsUS = false;
+    fakes.shell.scripts["Options"] = [&](Form&) {
+      asked.OptionUS.Click();
+      asked.FileOptionUS.Click();
+      for (const auto& line : row.lines)
+        Link(line);
+      EXPECT_EQ(asked.Shown, row.then != Then::Goes);
+      EXPECT_EQ(asked.FileOptionUS.Enabled(), row.then == Then::Stays || row.lines.size() == 1);
+      if (row.then == Then::Stays)
+        asked.FileOptionUS.Click();
+      asked.CmdOK.Click();
+      asked.OnKeyDown(keys::Esc, 0);
+    };
+    form.mnuOptions.Click();
+    EXPECT_EQ(State(), row.then == Then::Goes ? RunStates::Running : RunStates::Idle) << row.lines.back();
+    EXPECT_EQ(state.units.UnitsUS, row.then != Then::Goes) << row.lines.back();
+    EXPECT_EQ(state.units.FileUnitsUS, row.then == Then::Stays) << row.lines.back();
+    Press(F4);
+    CloseFile();
+  }
+}
+
+// What is applied holds for the run, which then begins with the boxes in the new unit.
+TEST_F(UnderAForm, ARunOfTheLinkHasTheOptionsThatWereApplied) {
+  Type(form.Texts7, "0.1");
+  OpenFile();
+  fakes.shell.scripts["Options"] = [this](Form&) {
+    optionsDialog.form.Combos0.Select(units::Metre);
+    optionsDialog.form.CmdApply.Click();
+    optionsDialog.form.Combos0.Select(units::Mile);
+    Link("CTRL PREPARE 5");
+    Link("CTRL START");
+    Sent();
+  };
+  form.mnuOptions.Click();
+  EXPECT_EQ(State(), RunStates::Running);
+  EXPECT_EQ(state.position.StepKm, 0.1);
+  EXPECT_EQ(form.Texts7.Text() + form.StationUnitLabel.Caption(), "100.0meters");
+  EXPECT_EQ(Sent().front(), "SET UNITS SI M DEG");
+}
+
 } // namespace trekor::tests

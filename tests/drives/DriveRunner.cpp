@@ -2,6 +2,7 @@
 
 #include "collection/RunSubjects.h"
 #include "support/ReleasedTree.h"
+#include "texts/FormTable.h"
 #include "values/KeyCodes.h"
 #include "values/NumberText.h"
 #include "values/Text.h"
@@ -69,7 +70,7 @@ constexpr const char* Stored[] = {
 DriveRunner::DriveRunner(const std::string& shared) {
   InstallRelease(fakes.drives, shared);
   fakes.drives.currentFolder = "C:\\Roads";
-  for (const char* name : {"NumericPrompt", "TextPrompt", "FileNewDialog2", "Message"})
+  for (const char* name : {"NumericPrompt", "TextPrompt", "FileNewDialog2", "Message", "Options", "SavePrompt"})
     fakes.shell.scripts[name] = [this](Form& form) { Asked(form); };
   AddVerbs();
 }
@@ -196,11 +197,16 @@ void DriveRunner::Type(TextBox& box, const std::string& text) {
 
 void DriveRunner::Click(const std::string& what) {
   const auto words = WordsOf(what);
-  Control* control = (front ? front : &program->ForTests().form)->Find(words[0]);
+  const auto name = ParseControlName(words[0]).value_or(ControlName{});
+  Control* control = (front ? front : &program->ForTests().form)->Find(name.Name, name.Index);
   if (auto* menu = dynamic_cast<Menu*>(control))
     menu->Click();
   else if (auto* button = dynamic_cast<CommandButton*>(control))
     button->Click();
+  else if (auto* check = dynamic_cast<CheckBox*>(control))
+    check->Click();
+  else if (auto* option = dynamic_cast<OptionButton*>(control))
+    option->Click();
   else if (auto* list = dynamic_cast<ComboBox*>(control))
     list->Select(static_cast<int>(Val(words.at(1))));
   else

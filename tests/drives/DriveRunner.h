@@ -31,7 +31,7 @@ namespace trekor::tests {
 //   cell ROW COL    in a pause the operator moves to that cell of the grid (rows from 4)
 //   step TEXT, depth TEXT    the operator types into the box and leaves it
 //   name TEXT       typed into the new-file form's name
-//   click NAME [N]  a menu, a button, an entry of a list, a button of the tool bar by its key
+//   click NAME [N]  a menu, a button, a check, an option, an entry of a list, a button of the tool bar by its key
 //   peer closes, peer fails    the link is lost
 //   watchdog        the link's timer of 5 seconds fires
 //   exit, close, start    the menu's exit; the close box; the next start of the program

@@ -24,9 +24,10 @@ protected:
   CommaFile comma{CommaSourcesOf(state), fake.drives, files};
   Sections sections{state, fake.platform, socket};
   FileDialogs dialogs{state, fake.platform, texts, messages, sections};
+  Options optionsDialog{state, fake.platform, texts, options};
   cSendKeys SendKeysObject{fake.platform};
   Measurements measurements{form, RunRooms{state, fake.platform, texts, messages, options, sections, setupDatabase,
-                                           setup, files, comma, socket, dialogs, SendKeysObject}};
+                                           setup, files, comma, socket, dialogs, optionsDialog, SendKeysObject}};
   Dispatcher dispatcher{state, fake.platform.drives, socket, sections, RunOrders(measurements.Subjects())};
 };
 

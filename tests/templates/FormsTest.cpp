@@ -5,6 +5,7 @@
 #include "collection/Prompt.h"
 #include "datafiles/FileNewDialog2.h"
 #include "link/SocketProp.h"
+#include "options/OptionsForm.h"
 #include "texts/MessageCatalogue.h"
 #include "texts/YesNoPrompt.h"
 
@@ -67,9 +68,10 @@ protected:
   SocketPropForm socket;
   MessageForm message;
   FileNewForm fileNew;
-  YesNoForm deletePrompt{"DeletePrompt"};
-  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,    &number,
-                                          &text,         &socket,   &message, &fileNew, &deletePrompt};
+  YesNoForm deletePrompt{"DeletePrompt"}, savePrompt{"SavePrompt"};
+  OptionsForm options;
+  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,         &number,     &text,
+                                          &socket,       &message,  &fileNew, &deletePrompt, &savePrompt, &options};
 };
 
 TEST_F(FormTables, ThereIsOneForEachFormAndNoOther) {
