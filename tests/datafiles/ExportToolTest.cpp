@@ -1,9 +1,14 @@
 #include "Arguments.h"
 #include "Exporter.h"
+#include "WorkFolder.h"
 #include "datafiles/DataFileFixture.h"
+#include "dbupdate/FileCalls.h"
+#include "support/Child.h"
+#include "support/Places.h"
 
 #include <chrono>
 #include <csignal>
+#include <cstdlib>
 
 #include <sys/resource.h>
 
@@ -76,15 +81,76 @@ TEST(ExportTool, WritesOneFileBesideEachDataFileAndChangesNothingElse) {
   EXPECT_EQ(office.job.machine.drives.Files("D:\\Data", "A*"), (std::vector<std::string>{"A.mdb", "A.TKR"}));
 }
 
-// A killed export leaves its work folder; one that is at work there now keeps its own.
+// A killed export leaves its work folder; one that is at work there now keeps its own. Of another machine's nobody
+// here can tell, so only its age counts.
 TEST(ExportTool, ClearsWhatAKilledExportHasLeft) {
   Office office;
+  Child atWork([&](Child& me) {
+    const WorkFolder work(office.Native(""));
+    WriteBytes(work.Path() / "A.TKR", "half");
+    me.Sign();
+    pause();
+  });
+  EXPECT_TRUE(atWork.Signed());
+  const auto before = office.Folder();
+  EXPECT_EQ(office.Export({"B.mdb"}), Exit::Done);
+  EXPECT_EQ(office.Folder().size(), before.size() + 1) << "the comma file";
+  atWork.Kill();
+  EXPECT_EQ(office.Export({"B.mdb"}), Exit::Done);
+  EXPECT_EQ(office.Folder().size(), before.size()) << "and no work folder";
   for (const char* name : {".trekor-export-1/A.TKR", ".trekor-export-2/A.TKR"})
     office.Write(name, "half");
   fs::last_write_time(office.Native(".trekor-export-1"), fs::file_time_type::clock::now() - std::chrono::hours(25));
   EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
   EXPECT_FALSE(office.Folder().contains(".trekor-export-1"));
   EXPECT_EQ(office.Read(".trekor-export-2/A.TKR"), "half");
+}
+
+// Whatever call fails, wherever the export is killed: the comma file is the older one or the new one, and the next run
+// leaves nothing beside it.
+TEST(ExportTool, NeverLeavesHalfAFileUnderItsName) {
+  Office office;
+  EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
+  const std::string whole = office.Read("A.TKR"), data = office.Read("A.mdb");
+  const std::size_t entries = office.Folder().size();
+  for (const Fault fault : {Fault::FailOnce, Fault::DiskFull, Fault::DriveGone, Fault::Kill}) {
+    bool reached = true;
+    for (int n = 1; reached; ++n) {
+      SCOPED_TRACE("fault " + std::to_string(static_cast<int>(fault)) + " at call " + std::to_string(n));
+      office.Write("A.TKR", "older");
+      office.told.clear();
+      Exit code = Exit::Refused;
+      const auto faulty = [&] {
+        const FileFaults faults(fault, n);
+        code = office.Export({"A.mdb"});
+        reached = faults.Count() >= n;
+      };
+      if (fault == Fault::Kill)
+        reached = Child([&](Child&) { faulty(); }).Wait() != 0;
+      else
+        faulty();
+      EXPECT_TRUE(office.Read("A.TKR") == whole || (office.Read("A.TKR") == "older" && code != Exit::Done));
+      EXPECT_TRUE(code == Exit::Done || fault == Fault::Kill || office.told.find("A.mdb: ") != std::string::npos);
+      EXPECT_EQ(office.Export({"A.mdb"}), Exit::Done);
+      EXPECT_TRUE(office.Read("A.TKR") == whole && office.Read("A.mdb") == data);
+      EXPECT_EQ(office.Folder().size(), entries);
+      EXPECT_TRUE(reached || n > 6);
+    }
+  }
+}
+
+// The program itself, under a terminal and not.
+TEST(ExportTool, ShowsProgressOnATerminalAlone) {
+  Office office;
+  const std::string program = BuildPlace("/bin/trekor-export"), file = office.Native("A.mdb");
+  const auto run = [&](const std::string& command) {
+    EXPECT_EQ(std::system(command.c_str()), 0) << command;
+    return office.Read("told");
+  };
+  const std::string told = " >'" + office.Native("told") + "' 2>&1";
+  EXPECT_EQ(run("'" + program + "' '" + file + "'" + told), office.Native("A.TKR") + "\n");
+  const std::string seen = run("script -qec \"'" + program + "' '" + file + "'\" /dev/null" + told);
+  EXPECT_NE(seen.find("A.mdb: 0 %"), std::string::npos) << seen;
 }
 
 TEST(ExportTool, KeepsSessionsApartInAnotherFolderUnderTheWishedHead) {

@@ -1,5 +1,6 @@
 #include "FileCalls.h"
 
+#include <algorithm>
 #include <cerrno>
 #include <cstdarg>
 #include <cstdio>
@@ -96,6 +97,10 @@ template <typename Call> auto WriteTo(int file, Call call, std::size_t size) {
 
 template <typename Call> int OpenAs(const char* path, int flags, Call call) {
   return (flags & (O_CREAT | O_TRUNC)) != 0 ? Change({"make", path, ""}, call) : Look(call);
+}
+
+template <typename Call> std::FILE* OpenStream(const char* path, const char* mode, Call call) {
+  return std::string(mode).starts_with('r') ? Look(call) : Change({"make", path, ""}, call);
 }
 
 } // namespace
@@ -203,6 +208,27 @@ int remove(const char* path) noexcept {
 int unlink(const char* path) noexcept {
   static const auto real = Real<int (*)(const char*)>("unlink");
   return Change({"remove", path, ""}, [=] { return real(path); });
+}
+
+int unlinkat(int folder, const char* path, int flags) noexcept {
+  static const auto real = Real<int (*)(int, const char*, int)>("unlinkat");
+  return Change({"remove", path, ""}, [=] { return real(folder, path, flags); });
+}
+
+std::FILE* fopen(const char* path, const char* mode) {
+  static const auto real = Real<std::FILE* (*)(const char*, const char*)>("fopen");
+  return OpenStream(path, mode, [=] { return real(path, mode); });
+}
+
+std::FILE* fopen64(const char* path, const char* mode) {
+  static const auto real = Real<std::FILE* (*)(const char*, const char*)>("fopen64");
+  return OpenStream(path, mode, [=] { return real(path, mode); });
+}
+
+std::size_t fwrite(const void* from, std::size_t size, std::size_t count, std::FILE* to) {
+  static const auto real = Real<std::size_t (*)(const void*, std::size_t, std::size_t, std::FILE*)>("fwrite");
+  const auto write = [=](std::size_t items) { return static_cast<ssize_t>(real(from, size, items, to)); };
+  return static_cast<std::size_t>(std::max<ssize_t>(WriteTo(fileno(to), write, count), 0));
 }
 
 int mkdir(const char* path, mode_t mode) noexcept {

@@ -26,7 +26,8 @@ existing .TKR of the same name is replaced.
   --version            tell the version
   --help               this text
 
-Files are taken in the order given. The names written are told one a line. Of a data file
+Files are taken in the order given. The names written are told one a line on standard output;
+on a terminal a line on standard error shows how far the present file is. Of a data file
 all comma files are written whole or none; one that fails is told and passed over.
 
 Exit codes; with several files the highest counts:

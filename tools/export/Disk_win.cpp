@@ -3,6 +3,7 @@
 #include <cerrno>
 #include <filesystem>
 
+#include <io.h>
 #include <windows.h>
 
 namespace trekor {
@@ -18,6 +19,20 @@ int SyncFile(const std::string& nativePath) {
   const bool done = FlushFileBuffers(file) != 0;
   CloseHandle(file);
   return done ? 0 : EIO;
+}
+
+bool IsTerminal(std::FILE* stream) {
+  return _isatty(_fileno(stream)) != 0;
+}
+
+int HoldFolder(const std::string&) {
+  return -1;
+}
+
+void LetGo(int) {}
+
+std::string MachineName() {
+  return "";
 }
 
 bool IsFull(int error) {

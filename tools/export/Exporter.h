@@ -13,6 +13,7 @@
 #include "state/ProgramState.h"
 
 #include <filesystem>
+#include <functional>
 #include <set>
 #include <string>
 #include <vector>
@@ -22,6 +23,8 @@ namespace trekor {
 class Exporter {
 public:
   explicit Exporter(const Arguments& wishes);
+  // Called with whole percents while a comma file is written.
+  std::function<void(int percent)>& Progress() { return comma.AsciiFileProgress; }
   // `written` names the files made, a line each; `told` is what the user should know.
   Exit Export(const std::string& file, std::string& written, std::string& told);
 

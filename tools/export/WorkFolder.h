@@ -1,5 +1,5 @@
 // A hidden folder beside the files that are made, so that none is ever half written under its own name. Removed with
-// the object; a killed program leaves it.
+// the object; what a killed program leaves goes at the next run.
 #pragma once
 
 #include <filesystem>
@@ -7,7 +7,8 @@
 
 namespace trekor {
 
-// Removes work folders left by killed programs: those that were not written into for a day.
+// Removes work folders left by killed programs: of this machine, those that no living process holds; of others on the
+// same share, and where that can't be told, those that were not written into for a day.
 void ClearLeftWorkFolders(const std::filesystem::path& in);
 
 class WorkFolder {
@@ -22,6 +23,7 @@ public:
 private:
   std::filesystem::path path;
   std::error_code error;
+  int held = -1;
 };
 
 } // namespace trekor

@@ -10,6 +10,26 @@ namespace {
 
 using namespace trekor;
 
+// One line on a terminal, written over and over; nothing where the words are kept in a file.
+class ProgressLine {
+public:
+  void Show(const std::string& file, int percent) {
+    if (terminal)
+      std::fprintf(stderr, "\r\x1b[K%s: %d %%", file.c_str(), percent);
+    shown = terminal;
+  }
+  // Before anything else is said.
+  void Clear() {
+    if (shown)
+      std::fputs("\r\x1b[K", stderr);
+    shown = false;
+  }
+
+private:
+  const bool terminal = IsTerminal(stderr);
+  bool shown = false;
+};
+
 Exit Run(const Arguments& wishes) {
   if (wishes.help) {
     std::fputs(HelpText, stdout);
@@ -20,10 +40,13 @@ Exit Run(const Arguments& wishes) {
     return Exit::Done;
   }
   Exporter exporter(wishes);
+  ProgressLine line;
   Exit worst = Exit::Done;
   for (const std::string& file : wishes.files) {
     std::string written, told;
+    exporter.Progress() = [&](int percent) { line.Show(file, percent); };
     worst = std::max(worst, exporter.Export(file, written, told));
+    line.Clear();
     std::fputs(written.c_str(), stdout);
     std::fputs(told.c_str(), stderr);
   }
