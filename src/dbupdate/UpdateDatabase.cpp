@@ -48,6 +48,7 @@ private:
   bool BackUp();
   bool Build(int oldMajor);
   bool Merge(Database& old);
+  bool IsSound();
   bool Install();
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
@@ -131,7 +132,7 @@ bool Update::Build(int oldMajor) {
   if (!old)
     return Cancel(names.working, " could not be removed!");
   const bool built = platform.drives.CopyFile(names.templateFile, names.successor) &&
-                     (result.version.Major != oldMajor || Merge(*old));
+                     (result.version.Major != oldMajor || Merge(*old)) && IsSound();
   old.reset();
   return built || Cancel(names.working, " could not be installed!");
 }
@@ -140,6 +141,15 @@ bool Update::Merge(Database& old) {
   platform.drives.ClearReadOnly(names.successor); // a medium's template
   const auto fresh = Open(names.successor, OpenMode::Exclusive);
   return fresh && MergeDatabase(old, *fresh);
+}
+
+// A template may have been cut on its way here, in a table that the merge does not touch.
+bool Update::IsSound() {
+  const auto fresh = Open(names.successor, OpenMode::ReadOnly);
+  if (!fresh)
+    return false;
+  Cursor check(*fresh, "PRAGMA quick_check(1)");
+  return check.Step() && check.TextView(0) == "ok";
 }
 
 bool Update::Install() {

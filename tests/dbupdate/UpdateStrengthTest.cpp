@@ -202,4 +202,26 @@ TEST_F(UpdateStrengthTest, ADamagedFileIsNotReplacedByHalfOfItsRows) {
   EXPECT_TRUE(Untouched() && drives.Read(backup) == before);
 }
 
+// A file that was cut on its way to the vehicle, at any page, the empty one included.
+TEST_F(UpdateStrengthTest, ACutFileIsNeverLostNorPutInPlace) {
+  for (const std::string& path : {working, templateFile})
+    for (const int newMajor : {0, 1}) {
+      Prepare();
+      Build(templateFile, 2 + newMajor, 4,
+            newOptions + "CREATE TABLE Words(Word TEXT(80)); INSERT INTO Words VALUES(1)");
+      const std::string whole = drives.Read(path), release = drives.Read(templateFile);
+      for (std::size_t size = 0; size < whole.size(); size += 4096) {
+        SCOPED_TRACE(path + " of " + std::to_string(size) + " bytes");
+        Prepare();
+        drives.Write(templateFile, release);
+        drives.Write(path, whole.substr(0, size));
+        const std::string old = drives.Read(working);
+        Update();
+        const bool kept = drives.Read(working) == old;
+        EXPECT_TRUE(kept || (drives.Read(backup) == old && path == working));
+        EXPECT_TRUE(!kept || !Boxes().empty());
+      }
+    }
+}
+
 } // namespace trekor::tests
