@@ -3,7 +3,7 @@
 namespace trekor {
 
 void FileMenu::mnuNew_Click() {
-  if (stage.Asking() || stage.Preparing() || stage.Closing() || stage.Ending())
+  if (Busy())
     return;
   if (stage.FileOpen())
     mnuClose_Click();
@@ -23,6 +23,56 @@ bool FileMenu::NameFile() {
     return false;
   const WhileSet up = stage.Ask();
   return dialogs.fileNew.ShowDialog() && !stage.FileOpen() && !stage.Ending();
+}
+
+void FileMenu::mnuOpen_Click() {
+  if (Busy() || !stage.AtRest())
+    return;
+  if (stage.FileOpen())
+    mnuClose_Click();
+  if (!ChooseFile())
+    return;
+  const SocketProp::Hold later = news.HoldLines();
+  dialogs.fileOpen.TakeOver();
+  file.NewName();
+  Reopen();
+  news.AnnounceFile();
+}
+
+// As NameFile.
+bool FileMenu::ChooseFile() {
+  if (stage.FileOpen())
+    return false;
+  const WhileSet up = stage.Ask();
+  return dialogs.fileOpen.ShowDialog() && !stage.FileOpen() && !stage.Ending();
+}
+
+void FileMenu::Reopen() {
+  const WhileSet preparing = stage.Prepare();
+  status.Lock_SetupControls();
+  file.Reopen();
+  status.SetCaption();
+  if (!stage.FileOpen())
+    status.Unlock_SetupControls();
+}
+
+void FileMenu::mnuExport_Click() {
+  if (Busy() || !stage.AtRest() || stage.FileOpen())
+    return;
+  const WhileSet up = stage.Ask();
+  dialogs.fileExport.ShowDialog();
+  status.SetCaption(); // which has told the progress
+}
+
+// Showing the progress lets events run. The link waits, as a file that it opens would take the place of the one that is
+// being read; an exit waits for the end.
+void FileMenu::Export(const FileExportDialog::Wish& wish) {
+  const SocketProp::Hold later = news.HoldLines();
+  const WhileSet preparing = stage.Prepare();
+  for (const std::string& name : wish.names)
+    if (dialogs.fileExport.Begins(name))
+      work.exporting.ExportDataFile(wish.folder, name, wish.join, wish.CheckTKR);
+  work.options.LoadOptions();
 }
 
 // Storing a large picture lets events run. A start then would find no file yet and ask for one, and an exit would leave

@@ -37,7 +37,7 @@ void FormStatus::EnableSetupControls(bool on) {
   options.LockFileUnits(!on);
   form.cboTestSetupNames.SetEnabled(on);
   form.labels9.SetEnabled(on);
-  form.mnuExport.SetEnabled(on && form.mnuExport.OnClick); // once it is built
+  form.mnuExport.SetEnabled(on);
 }
 
 void FormStatus::EnableStep(bool on) {

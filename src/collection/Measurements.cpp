@@ -6,7 +6,11 @@ namespace trekor {
 
 Measurements::Measurements(MeasurementsForm& form, const RunRooms& rooms)
     : form(form), rooms(rooms), subjects(std::make_unique<RunSubjects>(form, rooms)) {
-  rooms.comma.AsciiFileProgress = [this](int percent) { subjects->status.AsciiFileProgress(percent); };
+  rooms.comma.AsciiFileProgress = [this](int percent) {
+    subjects->status.AsciiFileProgress(percent);
+    this->rooms.dialogs.fileExport.ShowProgress(percent);
+  };
+  rooms.dialogs.fileExport.OnExport = [this](const auto& wish) { subjects->fileMenu.Export(wish); };
   rooms.dialogs.fileNew.Assist = [this](int number) { subjects->feedback.Assist(number); };
   WireKeys();
   WireControls();
@@ -51,6 +55,8 @@ void Measurements::WireControls() {
 
 void Measurements::WireMenus() {
   form.mnuNew.OnClick = [this] { subjects->fileMenu.mnuNew_Click(); };
+  form.mnuOpen.OnClick = [this] { subjects->fileMenu.mnuOpen_Click(); };
+  form.mnuExport.OnClick = [this] { subjects->fileMenu.mnuExport_Click(); };
   form.mnuClose.OnClick = [this] { subjects->fileMenu.mnuClose_Click(); };
   form.mnuExit.OnClick = [this] { subjects->wayOut.mnuExit_Click(); };
   form.mnuOptions.OnClick = [this] { subjects->optionsMenu.mnuOptions_Click(); };

@@ -37,8 +37,7 @@ void Measurements::LoadControls() {
   // On and off, as the look of another user's session is stored.
   form.mnuMessaging.SetVisible(rooms.state.run.UserLevel >= levels::Administrator);
   // What these open is not built yet.
-  for (Menu* entry :
-       {&form.mnuOpen, &form.mnuExport, &form.mnuObsEdit, &form.mnuMessaging, &form.mnuHelpTopics, &form.mnuAbout})
+  for (Menu* entry : {&form.mnuObsEdit, &form.mnuMessaging, &form.mnuHelpTopics, &form.mnuAbout})
     entry->SetEnabled(false);
   subjects->stepBoxes.ReadPrevious();
   subjects->stepBoxes.Validate_Step();

@@ -65,11 +65,11 @@ public:
   WhileSet Announce() { return WhileSet(announced); }
   bool Announced() const { return announced; }
 
-  // The new-file form is shown, or was hidden for a file of the link and its call has not returned yet.
+  // A form on data files is shown, or was hidden for a file of the link and its call has not returned yet.
   WhileSet Ask() { return WhileSet(asking); }
   bool Asking() const { return asking; }
 
-  // Prepare_File is on the stack, the file not yet open. The rows of a run wait: one stored now would find no file.
+  // A file is being made, opened again or exported. The rows of a run wait: one stored now would find no file.
   WhileSet Prepare() { return WhileSet(preparing); }
   bool Preparing() const { return preparing; }
 

@@ -77,7 +77,8 @@ struct RunSubjects {
                           state,
                           {keyPictures, gridHead, feedback}};
   SessionFile sessionFile{state, platform, storing, rooms.comma, rooms.setup};
-  FileMenu fileMenu{stage, news, rooms.dialogs, sessionFile, status};
+  DataFileExport dataFileExport{state, rooms.dataFiles, rooms.comma, rooms.setup};
+  FileMenu fileMenu{stage, news, rooms.dialogs, {sessionFile, dataFileExport, rooms.options}, status};
 
   OptionsMenu optionsMenu{state.options, stage, stepBoxes, news, rooms.optionsDialog};
 

@@ -14,6 +14,13 @@ void SessionFile::NewName() {
   state.file.DataGuid = NewGuid(false, platform.process);
 }
 
+bool SessionFile::Reopen() {
+  const bool opened = storing.ReopenFile();
+  if (!opened)
+    state.file.DataName.clear();
+  return opened;
+}
+
 // The copies are made from the closed file, before it may be deleted.
 std::string SessionFile::Finish() {
   const auto& options = state.options;

@@ -22,6 +22,9 @@ public:
   void NewName(); // a GUID for the next file, for the control program
   // On failure a file that is open stays open.
   bool Create() { return storing.CreateFile(); }
+  // Opens an existing file for a new session. On failure none is open, and none is named: an order to open "the file"
+  // would otherwise put an empty one in its place.
+  bool Reopen();
 
   // Writes the comma file, closes, makes the copies. Gives the path of the data file when it may be deleted, as only
   // the comma file is wanted; else "".

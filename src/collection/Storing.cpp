@@ -11,6 +11,13 @@ bool Storing::CreateFile() {
   return true;
 }
 
+bool Storing::ReopenFile() {
+  if (!dataFiles.ReopenDataFile(setup))
+    return false;
+  LastStationID = 0;
+  return true;
+}
+
 void Storing::TakeFix(GridRow& row) const {
   row.time = clock.Now();
   row.fix = state.gps.fix;

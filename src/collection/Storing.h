@@ -15,6 +15,8 @@ public:
       : dataFiles(dataFiles), setup(setup), state(state), clock(clock) {}
   // A new file with no station in it. False: it could not be made, and a file that is open goes on.
   bool CreateFile();
+  // A new session of an existing file, with no station in it. False: no file is open.
+  bool ReopenFile();
   void CloseFile() { dataFiles.CloseDataFile(); }
 
   // The present time and position.

@@ -2,6 +2,7 @@
 #include "datafiles/DataFiles.h"
 
 #include "datafiles/DataFields.h"
+#include "datafiles/NewNames.h"
 #include "dbupdate/UpdateDatabase.h"
 #include "store/InUse.h"
 #include "values/Text.h"
@@ -15,10 +16,12 @@ constexpr const char* TemplateFile = "\\DATAfile.mdb";
 // Wider than any road, so that the first station of a session sets both.
 constexpr double FirstMinimum = 999999.999, FirstMaximum = -999999.999;
 
-// The operator may choose or write the name of a file as it stands in its folder.
-void DropExtension(std::string& name) {
-  if (name.size() >= 4 && SameText(std::string_view(name).substr(name.size() - 4), ".MDB"))
-    name.resize(name.size() - 4);
+// Another program's database: the update would bring it up to the layout of a data file, and what that has no place for
+// would be gone. False for a file that can't be read, of which the update tells.
+bool IsForeign(const std::string& nativePath) {
+  const auto database = Database::Open(nativePath, OpenMode::Untouched);
+  const auto lacks = [&](const char* table) { return !database->HasTable(table); };
+  return database && (lacks("Sessions") || lacks("Observations") || lacks("Stations") || lacks("Registrations"));
 }
 
 } // namespace
@@ -74,11 +77,11 @@ bool DataFiles::BeginFile(const std::string& path, const TestSetup& setup) {
 
 bool DataFiles::ReopenDataFile(const TestSetup& setup) {
   std::string& name = state.file.DataName;
-  DropExtension(name);
+  name = DataNameOf(name); // the operator chooses it as it stands in its folder
   if (name.empty() || preparing)
     return false;
   const std::string path = PathOfNames();
-  if (IsOpen(path) || BelongsToProgram(state, platform.drives, path))
+  if (IsOpen(path) || BelongsToProgram(state, platform.drives, path) || IsForeign(platform.drives.NativePath(path)))
     return false;
   CloseDataFile();
   state.run.DataFileOpen = false;

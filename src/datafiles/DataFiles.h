@@ -43,7 +43,7 @@ public:
   bool CreateDataFile(const TestSetup& setup);
   // Opens the existing file DataPath\DataName.mdb for more collection, with a new session. True when it is open. When
   // false, either the name was refused and the open file is still open, or the opening failed and none is.
-  bool ReopenDataFile(const TestSetup& setup); // for the entry Open of the menu, which is still to come
+  bool ReopenDataFile(const TestSetup& setup);
   // Opens DataFilePath.
   bool OpenDataFile(OpenMode mode = OpenMode::ExclusiveDurable);
 

@@ -13,12 +13,10 @@ namespace trekor {
 namespace {
 
 constexpr int MessageFileExists = 401;
-constexpr std::u32string_view RefusedCharacters = U"\\/:*?<>|\"";
-
 } // namespace
 
 FileNewDialog2::FileNewDialog2(const FileDialogRooms& dialogRooms, Sections& road)
-    : rooms(dialogRooms), sections(road),
+    : folderNew(dialogRooms), rooms(dialogRooms), sections(road),
       lists(rooms.platform.drives, {form.DriveSelect, form.DirectorySelect, form.FileSelect}, rooms.folder) {
   Assist = [this](int number) { rooms.messages.ShowMessage(number); };
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
@@ -26,9 +24,8 @@ FileNewDialog2::FileNewDialog2(const FileDialogRooms& dialogRooms, Sections& roa
     GiveWay();
     return false; // hidden only, the next file asks again
   };
-  form.Texts2.OnKeyPress = [](char32_t c) {
-    return RefusedCharacters.find(c) == std::u32string_view::npos ? c : U'\0';
-  };
+  form.Texts2.OnKeyPress = RefuseInNames;
+  form.CmdNewDir.OnClick = [this] { CmdNewDir_Click(); };
   lists.OnFolder = [this] { form.FullPathLabel.SetCaption(lists.Folder()); };
   lists.OnDrive = [this] { FillBackupList(); };
   form.FileSelect.OnClick = [this] { TakeSeries(); };
@@ -74,6 +71,15 @@ void FileNewDialog2::Fill() {
   lists.Fill();
   ShowFileUnits();
   FillBackupList();
+}
+
+// The folder that could not be made is not there to be chosen; its parent then stays.
+void FileNewDialog2::CmdNewDir_Click() {
+  const std::string name = folderNew.Ask();
+  if (name.empty() || !form.Shown)
+    return;
+  const std::string path = lists.Path(name);
+  lists.ChooseFolder(rooms.platform.drives.MakeFolder(path) ? path : lists.Folder());
 }
 
 // The next file of the series that the user has pointed at continues its last session.
@@ -134,9 +140,15 @@ bool FileNewDialog2::ChooseBackup() {
 void FileNewDialog2::GiveWay() {
   if (!form.Shown)
     return;
+  folderNew.GiveWay();
   if (rooms.messages.form.Shown)
     rooms.platform.shell.Hide(rooms.messages.form);
   rooms.platform.shell.Hide(form);
+}
+
+void FileNewDialog2::Unload() {
+  rooms.texts.UnloadForm(form);
+  folderNew.Unload();
 }
 
 void FileNewDialog2::TakeOver() {

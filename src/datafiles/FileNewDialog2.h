@@ -3,6 +3,7 @@
 
 #include "datafiles/FileDialogRooms.h"
 #include "datafiles/FileLists.h"
+#include "datafiles/FolderNewDialog.h"
 #include "datafiles/UnitLabels.h"
 #include "forms/Form.h"
 #include "options/Sections.h"
@@ -15,6 +16,7 @@ namespace trekor {
 struct FileNewForm : Form {
   FileNewForm() : Form("FileNewDialog2") {}
   ComboBox DriveSelect{*this, "DriveSelect", -1, Kind::DriveListBox};
+  CommandButton CmdNewDir{*this, "CmdNewDir"};
   ListBox DirectorySelect{*this, "DirectorySelect", Kind::DirListBox};
   ListBox FileSelect{*this, "FileSelect", Kind::FileListBox};
   Label Labels0{*this, "Labels", 0}, Labels1{*this, "Labels", 1}, Labels2{*this, "Labels", 2},
@@ -39,17 +41,19 @@ public:
   // Stores the accepted answer in the state and sends the road on the link. DataPath has no trailing backslash,
   // BackupPath is empty or an existing folder, and neither has a file of that name.
   void TakeOver();
-  // Hides the form, as a cancel does, with a message that is shown above it.
+  // Hides the form, as a cancel does, with the message or the question that is shown above it.
   void GiveWay();
-  void Unload() { rooms.texts.UnloadForm(form); }
+  void Unload();
   // Tells the user, by a message's number, why a name was refused. Shows the message; the run sets it to speak or show,
   // as the options say.
   std::function<void(int number)> Assist;
   FileNewForm form;
+  FolderNewDialog folderNew;
 
 private:
   bool Key(int keyCode, int shift);
   void Fill();
+  void CmdNewDir_Click();
   void TakeSeries();
   void FillBackupList();
   void ShowFileUnits();

@@ -1,5 +1,7 @@
 #include "datafiles/NewNames.h"
 
+#include "values/Text.h"
+
 namespace trekor {
 namespace {
 
@@ -45,6 +47,12 @@ std::string NewGuid(bool withDashes, Process& process) {
     ++count;
   }
   return text;
+}
+
+std::string DataNameOf(const std::string& fileName) {
+  const std::size_t length = fileName.size();
+  const bool extended = length >= 4 && SameText(std::string_view(fileName).substr(length - 4), ".MDB");
+  return extended ? fileName.substr(0, length - 4) : fileName;
 }
 
 std::string NextFreeName(const std::string& path, Drives& drives) {

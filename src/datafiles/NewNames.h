@@ -14,4 +14,7 @@ std::string NewGuid(bool withDashes, Process& process);
 // ROAD11.MDB, ROAD.MDB gives ROAD1.MDB.
 std::string NextFreeName(const std::string& path, Drives& drives);
 
+// A data file's name as it stands in its folder, without the ".MDB" in any case.
+std::string DataNameOf(const std::string& fileName);
+
 } // namespace trekor

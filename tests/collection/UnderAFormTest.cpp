@@ -92,4 +92,101 @@ TEST_F(UnderAForm, ARunOfTheLinkHasTheOptionsThatWereApplied) {
   EXPECT_EQ(Sent().front(), "SET UNITS SI M DEG");
 }
 
+// A form on data files, how it comes up, and the act of a user who has not seen what became of it.
+struct FormCase {
+  const char* name;
+  std::function<void(MeasurementsForm&, FileDialogs&, FakeShell&)> open;
+  std::function<void(FileDialogs&)> accept;
+};
+
+void PrintTo(const FormCase& c, std::ostream* out) {
+  *out << c.name;
+}
+
+class UnderEachForm : public UnderAForm, public testing::WithParamInterface<std::tuple<FormCase, std::string>> {
+protected:
+  std::string Disk() {
+    std::string all;
+    for (const std::string& file : fakes.drives.Files(Folder, "*.*"))
+      all += file + fakes.drives.Read(std::string(Folder) + "\\" + file);
+    for (const std::string& folder : fakes.drives.Folders(Folder))
+      all += folder;
+    return all;
+  }
+};
+
+// A file that the link opens wins: the form goes as by a cancel, and what the user does then is for nobody. So it is
+// with an exit. Nothing else of the link disturbs him, and no run begins behind his back.
+TEST_P(UnderEachForm, TheLinkIsObeyedAndNothingIsTouched) {
+  const auto& [asked, order] = GetParam();
+  OpenFile("ROAD09");
+  StartFromLink(10.0);
+  Dmi(10.1);
+  Press(F4);
+  CloseFile();
+  Link("FILE NAME LINK");
+  const std::string before = Disk();
+  const bool goes = order == "FILE OPEN" || order == "CTRL EXIT";
+  int times = 0;
+  fakes.shell.scripts[asked.name] = [&](Form& shown) {
+    ++times;
+    Link("FILE NAME LINK");
+    Link(order);
+    EXPECT_EQ(shown.Shown, !goes);
+    EXPECT_EQ(State(), RunStates::Idle);
+    EXPECT_FALSE(state.units.UnitsUS);
+    if (goes)
+      asked.accept(dialogs);
+  };
+  asked.open(form, dialogs, fakes.shell);
+  EXPECT_EQ(times, 1);
+  EXPECT_FALSE(dialogs.fileNew.form.Shown || dialogs.fileOpen.form.Shown || dialogs.fileExport.form.Shown);
+  EXPECT_EQ(unloads, order == "CTRL EXIT" ? 1 : 0);
+  EXPECT_EQ(state.run.DataFileOpen, order == "FILE OPEN");
+  if (order == "FILE OPEN") {
+    EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\LINK.mdb");
+    CloseFile();
+    EXPECT_TRUE(fakes.drives.DeleteFile("C:\\Roads\\LINK.mdb"));
+  }
+  EXPECT_TRUE(Disk() == before);
+}
+
+const FormCase FormCases[] = {
+    {"FileNewDialog2", [](auto& form, auto&, auto&) { form.mnuNew.Click(); },
+     [](FileDialogs& dialogs) {
+       dialogs.fileNew.form.Texts2.Type("MINE");
+       dialogs.fileNew.form.CmdOK.Click();
+     }},
+    {"FolderNewDialog",
+     [](auto& form, FileDialogs& dialogs, FakeShell& shell) {
+       shell.scripts["FileNewDialog2"] = [&dialogs](Form&) { dialogs.fileNew.form.CmdNewDir.Click(); };
+       form.mnuNew.Click();
+     },
+     [](FileDialogs& dialogs) {
+       dialogs.fileNew.folderNew.form.FolderName.Type("MINE");
+       dialogs.fileNew.folderNew.form.CmdOK.Click();
+     }},
+    {"FileOpenDialog", [](auto& form, auto&, auto&) { form.mnuOpen.Click(); },
+     [](FileDialogs& dialogs) { dialogs.fileOpen.form.files.FileSelect.DblClick(0); }},
+    {"DeletePrompt",
+     [](auto& form, FileDialogs& dialogs, FakeShell& shell) {
+       shell.scripts["FileOpenDialog"] = [&dialogs](Form&) {
+         dialogs.fileOpen.form.files.FileSelect.Select(0);
+         dialogs.fileOpen.form.files.FileSelect.Press(keys::Delete, 0);
+       };
+       form.mnuOpen.Click();
+     },
+     [](FileDialogs& dialogs) { dialogs.DeletePrompt.form.CmdYes.Click(); }},
+    {"FileExportDialog", [](auto& form, auto&, auto&) { form.mnuExport.Click(); },
+     [](FileDialogs& dialogs) {
+       dialogs.fileExport.form.files.FileSelect.Select(0);
+       dialogs.fileExport.form.CmdOK.Click();
+     }},
+};
+
+INSTANTIATE_TEST_SUITE_P(Forms, UnderEachForm,
+                         testing::Combine(testing::ValuesIn(FormCases),
+                                          testing::Values("FILE OPEN", "FILE CLOSE", "CTRL START", "CTRL EXIT",
+                                                          "SET UNITS US ML DEG")));
+
 } // namespace trekor::tests

@@ -3,7 +3,7 @@
 
 #include "collection/MeasurementsForm.h"
 #include "collection/Prompt.h"
-#include "datafiles/FileNewDialog2.h"
+#include "datafiles/FileDialogs.h"
 #include "link/SocketProp.h"
 #include "options/OptionsForm.h"
 #include "texts/MessageCatalogue.h"
@@ -70,8 +70,12 @@ protected:
   FileNewForm fileNew;
   YesNoForm deletePrompt{"DeletePrompt"}, savePrompt{"SavePrompt"};
   OptionsForm options;
-  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,  &bars,         &number,     &text,
-                                          &socket,       &message,  &fileNew, &deletePrompt, &savePrompt, &options};
+  FileOpenForm fileOpen;
+  FileExportForm fileExport;
+  FolderNewForm folderNew;
+  const std::vector<const Form*> Forms = {&measurements, &keyBoard, &keyPad,   &bars,       &number,
+                                          &text,         &socket,   &message,  &fileNew,    &deletePrompt,
+                                          &savePrompt,   &options,  &fileOpen, &fileExport, &folderNew};
 };
 
 TEST_F(FormTables, ThereIsOneForEachFormAndNoOther) {
