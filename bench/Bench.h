@@ -9,5 +9,6 @@ namespace trekor::bench {
 int RunStore(int argc, char** argv);      // FILE ROWS: grid rows through the program's own storing code
 int RunStoreFloor(int argc, char** argv); // FILE ROWS: the same rows by bare prepared inserts
 int RunStoreRatio(int argc, char** argv); // ROWS: both in turn
+int RunUpdates(int argc, char** argv);    // TIMES: the update check of all databases at a start, below 30 ms
 
 } // namespace trekor::bench

@@ -23,6 +23,7 @@ constexpr Measurement Measurements[] = {
     {"export", RunExport, "DATAFILE OUT"},
     {"exportfloor", RunExportFloor, "DATAFILE OUT"},
     {"exportratio", RunExportRatio, "STATIONS"},
+    {"updates", RunUpdates, "TIMES"},
 };
 
 void Usage(std::FILE* out) {
