@@ -241,6 +241,26 @@ void FormView::Show(QWidget* above) {
     w->activateWindow();
 }
 
+FormView* FormView::ViewBelow() const {
+  const auto* below = dynamic_cast<FormWindow*>(opener.data());
+  return below ? below->View() : nullptr;
+}
+
+// A question above a modal form: that may be hidden in the same turn, and must go from the screen first. Some window
+// managers would give it the keyboard when the question goes, find it gone, and give the keyboard to nobody.
+void FormView::HideLater() {
+  QTimer::singleShot(0, this, [this] {
+    if (form.Shown || !window)
+      return;
+    window->hide();
+    FormView* next = ViewBelow();
+    while (next && !next->form.Shown && next->ViewBelow())
+      next = next->ViewBelow();
+    if (next && next->window)
+      next->window->activateWindow();
+  });
+}
+
 void FormView::Hide() {
   form.Shown = false;
   form.ActiveControl = nullptr; // the next showing gives its control the focus anew
@@ -250,14 +270,19 @@ void FormView::Hide() {
   // window is hidden: the manager would choose a window itself, and a key typed meanwhile would be lost. A modal window
   // keeps the keyboard from the opener until it is hidden.
   const bool handOver = active && opener;
+  const FormView* below = ViewBelow();
+  const bool later = handOver && modal && below && below->modal;
   if (handOver && !modal)
     opener->activateWindow();
   if (window) {
     for (QMessageBox* box : window->findChildren<QMessageBox*>(Qt::FindDirectChildrenOnly))
       box->reject(); // its message boxes too, or they would keep the keys of a run
-    window->hide();
+    if (!later)
+      window->hide();
   }
-  if (handOver && modal)
+  if (later)
+    HideLater();
+  else if (handOver && modal)
     opener->activateWindow();
   if (modal)
     modal->quit();
@@ -282,7 +307,8 @@ void FormView::ShowModal(QWidget* above) {
   if (opener)
     opener->removeEventFilter(this);
   modal = nullptr;
-  Hide();
+  if (form.Shown) // the program ends
+    Hide();
 }
 
 // ---- events of the window

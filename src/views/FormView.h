@@ -66,6 +66,8 @@ private:
   void FollowGeometry();
   QRect OwnPlace() const;
   void StandAside();
+  FormView* ViewBelow() const;
+  void HideLater();
   void FocusMoved(QWidget* from, QWidget* to);
   Binding* Holder(QWidget* w) const;
   bool PressButton(bool CommandButton::*which);

@@ -93,6 +93,34 @@ until_holds has_focus "$keypad"
 key Escape
 until_holds has_focus "$window"
 
+# A question above a form: both go at once, for the operator and for a run of the link.
+ask_whether_to_save() {
+  key alt+s p
+  until_holds find_window '^Options$'
+  until_holds has_focus "$found"
+  key alt+l Escape
+  until_holds find_window '^Save changes'
+  until_holds has_focus "$found"
+}
+for _ in 1 2 3; do
+  ask_whether_to_save
+  key Escape
+  until_holds has_focus "$window"
+  settled
+done
+at 3.000
+open_file ASKED
+order PREPARE 3.000
+ask_whether_to_save
+order START
+until_holds has_focus "$window"
+at 3.025
+key space
+settled
+at 3.1
+stop_and_close
+is "stations of a run that began under a question" "$(stations ASKED)" "3.0 3.025 3.1 3.1"
+
 # What was typed is sent, once; downwards too.
 click station
 replace 7
