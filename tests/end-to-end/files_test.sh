@@ -85,4 +85,17 @@ cmp "$roads/SEASON.mdb" "$work/data" || fail "an export has changed the data fil
 "$build/bin/trekor-export" --setup Pavement "$roads/SEASON.mdb" >/dev/null
 same "$roads/SEASON.TKR" "$work/joined"
 
+# A file of the link takes away a question and the form below it at once; the keyboard must find its way back.
+for i in 1 2 3 4 5; do
+  menu f o '^Open data file'
+  key Down Delete
+  until_holds find_window '^Delete data file'
+  until_holds has_focus "$found"
+  send "FILE NAME ZEBRA$i"
+  send "FILE OPEN"
+  back
+  send "FILE CLOSE"
+  heard "FILE CLOSE"
+done
+
 end_programs
