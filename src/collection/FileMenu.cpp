@@ -11,15 +11,21 @@ void FileMenu::mnuNew_Click() {
     return;
   // Sending the road pumps. Lines of the link wait until the file is named, made and announced.
   const SocketProp::Hold later = news.HoldLines();
+  MakeNamed();
+  news.AnnounceFile();
+}
+
+// A start or a second form in the pumps would find no file yet, and ask once more.
+void FileMenu::MakeNamed() {
+  const WhileSet still = stage.Ask();
   dialogs.fileNew.TakeOver();
   file.NewName();
   Prepare_File();
-  news.AnnounceFile();
 }
 
 // False when the operator has named none, or when the link has opened a file meanwhile, which stays.
 bool FileMenu::NameFile() {
-  if (stage.FileOpen())
+  if (stage.FileOpen() || stage.InRun())
     return false;
   const WhileSet up = stage.Ask();
   return dialogs.fileNew.ShowDialog() && !stage.FileOpen() && !stage.Ending();
@@ -39,9 +45,9 @@ void FileMenu::mnuOpen_Click() {
   news.AnnounceFile();
 }
 
-// As NameFile.
+// As NameFile. A start that had waited for the close may have begun a run.
 bool FileMenu::ChooseFile() {
-  if (stage.FileOpen())
+  if (stage.FileOpen() || !stage.AtRest())
     return false;
   const WhileSet up = stage.Ask();
   return dialogs.fileOpen.ShowDialog() && !stage.FileOpen() && !stage.Ending();
@@ -65,12 +71,15 @@ void FileMenu::mnuExport_Click() {
 }
 
 // Showing the progress lets events run. The link waits, as a file that it opens would take the place of the one that is
-// being read; an exit waits for the end.
+// being read. An exit waits for the end of the present file. The form asks for an export also in the pumps in which the
+// link's file is being made under it.
 void FileMenu::Export(const FileExportDialog::Wish& wish) {
+  if (stage.Preparing() || stage.FileOpen() || stage.Ending())
+    return;
   const SocketProp::Hold later = news.HoldLines();
   const WhileSet preparing = stage.Prepare();
   for (const std::string& name : wish.names)
-    if (dialogs.fileExport.Begins(name))
+    if (!stage.LeaveIsWanted() && dialogs.fileExport.Begins(name))
       work.exporting.ExportDataFile(wish.folder, name, wish.join, wish.CheckTKR);
   work.options.LoadOptions();
 }

@@ -37,6 +37,7 @@ public:
 private:
   bool Busy() const { return stage.Asking() || stage.Preparing() || stage.Closing() || stage.Ending(); }
   bool NameFile();
+  void MakeNamed();
   bool ChooseFile();
   void Reopen();
   void CloseFile();

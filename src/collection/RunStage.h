@@ -96,6 +96,7 @@ public:
   // it.
   bool MayLeave();
   bool LeaveIsDue() const { return leaveLater && !preparing; }
+  bool LeaveIsWanted() const { return leaveLater; } // what is being prepared in several steps should end
 
 private:
   RunFlags& flags;

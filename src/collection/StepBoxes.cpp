@@ -90,10 +90,10 @@ void StepBoxes::KeepBoxes() {
   at.StepSize.SetText(controls.Texts7.Text());
   Station station(state.units);
   station.SetText(controls.Texts6.Text());
-  before = {controls.Texts6.Text(), station.Default(), state.units.StationUnit};
+  before = {controls.Texts6.Text(), station.Default(), at.KeyStation.Default(), state.units.StationUnit};
 }
 
-// A station that the link has prepared meanwhile may be written in either unit.
+// A station that the link has prepared meanwhile may be written in either unit, and even as the text of before.
 void StepBoxes::RenewBoxes() {
   const auto& at = state.position;
   ShowUnitLabel();
@@ -102,7 +102,8 @@ void StepBoxes::RenewBoxes() {
   if (before.unit == state.units.StationUnit)
     return;
   Station station(state.units);
-  station.SetDefault(controls.Texts6.Text() == before.text ? before.km : at.KeyStation.Default());
+  const bool asBefore = controls.Texts6.Text() == before.text && at.KeyStation.Default() == before.key;
+  station.SetDefault(asBefore ? before.km : at.KeyStation.Default());
   controls.Texts6.SetText(station.Text());
 }
 

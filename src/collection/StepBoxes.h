@@ -60,7 +60,7 @@ private:
   // The box Station as it was before the units changed.
   struct {
     std::string text;
-    double km = 0;
+    double km = 0, key = 0; // of the box, of KeyStation
     int unit = 0;
   } before;
   bool boundaryUp = true; // the direction for which the first boundary was set

@@ -50,6 +50,8 @@ void FileChoice::GiveWay() {
 bool FileChoice::Key(int keyCode, int shift) {
   if (rooms.texts.FormKeyDown(controls.form, keyCode, shift) || FolderEnter(keyCode))
     return true;
+  if (keyCode == keys::Enter && Working)
+    return true;
   const Control* active = controls.form.ActiveControl;
   const bool button = active && active->TypeOf() == Kind::CommandButton; // Enter is its own
   if (keyCode == keys::Enter && !button)
@@ -91,7 +93,10 @@ void FileChoice::Delete() {
   const std::string path = lists.Path(lists.Selected());
   if (!PreviewPassed || !deletePrompt.Ask(path) || !controls.form.Shown)
     return;
-  rooms.platform.drives.DeleteFile(path);
+  // A log that a killed program has left would be played into the next file of that name.
+  if (Drives& drives = rooms.platform.drives; drives.DeleteFile(path))
+    for (const char* tail : {"-wal", "-shm", "-journal"})
+      drives.DeleteFile(path + tail);
   lists.FillFiles();
   PreviewPassed = false;
   pane.ClearPreview();

@@ -31,6 +31,9 @@ public:
   // OnAccept: Enter, CmdOK, and a double click on a file whose preview passed. OnCancel: Esc, F4, CmdCancel, the close
   // box; hides the form.
   std::function<void()> OnAccept, OnCancel;
+  // What was accepted is being worked on: Enter does nothing, as the one that accepted may be held down and would press
+  // the button that ends the work.
+  bool Working = false;
 
 private:
   bool Key(int keyCode, int shift);

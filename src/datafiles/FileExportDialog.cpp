@@ -38,13 +38,13 @@ void FileExportDialog::CmdOK_Click() {
   wanted = wish.names.size();
   done = 0;
   stopping = false;
-  exporting = true;
+  choice.Working = exporting = true;
   const std::vector<Control*> locked = LockAllButCancel();
   if (OnExport)
     OnExport(wish);
   for (Control* control : locked)
     control->SetEnabled(true);
-  exporting = false;
+  choice.Working = exporting = false;
   GiveWay();
 }
 

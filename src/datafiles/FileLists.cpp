@@ -54,8 +54,8 @@ void FileLists::FillDrives() {
 }
 
 void FileLists::ChooseDrive() {
+  shownDrive = 0; // chosen again, it may be another medium
   ChooseFolder(controls.DriveSelect.Text() + "\\");
-  Raise(OnDrive);
 }
 
 // A folder that was removed gives its drive, and a medium that was taken out the system's.
@@ -67,6 +67,7 @@ void FileLists::ChooseFolder(const std::string& path) {
     folder = SystemDrive;
     FillDrives();
   }
+  const bool otherDrive = std::exchange(shownDrive, Drive()) != Drive();
   ListBox& list = controls.DirectorySelect;
   list.Clear();
   if (!IsRoot(folder))
@@ -74,6 +75,8 @@ void FileLists::ChooseFolder(const std::string& path) {
   list.AddItems(drives.Folders(folder));
   FillFiles();
   Raise(OnFolder);
+  if (otherDrive)
+    Raise(OnDrive);
 }
 
 void FileLists::FillFiles() {

@@ -42,6 +42,7 @@ private:
   Drives& drives;
   FileListControls controls;
   std::string& folder;
+  char shownDrive = 0; // 0: none
 };
 
 } // namespace trekor

@@ -111,11 +111,11 @@ void FileNewDialog2::ShowFileUnits() {
 
 // Stored in the state only after the form has closed: the link may have named a file of its own by then.
 void FileNewDialog2::CmdOK_Click() {
-  answer = {Trim(form.Texts2.Text()), lists.DataPath(), ""};
+  answer = {Trim(WithoutRefused(form.Texts2.Text())), lists.DataPath(), ""};
   if (answer.name.empty())
     return GiveWay();
   const std::string path = answer.folder + "\\" + answer.name + ".MDB";
-  if (rooms.platform.drives.FileExists(path) || BelongsToProgram(rooms.state, rooms.platform.drives, path))
+  if (!rooms.platform.drives.FileMissing(path) || BelongsToProgram(rooms.state, rooms.platform.drives, path))
     return Assist(MessageFileExists);
   accepted = ChooseBackup();
   if (accepted)
@@ -131,7 +131,7 @@ bool FileNewDialog2::ChooseBackup() {
     rooms.platform.shell.MsgBox("Could not create Backup folder: " + backup, form.Caption(), BoxIcon::Exclamation);
     return false;
   }
-  if (!rooms.platform.drives.FileExists(backup + "\\" + answer.name + ".MDB"))
+  if (rooms.platform.drives.FileMissing(backup + "\\" + answer.name + ".MDB"))
     return true;
   Assist(MessageFileExists);
   return false;

@@ -10,6 +10,11 @@ char32_t RefuseInNames(char32_t typed) {
   return refused.find(typed) == std::u32string_view::npos ? typed : U'\0';
 }
 
+std::string WithoutRefused(std::string name) {
+  std::erase_if(name, [](char c) { return RefuseInNames(static_cast<unsigned char>(c)) == U'\0'; });
+  return name;
+}
+
 FolderNewDialog::FolderNewDialog(const FileDialogRooms& dialogRooms) : rooms(dialogRooms) {
   form.OnKeyDown = [this](int keyCode, int shift) { return Key(keyCode, shift); };
   form.OnQueryUnload = [this] {
@@ -17,7 +22,7 @@ FolderNewDialog::FolderNewDialog(const FileDialogRooms& dialogRooms) : rooms(dia
     return false; // hidden only, for the next folder
   };
   form.FolderName.OnKeyPress = RefuseInNames;
-  form.CmdOK.OnClick = [this] { Close(Trim(form.FolderName.Text())); };
+  form.CmdOK.OnClick = [this] { Close(Trim(WithoutRefused(form.FolderName.Text()))); };
   form.CmdCancel.OnClick = [this] { Close(""); };
 }
 

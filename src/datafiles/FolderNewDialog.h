@@ -10,6 +10,7 @@ namespace trekor {
 
 // What no name of a file or folder may have. A text box that asks for one refuses them as they are typed.
 char32_t RefuseInNames(char32_t typed);
+std::string WithoutRefused(std::string name); // what was pasted
 
 struct FolderNewForm : Form {
   FolderNewForm() : Form("FolderNewDialog") {}

@@ -48,7 +48,7 @@ private:
   bool BackUp();
   bool Build(int oldMajor);
   bool Merge(Database& old);
-  bool IsSound();
+  bool IsSound(const std::string& path);
   bool Install();
   bool Cancel(const std::string& path, const std::string& why);
   void Refuse(const std::string& text, const std::string& path);
@@ -66,14 +66,14 @@ std::unique_ptr<Database> Update::Open(const std::string& path, OpenMode mode) {
 }
 
 // Only when the file is missing for certain: one that can't be read, or not even be looked at for a moment, may be the
-// only copy of a site's work.
+// only copy of a site's work. A template that was cut on its way here is left out: nothing would ever replace it again.
 void Update::InstallMissing() {
   if (!platform.drives.FileMissing(names.working))
     return;
-  if (platform.drives.FileExists(names.templateFile))
-    platform.drives.CopyFile(names.templateFile, names.working);
-  else
+  if (!platform.drives.FileExists(names.templateFile))
     Database::Create(platform.drives.NativePath(names.working), Locale);
+  else if (IsSound(names.templateFile))
+    platform.drives.CopyFile(names.templateFile, names.working);
 }
 
 void Update::Refuse(const std::string& text, const std::string& path) {
@@ -132,7 +132,7 @@ bool Update::Build(int oldMajor) {
   if (!old)
     return Cancel(names.working, " could not be removed!");
   const bool built = platform.drives.CopyFile(names.templateFile, names.successor) &&
-                     (result.version.Major != oldMajor || Merge(*old)) && IsSound();
+                     (result.version.Major != oldMajor || Merge(*old)) && IsSound(names.successor);
   old.reset();
   return built || Cancel(names.working, " could not be installed!");
 }
@@ -144,8 +144,8 @@ bool Update::Merge(Database& old) {
 }
 
 // A template may have been cut on its way here, in a table that the merge does not touch.
-bool Update::IsSound() {
-  const auto fresh = Open(names.successor, OpenMode::ReadOnly);
+bool Update::IsSound(const std::string& path) {
+  const auto fresh = Open(path, OpenMode::ReadOnly);
   if (!fresh)
     return false;
   Cursor check(*fresh, "PRAGMA quick_check(1)");
@@ -170,9 +170,9 @@ void Update::OpenWorking() {
 
 // The working file is there and no older than the template's when all goes well; otherwise the operator has been told.
 void Update::BringUp(const std::optional<DbVersion>& released) {
-  InstallMissing();
   if (!released)
     return Refuse("Cannot open ", names.templateFile);
+  InstallMissing();
   result.version = *released;
   OpenWorking();
   if (released->Major == 1 && released->Minor == 1) // never updates anything

@@ -4,6 +4,7 @@
 #include "texts/FormTable.h"
 #include "values/KeyCodes.h"
 
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -131,7 +132,10 @@ bool Options::Key(int keyCode, int shift) {
   return true;
 }
 
+// Not once the form has given way to a run, as the question would take its keys, nor again under the question.
 void Options::Leave() {
+  if (!form.Shown || SavePrompt.form.Shown)
+    return;
   if (!form.CmdApply.Enabled())
     return platform.shell.Hide(form);
   const bool save = SavePrompt.Ask(form.Caption());
@@ -262,6 +266,10 @@ void Options::LockFileUnits(bool lock) {
   filling = false;
   for (Control* c : std::initializer_list<Control*>{&form.FileOptionMetric, &form.FileOptionUS, &form.Combos1})
     SetBold(*c, false);
+  if (AnyMarked())
+    return;
+  form.CmdApply.SetEnabled(false);
+  state.options.OptionsChanged = applied;
 }
 
 void Options::FollowFileUnit() {
@@ -280,6 +288,11 @@ void Options::Mark(Control& control) {
   state.options.OptionsChanged = true;
   Enable(form.CmdApply, true);
   SetBold(control, true);
+}
+
+bool Options::AnyMarked() const {
+  const auto controls = form.Controls();
+  return std::any_of(controls.begin(), controls.end(), [](const Control* control) { return control->FontOf().Bold; });
 }
 
 void Options::Unmark() {

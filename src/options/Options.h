@@ -50,6 +50,7 @@ private:
 
   void Mark(Control& control);
   void Unmark();
+  bool AnyMarked() const;
 
   void TakeUnits();
   void TakeFileUnits();

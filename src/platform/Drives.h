@@ -41,7 +41,7 @@ public:
   virtual bool CopyFile(const std::string& from, const std::string& to) = 0;
   // The last step of CopyFile for a successor that the caller has built and closed at WorkPath(path): it is synced and
   // takes the place of the older file and its log. When false, the older file is still there and the work file is left
-  // to the caller.
+  // to the caller; or the successor is in place, and only the folder could not be synced.
   virtual bool ReplaceFile(const std::string& work, const std::string& path) = 0;
   // The name in the folder of `path` under which its successor is built. Files and Folders do not list it; what a
   // killed program left under it is removed at the next copy into that folder.

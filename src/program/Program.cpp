@@ -63,8 +63,11 @@ bool Program::InitHardware() {
   if (update.programEnds)
     return false;
   state.versions.HardWare = update.version;
-  if (!state.command.HardwareName.empty()) // a vehicle without a name has none, and the program ends
+  if (!state.command.HardwareName.empty())
     HardwareDb = std::move(update.database);
+  else // a vehicle without a name has none, and the program ends
+    platform.shell.MsgBox("Cannot open " + state.folders.MdbFolder + "\\.mdb", state.folders.programName,
+                          BoxIcon::Stop);
   state.run.DmiReceived = false;
   return HardwareDb != nullptr;
 }

@@ -77,6 +77,16 @@ TEST_F(OptionsMenuStories, AStationThatIsPreparedUnderTheFormIsShownInItsUnit) {
     asked.CmdOK.Click();
   });
   EXPECT_EQ(form.Texts6.Text(), "8.000");
+  Type(form.Texts6, "5");
+  Change([this](OptionsForm& asked) {
+    asked.Combos0.Select(units::Mile);
+    asked.CmdApply.Click();
+    Link("CTRL PREPARE 8.04672"); // 5 miles
+    Link("FILE UNITS SI FEET");
+    EXPECT_EQ(asked.Combos1.ListIndex(), units::Feet);
+    asked.CmdOK.Click();
+  });
+  EXPECT_EQ(form.Texts6.Text(), "5.000");
 }
 
 TEST_F(OptionsMenuStories, OpensOnlyInIdle) {

@@ -151,6 +151,45 @@ TEST_P(UnderEachForm, TheLinkIsObeyedAndNothingIsTouched) {
   EXPECT_TRUE(Disk() == before);
 }
 
+// Storing its pictures lets events in, and the form is still up.
+TEST_F(UnderAForm, NoExportBeginsWhileTheFileOfTheLinkIsMade) {
+  OpenFile("ROAD09");
+  CloseFile();
+  fakes.shell.pictureBytes = 9000;
+  int pressed = 0;
+  fakes.shell.scripts["FileExportDialog"] = [&](Form& shown) {
+    FileExportForm& asking = dialogs.fileExport.form;
+    asking.files.FileSelect.Select(0);
+    fakes.pump.AtPump(4, [&] { // the lines come with the first three
+      EXPECT_FALSE(state.run.DataFileOpen);
+      ++pressed;
+      asking.CmdOK.Click();
+    });
+    OpenFile("LINK");
+    EXPECT_EQ(pressed, 1);
+    EXPECT_FALSE(shown.Shown);
+  };
+  form.mnuExport.Click();
+  EXPECT_EQ(Query("SELECT count(*) FROM Observations WHERE ObsIcon IS NOT NULL").front(),
+            std::to_string(setup.ObsCount()));
+}
+
+// Telling the road lets events in, and the file that was named does not exist yet.
+TEST_F(UnderAForm, NothingAsksAgainUntilTheNamedFileIsMade) {
+  int asked = 0;
+  fakes.shell.scripts["FileNewDialog2"] = [&](Form&) {
+    ++asked;
+    fileNew.form.Texts2.Type("ROAD09");
+    fakes.pump.AtPump(1, [this] { Key(F2), form.mnuNew.Click(); });
+    fileNew.form.CmdOK.Click();
+  };
+  form.mnuNew.Click();
+  EXPECT_EQ(asked, 1);
+  EXPECT_EQ(State(), RunStates::Idle);
+  EXPECT_EQ(state.file.DataFilePath, "C:\\Roads\\ROAD09.mdb");
+  EXPECT_TRUE(state.run.DataFileOpen);
+}
+
 const FormCase FormCases[] = {
     {"FileNewDialog2", [](auto& form, auto&, auto&) { form.mnuNew.Click(); },
      [](FileDialogs& dialogs) {

@@ -167,9 +167,12 @@ TEST(FileOpenDialog, DeletesOnlyADataFileAndOnlyAfterAYes) {
   EXPECT_TRUE(s.drives.FileExists("D:\\Data\\ROAD09.mdb"));
   s.Open([&] {
     files.Select(Season::Road09);
-    answer(yes);
+    answer([&] {
+      s.drives.Write("D:\\Data\\ROAD09.mdb-wal", "rows of a killed program");
+      yes();
+    });
     files.Press(keys::Delete, 0);
-    EXPECT_FALSE(s.drives.FileExists("D:\\Data\\ROAD09.mdb"));
+    EXPECT_FALSE(s.drives.FileExists("D:\\Data\\ROAD09.mdb") || s.drives.FileExists("D:\\Data\\ROAD09.mdb-wal"));
     EXPECT_EQ(files.ListCount(), 3);
     EXPECT_EQ(s.Shown(), Nothing);
     s.open.OnKeyDown(keys::Enter, 0);
@@ -186,7 +189,8 @@ TEST(FileExportDialog, AsksForTheMarkedFilesInTheOrderOfTheList) {
       if (s.dialogs.fileExport.Begins(name))
         exported += " " + name + "[" + s.exporting.ProgressLabel.Caption() + "]";
     EXPECT_FALSE(s.exporting.files.FileSelect.Enabled());
-    s.exporting.OnKeyDown(keys::Enter, 0); // again, while it works
+    s.exporting.ActiveControl = &s.exporting.CmdCancel;
+    EXPECT_TRUE(s.exporting.OnKeyDown(keys::Enter, 0)) << "held down, it would press the button";
   };
   const auto ask = [&](const std::function<void()>& user) {
     s.Script("FileExportDialog", user);

@@ -177,6 +177,13 @@ TEST(FileNewDialog2, WalksFoldersWithTheKeysAndLeavesOneThatHasGone) {
     folders.Press(keys::Right, 0);
     EXPECT_EQ(d.form.FullPathLabel.Caption(), "D:\\");
     EXPECT_EQ(folders.ListCount(), 0);
+    d.drives.MakeFolders("D:\\June");
+    d.form.DriveSelect.Select(1);
+    folders.Select(0);
+    std::filesystem::remove_all(d.drives.Root() + "/D");
+    folders.Press(keys::Right, 0);
+    EXPECT_EQ(d.form.FullPathLabel.Caption(), "C:\\");
+    EXPECT_NE(d.form.cboBackup.List(1), "C:") << "a copy onto itself is none";
   });
 }
 

@@ -134,6 +134,10 @@ TEST_F(UpdateDatabaseTest, WithoutABackupNothingIsReplaced) {
 TEST_F(UpdateDatabaseTest, WhatCannotBeReadEndsTheProgramAndIsNeverOverwritten) {
   EXPECT_TRUE(Update().programEnds) << "no template";
   EXPECT_EQ(Boxes(), Words{"Error:\r\nCannot open " + templateFile});
+  MakeDatabase(drives, templateFile, "CREATE TABLE NoVersion(A)");
+  EXPECT_TRUE(Update().programEnds);
+  EXPECT_EQ(Boxes(), Words{"Cannot open " + templateFile});
+  EXPECT_FALSE(drives.FileExists(working)) << "the next release would not replace it";
   Build(templateFile, 2, 4, newOptions);
   MakeDatabase(drives, working, "CREATE TABLE NoVersion(A)");
   for (const std::string& bytes : {std::string("no database"), std::string(), drives.Read(working)}) {

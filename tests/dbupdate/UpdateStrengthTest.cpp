@@ -220,6 +220,10 @@ TEST_F(UpdateStrengthTest, ACutFileIsNeverLostNorPutInPlace) {
         const bool kept = drives.Read(working) == old;
         EXPECT_TRUE(kept || (drives.Read(backup) == old && path == working));
         EXPECT_TRUE(!kept || !Boxes().empty());
+        if (path == templateFile && drives.DeleteFile(working)) {
+          Update();
+          EXPECT_FALSE(drives.FileExists(working)) << "where nothing was";
+        }
       }
     }
 }

@@ -247,6 +247,11 @@ TEST_F(OptionsFormTest, AFileThatIsMadeUnderTheFormKeepsItsUnits) {
   Show([this] {
     form.FileOptionUS.Click();
     form.Combos1.Select(3);
+    dialog.LockFileUnits(true);
+    EXPECT_FALSE(form.CmdApply.Enabled() || state.options.OptionsChanged) << "nothing is left to apply";
+    dialog.LockFileUnits(false);
+    form.FileOptionUS.Click();
+    form.Combos1.Select(3);
     form.OptionUS.Click();
     dialog.LockFileUnits(true);
     EXPECT_EQ(Grey(), FileUnits);
@@ -298,6 +303,8 @@ TEST_F(OptionsFormTest, GivesWayWithItsQuestionAndTellsOnlyWhatIsApplied) {
       form.OnKeyDown(keys::Esc, 0);
       for (CommandButton* late : {&form.CmdApply, &form.CmdOK, &form.CmdCancel})
         late->Click();
+      machine.shell.scripts["SavePrompt"] = [](Form&) { ADD_FAILURE() << "over the run"; };
+      form.OnQueryUnload();
     });
     EXPECT_EQ(state.options.OptionsChanged, appliedBefore);
     EXPECT_EQ(All(state) == before, !appliedBefore);

@@ -139,7 +139,7 @@ TEST_F(ProgramTest, ASecondInstanceABlankCommandLineAndAVehicleWithoutANameEnd) 
   const std::tuple<bool, std::string, Texts, int> cases[] = {
       {true, "7707-104 /US", {}, 1}, // without a word or a trace; the vocabulary was there
       {false, "   ", {"Use Veldmark Control Center to start this program..."}, 2}, // which stands in the texts
-      {false, "A", {}, 4}};                                                        // one word loses its last character
+      {false, "A", {"Cannot open C:\\Veldmark\\Trekor\\MDB\\.mdb"}, 4}};           // one word loses its last character
   for (const auto& [second, line, boxes, databases] : cases) {
     SCOPED_TRACE(line);
     fakes.process.previousInstance = second;
