@@ -247,18 +247,22 @@ FormView* FormView::ViewBelow() const {
 }
 
 // A question above a modal form: that may be hidden in the same turn, and must go from the screen first. Some window
-// managers would give it the keyboard when the question goes, find it gone, and give the keyboard to nobody.
-void FormView::HideLater() {
+// managers would give it the keyboard when the question goes, find it gone, and give the keyboard to nobody. When it is
+// hidden it takes the question along: while that stands, the toolkit drops every key of the windows below.
+void FormView::HideLater(FormView& below) {
+  below.leavingAbove = this;
   QTimer::singleShot(0, this, [this] {
-    if (form.Shown || !window)
-      return;
-    window->hide();
-    FormView* next = ViewBelow();
-    while (next && !next->form.Shown && next->ViewBelow())
-      next = next->ViewBelow();
-    if (next && next->window)
-      next->window->activateWindow();
+    if (LeaveScreen() && opener)
+      opener->activateWindow();
   });
+}
+
+// False when it has left already, or is shown again.
+bool FormView::LeaveScreen() {
+  if (form.Shown || !window || !window->isVisible())
+    return false;
+  window->hide();
+  return true;
 }
 
 void FormView::Hide() {
@@ -270,7 +274,7 @@ void FormView::Hide() {
   // window is hidden: the manager would choose a window itself, and a key typed meanwhile would be lost. A modal window
   // keeps the keyboard from the opener until it is hidden.
   const bool handOver = active && opener;
-  const FormView* below = ViewBelow();
+  FormView* below = ViewBelow();
   const bool later = handOver && modal && below && below->modal;
   if (handOver && !modal)
     opener->activateWindow();
@@ -280,8 +284,10 @@ void FormView::Hide() {
     if (!later)
       window->hide();
   }
+  if (leavingAbove)
+    leavingAbove->LeaveScreen();
   if (later)
-    HideLater();
+    HideLater(*below);
   else if (handOver && modal)
     opener->activateWindow();
   if (modal)

@@ -67,7 +67,8 @@ private:
   QRect OwnPlace() const;
   void StandAside();
   FormView* ViewBelow() const;
-  void HideLater();
+  void HideLater(FormView& below);
+  bool LeaveScreen();
   void FocusMoved(QWidget* from, QWidget* to);
   Binding* Holder(QWidget* w) const;
   bool PressButton(bool CommandButton::*which);
@@ -76,7 +77,8 @@ private:
   PictureStore& pictures;
   std::vector<std::unique_ptr<Binding>> bindings;
   QPointer<FormWindow> window;
-  QPointer<QWidget> opener; // the window above which this one was shown; gets the keyboard back
+  QPointer<QWidget> opener;        // the window above which this one was shown; gets the keyboard back
+  QPointer<FormView> leavingAbove; // a question whose window is still to be hidden
   QEventLoop* modal = nullptr;
   bool following = false; // the window is being set from the model: its events are not sent back
   bool detached = false;
