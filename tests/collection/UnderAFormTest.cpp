@@ -118,7 +118,8 @@ protected:
 // A file that the link opens wins: the form goes as by a cancel, and what the user does then is for nobody. So it is
 // with an exit. Nothing else of the link disturbs him, and no run begins behind his back.
 TEST_P(UnderEachForm, TheLinkIsObeyedAndNothingIsTouched) {
-  const auto& [asked, order] = GetParam();
+  const FormCase& asked = std::get<0>(GetParam()); // lambdas of some compilers do not catch the names of a binding
+  const std::string& order = std::get<1>(GetParam());
   OpenFile("ROAD09");
   StartFromLink(10.0);
   Dmi(10.1);
